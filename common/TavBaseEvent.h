@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QObject>
+
+#include <functional>
+
+/**
+ * @brief A function to be run once in the thread that this object belongs to.
+ *
+ * Create it, move it to its thread, give it its function and hand it to TavEventNotifyMgr::addEventNotify, which
+ * owns it from then on.
+ */
+class TavBaseEvent : public QObject
+{
+    Q_OBJECT
+public:
+    explicit TavBaseEvent(QObject *parent);
+
+    /// Sets what run() calls. Before the event is handed to the bus only.
+    void setFunc(std::function<void()> func);
+
+    /// Calls the function. The bus does this, in the event's thread; an exception of the function leaves it, and an
+    /// empty function raises std::bad_function_call.
+    void run() const;
+
+private:
+    std::function<void()> m_func;
+};

@@ -1,0 +1,23 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+/**
+ * @brief Reading whole configuration files. All operations may be called from any thread.
+ *
+ * An absolute path is read inside TavGlobalInfoMgr::systemRoot(), a relative one from the working directory.
+ * Only regular files, and links to them, are read: a pipe or a device in a file's place could block for ever.
+ */
+class TavCommonUtils
+{
+public:
+    /// The file's text, decoded from UTF-8; empty when it cannot be read.
+    static QString readAll(const QString &path);
+
+    /// The file's top-level JSON object; empty when it cannot be read, is not JSON or holds something else.
+    static QJsonObject readJsonFromFile(const QString &path);
+
+    /// Where @p path is really read: inside the system root when it is absolute, unchanged otherwise.
+    static QString pathInSystemRoot(const QString &path);
+};

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <QHash>
+#include <QMutex>
+
+#include <atomic>
+#include <memory>
+
+class QThread;
+class TavBaseEvent;
+
+/**
+ * @brief The event bus: runs events in the threads that they belong to. Any thread may call any operation.
+ *
+ * Events for one thread run in the order in which they were added, from that thread's event loop. An exception that
+ * leaves an event's function is logged and goes no further.
+ */
+class TavEventNotifyMgr
+{
+public:
+    /// The one instance; it is never destroyed.
+    static TavEventNotifyMgr *getInstance();
+
+    /// Takes @p event over, whatever becomes of it: it is run once in its thread and deleted, or deleted unrun when
+    /// it has no thread or its thread has ended or ends first. A thread not yet started runs it once it starts.
+    void addEventNotify(TavBaseEvent *event);
+
+    /// Number of events taken over and neither run to their end nor deleted unrun.
+    int pendingCount() const;
+
+private:
+    class Mailbox;
+    class Delivery;
+
+    TavEventNotifyMgr() = default;
+    ~TavEventNotifyMgr() = default;
+
+    Mailbox *mailboxOf(QThread *thread);
+    void closeMailbox(QThread *thread);
+
+    QMutex m_mutex;
+    QHash<QThread *, Mailbox *> m_mailboxes;
+    std::atomic<int> m_pending = 0;
+};

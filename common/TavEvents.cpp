@@ -1,0 +1,3 @@
+#include "TavEvents.h"
+
+TavSignal<const CTavSubFuncTypeHeader::TavSubFuncTypeHeader_> eventFuncPageUpdate;

@@ -1,0 +1,7 @@
+#pragma once
+
+#include "CTavSubFuncTypeHeader.h"
+#include "TavSignal.h"
+
+/// The user has chosen a page: announces the new sub-function type. Emitted by ITavSelectFuncMgr::setCurSelType.
+extern TavSignal<const CTavSubFuncTypeHeader::TavSubFuncTypeHeader_> eventFuncPageUpdate;

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/**
+ * @brief The logger of the client. All functions may be called from any thread.
+ *
+ * A level is a number, and smaller is graver: 0 fatal, 1 error, 2 critical notice, 3 warning, 4 information,
+ * 5 debug. Lines go to Qt's logging under the category "tav.<source>" (0 to 2 as critical: logging never ends the
+ * process), so a host's message handler and QT_LOGGING_RULES apply to them.
+ */
+namespace TavNanolog
+{
+/// Whether lines of @p level are wanted: those at least as grave as the threshold.
+bool is_logged(int level);
+
+/// Sets the threshold; 3 before the first call.
+void setLevel(int level);
+
+/// @brief One line on its way to the log.
+class TavNanoLogLine
+{
+public:
+    /// @p source is the component that logs, @p function and @p line the place in its code.
+    TavNanoLogLine(int level, const char *source, const char *function, int line);
+
+    /// Appends @p text to the message.
+    void encode(const QString &text);
+
+    int level() const;
+    const QByteArray &source() const;
+    const QByteArray &function() const;
+    int line() const;
+    const QString &text() const;
+
+private:
+    int m_level;
+    QByteArray m_source;
+    QByteArray m_function;
+    int m_line;
+    QString m_text;
+};
+
+/// Puts @p line out, whatever the threshold: callers ask is_logged first.
+void NanoLog(const TavNanoLogLine &line);
+}

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "Base.pb.h"
+#include "NetControl.pb.h"
+#include "STProtoDataContainer.h"
+
+#include <QObject>
+#include <QVector>
+
+/**
+ * @brief What the network-control pages show and edit.
+ *
+ * Any thread may call any operation. Getters return copies. Before the first set messages and list are empty, but for
+ * the command state. Nothing is signalled on a set: readers ask again.
+ */
+class ITavNetControlMgr
+{
+public:
+    /// The manager itself, for connecting signals or for a look at its class; takes no lock.
+    virtual QObject *getObject() = 0;
+
+    /// Replaces the counts of devices and rules.
+    virtual void setNetCount(const Tav::NetControl::NetControlCountAsr &count) = 0;
+    /// Copy of the counts of devices and rules.
+    virtual Tav::NetControl::NetControlCountAsr getNetCount() = 0;
+
+    /// Replaces all rows of the page's list.
+    virtual void setUIData(const QVector<STProtoDataContainer> &rows) = 0;
+    /// Copy of the rows of the page's list.
+    virtual QVector<STProtoDataContainer> getUIData() = 0;
+
+    /// Replaces the state of the last network-control command.
+    virtual void setState(const Tav::Base::CommandStateAsr &state) = 0;
+    /// Copy of the state of the last network-control command; before the first set `state` is present and 0.
+    virtual Tav::Base::CommandStateAsr getState() = 0;
+
+    /// Replaces the network devices.
+    virtual void setDeviceInfo(const Tav::NetControl::NetDeviceInfos &info) = 0;
+    /// Copy of the network devices.
+    virtual Tav::NetControl::NetDeviceInfos getDeviceInfo() = 0;
+
+    /// Replaces the rules.
+    virtual void setRuleInfo(const Tav::NetControl::NetRuleInfoAsr &info) = 0;
+    /// Copy of the rules.
+    virtual Tav::NetControl::NetRuleInfoAsr getRuleInfo() = 0;
+
+    /// Overwrites the row at the position `item.index`; at or beyond the end: nothing changes, none is added. Here the
+    /// index is a position, and kept so: the number stored in the row overwritten plays no part. Never pass a negative.
+    virtual void updateUIItem(const STProtoDataContainer &item) = 0;
+    /// Sets the check mark of every row and nothing else.
+    virtual void setAllCheck(bool check) = 0;
+
+    /// Toggles the state of the device at this position: 1 becomes 0, anything else becomes 1. The position must be one
+    /// of the held list; any other is fatal to the process.
+    virtual void reverseDeviceState(int index) = 0;
+    /// Toggles the state of every device as reverseDeviceState() does.
+    virtual void reverseDevicesState() = 0;
+
+protected:
+    /// Not virtual: nothing is deleted through this interface, and a destructor would take places in its table.
+    ~ITavNetControlMgr() = default;
+};
+
+Q_DECLARE_INTERFACE(ITavNetControlMgr, "ITavNetControlMgr")

@@ -1,0 +1,80 @@
+#include "TavPicResourceMgr.h"
+
+#include <QDir>
+#include <QFileInfo>
+#include <QPair>
+#include <QSet>
+#include <QVector>
+
+namespace
+{
+/// @brief One PNG file found by a scan.
+struct _PngInfo { // NOLINT(bugprone-reserved-identifier): the client's own name
+    QString filePath; ///< as the directory listing gives it
+    QString baseName; ///< the file's name before its first dot, upper-cased
+    QString dirName; ///< name of the parent directory as it stands in filePath, upper-cased
+};
+
+/// Directories already listed in one append, each with the name under which it was reached. A directory that is
+/// reached again under the same name, as through a link to its own parent, holds no new key.
+using Listed = QSet<QPair<QString, QString>>;
+
+void scan(const QString &path, Listed &listed, QVector<_PngInfo> &found)
+{
+    // The name filter holds for directories too: a subdirectory is entered only when its own name ends in ".png".
+    // "." and ".." never match it.
+    const QDir dir(path, QStringLiteral("*.png"), QDir::Name | QDir::IgnoreCase, QDir::Dirs | QDir::Files);
+    const QPair<QString, QString> identity(dir.canonicalPath(), dir.dirName().toUpper());
+    if (!dir.exists() || listed.contains(identity)) {
+        return;
+    }
+    listed.insert(identity);
+    const QFileInfoList entries = dir.entryInfoList();
+    for (const QFileInfo &entry : entries) {
+        const QString filePath = entry.filePath();
+        if (entry.isDir()) {
+            scan(filePath, listed, found);
+            continue;
+        }
+        // A path with fewer than two slashes names no parent directory; such a file is not cached.
+        const int lastSlash = filePath.lastIndexOf(QLatin1Char('/'));
+        const int slashBefore = lastSlash > 0 ? filePath.lastIndexOf(QLatin1Char('/'), lastSlash - 1) : -1;
+        if (slashBefore >= 0) {
+            const QString dirName = filePath.mid(slashBefore + 1, lastSlash - slashBefore - 1);
+            found.append({filePath, entry.baseName().toUpper(), dirName.toUpper()});
+        }
+    }
+}
+
+/// Null when the file cannot be read or decoded. A link may name a pipe or a device, which would block: not opened.
+std::shared_ptr<QImage> load(const QString &filePath)
+{
+    return QFileInfo(filePath).isFile() ? std::make_shared<QImage>(filePath) : std::make_shared<QImage>();
+}
+}
+
+TavPicResourceMgr::TavPicResourceMgr(QObject *parent) : QObject(parent)
+{
+}
+
+QObject *TavPicResourceMgr::getObject()
+{
+    return this;
+}
+
+std::shared_ptr<QImage> TavPicResourceMgr::getImageRef(const QString &dirName, const QString &imageName)
+{
+    const auto image = images.find({dirName.toUpper(), imageName.toUpper()});
+    return image == images.end() ? nullptr : image->second;
+}
+
+void TavPicResourceMgr::appendPicResourcePath(const QString &path)
+{
+    Listed listed;
+    QVector<_PngInfo> found;
+    scan(path, listed, found);
+    // Later files replace earlier ones of the same key, also those of an earlier append: appending again reloads.
+    for (const _PngInfo &png : qAsConst(found)) {
+        images[{png.dirName, png.baseName}] = load(png.filePath);
+    }
+}

@@ -1,0 +1,5 @@
+#include "TavSystemLogMgr.h"
+
+TavSystemLogMgr::TavSystemLogMgr(QObject *parent) : QObject(parent)
+{
+}

@@ -1,0 +1,7 @@
+#!/bin/sh
+# shellcheck source=lib.sh disable=SC1091
+. "$(dirname "$0")/lib.sh"
+
+value=$(active_service chrony chronyd ntpsec ntp ntpd systemd-timesyncd) || exit
+show "${value:-未启用}"
+[ -n "$value" ]
