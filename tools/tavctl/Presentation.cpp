@@ -1,0 +1,41 @@
+#include "Presentation.h"
+
+#include <QJsonDocument>
+
+#include <iostream>
+
+#include <unistd.h>
+
+namespace
+{
+QString styled(const char *code, const QString &text)
+{
+    static const bool isTerminal = isatty(STDOUT_FILENO) == 1;
+    return isTerminal ? QStringLiteral("\033[%1m%2\033[0m").arg(QLatin1String(code), text) : text;
+}
+}
+
+void printLine(const QString &text)
+{
+    std::cout << text.toStdString() << '\n';
+}
+
+void printHeading(const QString &text)
+{
+    printLine(QLatin1Char('\n') + styled("1", text));
+}
+
+void printJson(const QJsonObject &document)
+{
+    std::cout << QJsonDocument(document).toJson().constData();
+}
+
+QString dimmed(const QString &text)
+{
+    return styled("2", text);
+}
+
+QString microseconds(qint64 nanoseconds)
+{
+    return QString::number(nanoseconds / 1000.0, 'f', 1);
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+/// Writes @p text and a line end to standard output, in UTF-8.
+void printLine(const QString &text);
+
+/// Writes an empty line and @p text as a heading.
+void printHeading(const QString &text);
+
+/// Writes @p document to standard output, indented.
+void printJson(const QJsonObject &document);
+
+/// @p text in a quieter colour; unchanged when standard output is not a terminal.
+QString dimmed(const QString &text);
+
+/// @p nanoseconds as microseconds with one decimal.
+QString microseconds(qint64 nanoseconds);
