@@ -16,7 +16,7 @@ add_compile_options(-Wall -Wextra -Wpedantic -Werror)
 # every build type, which CMake's own -DNDEBUG of release builds would end.
 add_compile_options(-UNDEBUG)
 
-add_compile_definitions(QT_NO_CAST_TO_ASCII QT_NO_CAST_FROM_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH)
+add_compile_definitions(QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH)
 
 add_compile_options(-fstack-protector-strong)
 add_link_options(-Wl,-z,relro,-z,now,-z,noexecstack -Wl,--as-needed)
