@@ -39,13 +39,13 @@ public:
     /// False when there is no such subscription.
     bool unsubscribe(int id)
     {
+        std::shared_ptr<const QVector<Subscriber>> before; // ends after the lock: a dying callback may use the signal
         QMutexLocker lock(&m_mutex);
-        const int before = subscriberCount();
-        change([id](QVector<Subscriber> &subscribers) {
+        before = change([id](QVector<Subscriber> &subscribers) {
             const auto isMeant = [id](const Subscriber &subscriber) { return subscriber.id == id; };
             subscribers.erase(std::remove_if(subscribers.begin(), subscribers.end(), isMeant), subscribers.end());
         });
-        return subscriberCount() < before;
+        return subscriberCount() < before->size();
     }
 
     /// Number of subscriptions.
@@ -74,12 +74,15 @@ private:
         QThread *thread;
     };
 
+    /// Publishes a changed copy of the list and returns the list before. Called with the mutex held.
     template<class Change>
-    void change(Change apply)
+    std::shared_ptr<const QVector<Subscriber>> change(Change apply)
     {
-        auto next = std::make_shared<QVector<Subscriber>>(*std::atomic_load(&m_subscribers));
+        const std::shared_ptr<const QVector<Subscriber>> before = std::atomic_load(&m_subscribers);
+        auto next = std::make_shared<QVector<Subscriber>>(*before);
         apply(*next);
         std::atomic_store(&m_subscribers, std::shared_ptr<const QVector<Subscriber>>(std::move(next)));
+        return before;
     }
 
     QMutex m_mutex; // serialises changes; emissions do not take it

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "TavSignal.h"
+
+#include <QObject>
+#include <QPointer>
+
+#include <memory>
+#include <utility>
+
+/**
+ * @brief A subscription that ends with this object, and never calls a receiver that is gone.
+ *
+ * The callback runs in the thread in which the receiver lives. A delivery that was posted already is dropped when,
+ * at its turn, the receiver is destroyed or the subscription has ended. Hold it as a member of the receiver, or end it
+ * in the receiver's thread: then nothing is called from that moment on. Ended in another thread, it may meet a
+ * callback that is running. The receiver must stay in its thread, and the signal must outlive the subscription.
+ *
+ * Movable; assigning another one, or `{}`, ends this one.
+ */
+class TavSubscription
+{
+public:
+    /// No subscription.
+    TavSubscription() = default;
+    ~TavSubscription() = default;
+    TavSubscription(TavSubscription &&) = default;
+    TavSubscription &operator=(TavSubscription &&) = default;
+    TavSubscription(const TavSubscription &) = delete; // two holders would end it at two times
+    TavSubscription &operator=(const TavSubscription &) = delete;
+
+    /// Subscribes @p callback, which takes the signal's value, for as long as this object and @p receiver live.
+    template<class T, class Callback>
+    TavSubscription(TavSignal<T> &signal, QObject *receiver, Callback callback)
+    {
+        const auto link = std::make_shared<Link<T>>(signal);
+        const auto deliver = [receiver = QPointer<QObject>(receiver), held = std::weak_ptr<Link<T>>(link),
+                              callback = std::move(callback)](T value) {
+            if (receiver && !held.expired()) {
+                callback(value);
+            }
+        };
+        link->id = signal.subscribe(deliver, receiver->thread());
+        m_link = link;
+    }
+
+private:
+    template<class T>
+    struct Link {
+        explicit Link(TavSignal<T> &signal) : signal(signal)
+        {
+        }
+        ~Link()
+        {
+            signal.unsubscribe(id);
+        }
+        Q_DISABLE_COPY(Link)
+
+        TavSignal<T> &signal;
+        int id = 0;
+    };
+
+    std::shared_ptr<void> m_link; // held by this object alone
+};
