@@ -118,7 +118,8 @@ bool TavAccessControlMgr::hasUserDetail(const QString &userName)
     // Without the lock, which the called operation takes itself.
     const QVector<STPriDetailAsr> details = getUserDetail();
     return std::any_of(details.begin(), details.end(), [&userName](const STPriDetailAsr &detail) {
-        return QString::fromUtf8(detail.userName) == userName;
+        // A name that fills its buffer, as no backend should send it, ends there.
+        return QString::fromUtf8(detail.userName, int(qstrnlen(detail.userName, sizeof(detail.userName)))) == userName;
     });
 }
 

@@ -1,10 +1,15 @@
 #include "TavPicResourceMgr.h"
 
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
 #include <QPair>
 #include <QSet>
 #include <QVector>
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace
 {
@@ -19,6 +24,8 @@ struct _PngInfo { // NOLINT(bugprone-reserved-identifier): the client's own name
 /// reached again under the same name, as through a link to its own parent, holds no new key.
 using Listed = QSet<QPair<QString, QString>>;
 
+/// Adds the files under @p path to @p found, the last of the listing first: where two ways lead to one directory, the
+/// later one counts, so it is the one to be listed.
 void scan(const QString &path, Listed &listed, QVector<_PngInfo> &found)
 {
     // The name filter holds for directories too: a subdirectory is entered only when its own name ends in ".png".
@@ -30,9 +37,9 @@ void scan(const QString &path, Listed &listed, QVector<_PngInfo> &found)
     }
     listed.insert(identity);
     const QFileInfoList entries = dir.entryInfoList();
-    for (const QFileInfo &entry : entries) {
-        const QString filePath = entry.filePath();
-        if (entry.isDir()) {
+    for (auto entry = entries.crbegin(); entry != entries.crend(); ++entry) {
+        const QString filePath = entry->filePath();
+        if (entry->isDir()) {
             scan(filePath, listed, found);
             continue;
         }
@@ -41,7 +48,7 @@ void scan(const QString &path, Listed &listed, QVector<_PngInfo> &found)
         const int slashBefore = lastSlash > 0 ? filePath.lastIndexOf(QLatin1Char('/'), lastSlash - 1) : -1;
         if (slashBefore >= 0) {
             const QString dirName = filePath.mid(slashBefore + 1, lastSlash - slashBefore - 1);
-            found.append({filePath, entry.baseName().toUpper(), dirName.toUpper()});
+            found.append({filePath, entry->baseName().toUpper(), dirName.toUpper()});
         }
     }
 }
@@ -49,7 +56,17 @@ void scan(const QString &path, Listed &listed, QVector<_PngInfo> &found)
 /// Null when the file cannot be read or decoded. A link may name a pipe or a device, which would block: not opened.
 std::shared_ptr<QImage> load(const QString &filePath)
 {
-    return QFileInfo(filePath).isFile() ? std::make_shared<QImage>(filePath) : std::make_shared<QImage>();
+    // Its place is held first, which waits for nothing, so that what is looked at is what is then opened, whatever
+    // somebody puts there in between.
+    const int place = open(QFile::encodeName(filePath).constData(), O_PATH | O_CLOEXEC);
+    struct stat status = {};
+    const bool isFile = fstat(place, &status) == 0 && S_ISREG(status.st_mode);
+    const QString held = QStringLiteral("/proc/self/fd/%1").arg(place);
+    const auto image = isFile ? std::make_shared<QImage>(held) : std::make_shared<QImage>();
+    if (place >= 0) {
+        close(place);
+    }
+    return image;
 }
 }
 
@@ -74,7 +91,7 @@ void TavPicResourceMgr::appendPicResourcePath(const QString &path)
     QVector<_PngInfo> found;
     scan(path, listed, found);
     // Later files replace earlier ones of the same key, also those of an earlier append: appending again reloads.
-    for (const _PngInfo &png : qAsConst(found)) {
-        images[{png.dirName, png.baseName}] = load(png.filePath);
+    for (auto png = found.crbegin(); png != found.crend(); ++png) {
+        images[{png->dirName, png->baseName}] = load(png->filePath);
     }
 }

@@ -1,0 +1,87 @@
+#include "PluginHost.h"
+#include "SampleValue.h"
+
+#include "ITavAuthInfoMgr.h"
+#include "ITavDevCtlMgr.h"
+#include "ITavHostInfoMgr.h"
+#include "ITavSystemConfigMgr.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <type_traits>
+
+using SampleValue::content;
+using SampleValue::sample;
+
+static_assert(std::is_trivially_copyable_v<STResourceInfoAsr>);
+
+class Holders : public testing::Test
+{
+protected:
+    PluginHost host;
+};
+
+TEST_F(Holders, AFreshSystemConfigurationIsEmpty)
+{
+    auto *const mgr = host.manager<ITavSystemConfigMgr>();
+    EXPECT_EQ(content(mgr->getServerInfo()), content(Tav::SystemConfig::SystemServerInfo()));
+    EXPECT_EQ(content(mgr->getOnlineState()), content(Tav::SystemConfig::CommdOnlineState()));
+}
+
+TEST_F(Holders, AFreshLoginStateIsEmpty)
+{
+    auto *const mgr = host.manager<ITavAuthInfoMgr>();
+    EXPECT_EQ(content(mgr->getLoginCheck()), content(Tav::SystemConfig::LoginCheckAsr()));
+    EXPECT_EQ(content(mgr->getPwdChange()), content(Tav::SystemConfig::PasswdChangeAsr()));
+}
+
+TEST_F(Holders, AFreshDeviceControlIsEmpty)
+{
+    auto *const mgr = host.manager<ITavDevCtlMgr>();
+    EXPECT_EQ(content(mgr->getUsbInfoList()), content(Tav::DevControl::DevUsbInfoList()));
+    EXPECT_EQ(content(mgr->getFuncEnableInfo()), content(Tav::DevControl::DevFuncEnableInfo()));
+}
+
+TEST_F(Holders, AFreshKernelSignatureStateIsEmpty)
+{
+    auto *const mgr = host.manager<ITavHostInfoMgr>();
+    EXPECT_EQ(content(mgr->getKernelSigState()), content(Tav::HostInfo::SystemFileStateAsr()));
+}
+
+TEST_F(Holders, AnEmptyMessageIsToldFromOneWithAFieldPresentAndZero)
+{
+    auto *const mgr = host.manager<ITavSystemConfigMgr>();
+    Tav::SystemConfig::CommdOnlineState offline;
+    offline.set_state(0);
+    mgr->setOnlineState(offline);
+    EXPECT_TRUE(mgr->getOnlineState().has_state());
+    mgr->setOnlineState(Tav::SystemConfig::CommdOnlineState());
+    EXPECT_FALSE(mgr->getOnlineState().has_state());
+}
+
+TEST_F(Holders, TheResourceRecordIsCopiedToItsLastByte)
+{
+    auto *const mgr = host.manager<ITavHostInfoMgr>();
+    auto info = sample<STResourceInfoAsr>(1);
+    info.hostName[sizeof(info.hostName) - 1] = 'z';
+    mgr->setResourceInfo(info);
+    EXPECT_EQ(content(mgr->getResourceInfo()), content(info));
+}
+
+TEST_F(Holders, EachClientRunStartsWithFreshHolders)
+{
+    host.manager<ITavSystemConfigMgr>()->setServerInfo(sample<Tav::SystemConfig::SystemServerInfo>(1));
+    PluginHost second;
+    EXPECT_EQ(second.manager<ITavSystemConfigMgr>()->getServerInfo().ByteSizeLong(), 0u);
+}
+
+TEST_F(Holders, TheSystemLogManagerIsNotRegistered)
+{
+    EXPECT_EQ(host.managerObject("ITavSystemLogMgr"), nullptr);
+    EXPECT_EQ(host.managerObject("TavSystemLogMgr"), nullptr);
+    for (const STObjectKey &key : TavGlobalInfoMgr::getObjectMgr()->getObjectKeys()) {
+        const QObject *const manager = TavGlobalInfoMgr::getObjectMgr()->getObject(key);
+        EXPECT_NE(std::string(manager->metaObject()->className()), "TavSystemLogMgr");
+    }
+}
