@@ -1,0 +1,90 @@
+#include "AccessReader.h"
+#include "HostFile.h"
+#include "ITavAccessControlMgr.h"
+#include "ManagerFeeds.h"
+
+namespace
+{
+/// The tables of objects: files stand in the one for true, directories and devices in the other.
+constexpr bool filesTable = true;
+constexpr qint32 fileType = 1;
+
+QVector<STPriAddUIData> rowsOf(const QVector<UserReader::User> &users)
+{
+    QVector<STPriAddUIData> rows;
+    for (const UserReader::User &user : users) {
+        STPriAddUIData row;
+        row.userName = QString::fromUtf8(user.name);
+        row.userNumber = static_cast<int>(user.uid);
+        row.userText = QString::fromUtf8(user.groups.toList().join(", "));
+        rows.append(row);
+    }
+    return rows;
+}
+
+/// The records of one level.
+template<class Record>
+QVector<Record> ofLevel(const QVector<Record> &records, int level)
+{
+    QVector<Record> found;
+    for (const Record &record : records) {
+        if (record.level == level) {
+            found.append(record);
+        }
+    }
+    return found;
+}
+}
+
+int ManagerFeeds::feedUsers(const QString &root, ITavAccessControlMgr &manager, ReadingNotes &notes)
+{
+    const QVector<UserReader::User> users = UserReader::readUsers(root, notes);
+    manager.updateSystemUsers(UserReader::records(users));
+    manager.updateUIUsers(rowsOf(users));
+    manager.updateUIPriData(AccessReader::principalLevels());
+
+    // The details are kept by level.
+    const auto status = HostFile::status(root, "/etc/passwd");
+    const QVector<STPriDetailAsr> principals = AccessReader::principals(users, status ? status->st_mtim.tv_sec : 0);
+    for (int level = 0; level <= AccessReader::maxLevel; ++level) {
+        QVector<STPriDetailAsr> details = ofLevel(principals, level);
+        manager.updateUserDetail(level, details);
+    }
+    return users.size();
+}
+
+int ManagerFeeds::feedObjects(const QString &root, ITavAccessControlMgr &manager, ReadingNotes &notes)
+{
+    const QVector<STObjectDetailAsr> objects = AccessReader::readObjects(root, UserReader::readNames(root), notes);
+    QVector<STObjectDetailAsr> files;
+    QVector<STObjectDetailAsr> others;
+    QVector<STObjectAddUIData> rows;
+    for (const STObjectDetailAsr &object : objects) {
+        (object.type == fileType ? files : others).append(object);
+        rows.append({false, QString::fromUtf8(object.fileName), QString::fromUtf8(object.filePath)});
+    }
+    for (int level = 0; level <= AccessReader::maxLevel; ++level) {
+        const QVector<STObjectDetailAsr> levelFiles = ofLevel(files, level);
+        const QVector<STObjectDetailAsr> levelOthers = ofLevel(others, level);
+        manager.updateObjectDetail(level, filesTable, levelFiles);
+        manager.setObjectCount(levelFiles.size(), filesTable, level);
+        manager.updateObjectDetail(level, !filesTable, levelOthers);
+        manager.setObjectCount(levelOthers.size(), !filesTable, level);
+    }
+    manager.updateUIFiles(rows);
+    manager.updateUIObjectData(AccessReader::objectLevels());
+    return objects.size();
+}
+
+int ManagerFeeds::feedAccessMode(const QString &root, ITavAccessControlMgr &manager, ReadingNotes &notes)
+{
+    Tav::AccessControl::AccessModeConfig config = AccessReader::readMode(root, notes);
+    config.set_principal_count(manager.getUserDetail().size());
+    config.set_object_count(manager.getObjectDetail().size());
+    manager.setModeConfig(config);
+
+    Tav::Base::CommandStateAsr state;
+    state.set_state(0);
+    manager.setState(state);
+    return 1;
+}

@@ -1,0 +1,103 @@
+#include "ImaReader.h"
+#include "ITavCompleteProtectMgr.h"
+#include "ManagerFeeds.h"
+#include "MeasureReader.h"
+#include "SoftwareReader.h"
+#include "TextBuffer.h"
+
+#include <QDateTime>
+
+namespace
+{
+/// Measures the programs one after the other, and shows the page which one it is at.
+Tav::Measure::ImaContentAsr measurePrograms(const QString &root, ITavCompleteProtectMgr &manager, ReadingNotes &notes)
+{
+    const QHash<QByteArray, QByteArray> digests
+        = SoftwareReader::readPackageDigests(root, MeasureReader::programs(), notes);
+    Tav::Measure::ImaContentAsr list;
+    for (const QByteArray &path : MeasureReader::presentPrograms(root, digests)) {
+        STStaticCurPathAsr current{};
+        TextBuffer::copy(current.path, path);
+        manager.setCurPathState(current);
+        const qint64 now = QDateTime::currentSecsSinceEpoch();
+        auto *const entry = list.add_entries();
+        *entry = MeasureReader::measure(root, path, digests, now, notes);
+        entry->set_index(list.entries_size() - 1);
+    }
+    manager.setCurPathState({});
+    list.set_total(list.entries_size());
+    list.set_offset(0);
+    return list;
+}
+
+STSystemScanStateAsr scanStateOf(const Tav::Measure::CompleteMeasureAsr &result)
+{
+    STSystemScanStateAsr state{};
+    state.scanId = 1;
+    state.state = result.state() == 4 ? 4 : 2;
+    state.progress = 100;
+    state.scannedCount = result.measured_count();
+    state.totalCount = result.measured_count();
+    state.abnormalCount = result.changed_count();
+    state.startTime = result.start_time();
+    state.endTime = result.end_time();
+    return state;
+}
+
+/// What the local agent does not do: the scan of single objects and the dynamic scan, and acting on the list.
+void feedIdleStates(ITavCompleteProtectMgr &manager)
+{
+    manager.setSingleScanId({0});
+
+    Tav::Measure::DyGetScanStateAsr scan;
+    scan.set_scan_id(0);
+    scan.set_state(0);
+    manager.setDySCanState(scan);
+
+    Tav::Measure::DyTimeInterval interval;
+    interval.set_enabled(false);
+    interval.set_last_time(0);
+    interval.set_next_time(0);
+    manager.setDyTimeInterval(interval);
+
+    Tav::Measure::CredibleMode mode;
+    mode.set_mode(0);
+    mode.set_algorithm("sha256");
+    manager.setCredibleMode(mode);
+}
+}
+
+int ManagerFeeds::feedKernelMeasurement(const QString &root, ITavCompleteProtectMgr &manager, ReadingNotes &notes)
+{
+    const ImaReader::MeasurementList list = ImaReader::readList(root, notes);
+    manager.setImaState(ImaReader::readState(root, notes));
+    manager.setImaCount({list.total});
+    manager.setImaList(list.entries);
+    return list.entries.size();
+}
+
+int ManagerFeeds::feedProgramMeasurement(const QString &root, ITavCompleteProtectMgr &manager, ReadingNotes &notes)
+{
+    constexpr int running = 1;
+    constexpr int done = 2;
+    constexpr int failed = 3;
+    manager.setImaInitState({running});
+    const qint64 startTime = QDateTime::currentSecsSinceEpoch();
+    const Tav::Measure::ImaContentAsr list = measurePrograms(root, manager, notes);
+    Tav::Measure::CompleteMeasureAsr result = MeasureReader::resultOf(root, list);
+    result.set_start_time(startTime);
+    result.set_end_time(QDateTime::currentSecsSinceEpoch());
+
+    QVector<STProtoDataContainer> rows;
+    for (const auto &entry : list.entries()) {
+        rows.append({false, rows.size(), entry.SerializeAsString()});
+    }
+    manager.setCredibleList(list);
+    manager.setCredibleCount(MeasureReader::countsOf(list));
+    manager.setCredibleVecUI(rows);
+    manager.setCompleteMeasure(result);
+    manager.setSystemScanState(scanStateOf(result));
+    manager.setImaInitState({result.measured_count() > 0 ? done : failed});
+    feedIdleStates(manager);
+    return list.entries_size();
+}

@@ -1,0 +1,46 @@
+#include "BaselineReader.h"
+#include "ITavLineScanMgr.h"
+#include "ManagerFeeds.h"
+#include "TavCommonUtils.h"
+
+#include <QJsonObject>
+
+int ManagerFeeds::feedBaseline(const QString &, ITavLineScanMgr &manager, ReadingNotes &notes)
+{
+    manager.loadJsonConfig();
+    const QJsonObject config = TavCommonUtils::readJsonFromFile(BaselineReader::configPath());
+    if (config.isEmpty()) {
+        notes.append({BaselineReader::configPath(), QStringLiteral("cannot be read or holds no items")});
+    }
+
+    // The checks are not run: every item stands there as not checked.
+    Tav::Reinforce::LineScanContentAsr content;
+    for (const int id : BaselineReader::itemIds(config)) {
+        auto *const item = content.add_items();
+        item->set_item_id(id);
+        item->set_state(0);
+        item->set_standard_value(manager.getItemConfig(id).standardValue.toStdString());
+    }
+    manager.setLineScanContent(content);
+
+    const int total = content.items_size();
+    Tav::Reinforce::LineCountAsr count;
+    count.set_total(total);
+    count.set_not_checked(total);
+    manager.setLineCount(count);
+
+    Tav::Reinforce::LineScanStateAsr state;
+    state.set_scan_id(0);
+    state.set_state(0);
+    state.set_total_count(total);
+    manager.setscanState(state);
+
+    manager.setScanItemConfigErr(
+        BaselineReader::faultsOf(config, [&manager](int id) { return manager.getItemConfig(id); }));
+
+    Tav::Reinforce::LineScanLevelState level;
+    level.set_reached_level(0);
+    level.set_scan_time(0);
+    manager.setLineLevel(level);
+    return total;
+}

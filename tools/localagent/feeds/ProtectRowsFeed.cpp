@@ -1,0 +1,63 @@
+#include "DirectoryReader.h"
+#include "HostFile.h"
+#include "ITavProtectMgr.h"
+#include "ManagerFeeds.h"
+#include "UserReader.h"
+
+namespace
+{
+constexpr qint32 missing = 3;
+
+/// A row that is not protected; @p present becomes its second flag.
+STSystemProUIData rowOf(const QString &kind, const QString &title, const QString &identity, const QString &detail,
+                        bool present)
+{
+    return {false, title, kind + QLatin1Char(':') + identity, detail, present};
+}
+
+/// Mode and owner of the path, such as "drwxr-xr-x root"; empty when it cannot be reached.
+QString modeAndOwner(const QString &root, const char *path, const QHash<quint32, QByteArray> &userNames)
+{
+    const auto status = HostFile::status(root, path);
+    if (!status) {
+        return {};
+    }
+    const QByteArray owner = userNames.value(status->st_uid, QByteArray::number(status->st_uid));
+    return QString::fromUtf8(DirectoryReader::modeText(status->st_mode) + ' ' + owner);
+}
+}
+
+int ManagerFeeds::feedProtectionRows(const QString &root, ITavProtectMgr &manager, ReadingNotes &)
+{
+    const QHash<quint32, QByteArray> userNames = UserReader::readNames(root);
+    QVector<STSystemProUIData> rows;
+    for (const STDirProtectContentAsr &directory : manager.getDirContent()) {
+        const QString path = QString::fromUtf8(directory.path);
+        const QString detail = QStringLiteral("%1, %2 files")
+                                   .arg(modeAndOwner(root, directory.path, userNames))
+                                   .arg(directory.fileCount);
+        rows.append(rowOf(QStringLiteral("directory"), path, path, directory.state == missing ? QString() : detail,
+                          directory.state != missing));
+    }
+    for (const STFileProtectContentAsr &file : manager.getFileContent()) {
+        const QString path = QString::fromUtf8(file.path);
+        const QString detail
+            = QStringLiteral("%1, %2 bytes").arg(modeAndOwner(root, file.path, userNames)).arg(file.size);
+        rows.append(rowOf(QStringLiteral("file"), path, path, file.state == missing ? QString() : detail,
+                          file.state != missing));
+    }
+    for (const STKernelContentAsr &module : manager.getKernelContent()) {
+        const QString name = QString::fromUtf8(module.name);
+        rows.append(rowOf(QStringLiteral("module"), name, name,
+                          QStringLiteral("%1 bytes, %2 users").arg(module.size).arg(module.refCount),
+                          module.loaded == 1));
+    }
+    for (const STProProtectContentAsr &process : manager.getProContentList()) {
+        rows.append(
+            rowOf(QStringLiteral("process"), QString::fromUtf8(process.name), QString::number(process.pid),
+                  QStringLiteral("%1 %2").arg(QString::fromUtf8(process.userName), QString::fromUtf8(process.path)),
+                  process.pid != 0));
+    }
+    manager.setProtectUIData(rows);
+    return rows.size();
+}

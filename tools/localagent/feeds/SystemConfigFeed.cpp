@@ -1,0 +1,28 @@
+#include "HostFile.h"
+#include "ITavSystemConfigMgr.h"
+#include "ManagerFeeds.h"
+#include "TextBuffer.h"
+
+#include <QDateTime>
+
+int ManagerFeeds::feedServer(const QString &root, ITavSystemConfigMgr &manager, ReadingNotes &notes)
+{
+    // The agent is in this very process: it is its own server, always reached, and there is no port.
+    const auto hostName = HostFile::readOrNote(root, "/proc/sys/kernel/hostname", notes);
+    const std::string address = TextBuffer::message(hostName.value_or(QByteArray()).trimmed());
+    Tav::SystemConfig::SystemServerInfo info;
+    info.set_address(address);
+    info.set_server_name("local agent");
+    manager.setServerInfo(info);
+
+    const qint64 now = QDateTime::currentSecsSinceEpoch();
+    Tav::SystemConfig::CommdOnlineState state;
+    state.set_state(1);
+    state.set_last_online_time(now);
+    state.set_change_time(now);
+    state.set_round_trip_time(0);
+    state.set_retry_count(0);
+    state.set_address(address);
+    manager.setOnlineState(state);
+    return 2;
+}

@@ -1,0 +1,42 @@
+#pragma once
+
+#include "AccessControl.pb.h"
+#include "ReadingNote.h"
+#include "STAccessSetUIData.h"
+#include "STObjectDetailAsr.h"
+#include "STPriDetailAsr.h"
+#include "UserReader.h"
+
+#include <QString>
+#include <QVector>
+
+/**
+ * @brief Sorts the host's users and key files into access levels by what the system itself lets them do.
+ *
+ * Principals: 3: the superuser, 2: in a group of administrators, 1: may log in, 0: all others. Objects: 3: for the
+ * owner alone, 2: the group may read, 1: everybody may read, 0: everybody may write.
+ */
+namespace AccessReader
+{
+constexpr int maxLevel = 3; ///< the lowest is 0
+
+int principalLevel(const UserReader::User &user);
+
+/// Level of an object with these permission bits.
+int objectLevel(quint32 mode);
+
+/// The users as principals, none of whose records is in force. @p updateTime: seconds since the epoch.
+QVector<STPriDetailAsr> principals(const QVector<UserReader::User> &users, qint64 updateTime);
+
+/// The key files, the key directories and some devices as objects, none of whose records is in force; `permission` is
+/// the owner's. What is missing is left out, and noted.
+QVector<STObjectDetailAsr> readObjects(const QString &root, const QHash<quint32, QByteArray> &userNames,
+                                       ReadingNotes &notes);
+
+/// One row per level with its name; none is checked.
+QVector<STAccessSetUIData> principalLevels();
+QVector<STAccessSetUIData> objectLevels();
+
+/// The mode: that of the security module that goes farthest.
+Tav::AccessControl::AccessModeConfig readMode(const QString &root, ReadingNotes &notes);
+}

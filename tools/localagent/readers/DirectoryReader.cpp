@@ -1,0 +1,103 @@
+#include "DirectoryReader.h"
+
+#include "HostFile.h"
+#include "TextBuffer.h"
+
+#include <cerrno>
+
+namespace
+{
+constexpr qint32 notProtected = 0;
+constexpr qint32 missing = 3;
+
+int countFiles(const QString &root, const QByteArray &directory, ReadingNotes &notes)
+{
+    int count = 0;
+    for (const QByteArray &name : HostFile::entriesOrNote(root, directory, notes)) {
+        const auto status = HostFile::status(root, directory + '/' + name);
+        count += status && !S_ISDIR(status->st_mode) ? 1 : 0;
+    }
+    return count;
+}
+}
+
+QVector<QByteArray> DirectoryReader::keyDirectories()
+{
+    return {"/boot", "/etc", "/root", "/usr/bin", "/usr/lib", "/usr/sbin", "/var/log"};
+}
+
+QVector<QByteArray> DirectoryReader::keyFiles()
+{
+    return {"/etc/fstab",      "/etc/group",      "/etc/gshadow",       "/etc/hosts",
+            "/etc/ld.so.conf", "/etc/login.defs", "/etc/nsswitch.conf", "/etc/os-release",
+            "/etc/passwd",     "/etc/profile",    "/etc/shadow"};
+}
+
+QVector<STDirProtectContentAsr> DirectoryReader::readDirectories(const QString &root, ReadingNotes &notes)
+{
+    const QVector<QByteArray> paths = keyDirectories();
+    QVector<STDirProtectContentAsr> records(paths.size());
+    for (int i = 0; i < paths.size(); ++i) {
+        STDirProtectContentAsr &record = records[i];
+        record.id = i + 1;
+        TextBuffer::copy(record.path, paths.at(i));
+        int error = 0;
+        const auto status = HostFile::status(root, paths.at(i), &error);
+        if (!status) {
+            record.state = error == ENOENT ? missing : notProtected;
+            HostFile::note(notes, paths.at(i), HostFile::errorText(error));
+            continue;
+        }
+        record.state = notProtected;
+        record.updateTime = status->st_mtim.tv_sec;
+        record.fileCount = countFiles(root, paths.at(i), notes);
+    }
+    return records;
+}
+
+QVector<STFileProtectContentAsr> DirectoryReader::readFiles(const QString &root, ReadingNotes &notes)
+{
+    const QVector<QByteArray> paths = keyFiles();
+    QVector<STFileProtectContentAsr> records(paths.size());
+    for (int i = 0; i < paths.size(); ++i) {
+        STFileProtectContentAsr &record = records[i];
+        record.id = i + 1;
+        TextBuffer::copy(record.path, paths.at(i));
+        int error = 0;
+        const auto status = HostFile::status(root, paths.at(i), &error);
+        if (!status) {
+            record.state = error == ENOENT ? missing : notProtected;
+            HostFile::note(notes, paths.at(i), HostFile::errorText(error));
+            continue;
+        }
+        record.state = notProtected;
+        record.size = static_cast<quint64>(status->st_size);
+        record.modifyTime = status->st_mtim.tv_sec;
+        record.uid = status->st_uid;
+        record.gid = status->st_gid;
+        record.mode = status->st_mode & 07777U;
+        if (const auto digests = HostFile::digestsOrNote(root, paths.at(i), notes)) {
+            TextBuffer::copy(record.algorithm, "sha256");
+            TextBuffer::copy(record.digest, digests->sha256);
+        }
+    }
+    return records;
+}
+
+QByteArray DirectoryReader::modeText(quint32 mode)
+{
+    const char type = S_ISDIR(mode) ? 'd' : S_ISCHR(mode) ? 'c' : S_ISBLK(mode) ? 'b' : S_ISLNK(mode) ? 'l' : '-';
+    QByteArray text(1, type);
+    for (int bit = 8; bit >= 0; --bit) {
+        text.append((mode >> static_cast<unsigned>(bit) & 1U) != 0 ? "xwr"[bit % 3] : '-');
+    }
+    const auto mark = [&](quint32 flag, int at, char withExecute, char without) {
+        if ((mode & flag) != 0) {
+            text[at] = text.at(at) == 'x' ? withExecute : without;
+        }
+    };
+    mark(S_ISUID, 3, 's', 'S');
+    mark(S_ISGID, 6, 's', 'S');
+    mark(S_ISVTX, 9, 't', 'T');
+    return text;
+}

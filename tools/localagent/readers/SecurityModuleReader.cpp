@@ -1,0 +1,24 @@
+#include "SecurityModuleReader.h"
+
+#include "HostFile.h"
+
+#include <QList>
+
+SecurityModuleReader::SecurityModules SecurityModuleReader::read(const QString &root, ReadingNotes &notes)
+{
+    SecurityModules modules;
+    if (const auto list = HostFile::readOrNote(root, "/sys/kernel/security/lsm", notes)) {
+        for (const QByteArray &name : list->trimmed().split(',')) {
+            modules.active.append(name);
+        }
+    }
+    if (const auto enforce = HostFile::number(root, "/sys/fs/selinux/enforce")) {
+        modules.selinux = *enforce == 1 ? Enforced : LogOnly;
+    }
+    if (HostFile::attribute(root, "/sys/module/apparmor/parameters/enabled") == "Y") {
+        // Only the administrator may read the mode; without a word on it profiles are enforced.
+        modules.apparmor
+            = HostFile::attribute(root, "/sys/module/apparmor/parameters/mode") == "complain" ? LogOnly : Enforced;
+    }
+    return modules;
+}
