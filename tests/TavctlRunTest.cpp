@@ -2,6 +2,7 @@
 
 #include <QJsonArray>
 #include <QSet>
+#include <QSysInfo>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
@@ -24,7 +25,7 @@ TEST(TavctlRun, RegistersFifteenManagersInOrder)
 {
     const Tavctl run({"run", "--root", demoRoot, "--json"});
     ASSERT_EQ(run.exitCode, 0) << run.errors.toStdString();
-    const QJsonArray registry = run.json()[QLatin1String("registry")].toArray();
+    const QJsonArray registry = run.json()["registry"].toArray();
     EXPECT_EQ(texts(registry, "class"),
               QStringList({"TavFuncTypeMgr", "TavPicResourceMgr", "TavSelectFuncMgr", "TavAccessControlMgr",
                            "TavCompleteProtectMgr", "TavProtectMgr", "TavAuditMgr", "TavHostInfoMgr",
@@ -32,25 +33,25 @@ TEST(TavctlRun, RegistersFifteenManagersInOrder)
                            "TavSystemConfigMgr", "TavDevCtlMgr", "TavProExceptionMgr"}));
     for (int i = 0; i < registry.size(); ++i) {
         const QJsonObject row = registry[i].toObject();
-        const QString interface = QLatin1Char('I') + row[QLatin1String("class")].toString();
-        EXPECT_EQ(row[QLatin1String("order")].toInt(), i + 1);
-        EXPECT_EQ(row[QLatin1String("interface")].toString(), interface);
-        EXPECT_EQ(row[QLatin1String("key")].toString(), interface + "_Tav_ORG");
-        EXPECT_EQ(row[QLatin1String("id")].toInt(), -9999);
-        EXPECT_TRUE(row[QLatin1String("address")].toString().startsWith("0x"));
-        EXPECT_GT(row[QLatin1String("microseconds")].toDouble(), 0);
+        const QString interface = QLatin1Char('I') + row["class"].toString();
+        EXPECT_EQ(row["order"].toInt(), i + 1);
+        EXPECT_EQ(row["interface"].toString(), interface);
+        EXPECT_EQ(row["key"].toString(), interface + "_Tav_ORG");
+        EXPECT_EQ(row["id"].toInt(), -9999);
+        EXPECT_TRUE(row["address"].toString().startsWith("0x"));
+        EXPECT_GT(row["microseconds"].toDouble(), 0);
     }
 }
 
 TEST(TavctlRun, ShowsTheNavigationWithNestedGroupDisabledPageAndRealParents)
 {
     const Tavctl run({"run", "--root", demoRoot, "--json"});
-    const QJsonArray functions = run.json()[QLatin1String("navigation")].toArray();
+    const QJsonArray functions = run.json()["navigation"].toArray();
     EXPECT_EQ(texts(functions, "title"), QStringList({"主机信息", "加固方案", "完整性度量", "访问控制", "系统保护"}));
-    const QJsonArray nested = functions.last()[QLatin1String("nested")].toArray();
+    const QJsonArray nested = functions.last()["nested"].toArray();
     EXPECT_EQ(texts(nested, "title"), QStringList({"系统审计"}));
-    EXPECT_EQ(texts(nested.first()[QLatin1String("pages")].toArray(), "title"), QStringList({"审计日志"}));
-    const QJsonArray access = functions[3].toObject()[QLatin1String("pages")].toArray();
+    EXPECT_EQ(texts(nested.first()["pages"].toArray(), "title"), QStringList({"审计日志"}));
+    const QJsonArray access = functions[3].toObject()["pages"].toArray();
     EXPECT_EQ(texts(access, "type"),
               QStringList(
                   {"SubFunc_PrincipalSettings", "SubFunc_ObjectSetting", "SubFunc_PrincipalAdd", "SubFunc_ObjectAdd"}));
@@ -61,12 +62,12 @@ TEST(TavctlRun, ShowsTheNavigationWithNestedGroupDisabledPageAndRealParents)
 TEST(TavctlRun, DeliversEveryPageOnceToEachOfThreeThreads)
 {
     const Tavctl run({"run", "--root", demoRoot, "--json"});
-    const QJsonArray deliveries = run.json()[QLatin1String("deliveries")].toArray();
+    const QJsonArray deliveries = run.json()["deliveries"].toArray();
     EXPECT_EQ(deliveries.size(), 3 * 14);
     QSet<QString> seen;
     for (const QJsonValue &delivery : deliveries) {
-        seen.insert(delivery[QLatin1String("page")].toString() + delivery[QLatin1String("thread")].toString());
-        EXPECT_GT(delivery[QLatin1String("microseconds")].toDouble(), 0);
+        seen.insert(delivery["page"].toString() + delivery["thread"].toString());
+        EXPECT_GT(delivery["microseconds"].toDouble(), 0);
     }
     EXPECT_EQ(seen.size(), 3 * 14);
 }
@@ -78,6 +79,87 @@ TEST(TavctlRun, PrintsTitlesInChineseAndAligned)
     EXPECT_TRUE(run.output.contains("└─ 服务器详情      SubFunc_serverResourceInfo"));
     EXPECT_TRUE(run.output.contains("├─ 关键目录防篡改  SubFunc_KeyDirAmperProof"));
     EXPECT_FALSE(run.output.contains('\033')) << "colours belong on a terminal only";
+}
+
+TEST(TavctlRun, ShowsTheModelOfEveryPageFedByThisMachine)
+{
+    const QJsonObject document = Tavctl({"run", "--root", demoRoot, "--json"}).json();
+    const QJsonArray pages = document["pages"].toArray();
+    EXPECT_EQ(pages.size(), 14);
+    for (const QJsonValue &page : pages) {
+        EXPECT_FALSE(page["sections"].toArray().isEmpty()) << page["type"].toString().toStdString();
+    }
+    for (const QJsonValue &reading : document["backend"].toArray()) {
+        EXPECT_TRUE(reading["fed"].toBool()) << reading["reading"].toString().toStdString();
+    }
+}
+
+TEST(TavctlRun, ShowsThisHostsOwnNameAndUsers)
+{
+    const QJsonObject document = Tavctl({"run", "--root", demoRoot, "--json"}).json();
+    QStringList hostFacts;
+    QStringList users;
+    for (const QJsonValue &page : document["pages"].toArray()) {
+        for (const QJsonValue &section : page["sections"].toArray()) {
+            if (section["title"] == "Host") {
+                hostFacts = texts(section["rows"].toArray(), "value");
+            } else if (section["title"] == "System users") {
+                users = texts(section["rows"].toArray(), "name");
+            }
+        }
+    }
+    EXPECT_TRUE(hostFacts.contains(QSysInfo::machineHostName()));
+    EXPECT_TRUE(users.contains("root"));
+}
+
+TEST(TavctlRun, MakesOneEditOfEachKindAndShowsItsEffect)
+{
+    const QJsonArray edits = Tavctl({"run", "--root", demoRoot, "--json"}).json()["edits"].toArray();
+    EXPECT_EQ(texts(edits, "kind"),
+              QStringList({"row by key", "row by stored index", "row by position", "all checks", "device toggled",
+                           "level checked"}));
+    for (const QJsonValue &edit : edits) {
+        EXPECT_FALSE(edit["before"].toString().isEmpty()) << edit["kind"].toString().toStdString();
+        EXPECT_NE(edit["before"], edit["after"]) << edit["kind"].toString().toStdString();
+    }
+}
+
+TEST(TavctlRun, FindsEveryPictureOfTheDemo)
+{
+    const QJsonArray pictures = Tavctl({"run", "--root", demoRoot, "--json"}).json()["pictures"].toArray();
+    EXPECT_EQ(pictures.size(), 2 * 6 * 3);
+    for (const QJsonValue &picture : pictures) {
+        EXPECT_EQ(picture["width"].toInt(), picture["directory"] == "navigation" ? 48 : 96)
+            << picture["name"].toString().toStdString();
+    }
+}
+
+TEST(TavctlRun, CutsLongListsAndShowsAPageAskedForInFull)
+{
+    const Tavctl all({"run", "--root", demoRoot});
+    const Tavctl page({"run", "--root", demoRoot, "--page", "SubFunc_BaselineScan"});
+    EXPECT_TRUE(all.output.contains("Check items (44)"));
+    EXPECT_TRUE(all.output.contains("… and 36 more"));
+    EXPECT_FALSE(all.output.contains("日志分区使用率")) << "one of the last items, which the cut leaves out";
+    EXPECT_EQ(page.exitCode, 0);
+    EXPECT_FALSE(page.output.contains("… and"));
+    EXPECT_FALSE(page.output.contains("Registry"));
+    EXPECT_TRUE(page.output.contains("日志分区使用率"));
+}
+
+TEST(TavctlRun, ShowsOnePageAsJson)
+{
+    const QJsonObject page = Tavctl({"run", "--root", demoRoot, "--page", "SubFunc_BaselineScan", "--json"}).json();
+    EXPECT_EQ(page["title"].toString(), "基线扫描");
+    EXPECT_EQ(page["sections"].toArray().first()["rows"].toArray().size(), 44);
+}
+
+TEST(TavctlErrors, APageThatTheCatalogueDoesNotHaveIsNamed)
+{
+    const Tavctl run({"run", "--root", demoRoot, "--page", "SubFunc_LogAudi"});
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_TRUE(run.errors.startsWith("tavctl: --page: the catalogue has no page \"SubFunc_LogAudi\"; it has "));
+    EXPECT_TRUE(run.errors.contains("SubFunc_LogAudit"));
 }
 
 TEST(TavctlRegistry, PrintsOnlyTheRegistry)

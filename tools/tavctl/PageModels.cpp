@@ -12,10 +12,10 @@
 #include "ITavProExceptionMgr.h"
 #include "ITavProtectMgr.h"
 #include "ITavSystemConfigMgr.h"
+#include "Presentation.h"
 #include "TavCommonUtils.h"
 #include "TavObjectMgr.h"
 
-#include <QDateTime>
 #include <QJsonArray>
 #include <QSet>
 
@@ -45,13 +45,6 @@ QString check(bool checked)
 QString bytes(quint64 count)
 {
     return QLocale::c().formattedDataSize(static_cast<qint64>(count));
-}
-
-/// "-" for 0, which the records use for "not known" or "not running".
-QString time(qint64 secondsSinceEpoch)
-{
-    return secondsSinceEpoch == 0 ? "-"
-                                  : QDateTime::fromSecsSinceEpoch(secondsSinceEpoch).toString("yyyy-MM-dd HH:mm:ss");
 }
 
 QString duration(qint64 seconds)
@@ -114,7 +107,7 @@ QVector<PageSection> hostPage()
          {"swap", bytes(host.swapFree) + " free of " + bytes(host.swapTotal)},
          {"root disk", bytes(host.rootDiskFree) + " free of " + bytes(host.rootDiskTotal)},
          {"all disks", bytes(host.diskFree) + " free of " + bytes(host.diskTotal)},
-         {"taken at", time(host.sampleTime)}})};
+         {"taken at", timeText(host.sampleTime)}})};
     sections += messageSections("Kernel signature", manager<ITavHostInfoMgr>().getKernelSigState());
     sections += messageSections("Server", manager<ITavSystemConfigMgr>().getServerInfo());
     sections += messageSections("Online state", manager<ITavSystemConfigMgr>().getOnlineState());
@@ -188,8 +181,8 @@ QVector<PageSection> staticMeasurementPage()
                           .arg(scan.scannedCount)
                           .arg(scan.totalCount)
                           .arg(scan.abnormalCount)},
-                     {"started", time(scan.startTime)},
-                     {"ended", time(scan.endTime)},
+                     {"started", timeText(scan.startTime)},
+                     {"ended", timeText(scan.endTime)},
                      {"current path", text(model.getCurPathState().path)},
                      {"single scan", number(model.getSingleScanId().scanId)}}),
             factsOf("Kernel measurement",
@@ -240,7 +233,7 @@ QVector<PageSection> principalPage()
                    {"level", [](const auto &row) { return number(row.level); }, TextTable::Right},
                    {"permission", [](const auto &row) { return permission(row.permission); }},
                    {"in force", [](const auto &row) { return row.state ? "yes" : "no"; }},
-                   {"updated", [](const auto &row) { return time(row.updateTime); }}}),
+                   {"updated", [](const auto &row) { return timeText(row.updateTime); }}}),
         levelSection("Principal levels", model.getUIPriData()),
         factsOf("Checked level", {{"principals", number(model.getCheckPriLevel())}})};
     sections += messageSections("Mode", model.getModeConfig());
@@ -307,7 +300,7 @@ QVector<PageSection> processProtectPage()
                   {{"pid", [](const auto &row) { return number(row.pid); }, TextTable::Right},
                    {"name", [](const auto &row) { return text(row.name); }},
                    {"user", [](const auto &row) { return text(row.userName); }},
-                   {"started", [](const auto &row) { return time(row.startTime); }},
+                   {"started", [](const auto &row) { return timeText(row.startTime); }},
                    {"path", [](const auto &row) { return text(row.path); }}})};
     sections += messageSections("Process exceptions", manager<ITavProExceptionMgr>().getPriException());
     return sections << rowsSection("Exception rows", manager<ITavProExceptionMgr>().getUIData());
@@ -344,12 +337,12 @@ QVector<PageSection> directoryPage()
                   {{"path", [](const auto &row) { return text(row.path); }},
                    {"state", [](const auto &row) { return number(row.state); }, TextTable::Right},
                    {"files", [](const auto &row) { return number(row.fileCount); }, TextTable::Right},
-                   {"changed", [](const auto &row) { return time(row.updateTime); }}}),
+                   {"changed", [](const auto &row) { return timeText(row.updateTime); }}}),
         tableOf<>("Files", model.getFileContent(),
                   {{"path", [](const auto &row) { return text(row.path); }},
                    {"mode", [](const auto &row) { return QString::number(row.mode, 8); }, TextTable::Right},
                    {"size", [](const auto &row) { return bytes(row.size); }, TextTable::Right},
-                   {"changed", [](const auto &row) { return time(row.modifyTime); }},
+                   {"changed", [](const auto &row) { return timeText(row.modifyTime); }},
                    {"digest", [](const auto &row) { return text(row.digest).left(16); }}})};
     sections += messageSections("Protected objects", model.getProtoCount());
     sections += messageSections("File destruction", model.getFileSmash());
@@ -370,7 +363,7 @@ QVector<PageSection> auditPage()
             tableOf<>("By month", model.getAuditMonthCount(), monthFields),
             tableOf<>("Failures by month", model.getAuditMonthFailCount(), monthFields),
             tableOf<>("Entries", model.getAuditContent(),
-                      {{"time", [](const auto &row) { return time(row.time); }},
+                      {{"time", [](const auto &row) { return timeText(row.time); }},
                        {"type", [](const auto &row) { return number(row.type); }, TextTable::Right},
                        {"result", [](const auto &row) { return row.result ? "ok" : "failed"; }},
                        {"user", [](const auto &row) { return text(row.userName); }},

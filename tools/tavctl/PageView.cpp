@@ -18,9 +18,9 @@ QString fieldText(const Message &message, const FieldDescriptor *field, int inde
     case FieldDescriptor::CPPTYPE_INT32:
         return QString::number(isList ? reflection.GetRepeatedInt32(message, field, index)
                                       : reflection.GetInt32(message, field));
-    case FieldDescriptor::CPPTYPE_INT64:
-        return QString::number(isList ? reflection.GetRepeatedInt64(message, field, index)
-                                      : reflection.GetInt64(message, field));
+    case FieldDescriptor::CPPTYPE_INT64: // in our messages always seconds since the epoch
+        return timeText(isList ? reflection.GetRepeatedInt64(message, field, index)
+                               : reflection.GetInt64(message, field));
     case FieldDescriptor::CPPTYPE_UINT32:
         return QString::number(isList ? reflection.GetRepeatedUInt32(message, field, index)
                                       : reflection.GetUInt32(message, field));
@@ -87,7 +87,7 @@ PageSection listSection(const QString &title, const Message &message, const Fiel
 
 PageSection factsOf(const QString &title, const QVector<QPair<QString, QString>> &facts)
 {
-    PageSection section{title, {{"name"}, {"value", TextTable::Left, 90}}, {}};
+    PageSection section{title, {{"name"}, {"value", TextTable::Left, 90}}, {}, false};
     for (const auto &[name, value] : facts) {
         section.rows.append({name, value});
     }
@@ -120,15 +120,15 @@ void printSections(const QVector<PageSection> &sections, int mostRows)
             printLine("  " + section.title + dimmed(": nothing"));
             continue;
         }
-        const int shown = mostRows > 0 ? qMin(mostRows, section.rows.size()) : section.rows.size();
-        const bool isList = section.columns.first().title != "name" || section.columns.size() != 2;
-        printLine("  " + section.title + (isList ? QString(" (%1)").arg(section.rows.size()) : QString()));
+        const bool isCut = section.isList && mostRows > 0 && section.rows.size() > mostRows;
+        const int shown = isCut ? mostRows : section.rows.size();
+        printLine("  " + section.title + (section.isList ? QString(" (%1)").arg(section.rows.size()) : QString()));
         TextTable table(section.columns);
         for (int i = 0; i < shown; ++i) {
             table.addRow(section.rows[i]);
         }
         table.print(4);
-        if (shown < section.rows.size()) {
+        if (isCut) {
             printLine("    " + dimmed(QString("… and %1 more").arg(section.rows.size() - shown)));
         }
     }

@@ -14,6 +14,7 @@ struct PageSection {
     QString title;
     QVector<TextTable::Column> columns;
     QVector<QStringList> rows;
+    bool isList = true; ///< false for names and values, which are few and never cut
 };
 
 /// @brief How one field of a record is shown: its column, and its text in a row.
@@ -52,7 +53,7 @@ QVector<PageSection> messageSections(const QString &title, const google::protobu
 /// What the models behind @p page hold now, read through the managers' getters.
 QVector<PageSection> pageSections(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page);
 
-/// Prints @p sections; each table is cut after @p mostRows rows with a count of those left out, 0 for no limit.
+/// Prints @p sections; each list is cut after @p mostRows rows with a count of those left out, 0 for no limit.
 void printSections(const QVector<PageSection> &sections, int mostRows);
 
 /// The same as JSON: a list of objects with "title" and "rows", each row an object of texts by column title.

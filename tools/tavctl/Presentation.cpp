@@ -1,5 +1,6 @@
 #include "Presentation.h"
 
+#include <QDateTime>
 #include <QJsonDocument>
 
 #include <iostream>
@@ -38,4 +39,10 @@ QString dimmed(const QString &text)
 QString microseconds(qint64 nanoseconds)
 {
     return QString::number(nanoseconds / 1000.0, 'f', 1);
+}
+
+QString timeText(qint64 secondsSinceEpoch)
+{
+    return secondsSinceEpoch == 0 ? "-"
+                                  : QDateTime::fromSecsSinceEpoch(secondsSinceEpoch).toString("yyyy-MM-dd HH:mm:ss");
 }

@@ -14,6 +14,7 @@ enum class ExitCode {
     OtherPlugin = 5, ///< it is a Qt plugin, but not the data plugin
     NoConfiguration = 6, ///< the navigation catalogue is missing or holds no page
     NotDelivered = 7, ///< a page change did not reach every subscriber in time
+    BackendTooSlow = 8, ///< the state of this machine could not be read in time
 };
 
 /// @brief What ends the program: one line that says what is wrong and what to do.

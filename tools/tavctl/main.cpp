@@ -17,11 +17,13 @@ using Action = std::function<void()>;
 struct PluginArguments {
     std::string pluginFile;
     std::string systemRoot = "/";
+    std::string page;
     bool json = false;
 
     RunOptions options() const
     {
-        return {QString::fromStdString(pluginFile), QString::fromStdString(systemRoot), json};
+        return {QString::fromStdString(pluginFile), QString::fromStdString(systemRoot), QString::fromStdString(page),
+                json};
     }
 };
 
@@ -54,6 +56,8 @@ int main(int argc, char **argv)
         = *app.add_subcommand("run", "load the plugin, show the navigation and walk through every page");
     addPluginOptions(runCommand, arguments);
     addRoot(runCommand, arguments);
+    runCommand.add_option("--page", arguments.page, "show this page alone, in full, such as SubFunc_LogAudit")
+        ->type_name("KEY");
     runCommand.callback([&] { action = [&] { run(arguments.options()); }; });
 
     CLI::App &registryCommand = *app.add_subcommand("registry", "load the plugin and show what it registered");

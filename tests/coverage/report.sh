@@ -1,0 +1,53 @@
+#!/usr/bin/env bash
+# Merges the profiles of an instrumented test run and reports what the tests reached.
+#
+#   report.sh BUILD_DIRECTORY
+#
+# Every line and branch of plugin/ and managers/ must be reached, and 95 % of those of common/. What is not reached is
+# listed. Exit: 0 when the goals are met.
+set -euo pipefail
+[[ $# -eq 1 ]] || { sed -n '2,7p' "$0" | sed 's/^# \{0,1\}//'; exit 2; }
+build=$(cd "$1" && pwd)
+source=$(cd "$(dirname "${BASH_SOURCE[0]}")/../.." && pwd)
+
+
+llvm-profdata merge -sparse "$build"/profiles/*.profraw -o "$build/coverage.profdata"
+objects=("$(find "$build" -name libTavDataPlugin.so)" -object "$(find "$build" -name libTavCommon.so)")
+
+# status AREA GOAL: prints the totals of one folder and whether they meet the goal; lists what was not reached.
+missed=0
+area() {
+    local name=$1 goal=$2 totals
+    totals=$(llvm-cov export -summary-only -instr-profile "$build/coverage.profdata" "${objects[@]}" "$source/$name" |
+        python3 -c '
+import json, sys
+totals = json.load(sys.stdin)["data"][0]["totals"]
+for kind in ("lines", "branches"):
+    print(kind, totals[kind]["covered"], totals[kind]["count"])')
+    while read -r kind covered count; do
+        printf '%-10s %-9s %5d of %5d  %6.2f %%  (goal %d %%)\n' "$name" "$kind" "$covered" "$count" \
+            "$(bc -l <<<"100 * $covered / ($count + ($count == 0))")" "$goal"
+        [[ $((covered * 100)) -ge $((count * goal)) ]] || missed=1
+    done <<<"$totals"
+    llvm-cov show -show-branches=count -instr-profile "$build/coverage.profdata" "${objects[@]}" "$source/$name" |
+        python3 -c '
+import re, sys
+place, last = "", ""
+for line in sys.stdin:
+    line = line.rstrip("\n")
+    if line.startswith("/") and line.endswith(":"):
+        place = line[:-1]
+    source_line = re.match(r" *(\d+)\| *([\d.kM]*)\|(.*)", line)
+    if source_line:
+        last = source_line
+        if source_line[2] == "0":
+            print(f"    {place}:{source_line[1]}: not reached:{source_line[3]}")
+    branch = re.match(r".*Branch \((\d+:\d+)\): \[(.*)\]", line)
+    if branch and re.search(r"(True|False): 0\b", branch[2]):
+        print(f"    {place}:{branch[1]}: branch [{branch[2]}]:{last[3]}")' | sed "s|$source/||"
+}
+
+area plugin 100
+area managers 100
+area common 95
+exit "$missed"

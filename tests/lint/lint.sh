@@ -1,0 +1,48 @@
+#!/usr/bin/env bash
+# Everything that is checked without running the code. Any finding fails.
+#
+#   lint.sh BUILD_DIRECTORY     a Debug tree, configured and built, for its compile_commands.json
+# shellcheck disable=SC2317  # the checks are functions, called by their names
+set -euo pipefail
+[[ $# -eq 1 ]] || { sed -n '2,4p' "$0" | sed 's/^# \{0,1\}//'; exit 2; }
+build=$(cd "$1" && pwd)
+cd "$(dirname "${BASH_SOURCE[0]}")/../.."
+
+mapfile -t sources < <(git ls-files '*.cpp' '*.h')
+mapfile -t units < <(git ls-files 'common/*.cpp' 'managers/*.cpp' 'plugin/*.cpp' 'tools/*.cpp')
+mapfile -t scripts < <(git grep -lE '^#!.*\b(ba)?sh$')
+findings=0
+
+# check NAME COMMAND...: runs one check and notes whether it found anything.
+check() {
+    local name=$1
+    shift
+    if "$@"; then
+        echo "lint: $name: clean"
+    else
+        echo "lint: $name: findings" >&2
+        findings=1
+    fi
+}
+
+# Qt's macros and the generated messages are not ours to judge: only our own folders are.
+ours="$PWD/(common|interfaces|managers|plugin|tools)/.*"
+
+check clang-format clang-format --dry-run -Werror "${sources[@]}"
+tidy() {
+    printf '%s\n' "${units[@]}" | xargs -P "$(nproc)" -n 4 \
+        clang-tidy --quiet -p "$build" --warnings-as-errors='*' --header-filter="$ours" 2>/dev/null
+}
+
+clazy() {
+    local output
+    output=$(printf '%s\n' "${units[@]}" | xargs -P "$(nproc)" -n 8 \
+        clazy-standalone -p "$build" --checks=level1 --header-filter="$ours" --ignore-dirs="$build|/usr/" 2>&1)
+    ! grep -E 'warning:|error:' <<<"$output"
+}
+
+check clang-tidy tidy
+check clazy clazy
+check codespell codespell --skip 'build,.git,*.png,*.xz,corpus,*.json' .
+check shellcheck shellcheck "${scripts[@]}"
+exit "$findings"

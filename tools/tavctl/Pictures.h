@@ -1,0 +1,20 @@
+#pragma once
+
+#include <QJsonArray>
+#include <QSize>
+#include <QString>
+#include <QVector>
+
+/// @brief One picture of a function's icon, as a page would ask for it.
+struct IconPicture {
+    QString directory; ///< name of the resource directory
+    QString name; ///< icon name of the catalogue, with a variant's ending
+    QSize size; ///< in pixels; empty when there is no such picture
+};
+
+/// Appends every directory below /opt/tavsec/pictures of the system root to the picture cache and looks up the icons
+/// of the catalogue, each plain and with the endings "Hover" and "Pressed".
+QVector<IconPicture> loadIconPictures();
+
+QJsonArray picturesJson(const QVector<IconPicture> &pictures);
+void printPictures(const QVector<IconPicture> &pictures);
