@@ -14,6 +14,7 @@ class TavBaseEvent : public QObject
 {
     Q_OBJECT
 public:
+    /// An event that belongs to the calling thread until it is moved; one with a parent cannot be moved.
     explicit TavBaseEvent(QObject *parent);
 
     /// Sets what run() calls. Before the event is handed to the bus only.

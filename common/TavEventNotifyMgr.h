@@ -12,8 +12,9 @@ class TavBaseEvent;
 /**
  * @brief The event bus: runs events in the threads that they belong to. Any thread may call any operation.
  *
- * Events for one thread run in the order in which they were added, from that thread's event loop. An exception that
- * leaves an event's function is logged and goes no further.
+ * Events for one thread run in the order in which they were added, from that thread's event loop, or from one that a
+ * running function has started. What else is posted to the thread keeps no order with them. An exception that leaves an
+ * event's function is logged and goes no further.
  */
 class TavEventNotifyMgr
 {
@@ -30,7 +31,8 @@ public:
 
 private:
     class Mailbox;
-    class Delivery;
+    struct Disposal;
+    using OwnedEvent = std::unique_ptr<TavBaseEvent, Disposal>;
 
     TavEventNotifyMgr() = default;
     ~TavEventNotifyMgr() = default;

@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The signals that the parts of the client share.
+
 #include "CTavSubFuncTypeHeader.h"
 #include "TavSignal.h"
 

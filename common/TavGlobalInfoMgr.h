@@ -31,11 +31,13 @@ public:
 
     /// The application paths; before the first setAppPath those of a standard installation under /opt, /etc, /var.
     STAppPathInfo getAppPath();
+    /// Sets the application paths: the host does it once, before the plugins are loaded.
     void setAppPath(const STAppPathInfo &appPath);
 
     /// Directory that TavCommonUtils takes for "/"; empty, the default, means the real one. It is set by the host
     /// alone, never by the environment: a security client must not be redirected from outside.
     QString systemRoot();
+    /// Sets the system root; empty means the real one.
     void setSystemRoot(const QString &systemRoot);
 
 private:

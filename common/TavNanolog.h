@@ -28,11 +28,11 @@ public:
     /// Appends @p text to the message.
     void encode(const QString &text);
 
-    int level() const;
-    const QByteArray &source() const;
-    const QByteArray &function() const;
-    int line() const;
-    const QString &text() const;
+    int level() const; ///< how grave the line is
+    const QByteArray &source() const; ///< the component that logs
+    const QByteArray &function() const; ///< the function that logs
+    int line() const; ///< its line in the source
+    const QString &text() const; ///< what encode() has gathered
 
 private:
     int m_level;

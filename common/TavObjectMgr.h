@@ -1,5 +1,8 @@
 #pragma once
 
+/// @file
+/// The client's object registry, and how a manager is looked up in it.
+
 #include "TavGlobalInfoMgr.h"
 
 #include <QMutex>
@@ -14,6 +17,7 @@ struct STObjectKey {
     QString name; ///< for a manager, its interface name followed by "_Tav_ORG"
 };
 
+/// Whether both fields are equal.
 inline bool operator==(const STObjectKey &a, const STObjectKey &b)
 {
     return a.id == b.id && a.name == b.name;

@@ -24,7 +24,9 @@ public:
     /// No subscription.
     TavSubscription() = default;
     ~TavSubscription() = default;
+    /// Takes the subscription over.
     TavSubscription(TavSubscription &&) = default;
+    /// Ends this subscription and takes the other over.
     TavSubscription &operator=(TavSubscription &&) = default;
     TavSubscription(const TavSubscription &) = delete; // two holders would end it at two times
     TavSubscription &operator=(const TavSubscription &) = delete;

@@ -16,7 +16,7 @@ fi
 # stat NAME LOG: what the fuzzing library counted; a dash when it did not come to it.
 stat() {
     local value
-    value=$(sed -n "s/^stat::$1: *//p" "$2")
+    value=$(sed -n "/^stat::$1: */{s///p;q}" "$2")
     echo "${value:--}"
 }
 
@@ -44,7 +44,7 @@ for source in "$source_dir"/*Fuzzer.cpp; do
     before=$(find "$corpus" -type f | wc -l)
     echo "fuzz: $target for $seconds s"
     result=clean
-    run "$target" "$log" -max_total_time="$seconds" -print_final_stats=1 -detect_leaks=0 || result=FAILED
+    ASAN_OPTIONS=detect_leaks=0 run "$target" "$log" -max_total_time="$seconds" -print_final_stats=1 || result=FAILED
     # Which leaks are not ours is told by the whole stack of calls, and that takes too long to have all the time.
     ASAN_OPTIONS=fast_unwind_on_malloc=0 LSAN_OPTIONS=suppressions=$source_dir/leaks.supp:print_suppressions=0 \
         run "$target" "$build_dir/$target-leaks.log" -runs=0 || result=FAILED

@@ -8,7 +8,9 @@
 struct TavFuncTypeData_ {
     QString funcTitle; ///< display title
     QString funcIcon; ///< name of the icon
-    CTavFuncTypeHeader::TavFuncTypeHeader_ funcType = CTavFuncTypeHeader::Func_None; ///< own type; -1: key unknown
+
+    /// Own type; -1: key unknown.
+    CTavFuncTypeHeader::TavFuncTypeHeader_ funcType = CTavFuncTypeHeader::Func_None;
     /// Type of the function above; 0 for the top level.
     CTavFuncTypeHeader::TavFuncTypeHeader_ parentFuncType = CTavFuncTypeHeader::Func_None;
     bool funcEnabled = true; ///< always true after loading

@@ -8,7 +8,9 @@
 /** @brief One page of the navigation catalogue. The trailing underscore is part of the name. */
 struct TavSubFuncTypeData_ {
     QString subFuncTitle; ///< display title; its configuration key is spelt "subFuncTitile", and kept so
-    CTavFuncTypeHeader::TavFuncTypeHeader_ funcType = CTavFuncTypeHeader::Func_None; ///< function it is listed under
+
+    /// Function it is listed under.
+    CTavFuncTypeHeader::TavFuncTypeHeader_ funcType = CTavFuncTypeHeader::Func_None;
     /// Own type; -1: key unknown or not given.
     CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ subFuncType = CTavSubFuncTypeHeader::SubFunc_None;
     /// The page it is reached from; only read when `subFuncHasParent` is false, otherwise 0.

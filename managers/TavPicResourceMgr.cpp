@@ -62,7 +62,7 @@ std::shared_ptr<QImage> load(const QString &filePath)
     struct stat status = {};
     const bool isFile = fstat(place, &status) == 0 && S_ISREG(status.st_mode);
     const QString held = QStringLiteral("/proc/self/fd/%1").arg(place);
-    const auto image = isFile ? std::make_shared<QImage>(held) : std::make_shared<QImage>();
+    auto image = isFile ? std::make_shared<QImage>(held) : std::make_shared<QImage>();
     if (place >= 0) {
         close(place);
     }

@@ -61,7 +61,7 @@ public:
     void setUIAllCheck(bool check) override;
 
 private:
-    /// What a page shows before the first answer: 28 is the value that the client knows for it.
+    /// What the getters return before the first answer. The odd 28 is what pages expect there, and is kept.
     static constexpr STStateAsr unknownState = {28, 0};
 
     QMutex mutex{QMutex::Recursive};

@@ -173,7 +173,7 @@ using Managers
     = testing::Types<ITavAccessControlMgr, ITavAuditMgr, ITavAuthInfoMgr, ITavCompleteProtectMgr, ITavDevCtlMgr,
                      ITavFuncTypeMgr, ITavHostInfoMgr, ITavLineScanMgr, ITavNetControlMgr, ITavOneReinforceMgr,
                      ITavPicResourceMgr, ITavProExceptionMgr, ITavProtectMgr, ITavSelectFuncMgr, ITavSystemConfigMgr>;
-TYPED_TEST_SUITE(ManagerConvention, Managers);
+TYPED_TEST_SUITE(ManagerConvention, Managers, ); // the comma is for clang, which wants the macro's last argument
 
 TYPED_TEST(ManagerConvention, GetObjectReturnsTheManagerItself)
 {

@@ -1,5 +1,6 @@
 #include "TavEventNotifyMgr.h"
 
+#include "AtOnce.h"
 #include "LogCapture.h"
 #include "LoopThread.h"
 #include "TavBaseEvent.h"
@@ -428,17 +429,11 @@ TEST_F(EventNotifyMgr, EventsAddedFromManyThreadsAllRunInTheOrderOfEachAdder)
     std::iota(expected.begin(), expected.end(), 0);
     std::vector<std::vector<int>> ran(adderCount);
     LoopThread loop;
-    std::vector<std::thread> adders;
-    for (std::vector<int> &mine : ran) {
-        adders.emplace_back([&mine, &loop, &expected] {
-            for (const int number : expected) {
-                add(loop.thread(), [&mine, number] { mine.push_back(number); });
-            }
-        });
-    }
-    for (std::thread &adder : adders) {
-        adder.join();
-    }
+    atOnce(adderCount, [&](int number) {
+        for (const int value : expected) {
+            add(loop.thread(), [&mine = ran[number], value] { mine.push_back(value); });
+        }
+    });
     loop.finish();
     EXPECT_THAT(ran, testing::Each(expected));
 }
@@ -469,4 +464,40 @@ TEST_F(EventNotifyMgr, NothingIsLostWhenAThreadEndsWhileOthersAddForIt)
         ASSERT_TRUE(probe.isFreed());
         ASSERT_EQ(bus().pendingCount(), 0);
     }
+}
+
+TEST(EventNotifyMgr, AnEventThatHadAParentBelongsToTheBusAlone)
+{
+    auto parent = std::make_unique<QObject>();
+    int runs = 0;
+    auto *const event = new TavBaseEvent(parent.get());
+    event->setFunc([&runs] { ++runs; });
+    TavEventNotifyMgr::getInstance()->addEventNotify(event);
+    parent.reset();
+    QCoreApplication::processEvents();
+    EXPECT_EQ(runs, 1);
+    EXPECT_EQ(TavEventNotifyMgr::getInstance()->pendingCount(), 0);
+}
+
+TEST(EventNotifyMgr, ALoopStartedByTheFirstOfSeveralWaitingEventsRunsTheRestInOrder)
+{
+    std::vector<int> order;
+    QEventLoop loop;
+    const auto add = [](std::function<void()> function) {
+        auto *const event = new TavBaseEvent(nullptr);
+        event->setFunc(std::move(function));
+        TavEventNotifyMgr::getInstance()->addEventNotify(event);
+    };
+    add([&] {
+        order.push_back(1);
+        loop.exec();
+        order.push_back(4);
+    });
+    add([&] { order.push_back(2); });
+    add([&] {
+        order.push_back(3);
+        loop.quit();
+    });
+    QCoreApplication::processEvents();
+    EXPECT_EQ(order, (std::vector<int>{1, 2, 3, 4}));
 }

@@ -1,15 +1,14 @@
 #include "TavObjectMgr.h"
 
+#include "AtOnce.h"
 #include "Deadline.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <atomic>
 #include <functional>
 #include <memory>
 #include <optional>
-#include <thread>
 #include <vector>
 
 class ITestMgr
@@ -264,29 +263,17 @@ TEST(ObjectMgr, ADyingObjectMayAskForTheOlderOnes)
 TEST(ObjectMgr, ThreadsMayRegisterAndLookUpAtOnce)
 {
     constexpr int threadCount = 4;
-    constexpr int rounds = 20000;
     TavObjectMgr registry;
-    std::atomic<int> waiting = threadCount;
     std::vector<int> wrongAnswers(threadCount, 0);
-    std::vector<std::thread> threads;
-    for (int id = 0; id < threadCount; ++id) {
-        threads.emplace_back([&, &wrong = wrongAnswers[id], id] {
-            const STObjectKey key{id, QStringLiteral("key")};
-            --waiting;
-            while (waiting > 0) {
-                std::this_thread::yield();
-            }
-            for (int round = 0; round < rounds; ++round) {
-                auto *const object = new QObject;
-                registry.registerObject(key, object, true);
-                wrong += registry.getObject(key) != object;
-                wrong += round % 2000 == 0 && !registry.getObjectKeys().contains(key);
-            }
-        });
-    }
-    for (std::thread &thread : threads) {
-        thread.join();
-    }
+    atOnce(threadCount, [&](int number) {
+        const STObjectKey key{number, QStringLiteral("key")};
+        for (int round = 0; round < 20000; ++round) {
+            auto *const object = new QObject;
+            registry.registerObject(key, object, true);
+            wrongAnswers[number] += registry.getObject(key) != object;
+            wrongAnswers[number] += round % 2000 == 0 && !registry.getObjectKeys().contains(key);
+        }
+    });
     EXPECT_THAT(wrongAnswers, testing::Each(0));
     EXPECT_EQ(registry.getObjectKeys().size(), threadCount);
 }

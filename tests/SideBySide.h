@@ -10,8 +10,8 @@
 /**
  * @brief Every different text that @p read gives while another thread calls @p write over and over.
  *
- * Two or more texts mean that the two have really met: it reads until then, but no longer than a minute. @p write gets
- * a number that changes from call to call, beginning with 0.
+ * Two or more texts mean that the two have really met: it reads until then, but no longer than 20 seconds. @p write
+ * gets a number that changes from call to call, beginning with 0.
  */
 inline std::set<std::string> readWhileWriting(const std::function<void(int call)> &write,
                                               const std::function<std::string()> &read)
@@ -24,7 +24,7 @@ inline std::set<std::string> readWhileWriting(const std::function<void(int call)
     });
 
     std::set<std::string> seen;
-    const auto deadline = std::chrono::steady_clock::now() + std::chrono::minutes(1);
+    const auto deadline = std::chrono::steady_clock::now() + std::chrono::seconds(20);
     do {
         for (int reads = 0; reads < 10000; ++reads) {
             seen.insert(read());

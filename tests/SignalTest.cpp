@@ -1,5 +1,6 @@
 #include "TavSignal.h"
 
+#include "AtOnce.h"
 #include "Deadline.h"
 #include "LogCapture.h"
 #include "LoopThread.h"
@@ -268,6 +269,28 @@ TEST(Signal, TenThousandEmissionsReachFourThreadsOnceEachAndInOrder)
     }
     EXPECT_THAT(received, testing::Each(expected));
     EXPECT_EQ(pendingEvents(), 0);
+}
+
+TEST(Signal, SubscriptionsMadeAndEndedByManyThreadsAtOnceAreAllCounted)
+{
+    constexpr int threadCount = 4;
+    constexpr int subscriptionsOfEach = 300;
+    Signal signal;
+    std::vector<std::set<int>> ids(threadCount);
+    atOnce(threadCount, [&](int number) {
+        for (int i = 0; i < subscriptionsOfEach; ++i) {
+            ids[number].insert(signal.subscribe(ignore, nullptr));
+        }
+    });
+    EXPECT_EQ(signal.subscriberCount(), threadCount * subscriptionsOfEach);
+    std::vector<int> refusals(threadCount, 0);
+    atOnce(threadCount, [&](int number) {
+        for (const int id : ids[number]) {
+            refusals[number] += !signal.unsubscribe(id);
+        }
+    });
+    EXPECT_THAT(refusals, testing::Each(0));
+    EXPECT_EQ(signal.subscriberCount(), 0);
 }
 
 TEST(Signal, SubscribingAndUnsubscribingWhileOthersEmitDisturbsNobody)

@@ -1,18 +1,15 @@
+#include "CheckCommandLine.h"
 #include "PluginClient.h"
 #include "RunCommand.h"
+#include "TextTable.h"
 #include "ToolError.h"
 
 #include <QCoreApplication>
-
-#include <CLI/CLI.hpp>
 
 #include <iostream>
 
 namespace
 {
-/// What a subcommand does once the whole command line is read.
-using Action = std::function<void()>;
-
 /// The options of a subcommand that loads the plugin.
 struct PluginArguments {
     std::string pluginFile;
@@ -40,6 +37,14 @@ void addRoot(CLI::App &command, PluginArguments &arguments)
         ->type_name("DIR")
         ->check(CLI::ExistingDirectory);
 }
+
+Action succeeding(const std::function<void()> &run)
+{
+    return [run] {
+        run();
+        return ExitCode::Success;
+    };
+}
 }
 
 int main(int argc, char **argv)
@@ -47,6 +52,9 @@ int main(int argc, char **argv)
     QCoreApplication application(argc, argv);
     CLI::App app("Stands in for the desktop client: loads its data plugin and shows what it holds.", "tavctl");
     app.require_subcommand(1);
+    app.failure_message([](const CLI::App *, const CLI::Error &error) {
+        return std::string("tavctl: ") + error.what() + "; \"tavctl --help\" tells what there is\n";
+    });
 
     PluginArguments arguments;
     arguments.pluginFile = defaultPluginFile().toStdString();
@@ -58,11 +66,15 @@ int main(int argc, char **argv)
     addRoot(runCommand, arguments);
     runCommand.add_option("--page", arguments.page, "show this page alone, in full, such as SubFunc_LogAudit")
         ->type_name("KEY");
-    runCommand.callback([&] { action = [&] { run(arguments.options()); }; });
+    runCommand.callback([&] { action = succeeding([&] { run(arguments.options()); }); });
 
     CLI::App &registryCommand = *app.add_subcommand("registry", "load the plugin and show what it registered");
     addPluginOptions(registryCommand, arguments);
-    registryCommand.callback([&] { action = [&] { showRegistry(arguments.options()); }; });
+    registryCommand.callback([&] { action = succeeding([&] { showRegistry(arguments.options()); }); });
+
+    CheckArguments checkArguments;
+    checkArguments.pluginFile = arguments.pluginFile;
+    addCheckCommands(app, checkArguments, action);
 
     try {
         app.parse(argc, argv);
@@ -70,10 +82,9 @@ int main(int argc, char **argv)
         return app.exit(error) == 0 ? 0 : static_cast<int>(ExitCode::Usage);
     }
     try {
-        action();
+        return static_cast<int>(action());
     } catch (const ToolError &error) {
-        std::cerr << "tavctl: " << error.what() << '\n';
+        std::cerr << "tavctl: " << printable(QString::fromUtf8(error.what())).toStdString() << '\n';
         return static_cast<int>(error.code());
     }
-    return static_cast<int>(ExitCode::Success);
 }

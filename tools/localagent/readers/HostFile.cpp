@@ -4,9 +4,11 @@
 #include <QFile>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <climits>
 #include <system_error>
+#include <vector>
 
 #include <dirent.h>
 #include <fcntl.h>
@@ -60,10 +62,10 @@ int readBlocks(const QByteArray &path, Take take)
     if (!S_ISREG(status.st_mode)) {
         return ENOTSUP;
     }
-    QByteArray block(blockSize, Qt::Uninitialized);
+    std::vector<char> block(blockSize);
     qint64 total = 0;
     for (;;) {
-        const ssize_t got = ::read(file.descriptor(), block.data(), blockSize);
+        const ssize_t got = ::read(file.descriptor(), block.data(), block.size());
         if (got < 0 && errno == EINTR) {
             continue;
         }
@@ -77,7 +79,7 @@ int readBlocks(const QByteArray &path, Take take)
         if (total > HostFile::sizeLimit) {
             return EFBIG;
         }
-        take(block.constData(), static_cast<int>(got));
+        take(block.data(), static_cast<int>(got));
     }
 }
 }
@@ -159,16 +161,15 @@ QVector<QByteArray> HostFile::entriesOrNote(const QString &root, const QByteArra
 
 std::optional<QByteArray> HostFile::link(const QString &root, const QByteArray &path, int *error)
 {
-    QByteArray target(PATH_MAX, Qt::Uninitialized);
-    const ssize_t size = ::readlink(HostFile::path(root, path).constData(), target.data(), PATH_MAX);
+    std::array<char, PATH_MAX> target;
+    const ssize_t size = ::readlink(HostFile::path(root, path).constData(), target.data(), target.size());
     if (error != nullptr) {
         *error = size < 0 ? errno : 0;
     }
     if (size < 0) {
         return std::nullopt;
     }
-    target.truncate(static_cast<int>(size));
-    return target;
+    return QByteArray(target.data(), static_cast<int>(size));
 }
 
 std::optional<struct stat> HostFile::status(const QString &root, const QByteArray &path, int *error)

@@ -1,0 +1,117 @@
+// Getters and setters against the bare lock and copy of the same type.
+
+#include "Comparison.h"
+#include "ITavDevCtlMgr.h"
+#include "ITavHostInfoMgr.h"
+#include "ITavNetControlMgr.h"
+#include "LoadedPlugin.h"
+#include "SampleMessages.h"
+
+#include <QMutex>
+
+#include <cstring>
+#include <memory>
+
+namespace
+{
+using namespace Comparison;
+
+constexpr int rounds = 60;
+constexpr double goal = 1.1;
+
+/// A value and its lock, in our own hands.
+template<class T>
+struct Bare {
+    QMutex mutex;
+    T value;
+
+    T get()
+    {
+        QMutexLocker lock(&mutex);
+        return value;
+    }
+
+    void set(const T &newValue)
+    {
+        QMutexLocker lock(&mutex);
+        if constexpr (std::is_base_of_v<google::protobuf::MessageLite, T>) {
+            value.CopyFrom(newValue);
+        } else {
+            value = newValue;
+        }
+    }
+};
+
+/// The rows for one accessor pair of @p Manager, called with a value that @p makeValue makes. The pair is known when
+/// this is compiled, as in a page: a call through a pointer would cost more.
+template<class Manager, class T, T (Manager::*getter)(), void (Manager::*setter)(const T &)>
+void addAccessorRows(const std::string &kind, T (*makeValue)())
+{
+    struct Fixture {
+        LoadedPlugin plugin;
+        Manager *manager = plugin.manager<Manager>();
+        Bare<T> bare;
+        T value;
+    };
+    const auto makeFixture = [=] {
+        auto fixture = std::make_shared<Fixture>();
+        fixture->value = makeValue();
+        (fixture->manager->*setter)(fixture->value);
+        fixture->bare.set(fixture->value);
+        return fixture;
+    };
+    addRow("get, " + kind, rounds, [=] {
+        const auto fixture = makeFixture();
+        return Row{manyCalls([=] { benchmark::DoNotOptimize((fixture->manager->*getter)()); }),
+                   {{"bare lock and copy", manyCalls([=] { benchmark::DoNotOptimize(fixture->bare.get()); }), goal}}};
+    });
+    addRow("set, " + kind, rounds, [=] {
+        const auto fixture = makeFixture();
+        const auto bareSet = [=] {
+            fixture->bare.set(fixture->value);
+            benchmark::ClobberMemory();
+        };
+        return Row{manyCalls([=] { (fixture->manager->*setter)(fixture->value); }),
+                   {{"bare lock and copy", manyCalls(bareSet), goal}}};
+    });
+}
+
+STResourceInfoAsr resourceInfo()
+{
+    STResourceInfoAsr record;
+    std::memset(&record, 1, sizeof record);
+    return record;
+}
+
+QVector<STProtoDataContainer> rowsOf(int count)
+{
+    return QVector<STProtoDataContainer>(count, {true, 1, "a row's message, serialised by the page"});
+}
+
+/// That a list's getter does not look at the rows.
+void addListLengthRow()
+{
+    addRow("get, list of 100,000 rows or 10", rounds, [] {
+        const auto withRows = [](int count) {
+            const auto plugin = std::make_shared<LoadedPlugin>();
+            auto *const manager = plugin->manager<ITavNetControlMgr>();
+            manager->setUIData(rowsOf(count));
+            return manyCalls([=, keep = plugin] { benchmark::DoNotOptimize(manager->getUIData()); });
+        };
+        return Row{withRows(100000), {{"list of 10 rows", withRows(10), goal}}};
+    });
+}
+}
+
+void Comparison::addRows()
+{
+    addAccessorRows<ITavNetControlMgr, Tav::Base::CommandStateAsr, &ITavNetControlMgr::getState,
+                    &ITavNetControlMgr::setState>("small message", smallMessage);
+    addAccessorRows<ITavDevCtlMgr, Tav::DevControl::DevUsbInfoList, &ITavDevCtlMgr::getUsbInfoList,
+                    &ITavDevCtlMgr::setUsbInfoList>("message of 1,000 entries", [] { return messageOfEntries(1000); });
+    addAccessorRows<ITavHostInfoMgr, STResourceInfoAsr, &ITavHostInfoMgr::getResourceInfo,
+                    &ITavHostInfoMgr::setResourceInfo>("plain record", resourceInfo);
+    addAccessorRows<ITavNetControlMgr, QVector<STProtoDataContainer>, &ITavNetControlMgr::getUIData,
+                    &ITavNetControlMgr::setUIData>("list of 100,000 rows", [] { return rowsOf(100000); });
+    addListLengthRow();
+}

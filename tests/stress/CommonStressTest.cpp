@@ -1,0 +1,209 @@
+// What the managers stand on, from eight threads at once, with plain threads only.
+
+#include "Contest.h"
+
+#include "GlobalStateGuard.h"
+#include "LogCapture.h"
+#include "TavEvents.h"
+#include "TavObjectMgr.h"
+
+#include <QCoreApplication>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+using testing::IsEmpty;
+
+namespace
+{
+int pendingEvents()
+{
+    return TavEventNotifyMgr::getInstance()->pendingCount();
+}
+}
+
+TEST(CommonStress, TheRegistryAnswersWhileObjectsAreRegistered)
+{
+    constexpr int count = 5;
+    std::array<QObject, count> objects;
+    TavObjectMgr registry;
+    const auto key = [](int seed) { return STObjectKey{seed % count, QString::number(seed % count)}; };
+    const auto registerOne = [&](int seed) {
+        registry.registerObject(key(seed), &objects[seed % count], false);
+        return true;
+    };
+    for (int seed = 0; seed < count; ++seed) {
+        registerOne(seed);
+    }
+    const auto look = [&](int seed) { return registry.getObject(key(seed)) == &objects[seed % count]; };
+    const auto lookInVain = [&](int seed) { return !registry.getObject({seed % count, "nobody"}); };
+    const auto list = [&](int) {
+        const QVector<STObjectKey> keys = registry.getObjectKeys();
+        return keys.size() == count && keys.first() == key(0) && keys.last() == key(count - 1);
+    };
+    EXPECT_THAT(runContest({"TavObjectMgr",
+                            {{"registerObject", registerOne},
+                             {"getObject", look},
+                             {"getObject of an unknown key", lookInVain},
+                             {"getObjectKeys", list}}},
+                           turnsOfEachCall()),
+                IsEmpty());
+}
+
+TEST(CommonStress, TheRegistryInUseIsOneOfThoseSet)
+{
+    const GlobalStateGuard guard;
+    std::array<TavObjectMgr, 2> registries;
+    const auto isOne
+        = [&](const ITavObjectMgr *registry) { return registry == &registries[0] || registry == &registries[1]; };
+    TavGlobalInfoMgr::setObjectMgr(&registries[0]);
+    EXPECT_THAT(runContest({"TavGlobalInfoMgr registry",
+                            {{"setObjectMgr",
+                              [&](int seed) {
+                                  TavGlobalInfoMgr::setObjectMgr(&registries[seed % 2]);
+                                  return true;
+                              }},
+                             {"getObjectMgr", [&](int) { return isOne(TavGlobalInfoMgr::getObjectMgr()); }}}},
+                           turnsOfEachCall()),
+                IsEmpty());
+}
+
+TEST(CommonStress, PathsAreNeverReadHalfCopied)
+{
+    const GlobalStateGuard guard;
+    TavGlobalInfoMgr *const info = TavGlobalInfoMgr::getInstance();
+    const auto path = [](int seed) { return QStringLiteral("/a path of installation %1").arg(seed); };
+    const auto setAppPath = [&](int seed) {
+        info->setAppPath({path(seed), path(seed), path(seed), path(seed), path(seed)});
+        return true;
+    };
+    const auto getAppPath = [&](int) {
+        const STAppPathInfo paths = info->getAppPath();
+        return paths.appPath.startsWith(path(0).chopped(1)) && paths.pluginPath == paths.appPath
+            && paths.logPath == paths.appPath && paths.dataPath == paths.appPath && paths.configPath == paths.appPath;
+    };
+    setAppPath(0);
+    EXPECT_THAT(
+        runContest({"TavGlobalInfoMgr application paths", {{"setAppPath", setAppPath}, {"getAppPath", getAppPath}}},
+                   turnsOfEachCall()),
+        IsEmpty());
+
+    const auto setRoot = [&](int seed) {
+        info->setSystemRoot(path(seed));
+        return true;
+    };
+    setRoot(0);
+    EXPECT_THAT(runContest({"TavGlobalInfoMgr system root",
+                            {{"setSystemRoot", setRoot},
+                             {"systemRoot", [&](int) { return info->systemRoot().startsWith(path(0).chopped(1)); }}}},
+                           turnsOfEachCall()),
+                IsEmpty());
+}
+
+TEST(CommonStress, TheLogTakesLinesOfAllThreads)
+{
+    const GlobalStateGuard guard;
+    const LogCapture log;
+    const auto logLine = [](const char *source) {
+        TavNanolog::TavNanoLogLine line(1, source, "function", 1);
+        line.encode("message");
+        TavNanolog::NanoLog(line);
+        return true;
+    };
+    const std::array<const char *, 3> sources = {"StressA", "StressB", "StressC"};
+    EXPECT_THAT(runContest({"TavNanolog",
+                            {{"NanoLog", [&](int seed) { return logLine(sources[seed % sources.size()]); }},
+                             {"is_logged", [](int) { return TavNanolog::is_logged(1); }},
+                             {"setLevel",
+                              [](int seed) {
+                                  TavNanolog::setLevel(1 + seed % 2);
+                                  return true;
+                              }},
+                             {"NanoLog of one more source", [&](int) { return logLine("StressD"); }}}},
+                           turnsOfEachCall()),
+                IsEmpty());
+    EXPECT_EQ(log.messages("tav.StressD").size(), 2 * turnsOfEachCall());
+}
+
+TEST(CommonStress, ASignalMayBeSubscribedToWhileItIsEmitted)
+{
+    ASSERT_EQ(pendingEvents(), 0);
+    const auto token = std::make_shared<char>();
+    // The values of each emitter, which must come in order and each once; looked at by this thread alone.
+    std::vector<int> received(threadCount);
+    int lost = 0;
+    {
+        TavSignal<int> signal;
+        QThread unstarted;
+        const auto count
+            = [&received, &lost, token](int value) { lost += received[value % threadCount]++ != value / threadCount; };
+        signal.subscribe(count, QThread::currentThread());
+        const Operation emitValue{"Emit", [&signal](int seed) {
+                                      signal.Emit(seed);
+                                      return true;
+                                  }};
+        const auto comeAndGo = [&signal, token](QThread *thread) {
+            const int id = signal.subscribe([token](int) {}, thread);
+            return id > 1 && signal.unsubscribe(id) && !signal.unsubscribe(id);
+        };
+        QThread *const here = QThread::currentThread();
+        EXPECT_THAT(runContest({"TavSignal",
+                                {emitValue,
+                                 emitValue,
+                                 emitValue,
+                                 {"subscribe for this thread", [&, here](int) { return comeAndGo(here); }},
+                                 {"subscribe for an unstarted thread", [&](int) { return comeAndGo(&unstarted); }},
+                                 {"subscribe for no thread", [&](int) { return comeAndGo(nullptr); }},
+                                 {"subscriberCount", [&signal](int) { return signal.subscriberCount() >= 1; }},
+                                 {"pendingCount", [](int) { return pendingEvents() >= 0; }}}},
+                               turnsOfEachCall()),
+                    IsEmpty());
+        EXPECT_EQ(signal.subscriberCount(), 1);
+        QCoreApplication::processEvents();
+    }
+    EXPECT_EQ(lost, 0);
+    for (int emitter = 0; emitter < 3; ++emitter) {
+        EXPECT_EQ(received[emitter], turnsOfEachCall());
+    }
+    EXPECT_EQ(token.use_count(), 1);
+    EXPECT_EQ(pendingEvents(), 0);
+}
+
+TEST(CommonStress, NoSubscriptionIsLost)
+{
+    // Some threads only subscribe and others only read: nothing that either does orders the two but the list itself.
+    TavSignal<int> signal;
+    const int turns = std::min(turnsOfEachCall(), 200);
+    const Operation subscribe{"subscribe", [&signal](int) { return signal.subscribe([](int) {}, nullptr) > 0; }};
+    const Operation read{"subscriberCount", [&signal](int) { return signal.subscriberCount() >= 0; }};
+    EXPECT_THAT(runContest({"TavSignal growing", {subscribe, subscribe, subscribe, read}}, turns), IsEmpty());
+    EXPECT_EQ(signal.subscriberCount(), threadCount / 4 * 3 * turns);
+}
+
+TEST(CommonStress, TheBusTakesEventsOfAllThreads)
+{
+    ASSERT_EQ(pendingEvents(), 0);
+    // Several receivers, so that several threads are the first to send to one.
+    const auto token = std::make_shared<char>();
+    {
+        std::array<QThread, threadCount> receivers;
+        std::vector<Operation> operations;
+        for (int first = 0; first < threadCount; ++first) {
+            operations.push_back({"addEventNotify", [&receivers, token, first](int seed) {
+                                      auto *const event = new TavBaseEvent(nullptr);
+                                      event->setFunc([token] {});
+                                      event->moveToThread(&receivers[(first + seed / threadCount) % threadCount]);
+                                      TavEventNotifyMgr::getInstance()->addEventNotify(event);
+                                      return true;
+                                  }});
+        }
+        EXPECT_THAT(runContest({"TavEventNotifyMgr", operations}, turnsOfEachCall()), IsEmpty());
+        EXPECT_EQ(pendingEvents(), threadCount * turnsOfEachCall());
+    }
+    EXPECT_EQ(token.use_count(), 1);
+    EXPECT_EQ(pendingEvents(), 0);
+}

@@ -1,0 +1,91 @@
+#include "BaselineCheck.h"
+
+#include "SchemaCheck.h"
+#include "TavCommonUtils.h"
+
+#include <QFileInfo>
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonObject>
+
+namespace
+{
+/// Of items with one id, only the last is left.
+Findings checkIds(const QJsonArray &items)
+{
+    Findings findings;
+    QHash<int, QString> places;
+    for (int i = 0; i < items.size(); ++i) {
+        const QJsonValue id = items[i]["itemId"];
+        const QString path = "/enableConfig/" + QString::number(i);
+        if (id.toInt(0) != id.toInt(1)) {
+            continue; // not an id
+        }
+        if (places.contains(id.toInt())) {
+            findings.append({{},
+                             {},
+                             path + "/itemId",
+                             QString("the id %1 stands already at %2").arg(id.toInt()).arg(places[id.toInt()]),
+                             "this item wins: the plugin puts it in the place of the one before",
+                             "write another id in one of them"});
+        }
+        places.insert(id.toInt(), path);
+    }
+    return findings;
+}
+
+/// Why a script cannot be run, and what to do; two empty texts when it can.
+QPair<QString, QString> scriptFault(const QString &script)
+{
+    constexpr auto executable = QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
+    const QFileInfo file(script);
+    if (!file.exists()) {
+        return {"there is no script " + script, "put the script there, or correct its name"};
+    }
+    if (!file.isFile()) {
+        return {script + " is not a regular file", "name a script"};
+    }
+    if (!(file.permissions() & executable)) {
+        return {script + " is not executable", "make it executable with \"chmod +x\""};
+    }
+    return {};
+}
+
+Findings checkScripts(const QJsonArray &items)
+{
+    Findings findings;
+    for (int i = 0; i < items.size(); ++i) {
+        const QString value = items[i]["checkValueScript"].toString();
+        if (!value.startsWith('/')) {
+            continue; // no path within the script directory
+        }
+        const QString script = TavCommonUtils::pathInSystemRoot("/opt/tavsec/script/baselineScript" + value);
+        const auto [problem, advice] = scriptFault(script);
+        if (!problem.isEmpty()) {
+            findings.append({{},
+                             {},
+                             QString("/enableConfig/%1/checkValueScript").arg(i),
+                             problem,
+                             "the plugin hands its path out, but the item cannot be checked",
+                             advice});
+        }
+    }
+    return findings;
+}
+}
+
+Findings checkBaseline(const QString &file, const QByteArray &content)
+{
+    const JsonText text(content);
+    if (!text.error().isEmpty()) {
+        return {{file,
+                 text.errorPlace(),
+                 {},
+                 "not JSON: " + text.error(),
+                 "the plugin loads no check item",
+                 "correct the text"}};
+    }
+    const QJsonArray items = text.document()["enableConfig"].toArray();
+    return located(checkAgainstSchema("baseline.schema.json", text.document()) + checkIds(items) + checkScripts(items),
+                   file, text);
+}

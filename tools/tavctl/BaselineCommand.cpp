@@ -1,0 +1,92 @@
+#include "BaselineCommand.h"
+
+#include "BaselineCheck.h"
+#include "InstallationPaths.h"
+#include "ITavLineScanMgr.h"
+#include "PluginClient.h"
+#include "Presentation.h"
+#include "TavCommonUtils.h"
+#include "TavGlobalInfoMgr.h"
+#include "TavObjectMgr.h"
+#include "TemporaryRoot.h"
+#include "TextTable.h"
+#include "WholeFile.h"
+
+#include <QMap>
+
+namespace
+{
+/// The items that the plugin holds, by id. It answers for one id only, so the file says which there are.
+QMap<int, STBLEnableConfig> itemsHeld()
+{
+    auto &model = *tavObject<ITavLineScanMgr>("ITavLineScanMgr");
+    model.loadJsonConfig();
+    QMap<int, STBLEnableConfig> items;
+    const QJsonArray elements
+        = TavCommonUtils::readJsonFromFile(InstallationPaths::baseline())["enableConfig"].toArray();
+    for (const QJsonValue &element : elements) {
+        const int id = element["itemId"].toInt();
+        items.insert(id, model.getItemConfig(id));
+    }
+    return items;
+}
+
+void printItems(const QMap<int, STBLEnableConfig> &items)
+{
+    printHeading(QString("Check items: %1").arg(items.size()));
+    TextTable table({{"id", TextTable::Right},
+                     {"name"},
+                     {"expected"},
+                     {"type", TextTable::Right},
+                     {"button"},
+                     {"script", TextTable::Left, 80},
+                     {"description", TextTable::Left, 40}});
+    for (const STBLEnableConfig &item : items) {
+        table.addRow({QString::number(item.itemId), item.name, item.standardValue, QString::number(item.type),
+                      item.btntext, item.checkValueScript, item.desc});
+    }
+    table.print();
+}
+
+QJsonArray itemsJson(const QMap<int, STBLEnableConfig> &items)
+{
+    QJsonArray rows;
+    for (const STBLEnableConfig &item : items) {
+        rows.append(QJsonObject{{"id", item.itemId},
+                                {"name", item.name},
+                                {"expected", item.standardValue},
+                                {"type", item.type},
+                                {"button", item.btntext},
+                                {"script", item.checkValueScript},
+                                {"description", item.desc}});
+    }
+    return rows;
+}
+}
+
+ExitCode showBaseline(const CheckOptions &options)
+{
+    const QByteArray content = WholeFile::read(options.file);
+    TemporaryRoot root;
+    root.put(InstallationPaths::baseline(), content);
+    const PluginClient client(options.pluginFile);
+    const QMap<int, STBLEnableConfig> items = itemsHeld();
+    if (items.isEmpty()) {
+        throw ToolError(ExitCode::Usage,
+                        options.file + ": the plugin loads no check item from it; \"tavctl baseline check\" says why");
+    }
+    if (options.json) {
+        printJson({{"items", itemsJson(items)}});
+    } else {
+        printItems(items);
+    }
+    return ExitCode::Success;
+}
+
+ExitCode checkBaselineFile(const CheckOptions &options)
+{
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.systemRoot);
+    const Findings findings = checkBaseline(options.file, WholeFile::read(options.file));
+    report(findings, options);
+    return exitCodeFor(findings);
+}

@@ -1,0 +1,61 @@
+#include "CatalogueCommand.h"
+
+#include "Base64Text.h"
+#include "CatalogueCheck.h"
+#include "InstallationPaths.h"
+#include "ITavFuncTypeMgr.h"
+#include "Navigation.h"
+#include "PluginClient.h"
+#include "Presentation.h"
+#include "TavNanolog.h"
+#include "TavObjectMgr.h"
+#include "TemporaryRoot.h"
+#include "WholeFile.h"
+
+ExitCode showCatalogue(const CheckOptions &options)
+{
+    const QByteArray content = WholeFile::read(options.file);
+    TemporaryRoot root;
+    root.put(InstallationPaths::catalogue(), content);
+    const PluginClient client(options.pluginFile);
+    TavNanolog::setLevel(0); // what the plugin would log, the check says better
+    tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr")->loadConfig();
+    const QVector<NavigationNode> tree = navigationTree();
+    if (tree.isEmpty()) {
+        throw ToolError(ExitCode::Usage,
+                        options.file
+                            + ": the plugin builds no navigation from it; \"tavctl catalogue check\" says why");
+    }
+    if (options.json) {
+        printJson({{"navigation", navigationJson(tree)}});
+    } else {
+        printNavigation(tree);
+    }
+    return ExitCode::Success;
+}
+
+ExitCode checkCatalogueFile(const CheckOptions &options)
+{
+    const Findings findings = checkCatalogue(options.file, WholeFile::read(options.file));
+    report(findings, options);
+    return exitCodeFor(findings);
+}
+
+ExitCode encodeCatalogue(const CheckOptions &options)
+{
+    WholeFile::write(options.output, Base64Text::encoded(WholeFile::read(options.file)));
+    return ExitCode::Success;
+}
+
+ExitCode decodeCatalogue(const CheckOptions &options)
+{
+    const QByteArray content = WholeFile::read(options.file);
+    const int wrong = Base64Text::firstWrong(content);
+    if (wrong >= 0) {
+        const TextPlace place = placeAt(content, wrong);
+        throw ToolError(ExitCode::Usage,
+                        QString("%1:%2:%3: not Base64").arg(options.file).arg(place.line).arg(place.column));
+    }
+    WholeFile::write(options.output, Base64Text::decoded(content));
+    return ExitCode::Success;
+}

@@ -1,0 +1,25 @@
+#pragma once
+
+#include "Finding.h"
+#include "ToolError.h"
+
+#include <QStringList>
+
+/// @brief What the commands "catalogue", "baseline", "pictures" and "doctor" are asked to do.
+struct CheckOptions {
+    QString file; ///< the file to look at; "-" for standard input
+    QString output; ///< where to write what is encoded or decoded; "-" for standard output
+    QStringList directories; ///< picture directories
+    QString pluginFile; ///< the plugin to load
+    QString systemRoot; ///< directory taken for "/"
+    bool json = false; ///< print one JSON document instead of text
+};
+
+/// How a command ends that has found these.
+inline ExitCode exitCodeFor(const Findings &findings)
+{
+    return findings.isEmpty() ? ExitCode::Success : ExitCode::Findings;
+}
+
+/// Writes what a check of options.file has found.
+void report(const Findings &findings, const CheckOptions &options);

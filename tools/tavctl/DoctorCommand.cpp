@@ -1,0 +1,119 @@
+#include "DoctorCommand.h"
+
+#include "BaselineCheck.h"
+#include "CatalogueCheck.h"
+#include "InstallationPaths.h"
+#include "PictureCheck.h"
+#include "PluginCheck.h"
+#include "Presentation.h"
+#include "TavCommonUtils.h"
+#include "TavGlobalInfoMgr.h"
+#include "TextTable.h"
+#include "WholeFile.h"
+
+#include <QDir>
+#include <QJsonObject>
+
+namespace
+{
+/// @brief One part of an installation with what was found in it.
+struct Part {
+    QString name;
+    QString place; ///< file or directory
+    Findings findings;
+};
+
+using FileCheck = Findings (*)(const QString &file, const QByteArray &content);
+
+/// Checks a file of the installation; that it is missing is a finding too.
+Part checkFile(const QString &name, const QString &path, FileCheck check, const QString &effectOfNone)
+{
+    const QString file = TavCommonUtils::pathInSystemRoot(path);
+    QByteArray content;
+    const QString error = WholeFile::tryRead(file, content);
+    if (error.isEmpty()) {
+        return {name, file, check(file, content)};
+    }
+    return {name, file, {{file, {}, {}, error, effectOfNone, "put it there, or name another system root with --root"}}};
+}
+
+Part checkPictureDirectories()
+{
+    const QString path = TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures());
+    const QDir directory(path);
+    const QStringList names = directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    if (names.isEmpty()) {
+        return {"pictures",
+                path,
+                {{path,
+                  {},
+                  {},
+                  directory.exists() ? "there is no directory in it" : "there is no such directory",
+                  "the pages have no pictures",
+                  "put the picture directories there, or name another system root with --root"}}};
+    }
+    QStringList directories;
+    for (const QString &name : names) {
+        directories.append(directory.filePath(name));
+    }
+    return {"pictures", path, checkPictures(listPictures(directories))};
+}
+
+QString summaryOf(const QVector<Part> &parts, const Findings &findings)
+{
+    return QString("%1 parts checked, %2").arg(parts.size()).arg(countText(findings));
+}
+
+void print(const QVector<Part> &parts, const PluginFacts &plugin, const Findings &findings)
+{
+    printHeading("Installation");
+    TextTable table({{"part"}, {"place", TextTable::Left, 120}, {"state"}});
+    for (const Part &part : parts) {
+        table.addRow({part.name, part.place, countText(part.findings)});
+    }
+    table.print();
+    if (!plugin.identifier.isEmpty()) {
+        printLine(printable(
+            QString("plugin: %1, built with Qt %2 for %3").arg(plugin.identifier, plugin.qtVersion, plugin.machine)));
+    }
+    printHeading("Findings");
+    printFindings(findings);
+    printLine(summaryOf(parts, findings));
+}
+
+QJsonObject documentOf(const QVector<Part> &parts, const PluginFacts &plugin, const Findings &findings)
+{
+    QJsonArray rows;
+    for (const Part &part : parts) {
+        rows.append(QJsonObject{{"part", part.name}, {"place", part.place}, {"findings", part.findings.size()}});
+    }
+    return {
+        {"parts", rows},
+        {"plugin",
+         QJsonObject{{"identifier", plugin.identifier}, {"qtVersion", plugin.qtVersion}, {"machine", plugin.machine}}},
+        {"findings", findingsJson(findings)},
+        {"summary", summaryOf(parts, findings)}};
+}
+}
+
+ExitCode doctor(const CheckOptions &options)
+{
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.systemRoot);
+    const QVector<Part> parts{
+        {"plugin", options.pluginFile, checkPlugin(options.pluginFile)},
+        checkFile("catalogue", InstallationPaths::catalogue(), checkCatalogue, "the navigation is empty"),
+        checkFile("baseline", InstallationPaths::baseline(), checkBaseline, "the plugin loads no check item"),
+        checkPictureDirectories(),
+    };
+    Findings findings;
+    for (const Part &part : parts) {
+        findings += part.findings;
+    }
+    const PluginFacts plugin = pluginFacts(options.pluginFile);
+    if (options.json) {
+        printJson(documentOf(parts, plugin, findings));
+    } else {
+        print(parts, plugin, findings);
+    }
+    return exitCodeFor(findings);
+}

@@ -1,0 +1,73 @@
+#include "Finding.h"
+
+#include "Presentation.h"
+#include "TextTable.h"
+
+#include <QJsonObject>
+
+#include <algorithm>
+#include <tuple>
+
+Findings located(Findings findings, const QString &file, const JsonText &text)
+{
+    const QStringList doubled = text.doubledKeys();
+    for (const QString &path : doubled) {
+        findings.append({file,
+                         {},
+                         path,
+                         "the key stands more than once in its object",
+                         "the plugin reads this one alone, the last",
+                         "remove the others"});
+    }
+    for (Finding &finding : findings) {
+        finding.file = file;
+        finding.place = text.placeOf(finding.path);
+    }
+    std::stable_sort(findings.begin(), findings.end(), [](const Finding &one, const Finding &other) {
+        return std::tie(one.place.line, one.place.column) < std::tie(other.place.line, other.place.column);
+    });
+    return findings;
+}
+
+void printFindings(const Findings &findings)
+{
+    for (const Finding &finding : findings) {
+        QString where = finding.file;
+        if (finding.place.line > 0) {
+            where += QString(":%1:%2").arg(finding.place.line).arg(finding.place.column);
+        }
+        where += ": ";
+        if (!finding.path.isEmpty()) {
+            where += finding.path + ": ";
+        }
+        printLine(dimmed(printable(where))
+                  + printable(QStringList{finding.problem, finding.effect, finding.advice}.join("; ")));
+    }
+}
+
+QString countText(const Findings &findings)
+{
+    switch (findings.size()) {
+    case 0:
+        return "no findings";
+    case 1:
+        return "1 finding";
+    default:
+        return QString("%1 findings").arg(findings.size());
+    }
+}
+
+QJsonArray findingsJson(const Findings &findings)
+{
+    QJsonArray rows;
+    for (const Finding &finding : findings) {
+        rows.append(QJsonObject{{"file", finding.file},
+                                {"line", finding.place.line},
+                                {"column", finding.place.column},
+                                {"path", finding.path},
+                                {"problem", finding.problem},
+                                {"effect", finding.effect},
+                                {"advice", finding.advice}});
+    }
+    return rows;
+}

@@ -1,0 +1,68 @@
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QJsonValue>
+#include <QString>
+#include <QStringList>
+
+/// @brief A place in a text, counted from 1 in lines and in characters; 0 for none.
+struct TextPlace {
+    int line = 0;
+    int column = 0;
+};
+
+/// Where the byte at @p offset of a UTF-8 text stands.
+TextPlace placeAt(const QByteArray &text, int offset);
+
+/// Path of the member or element @p key of the value at @p path: a JSON pointer.
+QString memberPath(const QString &path, const QString &key);
+
+/// @brief A JSON text as the plugin's own reader takes it, with the places of its values.
+class JsonText
+{
+public:
+    explicit JsonText(const QByteArray &text);
+
+    /// Why the text is not JSON; empty when it is.
+    QString error() const
+    {
+        return m_error;
+    }
+
+    /// Where it ceases to be JSON.
+    TextPlace errorPlace() const
+    {
+        return m_errorPlace;
+    }
+
+    /// The array or object that the text holds.
+    QJsonValue document() const
+    {
+        return m_document;
+    }
+
+    /// Where the value at this JSON pointer begins; none when there is no such value.
+    TextPlace placeOf(const QString &path) const;
+
+    /// Paths of the members whose key stands more than once in one object.
+    QStringList doubledKeys() const
+    {
+        return m_doubledKeys;
+    }
+
+private:
+    bool isAt(char character);
+    void readValue(const QString &path);
+    void readMembers(const QString &path);
+    void readElements(const QString &path);
+    QByteArray readString();
+
+    QByteArray m_text;
+    QString m_error;
+    TextPlace m_errorPlace;
+    QJsonValue m_document;
+    int m_position = 0; // in m_text, while its places are read
+    QHash<QString, int> m_offsets; // of the values, by path
+    QStringList m_doubledKeys;
+};

@@ -1,0 +1,40 @@
+#include "NearestText.h"
+
+#include <QVector>
+
+#include <algorithm>
+#include <numeric>
+
+namespace
+{
+/// Letters to put in, take out or replace to make one text of the other.
+int distance(const QString &from, const QString &to)
+{
+    QVector<int> row(to.size() + 1);
+    std::iota(row.begin(), row.end(), 0);
+    for (int i = 0; i < from.size(); ++i) {
+        int diagonal = row[0];
+        row[0] = i + 1;
+        for (int j = 0; j < to.size(); ++j) {
+            const int replaced = diagonal + (from[i] == to[j] ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
+        }
+    }
+    return row.last();
+}
+}
+
+QString nearestText(const QString &text, const QStringList &known)
+{
+    QString nearest;
+    int smallest = 0;
+    for (const QString &candidate : known) {
+        const int letters = distance(text, candidate);
+        if (letters * 3 <= std::max(text.size(), candidate.size()) && (nearest.isEmpty() || letters < smallest)) {
+            nearest = candidate;
+            smallest = letters;
+        }
+    }
+    return nearest;
+}

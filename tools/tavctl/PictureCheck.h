@@ -1,0 +1,29 @@
+#pragma once
+
+#include "Finding.h"
+
+#include <QStringList>
+#include <QVector>
+
+/// @brief A PNG file of a picture directory.
+struct PictureFile {
+    QString directory; ///< first half of its key: the directory's name, upper-cased
+    QString name; ///< second half: the file's name before its first dot, upper-cased
+    QString file;
+
+    QString key() const
+    {
+        return directory + '/' + name;
+    }
+};
+
+/// @brief What the plugin takes from picture directories, and what it passes over.
+struct PictureFiles {
+    QVector<PictureFile> files; ///< in the order in which the plugin loads them
+    QStringList skippedDirectories; ///< below the directories, and not scanned
+};
+
+/// Lists directories that are appended in this order.
+PictureFiles listPictures(const QStringList &directories);
+
+Findings checkPictures(const PictureFiles &pictures);

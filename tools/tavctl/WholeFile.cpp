@@ -1,0 +1,49 @@
+#include "WholeFile.h"
+
+#include "ToolError.h"
+
+#include <QFile>
+#include <QFileInfo>
+
+#include <cstdio>
+
+namespace
+{
+const QLatin1String standardStream("-");
+}
+
+QString WholeFile::tryRead(const QString &file, QByteArray &content)
+{
+    QFile input(file);
+    if (file == standardStream) {
+        input.open(stdin, QIODevice::ReadOnly);
+    } else if (!QFileInfo::exists(file)) {
+        return "there is no such file";
+    } else if (!QFileInfo(file).isFile()) {
+        return "not a regular file";
+    } else if (!input.open(QIODevice::ReadOnly)) {
+        return "cannot be read: " + input.errorString();
+    }
+    content = input.readAll();
+    return {};
+}
+
+QByteArray WholeFile::read(const QString &file)
+{
+    QByteArray content;
+    const QString error = tryRead(file, content);
+    if (!error.isEmpty()) {
+        throw ToolError(ExitCode::Usage, file + ": " + error);
+    }
+    return content;
+}
+
+void WholeFile::write(const QString &file, const QByteArray &content)
+{
+    QFile output(file);
+    const bool isOpen = file == standardStream ? output.open(stdout, QIODevice::WriteOnly)
+                                               : output.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    if (!isOpen || output.write(content) != content.size() || !output.flush()) {
+        throw ToolError(ExitCode::Usage, file + ": cannot be written: " + output.errorString());
+    }
+}

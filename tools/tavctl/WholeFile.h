@@ -1,0 +1,18 @@
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/// Reading and writing a file in one go; "-" is standard input or output.
+namespace WholeFile
+{
+/// Puts the file's content into @p content. Returns why that is not possible, nothing when it was. Only regular files
+/// are read, as the plugin does: a pipe or a device in a file's place could block for ever.
+QString tryRead(const QString &file, QByteArray &content);
+
+/// The file's content. Throws ToolError when it cannot be read.
+QByteArray read(const QString &file);
+
+/// Throws ToolError when the file cannot be written.
+void write(const QString &file, const QByteArray &content);
+}
