@@ -466,7 +466,7 @@ TEST_F(EventNotifyMgr, NothingIsLostWhenAThreadEndsWhileOthersAddForIt)
     }
 }
 
-TEST(EventNotifyMgr, AnEventThatHadAParentBelongsToTheBusAlone)
+TEST_F(EventNotifyMgr, AnEventThatHadAParentBelongsToTheBusAlone)
 {
     auto parent = std::make_unique<QObject>();
     int runs = 0;
@@ -479,7 +479,7 @@ TEST(EventNotifyMgr, AnEventThatHadAParentBelongsToTheBusAlone)
     EXPECT_EQ(TavEventNotifyMgr::getInstance()->pendingCount(), 0);
 }
 
-TEST(EventNotifyMgr, ALoopStartedByTheFirstOfSeveralWaitingEventsRunsTheRestInOrder)
+TEST_F(EventNotifyMgr, ALoopStartedByTheFirstOfSeveralWaitingEventsRunsTheRestInOrder)
 {
     std::vector<int> order;
     QEventLoop loop;

@@ -234,6 +234,30 @@ TEST_F(TavctlCheck, PassesOverWhatThePluginDoesNotReadEither)
     EXPECT_TRUE(report.endsWith(": 2 findings\n")) << report.toStdString();
 }
 
+TEST_F(TavctlCheck, TakesUnknownTypesForUnknownAndNotForOneType)
+{
+    const QByteArray pages = QByteArray(onePage).replace(
+        R"("SubFunc_LogAudit", )",
+        R"("Reports"}, {"subFuncTitile": "", "subFuncClassName": "", "subFuncType": "Users"}, {
+            "subFuncType": "SubFunc_LogAudit", )");
+    EXPECT_TRUE(reportOn("catalogue", putCatalogue(pages)).endsWith(": 4 findings\n")) << "two types, two keys";
+}
+
+TEST_F(TavctlCheck, CountsPlacesBehindAByteOrderMarkAndEscapedQuotes)
+{
+    const QByteArray titled = QByteArray(onePage).replace("主机信息", R"(\\\"],)").replace(R"("hostIcon")", "7");
+    EXPECT_TRUE(reportOn("catalogue", putCatalogue("\xef\xbb\xbf" + titled)).startsWith(":1:68: /0/funcIcon: "))
+        << reportOn("catalogue", putCatalogue("\xef\xbb\xbf" + titled)).toStdString();
+}
+
+TEST_F(TavctlCheck, OffersOnlyKeysThatAreNear)
+{
+    const QByteArray item = R"({"enableConfig": [{"itemId": 1, "note": "", "checkValueScript": "/check.sh"}]})";
+    const QString report = reportOn("baseline", put("baseline", item));
+    EXPECT_TRUE(report.contains(R"(: the key "name" is missing; )")) << report.toStdString();
+    EXPECT_TRUE(report.contains(R"(: unknown key "note"; the plugin does not read it; remove it, or write )"));
+}
+
 TEST_F(TavctlCheck, OffersOnlyKeysThatAreNotThereYet)
 {
     const QByteArray both = QByteArray(onePage).replace(R"("I")", R"("I", "subFuncTitle": "")");
@@ -338,6 +362,10 @@ TEST_F(TavctlPictures, NamesEachMistake)
              + "second/common/x.png: COMMON/X; the other one wins: the plugin loads it later, and this picture is "
                "never found; rename one of them before its first dot"},
         {{"second/common", "first/common"},
+         pictures + "second/common/x.png: has the same key as " + pictures
+             + "first/common/x.png: COMMON/X; the other one wins: the plugin loads it later, and this picture is "
+               "never found; rename one of them before its first dot"},
+        {{"first/common", "second/common", "first/common"},
          pictures + "second/common/x.png: has the same key as " + pictures
              + "first/common/x.png: COMMON/X; the other one wins: the plugin loads it later, and this picture is "
                "never found; rename one of them before its first dot"},

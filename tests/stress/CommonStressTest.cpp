@@ -173,15 +173,24 @@ TEST(CommonStress, ASignalMayBeSubscribedToWhileItIsEmitted)
     EXPECT_EQ(pendingEvents(), 0);
 }
 
-TEST(CommonStress, NoSubscriptionIsLost)
+TEST(CommonStress, NoSubscriptionIsLostAndNoneComesBack)
 {
-    // Some threads only subscribe and others only read: nothing that either does orders the two but the list itself.
     TavSignal<int> signal;
     const int turns = std::min(turnsOfEachCall(), 200);
     const Operation subscribe{"subscribe", [&signal](int) { return signal.subscribe([](int) {}, nullptr) > 0; }};
     const Operation read{"subscriberCount", [&signal](int) { return signal.subscriberCount() >= 0; }};
+    // Some threads only subscribe and others only read: nothing that either does orders the two but the list itself.
     EXPECT_THAT(runContest({"TavSignal growing", {subscribe, subscribe, subscribe, read}}, turns), IsEmpty());
     EXPECT_EQ(signal.subscriberCount(), threadCount / 4 * 3 * turns);
+
+    std::vector<int> ids;
+    for (int seed = 0; seed < turns * threadCount; ++seed) {
+        ids.push_back(signal.subscribe([](int) {}, nullptr));
+    }
+    const int before = signal.subscriberCount();
+    const Operation unsubscribe{"unsubscribe", [&](int seed) { return signal.unsubscribe(ids[seed]); }};
+    EXPECT_THAT(runContest({"TavSignal changing", {subscribe, unsubscribe, read, read}}, turns), IsEmpty());
+    EXPECT_EQ(signal.subscriberCount(), before); // as many have come as have gone
 }
 
 TEST(CommonStress, TheBusTakesEventsOfAllThreads)
