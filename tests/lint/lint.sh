@@ -43,6 +43,6 @@ clazy() {
 
 check clang-tidy tidy
 check clazy clazy
-check codespell codespell --skip 'build,.git,*.png,*.xz,corpus,*.json' .
+check codespell codespell --ignore-words-list chage --skip 'build,.git,*.png,*.xz,corpus,*.json' .
 check shellcheck shellcheck "${scripts[@]}"
 exit "$findings"
