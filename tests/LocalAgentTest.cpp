@@ -49,7 +49,10 @@
 #include <algorithm>
 #include <csignal>
 #include <cstring>
+#include <set>
+#include <string>
 
+#include <net/if.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -456,6 +459,28 @@ TEST(NetReader, ReadsDevicesInOrderOfIndex)
     EXPECT_EQ(device.tx_dropped(), 3U);
     EXPECT_EQ(NetReader::countsOf(infos).enabled_device_count(), 1);
     EXPECT_FALSE(NetReader::countsOf(infos).has_rule_count());
+}
+
+TEST(NetReader, TheRunningSystemNamesItsDevicesWithoutAnyFile)
+{
+    std::set<std::string> expected;
+    struct if_nameindex *const names = if_nameindex();
+    ASSERT_NE(names, nullptr);
+    for (const struct if_nameindex *name = names; name->if_index != 0; ++name) {
+        expected.insert(name->if_name);
+    }
+    if_freenameindex(names);
+
+    ReadingNotes notes;
+    std::set<std::string> found;
+    const Tav::NetControl::NetDeviceInfos infos = NetReader::readLinks(notes);
+    for (const auto &device : infos.devices()) {
+        found.insert(device.name());
+        EXPECT_EQ(static_cast<unsigned>(device.index()), if_nametoindex(device.name().c_str()));
+        EXPECT_TRUE(device.has_state());
+        EXPECT_FALSE(device.has_mac());
+    }
+    EXPECT_EQ(found, expected);
 }
 
 TEST(NetReader, RulesThatCannotBeReadAreNotInvented)

@@ -5,6 +5,9 @@
 int ManagerFeeds::feedNetwork(const QString &root, ITavNetControlMgr &manager, ReadingNotes &notes)
 {
     Tav::NetControl::NetDeviceInfos devices = NetReader::readDevices(root, notes);
+    if (devices.devices_size() == 0 && root == QLatin1String("/")) {
+        devices = NetReader::readLinks(notes);
+    }
     NetReader::addAddresses(devices, notes);
     manager.setDeviceInfo(devices);
     manager.setNetCount(NetReader::countsOf(devices));

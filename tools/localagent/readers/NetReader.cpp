@@ -156,6 +156,26 @@ Tav::NetControl::NetDeviceInfos NetReader::readDevices(const QString &root, Read
     return infos;
 }
 
+Tav::NetControl::NetDeviceInfos NetReader::readLinks(ReadingNotes &notes)
+{
+    Tav::NetControl::NetDeviceInfos infos;
+    ifaddrs *addresses = nullptr;
+    if (::getifaddrs(&addresses) != 0) {
+        HostFile::note(notes, "network devices", HostFile::errorText(errno));
+        return infos;
+    }
+    for (const ifaddrs *entry = addresses; entry != nullptr; entry = entry->ifa_next) {
+        if (entry->ifa_addr != nullptr && entry->ifa_addr->sa_family == AF_PACKET) {
+            Tav::NetControl::NetDeviceInfo &device = *infos.add_devices();
+            device.set_name(TextBuffer::message(entry->ifa_name));
+            device.set_state((entry->ifa_flags & IFF_UP) != 0 ? 1 : 0);
+            device.set_index(static_cast<qint32>(::if_nametoindex(entry->ifa_name)));
+        }
+    }
+    ::freeifaddrs(addresses);
+    return infos;
+}
+
 void NetReader::addAddresses(Tav::NetControl::NetDeviceInfos &devices, ReadingNotes &notes)
 {
     ifaddrs *addresses = nullptr;

@@ -13,6 +13,10 @@ namespace NetReader
 /// the devices cannot be read.
 Tav::NetControl::NetDeviceInfos readDevices(const QString &root, ReadingNotes &notes);
 
+/// The network devices as the running system names them, with states and indices and nothing else: for a host whose
+/// files do not show them, such as a container without /sys.
+Tav::NetControl::NetDeviceInfos readLinks(ReadingNotes &notes);
+
 /// Adds to the devices, by their names, the addresses that the running system has given to them.
 void addAddresses(Tav::NetControl::NetDeviceInfos &devices, ReadingNotes &notes);
 
