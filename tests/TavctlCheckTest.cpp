@@ -178,6 +178,9 @@ TEST_F(TavctlCheck, FindsNothingInWhatIsUnusualButRight)
     }
     const QString unpadded = put("unpadded", onePage.toBase64(QByteArray::OmitTrailingEquals) + " \r\n");
     EXPECT_EQ(Tavctl({"catalogue", "check", unpadded}).output, unpadded + ": no findings\n");
+    const QString withSchema = put("baseline", R"({"$schema": "baseline.schema.json", "enableConfig": [
+        {"itemId": -1, "name": "", "checkValueScript": "/../check.sh/../baselineScript/check.sh", "btntext": ""}]})");
+    EXPECT_EQ(reportOn("baseline", withSchema), ": no findings\n");
 }
 
 TEST_F(TavctlCheck, SaysWhereATextCeasesToBeJsonAndWhy)
