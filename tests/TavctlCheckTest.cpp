@@ -248,8 +248,8 @@ TEST_F(TavctlCheck, TakesUnknownTypesForUnknownAndNotForOneType)
 
 TEST_F(TavctlCheck, CountsPlacesBehindAByteOrderMarkAndEscapedQuotes)
 {
-    const QByteArray titled = QByteArray(onePage).replace("主机信息", R"(\\\"],)").replace(R"("hostIcon")", "7");
-    EXPECT_TRUE(reportOn("catalogue", putCatalogue("\xef\xbb\xbf" + titled)).startsWith(":1:67: /0/funcIcon: "))
+    const QByteArray titled = QByteArray(onePage).replace("主机信息", R"(\\\" , \")").replace(R"("hostIcon")", "7");
+    EXPECT_TRUE(reportOn("catalogue", putCatalogue("\xef\xbb\xbf" + titled)).startsWith(":1:70: /0/funcIcon: "))
         << reportOn("catalogue", putCatalogue("\xef\xbb\xbf" + titled)).toStdString();
 }
 
@@ -593,12 +593,12 @@ TEST_F(TavctlDoctor, MissesWhatAnEmptyInstallationLacks)
                          + advice}));
     ASSERT_TRUE(QDir(root).mkpath("opt/tavsec/pictures"));
     EXPECT_TRUE(findingLines(Tavctl({"doctor", "--root", root, "--json"}))
-                    .last()
+                    .value(2)
                     .startsWith(root + "/opt/tavsec/pictures: there is no directory in it; "));
     ASSERT_TRUE(QDir(root).mkpath("etc/tavsec.d"));
     ASSERT_EQ(mkfifo((root + "/etc/tavsec.d/funcTypeConfig.json").toUtf8().constData(), 0600), 0);
     EXPECT_TRUE(findingLines(Tavctl({"doctor", "--root", root, "--json"}))
-                    .first()
+                    .value(0)
                     .startsWith(root + "/etc/tavsec.d/funcTypeConfig.json: not a regular file; "));
 }
 
