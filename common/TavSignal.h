@@ -78,7 +78,7 @@ private:
     template<class Change>
     std::shared_ptr<const QVector<Subscriber>> change(Change apply)
     {
-        const std::shared_ptr<const QVector<Subscriber>> before = std::atomic_load(&m_subscribers);
+        std::shared_ptr<const QVector<Subscriber>> before = std::atomic_load(&m_subscribers);
         auto next = std::make_shared<QVector<Subscriber>>(*before);
         apply(*next);
         std::atomic_store(&m_subscribers, std::shared_ptr<const QVector<Subscriber>>(std::move(next)));

@@ -45,7 +45,7 @@ void scan(const QString &path, Listed &listed, QVector<_PngInfo> &found)
         }
         // A path with fewer than two slashes names no parent directory; such a file is not cached.
         const int lastSlash = filePath.lastIndexOf(QLatin1Char('/'));
-        const int slashBefore = lastSlash > 0 ? filePath.lastIndexOf(QLatin1Char('/'), lastSlash - 1) : -1;
+        const int slashBefore = filePath.leftRef(lastSlash).lastIndexOf(QLatin1Char('/'));
         if (slashBefore >= 0) {
             const QString dirName = filePath.mid(slashBefore + 1, lastSlash - slashBefore - 1);
             found.append({filePath, entry->baseName().toUpper(), dirName.toUpper()});

@@ -4,6 +4,7 @@
 #include "LogCapture.h"
 #include "LoopThread.h"
 #include "TavBaseEvent.h"
+#include "TavNanolog.h"
 
 #include <QCoreApplication>
 #include <QEventLoop>
@@ -327,6 +328,21 @@ INSTANTIATE_TEST_SUITE_P(Kinds, EventNotifyMgrFaults,
                                          FaultyFunction{"OtherType", [] { throw 7; }, "std::exception"},
                                          FaultyFunction{"EmptyFunction", {}, std::bad_function_call().what()}),
                          [](const auto &info) { return info.param.name; });
+
+TEST_F(EventNotifyMgr, AFaultBelowTheThresholdOfTheLogLeavesTheLoopAliveToo)
+{
+    const LogCapture log;
+    LoopThread loop;
+    const Probe later;
+    TavNanolog::setLevel(0);
+    add(loop.thread(), [] { throw std::runtime_error("the cause"); });
+    add(loop.thread(), later.function());
+    loop.finish();
+    TavNanolog::setLevel(3);
+
+    EXPECT_EQ(later.runs(), 1);
+    EXPECT_TRUE(log.messages("tav.TavEventNotifyMgr").isEmpty());
+}
 
 TEST_F(EventNotifyMgr, EventsOfOneThreadRunInTheOrderOfAdding)
 {

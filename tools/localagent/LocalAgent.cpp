@@ -5,8 +5,9 @@
 #include <QSemaphore>
 
 #include <memory>
+#include <utility>
 
-LocalAgent::LocalAgent(const QString &root, QObject *parent) : QObject(parent), m_root(root)
+LocalAgent::LocalAgent(QString root, QObject *parent) : QObject(parent), m_root(std::move(root))
 {
     qRegisterMetaType<AgentReport>();
     m_thread.setObjectName(QStringLiteral("LocalAgent"));
@@ -54,7 +55,8 @@ QThread *LocalAgent::workerThread()
 AgentReport LocalAgent::run() const
 {
     AgentReport report;
-    for (const AgentStep &step : agentSteps()) {
+    const QVector<AgentStep> steps = agentSteps();
+    for (const AgentStep &step : steps) {
         if (QThread::currentThread()->isInterruptionRequested()) {
             return report;
         }

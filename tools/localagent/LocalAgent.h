@@ -18,7 +18,7 @@ class LocalAgent : public QObject
     Q_OBJECT
 public:
     /// Starts the thread, which waits. @p root stands for "/" in what is read from files.
-    explicit LocalAgent(const QString &root = QStringLiteral("/"), QObject *parent = nullptr);
+    explicit LocalAgent(QString root = QStringLiteral("/"), QObject *parent = nullptr);
     Q_DISABLE_COPY(LocalAgent)
 
     /// Waits for the reading under way; what was asked for and has not begun is left undone.

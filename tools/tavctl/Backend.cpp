@@ -16,7 +16,7 @@ constexpr int deadlineMs = 60000;
 AgentReport feedFromThisMachine()
 {
     LocalAgent agent;
-    const AgentReport report = agent.feedAndWait(deadlineMs);
+    AgentReport report = agent.feedAndWait(deadlineMs);
     if (!report.complete) {
         throw ToolError(ExitCode::BackendTooSlow,
                         QString("this machine's state was not read within %1 s; some file "

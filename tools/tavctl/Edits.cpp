@@ -34,7 +34,7 @@ Edit rowByKey()
         STSystemProUIData row = rows.first();
         row.isChecked = !row.isChecked;
         model.updateUIItem(row);
-        const STSystemProUIData edited = model.getProtectUIData().first();
+        const STSystemProUIData edited = model.getProtectUIData().constFirst();
         edit.before = check(rows.first().isChecked) + QString(rows.first().title);
         edit.after = check(edited.isChecked) + QString(edited.title);
     }

@@ -66,8 +66,7 @@ void addTo(TextTable &table, const QVector<NavigationNode> &nodes, const QString
         table.addRow({(isTop ? QString() : prefix + (isLast ? QStringLiteral("└─ ") : QStringLiteral("├─ ")))
                           + node.function.funcTitle,
                       functionKey(node.function.funcType), node.function.funcIcon});
-        const QString below
-            = isTop ? QStringLiteral("") : prefix + (isLast ? QStringLiteral("   ") : QStringLiteral("│  "));
+        const QString below = isTop ? QString() : prefix + (isLast ? QStringLiteral("   ") : QStringLiteral("│  "));
         for (int p = 0; p < node.pages.size(); ++p) {
             const TavSubFuncTypeData_ &page = node.pages[p];
             const bool isLastBelow = p == node.pages.size() - 1 && node.nested.isEmpty();
@@ -243,7 +242,7 @@ QJsonArray deliveriesJson(const QVector<PageDelivery> &deliveries)
             {QStringLiteral("page"), delivery.page},
             {QStringLiteral("subscriber"), delivery.subscriber},
             {QStringLiteral("thread"), delivery.thread},
-            {QStringLiteral("microseconds"), delivery.nanoseconds / 1000.0},
+            {QStringLiteral("microseconds"), static_cast<double>(delivery.nanoseconds) / 1000},
         });
     }
     return rows;

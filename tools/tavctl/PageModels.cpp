@@ -124,7 +124,7 @@ QVector<PageSection> hostPage()
 
 QVector<PageSection> hardeningPage()
 {
-    ITavOneReinforceMgr &model = manager<ITavOneReinforceMgr>();
+    auto &model = manager<ITavOneReinforceMgr>();
     QVector<PageSection> sections;
     sections += messageSections("Mode", model.getreinforceMode());
     sections += messageSections("Three-part configuration", model.getthreeConfig());
@@ -138,7 +138,7 @@ QVector<PageSection> hardeningPage()
 
 QVector<PageSection> baselinePage()
 {
-    ITavLineScanMgr &model = manager<ITavLineScanMgr>();
+    auto &model = manager<ITavLineScanMgr>();
     // The manager tells one item by its id; the ids are in the file that it loaded.
     const QJsonArray elements
         = TavCommonUtils::readJsonFromFile("/etc/tavsec.d/baselineConfig/baseline.json")["enableConfig"].toArray();
@@ -169,7 +169,7 @@ QVector<PageSection> baselinePage()
 
 QVector<PageSection> staticMeasurementPage()
 {
-    ITavCompleteProtectMgr &model = manager<ITavCompleteProtectMgr>();
+    auto &model = manager<ITavCompleteProtectMgr>();
     const STSystemScanStateAsr scan = model.getSystemScanState();
     const STImaStateAsr ima = model.getImaState();
     return {factsOf("Scan",
@@ -202,7 +202,7 @@ QVector<PageSection> staticMeasurementPage()
 
 QVector<PageSection> dynamicMeasurementPage()
 {
-    ITavCompleteProtectMgr &model = manager<ITavCompleteProtectMgr>();
+    auto &model = manager<ITavCompleteProtectMgr>();
     QVector<PageSection> sections;
     sections += messageSections("Scan state", model.getDySCanState());
     sections += messageSections("Interval", model.getDyTimeInterval());
@@ -215,7 +215,7 @@ QVector<PageSection> dynamicMeasurementPage()
 
 QVector<PageSection> principalPage()
 {
-    ITavAccessControlMgr &model = manager<ITavAccessControlMgr>();
+    auto &model = manager<ITavAccessControlMgr>();
     QVector<PageSection> sections{
         tableOf<>("System users", model.getSystemUsers(),
                   {{"uid", [](const auto &row) { return number(row.uid); }, TextTable::Right},
@@ -243,7 +243,7 @@ QVector<PageSection> principalPage()
 
 QVector<PageSection> objectPage()
 {
-    ITavAccessControlMgr &model = manager<ITavAccessControlMgr>();
+    auto &model = manager<ITavAccessControlMgr>();
     return {tableOf<>("Object details", model.getObjectDetail(),
                       {{"path", [](const auto &row) { return text(row.filePath); }},
                        {"name", [](const auto &row) { return text(row.fileName); }},
@@ -275,7 +275,7 @@ QVector<PageSection> objectAddPage()
 
 QVector<PageSection> selfProtectPage()
 {
-    ITavProtectMgr &model = manager<ITavProtectMgr>();
+    auto &model = manager<ITavProtectMgr>();
     QVector<PageSection> sections{factsOf("States",
                                           {stateFact("self protection", model.getSelfState()),
                                            stateFact("removal of software", model.getSoftUnloadMode())}),
@@ -292,7 +292,7 @@ QVector<PageSection> selfProtectPage()
 
 QVector<PageSection> processProtectPage()
 {
-    ITavProtectMgr &model = manager<ITavProtectMgr>();
+    auto &model = manager<ITavProtectMgr>();
     QVector<PageSection> sections{
         factsOf("State",
                 {stateFact("process protection", model.getProState()), {"entries", number(model.getProCount().count)}}),
@@ -308,7 +308,7 @@ QVector<PageSection> processProtectPage()
 
 QVector<PageSection> kernelProtectPage()
 {
-    ITavProtectMgr &model = manager<ITavProtectMgr>();
+    auto &model = manager<ITavProtectMgr>();
     QVector<PageSection> sections{
         factsOf("State",
                 {stateFact("kernel protection", model.getKernelState()),
@@ -326,7 +326,7 @@ QVector<PageSection> kernelProtectPage()
 
 QVector<PageSection> directoryPage()
 {
-    ITavProtectMgr &model = manager<ITavProtectMgr>();
+    auto &model = manager<ITavProtectMgr>();
     QVector<PageSection> sections{
         factsOf("States",
                 {stateFact("directory protection", model.getDirState()),
@@ -351,7 +351,7 @@ QVector<PageSection> directoryPage()
 
 QVector<PageSection> auditPage()
 {
-    ITavAuditMgr &model = manager<ITavAuditMgr>();
+    auto &model = manager<ITavAuditMgr>();
     const QVector<PageField<STAuditMonthCountAsr>> monthFields{
         {"month",
          [](const auto &row) { return QString("%1-%2").arg(row.year).arg(row.month, 2, 10, QLatin1Char('0')); }},

@@ -83,7 +83,7 @@ QJsonObject PluginClient::pluginJson() const
         {QStringLiteral("identifier"), m_identifier},
         {QStringLiteral("className"), m_className},
         {QStringLiteral("qtVersion"), QLatin1String(qVersion())},
-        {QStringLiteral("loadMicroseconds"), m_loadNanoseconds / 1000.0},
+        {QStringLiteral("loadMicroseconds"), static_cast<double>(m_loadNanoseconds) / 1000},
     };
 }
 
@@ -98,7 +98,7 @@ QJsonArray PluginClient::registryJson() const
             {QStringLiteral("class"), QLatin1String(manager.object->metaObject()->className())},
             {QStringLiteral("interface"), interfaceOf(manager)},
             {QStringLiteral("address"), addressOf(manager.object)},
-            {QStringLiteral("microseconds"), manager.nanoseconds / 1000.0},
+            {QStringLiteral("microseconds"), static_cast<double>(manager.nanoseconds) / 1000},
         });
     }
     return rows;

@@ -38,7 +38,7 @@ QString dimmed(const QString &text)
 
 QString microseconds(qint64 nanoseconds)
 {
-    return QString::number(nanoseconds / 1000.0, 'f', 1);
+    return QString::number(static_cast<double>(nanoseconds) / 1000, 'f', 1);
 }
 
 QString timeText(qint64 secondsSinceEpoch)

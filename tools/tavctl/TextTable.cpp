@@ -76,10 +76,11 @@ QString TextTable::line(const QStringList &cells, const QVector<int> &widths) co
 
 int displayWidth(const QString &text)
 {
-    // The widths are those of Unicode, whatever the user's own locale is.
-    static const bool hasUnicode = std::setlocale(LC_CTYPE, "C.UTF-8") != nullptr;
+    // The widths are those of Unicode, whatever the user's own locale is. No other thread depends on the locale.
+    static const bool hasUnicode = std::setlocale(LC_CTYPE, "C.UTF-8") != nullptr; // NOLINT(concurrency-mt-unsafe)
     int width = 0;
-    for (const uint character : text.toUcs4()) {
+    const QVector<uint> characters = text.toUcs4();
+    for (const uint character : characters) {
         width += hasUnicode ? std::max(0, wcwidth(static_cast<wchar_t>(character))) : 1;
     }
     return width;

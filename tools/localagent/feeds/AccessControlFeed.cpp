@@ -16,7 +16,7 @@ QVector<STPriAddUIData> rowsOf(const QVector<UserReader::User> &users)
         STPriAddUIData row;
         row.userName = QString::fromUtf8(user.name);
         row.userNumber = static_cast<int>(user.uid);
-        row.userText = QString::fromUtf8(user.groups.toList().join(", "));
+        row.userText = QString::fromUtf8(user.groups.join(", "));
         rows.append(row);
     }
     return rows;

@@ -26,7 +26,7 @@ AgentStep step(const QString &name, int (*feed)(const QString &, Manager &, Read
 {
     const char *const manager = qobject_interface_iid<Manager *>();
     return {name, QLatin1String(manager), [manager, feed](const QString &root, ReadingNotes &notes) {
-                Manager *const found = tavObject<Manager>(manager);
+                auto *const found = tavObject<Manager>(manager);
                 return found != nullptr ? std::optional<int>(feed(root, *found, notes)) : std::nullopt;
             }};
 }

@@ -15,7 +15,8 @@ Tav::Measure::ImaContentAsr measurePrograms(const QString &root, ITavCompletePro
     const QHash<QByteArray, QByteArray> digests
         = SoftwareReader::readPackageDigests(root, MeasureReader::programs(), notes);
     Tav::Measure::ImaContentAsr list;
-    for (const QByteArray &path : MeasureReader::presentPrograms(root, digests)) {
+    const QVector<QByteArray> paths = MeasureReader::presentPrograms(root, digests);
+    for (const QByteArray &path : paths) {
         STStaticCurPathAsr current{};
         TextBuffer::copy(current.path, path);
         manager.setCurPathState(current);

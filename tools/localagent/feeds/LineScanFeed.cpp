@@ -15,7 +15,8 @@ int ManagerFeeds::feedBaseline(const QString &, ITavLineScanMgr &manager, Readin
 
     // The checks are not run: every item stands there as not checked.
     Tav::Reinforce::LineScanContentAsr content;
-    for (const int id : BaselineReader::itemIds(config)) {
+    const QVector<int> ids = BaselineReader::itemIds(config);
+    for (const int id : ids) {
         auto *const item = content.add_items();
         item->set_item_id(id);
         item->set_state(0);

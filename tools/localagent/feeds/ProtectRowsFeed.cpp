@@ -31,7 +31,8 @@ int ManagerFeeds::feedProtectionRows(const QString &root, ITavProtectMgr &manage
 {
     const QHash<quint32, QByteArray> userNames = UserReader::readNames(root);
     QVector<STSystemProUIData> rows;
-    for (const STDirProtectContentAsr &directory : manager.getDirContent()) {
+    const QVector<STDirProtectContentAsr> directories = manager.getDirContent();
+    for (const STDirProtectContentAsr &directory : directories) {
         const QString path = QString::fromUtf8(directory.path);
         const QString detail = QStringLiteral("%1, %2 files")
                                    .arg(modeAndOwner(root, directory.path, userNames))
@@ -39,20 +40,23 @@ int ManagerFeeds::feedProtectionRows(const QString &root, ITavProtectMgr &manage
         rows.append(rowOf(QStringLiteral("directory"), path, path, directory.state == missing ? QString() : detail,
                           directory.state != missing));
     }
-    for (const STFileProtectContentAsr &file : manager.getFileContent()) {
+    const QVector<STFileProtectContentAsr> files = manager.getFileContent();
+    for (const STFileProtectContentAsr &file : files) {
         const QString path = QString::fromUtf8(file.path);
         const QString detail
             = QStringLiteral("%1, %2 bytes").arg(modeAndOwner(root, file.path, userNames)).arg(file.size);
         rows.append(rowOf(QStringLiteral("file"), path, path, file.state == missing ? QString() : detail,
                           file.state != missing));
     }
-    for (const STKernelContentAsr &module : manager.getKernelContent()) {
+    const QVector<STKernelContentAsr> modules = manager.getKernelContent();
+    for (const STKernelContentAsr &module : modules) {
         const QString name = QString::fromUtf8(module.name);
         rows.append(rowOf(QStringLiteral("module"), name, name,
                           QStringLiteral("%1 bytes, %2 users").arg(module.size).arg(module.refCount),
                           module.loaded == 1));
     }
-    for (const STProProtectContentAsr &process : manager.getProContentList()) {
+    const QVector<STProProtectContentAsr> processes = manager.getProContentList();
+    for (const STProProtectContentAsr &process : processes) {
         rows.append(
             rowOf(QStringLiteral("process"), QString::fromUtf8(process.name), QString::number(process.pid),
                   QStringLiteral("%1 %2").arg(QString::fromUtf8(process.userName), QString::fromUtf8(process.path)),

@@ -61,7 +61,8 @@ QVector<STObjectDetailAsr> AccessReader::readObjects(const QString &root, const 
 {
     const QVector<QByteArray> devices{"/dev/kmsg", "/dev/mem", "/dev/null"};
     QVector<STObjectDetailAsr> records;
-    for (const QByteArray &path : DirectoryReader::keyFiles() + DirectoryReader::keyDirectories() + devices) {
+    const QVector<QByteArray> paths = DirectoryReader::keyFiles() + DirectoryReader::keyDirectories() + devices;
+    for (const QByteArray &path : paths) {
         int error = 0;
         const auto status = HostFile::status(root, path, &error);
         if (!status) {

@@ -15,7 +15,8 @@ constexpr qint64 secondsPerDay = 86400;
 /// The user with this id; one without a name, and a note, when there is none.
 UserReader::User userOf(const QString &root, quint32 uid, ReadingNotes &notes)
 {
-    for (const UserReader::User &user : UserReader::readUsers(root, notes)) {
+    const QVector<UserReader::User> users = UserReader::readUsers(root, notes);
+    for (const UserReader::User &user : users) {
         if (user.uid == uid) {
             return user;
         }
@@ -66,7 +67,8 @@ void addLogins(const QString &root, const QByteArray &userName, Tav::SystemConfi
 /// The number behind "key = value" in the rules for passwords; nothing when there is none.
 std::optional<int> ruleOf(const QByteArray &content, const QByteArray &key)
 {
-    for (const QByteArray &line : content.split('\n')) {
+    const QList<QByteArray> lines = content.split('\n');
+    for (const QByteArray &line : lines) {
         const int at = line.indexOf('=');
         bool ok = false;
         const int value = line.mid(at + 1).trimmed().toInt(&ok);

@@ -64,7 +64,8 @@ std::optional<QVector<AuditReader::Event>> sudoEvents(const QString &root, qint6
         return std::nullopt;
     }
     QVector<AuditReader::Event> events;
-    for (const QByteArray &line : content->split('\n')) {
+    const QList<QByteArray> lines = content->split('\n');
+    for (const QByteArray &line : lines) {
         if (const auto event = AuditReader::parseLine(line, now)) {
             events.append(*event);
         }

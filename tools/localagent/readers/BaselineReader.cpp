@@ -51,7 +51,8 @@ QString BaselineReader::configPath()
 QVector<int> BaselineReader::itemIds(const QJsonObject &config)
 {
     QVector<int> ids;
-    for (const QJsonValue &item : config.value(QStringLiteral("enableConfig")).toArray()) {
+    const QJsonArray items = config.value(QStringLiteral("enableConfig")).toArray();
+    for (const QJsonValue &item : items) {
         const int id = item.toObject().value(QStringLiteral("itemId")).toInt();
         if (!ids.contains(id)) {
             ids.append(id);
@@ -67,7 +68,8 @@ Tav::Reinforce::LineScanItemConfigErr BaselineReader::faultsOf(const QJsonObject
     faults.set_path(configPath().toStdString());
     checkKey(config, 0, QStringLiteral("enableConfig"), QJsonValue::Array, faults);
     QVector<int> seen;
-    for (const QJsonValue &value : config.value(QStringLiteral("enableConfig")).toArray()) {
+    const QJsonArray values = config.value(QStringLiteral("enableConfig")).toArray();
+    for (const QJsonValue &value : values) {
         const QJsonObject item = value.toObject();
         const int id = item.value(QStringLiteral("itemId")).toInt();
         checkKey(item, id, QStringLiteral("itemId"), QJsonValue::Double, faults);

@@ -13,7 +13,8 @@ constexpr qint32 missing = 3;
 int countFiles(const QString &root, const QByteArray &directory, ReadingNotes &notes)
 {
     int count = 0;
-    for (const QByteArray &name : HostFile::entriesOrNote(root, directory, notes)) {
+    const QVector<QByteArray> names = HostFile::entriesOrNote(root, directory, notes);
+    for (const QByteArray &name : names) {
         const auto status = HostFile::status(root, directory + '/' + name);
         count += status && !S_ISDIR(status->st_mode) ? 1 : 0;
     }

@@ -20,7 +20,8 @@ namespace
 /// Value of the first line "key : value" or "key=value"; null when there is none.
 QByteArray valueOf(const QByteArray &content, const QByteArray &key, char separator)
 {
-    for (const QByteArray &line : content.split('\n')) {
+    const QList<QByteArray> lines = content.split('\n');
+    for (const QByteArray &line : lines) {
         const int at = line.indexOf(separator);
         if (at > 0 && line.left(at).trimmed() == key) {
             return line.mid(at + 1).trimmed();
@@ -80,7 +81,8 @@ void readDisks(const QString &root, STResourceInfoAsr &info, ReadingNotes &notes
     // is full by its nature.
     static const QVector<QByteArray> images{"squashfs", "iso9660", "erofs", "udf", "fuse"};
     QSet<QByteArray> devices;
-    for (const QByteArray &line : mounts->split('\n')) {
+    const QList<QByteArray> lines = mounts->split('\n');
+    for (const QByteArray &line : lines) {
         const QList<QByteArray> fields = line.split(' ');
         if (fields.size() < 3 || !fields.at(0).startsWith("/dev/") || images.contains(fields.at(2))
             || devices.contains(fields.at(0))) {
@@ -114,7 +116,8 @@ void readProcessor(const QString &root, int sampleMilliseconds, STResourceInfoAs
     if (!before) {
         return;
     }
-    for (const QByteArray &line : before->split('\n')) {
+    const QList<QByteArray> lines = before->split('\n');
+    for (const QByteArray &line : lines) {
         if (line.size() > 3 && line.startsWith("cpu") && line.at(3) >= '0' && line.at(3) <= '9') {
             ++info.cpuCores;
         }

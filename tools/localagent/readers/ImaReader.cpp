@@ -58,7 +58,8 @@ ImaReader::MeasurementList ImaReader::readList(const QString &root, ReadingNotes
     const QByteArray content = HostFile::readOrNote(root, path, notes).value_or(QByteArray());
     MeasurementList list;
     int broken = 0;
-    for (const QByteArray &line : content.split('\n')) {
+    const QList<QByteArray> lines = content.split('\n');
+    for (const QByteArray &line : lines) {
         if (line.isEmpty()) {
             continue;
         }

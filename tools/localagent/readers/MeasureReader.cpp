@@ -22,7 +22,8 @@ QVector<QByteArray> MeasureReader::presentPrograms(const QString &root,
                                                    const QHash<QByteArray, QByteArray> &packageDigests)
 {
     QVector<QByteArray> present;
-    for (const QByteArray &path : programs()) {
+    const QVector<QByteArray> paths = programs();
+    for (const QByteArray &path : paths) {
         if (packageDigests.contains(path) || HostFile::exists(root, path)) {
             present.append(path);
         }

@@ -23,7 +23,8 @@ QHash<QByteArray, QByteArray> modulePaths(const QString &root, ReadingNotes &not
     if (!index) {
         return paths;
     }
-    for (const QByteArray &line : index->split('\n')) {
+    const QList<QByteArray> lines = index->split('\n');
+    for (const QByteArray &line : lines) {
         const QByteArray path = line.left(line.indexOf(':'));
         const QByteArray fileName = path.mid(path.lastIndexOf('/') + 1);
         const int suffix = fileName.indexOf(".ko");
@@ -35,18 +36,19 @@ QHash<QByteArray, QByteArray> modulePaths(const QString &root, ReadingNotes &not
 }
 
 /// The configuration files that modprobe reads: of two with one name, the one in the earlier directory.
-QVector<QByteArray> configurationFiles(const QString &root)
+QList<QByteArray> configurationFiles(const QString &root)
 {
     QMap<QByteArray, QByteArray> files;
     for (const char *const directory : {"/etc/modprobe.d/", "/run/modprobe.d/", "/usr/local/lib/modprobe.d/",
                                         "/usr/lib/modprobe.d/", "/lib/modprobe.d/"}) {
-        for (const QByteArray &name : HostFile::entries(root, directory)) {
+        const QVector<QByteArray> names = HostFile::entries(root, directory);
+        for (const QByteArray &name : names) {
             if (name.endsWith(".conf") && !files.contains(name)) {
                 files.insert(name, directory + name);
             }
         }
     }
-    return files.values().toVector();
+    return files.values();
 }
 
 /// The module that one line of configuration keeps from being loaded; empty when it does nothing of the kind.
@@ -63,9 +65,11 @@ QVector<QByteArray> blockedOnCommandLine(const QString &root)
 {
     const QByteArray parameter = "modprobe.blacklist=";
     QVector<QByteArray> names;
-    for (const QByteArray &word : HostFile::attribute(root, "/proc/cmdline").split(' ')) {
+    const QList<QByteArray> words = HostFile::attribute(root, "/proc/cmdline").split(' ');
+    for (const QByteArray &word : words) {
         if (word.startsWith(parameter)) {
-            for (const QByteArray &name : word.mid(parameter.size()).split(',')) {
+            const QList<QByteArray> blocked = word.mid(parameter.size()).split(',');
+            for (const QByteArray &name : blocked) {
                 names.append(kernelName(name));
             }
         }
@@ -81,7 +85,8 @@ std::optional<QVector<ModuleReader::Module>> ModuleReader::readLoadedModules(con
         return std::nullopt;
     }
     QVector<Module> modules;
-    for (const QByteArray &line : content->split('\n')) {
+    const QList<QByteArray> lines = content->split('\n');
+    for (const QByteArray &line : lines) {
         // name size users used-by state address [(taint)]
         const QList<QByteArray> fields = line.split(' ');
         if (fields.size() < 3) {
@@ -135,19 +140,23 @@ Tav::SystemProtect::KernelBlkProtectContentAsr ModuleReader::readBlockedModules(
             names.append(name);
         }
     };
-    for (const QByteArray &file : configurationFiles(root)) {
+    const QList<QByteArray> files = configurationFiles(root);
+    for (const QByteArray &file : files) {
         const QByteArray content = HostFile::readOrNote(root, file, notes).value_or(QByteArray());
-        for (const QByteArray &line : content.split('\n')) {
+        const QList<QByteArray> lines = content.split('\n');
+        for (const QByteArray &line : lines) {
             append(blockedModule(line));
         }
     }
-    for (const QByteArray &name : blockedOnCommandLine(root)) {
+    const QVector<QByteArray> blocked = blockedOnCommandLine(root);
+    for (const QByteArray &name : blocked) {
         append(name);
     }
 
     QHash<QByteArray, Module> loaded;
     if (!names.isEmpty()) {
-        for (const Module &module : readLoadedModules(root, notes).value_or(QVector<Module>())) {
+        const QVector<Module> modules = readLoadedModules(root, notes).value_or(QVector<Module>());
+        for (const Module &module : modules) {
             loaded.insert(module.name, module);
         }
     }

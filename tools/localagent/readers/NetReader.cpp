@@ -29,7 +29,8 @@ QHash<QByteArray, std::string> readGateways(const QString &root)
     QHash<QByteArray, std::string> gateways;
     QByteArray routes;
     HostFile::read(root, "/proc/net/route", routes);
-    for (const QByteArray &line : routes.split('\n')) {
+    const QList<QByteArray> lines = routes.split('\n');
+    for (const QByteArray &line : lines) {
         // device destination gateway flags ..., the addresses as the machine's own words in network order
         const QList<QByteArray> fields = line.simplified().split(' ');
         bool ok = false;
@@ -40,7 +41,8 @@ QHash<QByteArray, std::string> readGateways(const QString &root)
     }
     QByteArray routes6;
     HostFile::read(root, "/proc/net/ipv6_route", routes6);
-    for (const QByteArray &line : routes6.split('\n')) {
+    const QList<QByteArray> lines6 = routes6.split('\n');
+    for (const QByteArray &line : lines6) {
         // destination length source length next-hop ... device
         const QList<QByteArray> fields = line.simplified().split(' ');
         const QByteArray gateway = fields.size() >= 10 ? QByteArray::fromHex(fields.at(4)) : QByteArray();
@@ -139,7 +141,8 @@ Tav::NetControl::NetDeviceInfos NetReader::readDevices(const QString &root, Read
 {
     const QHash<QByteArray, std::string> gateways = readGateways(root);
     QVector<Tav::NetControl::NetDeviceInfo> devices;
-    for (const QByteArray &name : HostFile::entriesOrNote(root, netDirectory, notes)) {
+    const QVector<QByteArray> names = HostFile::entriesOrNote(root, netDirectory, notes);
+    for (const QByteArray &name : names) {
         Tav::NetControl::NetDeviceInfo device = readDevice(root, name);
         // Without an index it is no device but a control file of some driver, or it has just gone.
         if (device.has_index()) {

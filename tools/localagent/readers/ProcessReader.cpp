@@ -16,7 +16,8 @@ constexpr quint64 kernelThreadFlag = 0x00200000; ///< among the kernel's flags o
 qint64 readBootTime(const QString &root, ReadingNotes &notes)
 {
     const QByteArray content = HostFile::readOrNote(root, "/proc/stat", notes).value_or(QByteArray());
-    for (const QByteArray &line : content.split('\n')) {
+    const QList<QByteArray> lines = content.split('\n');
+    for (const QByteArray &line : lines) {
         if (line.startsWith("btime ")) {
             return line.mid(6).trimmed().toLongLong();
         }
@@ -27,12 +28,14 @@ qint64 readBootTime(const QString &root, ReadingNotes &notes)
 /// Notes when /proc hides other users' processes.
 void noteHidden(const QString &root, ReadingNotes &notes)
 {
-    for (const QByteArray &line : HostFile::attribute(root, "/proc/self/mounts").split('\n')) {
+    const QList<QByteArray> lines = HostFile::attribute(root, "/proc/self/mounts").split('\n');
+    for (const QByteArray &line : lines) {
         const QList<QByteArray> fields = line.split(' ');
         if (fields.size() < 4 || fields.at(1) != "/proc") {
             continue;
         }
-        for (const QByteArray &option : fields.at(3).split(',')) {
+        const QList<QByteArray> options = fields.at(3).split(',');
+        for (const QByteArray &option : options) {
             if (option.startsWith("hidepid=") && option != "hidepid=0" && option != "hidepid=off") {
                 HostFile::note(notes, "/proc", QStringLiteral("may hide other users' processes"));
             }
@@ -43,7 +46,8 @@ void noteHidden(const QString &root, ReadingNotes &notes)
 /// Real and effective user id from the line "Uid:" of a process's status; false when there is none.
 bool readUserIds(const QByteArray &status, ProcessReader::Process &process)
 {
-    for (const QByteArray &line : status.split('\n')) {
+    const QList<QByteArray> lines = status.split('\n');
+    for (const QByteArray &line : lines) {
         const QList<QByteArray> fields = line.simplified().split(' ');
         if (fields.size() >= 3 && fields.at(0) == "Uid:") {
             process.uid = fields.at(1).toUInt();
@@ -79,7 +83,8 @@ const char *reasonOf(const ProcessReader::Process &process, int type)
 QVector<int> ProcessReader::processIds(const QString &root, ReadingNotes &notes)
 {
     QVector<int> pids;
-    for (const QByteArray &name : HostFile::entriesOrNote(root, "/proc", notes)) {
+    const QVector<QByteArray> names = HostFile::entriesOrNote(root, "/proc", notes);
+    for (const QByteArray &name : names) {
         bool ok = false;
         const int pid = name.toInt(&ok);
         if (ok && pid > 0) {
@@ -133,7 +138,8 @@ QVector<ProcessReader::Process> ProcessReader::readProcesses(const QString &root
     QVector<Process> processes;
     int deniedCount = 0;
     int leftOut = 0;
-    for (const int pid : processIds(root, notes)) {
+    const QVector<int> pids = processIds(root, notes);
+    for (const int pid : pids) {
         bool denied = false;
         const auto process = readProcess(root, pid, bootTime, denied);
         if (!process || process->kernelThread) {

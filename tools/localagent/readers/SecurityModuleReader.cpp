@@ -8,7 +8,8 @@ SecurityModuleReader::SecurityModules SecurityModuleReader::read(const QString &
 {
     SecurityModules modules;
     if (const auto list = HostFile::readOrNote(root, "/sys/kernel/security/lsm", notes)) {
-        for (const QByteArray &name : list->trimmed().split(',')) {
+        const QList<QByteArray> names = list->trimmed().split(',');
+        for (const QByteArray &name : names) {
             modules.active.append(name);
         }
     }

@@ -15,7 +15,8 @@ using Fields = QHash<QByteArray, QByteArray>;
 Fields fieldsOf(const QByteArray &paragraph)
 {
     Fields fields;
-    for (const QByteArray &line : paragraph.split('\n')) {
+    const QList<QByteArray> lines = paragraph.split('\n');
+    for (const QByteArray &line : lines) {
         const int colon = line.indexOf(':');
         if (colon > 0 && !line.startsWith(' ')) {
             fields.insert(line.left(colon), line.mid(colon + 1).trimmed());
@@ -84,12 +85,14 @@ QHash<QByteArray, QByteArray> SoftwareReader::readPackageDigests(const QString &
     QSet<QByteArray> wanted(paths.cbegin(), paths.cend());
     wanted.subtract(divertedPaths(root));
     QHash<QByteArray, QByteArray> digests;
-    for (const QByteArray &name : HostFile::entriesOrNote(root, infoDirectory, notes)) {
+    const QVector<QByteArray> names = HostFile::entriesOrNote(root, infoDirectory, notes);
+    for (const QByteArray &name : names) {
         if (!name.endsWith(".md5sums")) {
             continue;
         }
         const QByteArray content = HostFile::readOrNote(root, infoDirectory + '/' + name, notes).value_or(QByteArray());
-        for (const QByteArray &line : content.split('\n')) {
+        const QList<QByteArray> lines = content.split('\n');
+        for (const QByteArray &line : lines) {
             // "digest  path", the path without the leading slash
             const QByteArray path = '/' + line.mid(digestSize + 2);
             // A package may still name the place a file had before /bin and /sbin became links into /usr.

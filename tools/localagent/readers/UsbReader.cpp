@@ -119,7 +119,8 @@ int deviceCount(const QString &root, const Kind &kind, const Tav::DevControl::De
 int wirelessCount(const QString &root)
 {
     int count = 0;
-    for (const QByteArray &name : HostFile::entries(root, "/sys/class/net")) {
+    const QVector<QByteArray> names = HostFile::entries(root, "/sys/class/net");
+    for (const QByteArray &name : names) {
         count += HostFile::exists(root, "/sys/class/net/" + name + "/phy80211") ? 1 : 0;
     }
     return count;
@@ -129,7 +130,8 @@ int wirelessCount(const QString &root)
 int serialPortCount(const QString &root)
 {
     int count = 0;
-    for (const QByteArray &name : HostFile::entries(root, "/sys/class/tty")) {
+    const QVector<QByteArray> names = HostFile::entries(root, "/sys/class/tty");
+    for (const QByteArray &name : names) {
         const bool ownDriver = name.startsWith("ttyUSB") || name.startsWith("ttyACM") || name.startsWith("ttyAMA");
         const bool controller
             = name.startsWith("ttyS") && HostFile::number(root, "/sys/class/tty/" + name + "/type").value_or(0) > 0;

@@ -24,14 +24,16 @@ void addGroups(const QString &root, QVector<UserReader::User> &users, ReadingNot
     }
     QHash<quint32, QByteArray> primary;
     QHash<QByteArray, QVector<QByteArray>> memberships;
-    for (const QByteArray &line : content->split('\n')) {
+    const QList<QByteArray> lines = content->split('\n');
+    for (const QByteArray &line : lines) {
         const QList<QByteArray> fields = line.split(':');
         const auto gid = fields.size() >= 4 ? idOf(fields.at(2)) : std::nullopt;
         if (!gid) {
             continue;
         }
         primary.insert(*gid, fields.at(0));
-        for (const QByteArray &member : fields.at(3).split(',')) {
+        const QList<QByteArray> members = fields.at(3).split(',');
+        for (const QByteArray &member : members) {
             memberships[member].append(fields.at(0));
         }
     }
@@ -53,16 +55,17 @@ void addPasswords(const QString &root, QVector<UserReader::User> &users, Reading
     if (!content) {
         return;
     }
-    QHash<QByteArray, QList<QByteArray>> lines;
-    for (const QByteArray &line : content->split('\n')) {
+    QHash<QByteArray, QList<QByteArray>> passwords;
+    const QList<QByteArray> lines = content->split('\n');
+    for (const QByteArray &line : lines) {
         const QList<QByteArray> fields = line.split(':');
         if (fields.size() >= 5) {
-            lines.insert(fields.at(0), fields);
+            passwords.insert(fields.at(0), fields);
         }
     }
     for (UserReader::User &user : users) {
-        const auto found = lines.constFind(user.name);
-        if (found == lines.constEnd()) {
+        const auto found = passwords.constFind(user.name);
+        if (found == passwords.constEnd()) {
             continue;
         }
         user.locked = found->at(1).startsWith('!') || found->at(1).startsWith('*');
@@ -83,7 +86,8 @@ QVector<UserReader::User> UserReader::readUsers(const QString &root, ReadingNote
         return users;
     }
     int broken = 0;
-    for (const QByteArray &line : content->split('\n')) {
+    const QList<QByteArray> lines = content->split('\n');
+    for (const QByteArray &line : lines) {
         if (line.isEmpty() || line.startsWith('#')) {
             continue;
         }

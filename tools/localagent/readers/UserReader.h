@@ -26,7 +26,7 @@ struct User {
     QByteArray fullName; ///< comment field up to its first comma
     QByteArray home;
     QByteArray shell; ///< as written; empty means /bin/sh
-    QVector<QByteArray> groups; ///< names of the groups the user is in, the primary one first
+    QList<QByteArray> groups; ///< names of the groups the user is in, the primary one first
     std::optional<bool> locked; ///< the password is locked; nothing when it could not be read
     std::optional<qint64> passwordChange; ///< seconds since the epoch, to the day; nothing when unknown
     std::optional<qint64> passwordDays; ///< days a password holds, -1 for ever; nothing when it could not be read
