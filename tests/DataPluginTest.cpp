@@ -15,11 +15,11 @@
 #include "ITavSelectFuncMgr.h"
 #include "ITavSystemConfigMgr.h"
 #include "PluginHost.h"
+#include "Program.h"
 #include "TextFile.h"
 
 #include <QJsonObject>
 #include <QLibrary>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QThread>
@@ -161,17 +161,13 @@ QObject *pluginObject()
 }
 
 /// What one of the binary tools prints about the plugin's file.
-std::string toolOutput(const QString &program, QStringList arguments)
+std::string toolOutput(const QString &program, const QStringList &arguments)
 {
-    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-    environment.insert(QStringLiteral("LC_ALL"), QStringLiteral("C"));
-    environment.remove(QStringLiteral("LD_PRELOAD"));
-    QProcess process;
-    process.setProcessEnvironment(environment);
-    process.start(program, arguments << QStringLiteral(TAV_PLUGIN_FILE));
-    EXPECT_TRUE(process.waitForFinished()) << qPrintable(process.errorString());
-    EXPECT_EQ(process.exitCode(), 0) << process.readAllStandardError().constData();
-    return process.readAllStandardOutput().toStdString();
+    const Program tool(QStringList{QStringLiteral("env"), QStringLiteral("-u"), QStringLiteral("LD_PRELOAD"),
+                                   QStringLiteral("LC_ALL=C"), program}
+                       + arguments + QStringList{QStringLiteral(TAV_PLUGIN_FILE)});
+    EXPECT_EQ(tool.exitCode, 0) << tool.errors.constData();
+    return tool.output.toStdString();
 }
 
 /// The lines of @p output that match @p pattern.

@@ -1,31 +1,30 @@
 #pragma once
 
+#include "Program.h"
+
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QProcess>
-#include <QStringList>
 
 /// @brief The tool tavctl, run once with the arguments given; what it printed and how it ended.
 struct Tavctl {
-    explicit Tavctl(const QStringList &arguments)
+    explicit Tavctl(const QStringList &arguments, const QString &inputFile = QStringLiteral("/dev/null"))
     {
         // Under an emulator when the tests are.
-        const QStringList command
-            = QString(TAV_EMULATOR).split(' ', Qt::SkipEmptyParts) + QStringList{TAV_TAVCTL_FILE} + arguments;
-        QProcess process;
-        process.start(command.first(), command.mid(1));
-        process.waitForFinished(60000);
-        output = QString::fromUtf8(process.readAllStandardOutput());
-        errors = QString::fromUtf8(process.readAllStandardError());
-        exitCode = process.exitStatus() == QProcess::NormalExit ? process.exitCode() : -1;
+        const QStringList emulator = QString(TAV_EMULATOR).split(' ', Qt::SkipEmptyParts);
+        const Program run(emulator + QStringList{TAV_TAVCTL_FILE} + arguments, inputFile);
+        bytes = run.output;
+        output = QString::fromUtf8(run.output);
+        errors = QString::fromUtf8(run.errors);
+        exitCode = run.exitCode;
     }
 
     QJsonObject json() const
     {
-        return QJsonDocument::fromJson(output.toUtf8()).object();
+        return QJsonDocument::fromJson(bytes).object();
     }
 
-    QString output;
+    QByteArray bytes; ///< what it printed, byte for byte
+    QString output; ///< the same as text
     QString errors;
-    int exitCode; ///< -1 when it crashed or did not end
+    int exitCode; ///< -1 when it crashed
 };

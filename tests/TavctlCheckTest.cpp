@@ -104,18 +104,6 @@ QByteArray contentOf(const QString &path)
     return file.readAll();
 }
 
-/// What tavctl writes to standard output, byte for byte, when @p file is its standard input.
-QByteArray bytesFrom(const QStringList &arguments, const QString &file)
-{
-    const QStringList command
-        = QString(TAV_EMULATOR).split(' ', Qt::SkipEmptyParts) + QStringList{TAV_TAVCTL_FILE} + arguments;
-    QProcess process;
-    process.setStandardInputFile(file);
-    process.start(command.first(), command.mid(1));
-    EXPECT_TRUE(process.waitForFinished(60000));
-    return process.readAllStandardOutput();
-}
-
 /// @brief A directory for the files of one test.
 class TavctlCheck : public testing::Test
 {
@@ -291,7 +279,7 @@ TEST_F(TavctlCheck, LetsNoControlCharacterOfAFileReachTheTerminal)
 TEST_F(TavctlCheck, ReadsStandardInput)
 {
     EXPECT_TRUE(
-        bytesFrom({"catalogue", "check", "-"}, putCatalogue("[]")).startsWith("-:1:1: the catalogue is empty; "));
+        Tavctl({"catalogue", "check", "-"}, putCatalogue("[]")).output.startsWith("-:1:1: the catalogue is empty; "));
 }
 
 TEST_F(TavctlCheck, EndsWithTwoAndOneLineWhenItCannotRun)
@@ -482,7 +470,7 @@ TEST_F(TavctlBase64, GoesThereAndBackByteForByte)
 TEST_F(TavctlBase64, WritesBytesToStandardOutput)
 {
     const QByteArray bytes("\0\xff\r\n\x1b", 5);
-    EXPECT_EQ(bytesFrom({"catalogue", "decode", "-"}, put("encoded", bytes.toBase64())), bytes);
+    EXPECT_EQ(Tavctl({"catalogue", "decode", "-"}, put("encoded", bytes.toBase64())).bytes, bytes);
 }
 
 TEST_F(TavctlBase64, MakesTheDemoCatalogueAgain)
@@ -764,17 +752,14 @@ QStringList wordsInHelp(const QStringList &command)
 /// What the shell offers when @p words have been typed and the last one is to be completed.
 QStringList offers(const QStringList &words)
 {
-    QProcess bash;
-    bash.start("bash",
-               QStringList{"-c",
-                           "source \"$1\" && shift && COMP_WORDS=(tavctl \"$@\") && COMP_CWORD=$# && "
-                           "_tavctl && printf '%s\\n' \"${COMPREPLY[@]}\"",
-                           "bash", TAV_SOURCE_DIR "/share/bash-completion/tavctl"}
-                   + words);
-    EXPECT_TRUE(bash.waitForFinished(60000));
-    EXPECT_EQ(bash.exitCode(), 0);
-    EXPECT_EQ(QString::fromUtf8(bash.readAllStandardError()), "");
-    QStringList offered = QString::fromUtf8(bash.readAllStandardOutput()).split('\n', Qt::SkipEmptyParts);
+    const Program bash(QStringList{"bash", "-c",
+                                   "source \"$1\" && shift && COMP_WORDS=(tavctl \"$@\") && COMP_CWORD=$# && "
+                                   "_tavctl && printf '%s\\n' \"${COMPREPLY[@]}\"",
+                                   "bash", TAV_SOURCE_DIR "/share/bash-completion/tavctl"}
+                       + words);
+    EXPECT_EQ(bash.exitCode, 0);
+    EXPECT_EQ(bash.errors, "");
+    QStringList offered = QString::fromUtf8(bash.output).split('\n', Qt::SkipEmptyParts);
     offered.sort();
     return offered;
 }
@@ -828,12 +813,10 @@ TEST(TavctlManual, NamesEveryCommandAndItsOptions)
 
 TEST(TavctlManual, CanBeTypesetWithoutAWarning)
 {
-    QProcess groff;
-    groff.start("groff", {"-man", "-Tutf8", "-ww", "-z", TAV_SOURCE_DIR "/share/man/tavctl.1"});
-    if (!groff.waitForStarted(60000)) {
+    const Program groff({"groff", "-man", "-Tutf8", "-ww", "-z", TAV_SOURCE_DIR "/share/man/tavctl.1"});
+    if (groff.exitCode == 127) {
         GTEST_SKIP() << "groff is not installed";
     }
-    EXPECT_TRUE(groff.waitForFinished(60000));
-    EXPECT_EQ(groff.exitCode(), 0);
-    EXPECT_EQ(QString::fromUtf8(groff.readAllStandardError()), "");
+    EXPECT_EQ(groff.exitCode, 0);
+    EXPECT_EQ(groff.errors, "");
 }

@@ -1,0 +1,58 @@
+#pragma once
+
+#include <QByteArray>
+#include <QFile>
+#include <QStringList>
+#include <QTemporaryDir>
+
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <vector>
+
+/// @brief A program, run once to its end; what it printed and how it ended.
+struct Program {
+    /**
+     * Runs @p command, which is looked up in PATH, with @p inputFile as its standard input. Not by QProcess: with
+     * user-mode emulation it starts nothing, since the emulator knows no descriptors of processes.
+     */
+    explicit Program(const QStringList &command, const QString &inputFile = QStringLiteral("/dev/null"))
+    {
+        std::vector<QByteArray> words;
+        for (const QString &word : command) {
+            words.push_back(QFile::encodeName(word));
+        }
+        std::vector<char *> arguments;
+        for (QByteArray &word : words) {
+            arguments.push_back(word.data());
+        }
+        arguments.push_back(nullptr);
+
+        const QTemporaryDir directory;
+        QFile outputFile(directory.filePath(QStringLiteral("output")));
+        QFile errorFile(directory.filePath(QStringLiteral("errors")));
+        posix_spawn_file_actions_t files;
+        posix_spawn_file_actions_init(&files);
+        const auto redirect = [&files](int descriptor, const QString &file, int flags) {
+            posix_spawn_file_actions_addopen(&files, descriptor, QFile::encodeName(file).constData(), flags, 0600);
+        };
+        redirect(0, inputFile, O_RDONLY);
+        redirect(1, outputFile.fileName(), O_WRONLY | O_CREAT);
+        redirect(2, errorFile.fileName(), O_WRONLY | O_CREAT);
+        pid_t child = -1;
+        int status = -1;
+        const int error = posix_spawnp(&child, arguments.front(), &files, nullptr, arguments.data(), environ);
+        posix_spawn_file_actions_destroy(&files);
+        if (error == 0 && waitpid(child, &status, 0) == child && WIFEXITED(status)) {
+            exitCode = WEXITSTATUS(status);
+        }
+        if (outputFile.open(QIODevice::ReadOnly) && errorFile.open(QIODevice::ReadOnly)) {
+            output = outputFile.readAll();
+            errors = errorFile.readAll();
+        }
+    }
+
+    QByteArray output;
+    QByteArray errors;
+    int exitCode = -1; ///< -1 when it could not be started or a signal ended it, 127 when there is no such program
+};
