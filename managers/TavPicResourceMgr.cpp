@@ -8,8 +8,6 @@
 #include <QVector>
 
 #include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace
 {
@@ -53,18 +51,16 @@ void scan(const QString &path, Listed &listed, QVector<_PngInfo> &found)
     }
 }
 
-/// Null when the file cannot be read or decoded. A link may name a pipe or a device, which would block: not opened.
+/// Null when the file cannot be read or decoded. A link may name a pipe or a device: not opened. Nor does a pipe that
+/// takes the file's place after that look block.
 std::shared_ptr<QImage> load(const QString &filePath)
 {
-    // Its place is held first, which waits for nothing, so that what is looked at is what is then opened, whatever
-    // somebody puts there in between.
-    const int place = open(QFile::encodeName(filePath).constData(), O_PATH | O_CLOEXEC);
-    struct stat status = {};
-    const bool isFile = fstat(place, &status) == 0 && S_ISREG(status.st_mode);
-    const QString held = QStringLiteral("/proc/self/fd/%1").arg(place);
-    auto image = isFile ? std::make_shared<QImage>(held) : std::make_shared<QImage>();
-    if (place >= 0) {
-        close(place);
+    auto image = std::make_shared<QImage>();
+    QFile file;
+    if (QFileInfo(filePath).isFile()
+        && file.open(open(QFile::encodeName(filePath).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC),
+                     QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+        image->load(&file, nullptr);
     }
     return image;
 }
