@@ -55,8 +55,8 @@ NetControlController::NetControlController(QObject *parent)
 
 NetControlController::~NetControlController()
 {
-    // quit() counts only after all answers that wait have had their turn; the interruption makes each of them return at
-    // once. The one at work is finished. Then nobody uses this object but us.
+    // The thread's loop looks at quit() only after all answers that it has taken up; the interruption makes each of
+    // them return at once. The one at work is finished. Then nobody uses this object but us.
     m_thread.requestInterruption();
     m_thread.quit();
     m_thread.wait();

@@ -265,13 +265,21 @@ private slots:
         for (int i = 0; i < 10000; ++i) {
             many.add_devices()->set_name(std::to_string(i));
         }
-        const QByteArray longAnswer = QByteArray::fromStdString(many.SerializeAsString());
+        const QByteArray first = QByteArray::fromStdString(many.SerializeAsString());
+        many.add_devices()->set_name("waited");
+        const QByteArray waiting = QByteArray::fromStdString(many.SerializeAsString());
         {
             NetControlController controller;
-            for (int i = 0; i < 100; ++i) {
-                controller.receiveAnswer(longAnswer);
+            QSignalSpy changed(&controller, &NetControlController::changed);
+            controller.receiveAnswer(answer({{"eth0", 1}}));
+            QVERIFY(changed.wait()); // the thread runs, and waits
+            controller.receiveAnswer(first);
+            QThread::msleep(1); // while it is at this one, all others come in, which its loop then takes up at once
+            for (int i = 0; i < 50; ++i) {
+                controller.receiveAnswer(waiting);
             }
             controller.receiveAnswer(answer({{"last", 1}}));
+            QTRY_COMPARE(m_model->getDeviceInfo().devices_size(), many.devices_size());
         }
         QVERIFY(deviceNames(*m_model) != std::vector<std::string>{"last"});
     }
