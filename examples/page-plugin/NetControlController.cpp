@@ -25,7 +25,7 @@ QString nameOf(const Tav::NetControl::NetDeviceInfo &device)
 }
 
 // -1 when there is no such device.
-int positionOf(const QString &name, const Tav::NetControl::NetDeviceInfos &devices)
+int findDevice(const QString &name, const Tav::NetControl::NetDeviceInfos &devices)
 {
     for (int position = 0; position < devices.devices_size(); ++position) {
         if (nameOf(devices.devices(position)) == name) {
@@ -121,7 +121,7 @@ void NetControlController::setChecked(const QString &name, bool checked)
     {
         QMutexLocker lock(&modelMutex());
         const Tav::NetControl::NetDeviceInfos devices = m_model->getDeviceInfo();
-        const int position = positionOf(name, devices);
+        const int position = findDevice(name, devices);
         if (position < 0) {
             return;
         }
@@ -140,7 +140,7 @@ void NetControlController::toggleDevice(const QString &name)
         QMutexLocker lock(&modelMutex());
         // The page's line may be of an older answer: the device may stand elsewhere now, or be gone, and
         // reverseDeviceState ends the process when nothing stands there. The lock keeps the list until we are done.
-        const int position = positionOf(name, m_model->getDeviceInfo());
+        const int position = findDevice(name, m_model->getDeviceInfo());
         if (position < 0) {
             return;
         }
