@@ -85,6 +85,9 @@ inside cmake --build /root/page-plugin/build --parallel "$(nproc)"
 inside ctest --test-dir /root/page-plugin/build --output-on-failure --no-tests=error
 inside /root/page-plugin/build/page-preview /root/page-plugin/build/libNetControlPagePlugin.so /root/page-plugin/page.png
 [[ -s $root/root/page-plugin/page.png ]] || fail "the preview has drawn nothing"
+inside sh -c 'cd /root/page-plugin && sh build-without-cmake.sh'
+inside /root/page-plugin/build/page-preview /root/page-plugin/libNetControlPagePlugin.so /root/page-plugin/pkg-config.png
+[[ -s $root/root/page-plugin/pkg-config.png ]] || fail "the page built with pkg-config has drawn nothing"
 [[ $(inside pkg-config --cflags tav-data-plugin) == *-UNDEBUG* ]] || fail "pkg-config does not pass -UNDEBUG on"
 
 # What was installed goes without a trace.

@@ -115,8 +115,8 @@ private slots:
         QTRY_COMPARE(list->topLevelItemCount(), 2);
 
         list->topLevelItem(1)->setCheckState(0, Qt::Checked);
-        QVERIFY(m_model->getUIData()[1].isChecked);
-        QVERIFY(!m_model->getUIData()[0].isChecked);
+        QVERIFY(m_model->getUIData().at(1).isChecked);
+        QVERIFY(!m_model->getUIData().at(0).isChecked);
 
         list->setCurrentItem(list->topLevelItem(1));
         page->findChild<QPushButton *>()->click();
