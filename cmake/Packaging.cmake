@@ -56,6 +56,12 @@ endfunction()
 
 tav_package(plugin tav-data-plugin)
 tav_package(dev tav-data-plugin-dev)
+# What page authors read and copy: they have the packages, not these sources.
+set(devDocDir "${CMAKE_INSTALL_DATADIR}/doc/tav-data-plugin-dev")
+install(FILES docs/page-plugin-guide.md docs/compatibility.md docs/architecture.md
+    DESTINATION ${devDocDir} COMPONENT dev)
+install(DIRECTORY examples/page-plugin DESTINATION ${devDocDir}/examples COMPONENT dev
+    PATTERN build EXCLUDE)
 set(CPACK_COMPONENTS_ALL plugin dev)
 if(TARGET TavCommon)
     tav_package(common libtavcommon1)
@@ -135,13 +141,14 @@ and the messages of the backend, which the client, its data plugin and its
 page plugins share.")
 set(CPACK_COMPONENT_PLUGIN_DESCRIPTION "data plugin of the host-security desktop client
 Model layer of the desktop client of a host-security agent, as a Qt 5 plugin.
-It puts fifteen thread-safe managers into the client's object registry: the
-navigation catalogue, the pictures, the page selection, and one model for
-each area of the agent.")
+It puts fifteen managers into the client's object registry: the navigation
+catalogue, the pictures, the page selection, and one model for each area of
+the agent. All but the pictures may be used from any thread.")
 set(CPACK_COMPONENT_DEV_DESCRIPTION "development files for page plugins of the security client
 Interfaces and shared records of the data plugin, headers of the common
 library, generated message headers and the message definitions, with a CMake
-package and a pkg-config file. A page plugin needs nothing else to compile.")
+package and a pkg-config file. A page plugin needs nothing else to compile.
+A guide for its authors and an example to copy are included.")
 set(CPACK_COMPONENT_TAVCTL_DESCRIPTION "stand-in for the host-security desktop client
 Loads the data plugin as the client does and shows what it registers, what the
 navigation holds, and what the model of each page holds once a backend has

@@ -24,8 +24,18 @@ public:
     TavSignal() = default;
     Q_DISABLE_COPY(TavSignal) // a copy would share neither its subscribers nor their ids
 
-    /// Adds a subscriber at the end of the list: @p callback is called in @p thread, which must run an event loop and
-    /// must be alive until the subscription ends. Returns the subscription's id, which is positive and never reused.
+    /**
+     * @brief Adds a subscriber at the end of the list: @p callback is called in @p thread, which must run an event
+     * loop.
+     *
+     * Returns the subscription's id, which is positive and never reused.
+     *
+     * An emission that took its list before unsubscribe() may hand its event to @p thread after it: the QThread object
+     * must outlive every emission that began before unsubscribe() returned.
+     *
+     * The code of @p callback must stay loaded for good: lists in use, posted events and what the callback has put
+     * into other objects refer to it also after unsubscribe(). A plugin that has subscribed is never unloaded.
+     */
     int subscribe(std::function<void(T)> callback, QThread *thread)
     {
         QMutexLocker lock(&m_mutex);
@@ -35,8 +45,8 @@ public:
         return m_lastId;
     }
 
-    /// Ends the subscription @p id: later emissions leave it out. A delivery that was posted before still arrives.
-    /// False when there is no such subscription.
+    /// Ends the subscription @p id: later emissions leave it out. A delivery that was posted before still arrives, and
+    /// one of an emission that is under way may still be posted. False when there is no such subscription.
     bool unsubscribe(int id)
     {
         std::shared_ptr<const QVector<Subscriber>> before; // ends after the lock: a dying callback may use the signal

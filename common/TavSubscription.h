@@ -16,6 +16,10 @@
  * in the receiver's thread: then nothing is called from that moment on. Ended in another thread, it may meet a
  * callback that is running. The receiver must stay in its thread, and the signal must outlive the subscription.
  *
+ * An emission that is under way may still post to the receiver's thread after the end: the QThread object must outlive
+ * every emission that began before. And the plugin whose code the callback is must never be unloaded: lists in use and
+ * posted events refer to that code also after the end.
+ *
  * Movable; assigning another one, or `{}`, ends this one.
  */
 class TavSubscription
@@ -31,7 +35,8 @@ public:
     TavSubscription(const TavSubscription &) = delete; // two holders would end it at two times
     TavSubscription &operator=(const TavSubscription &) = delete;
 
-    /// Subscribes @p callback, which takes the signal's value, for as long as this object and @p receiver live.
+    /// Subscribes @p callback, which takes the signal's value, for as long as this object and @p receiver live. The
+    /// receiver must not be null, its thread must run an event loop, and the callback must not be empty.
     template<class T, class Callback>
     TavSubscription(TavSignal<T> &signal, QObject *receiver, Callback callback)
     {

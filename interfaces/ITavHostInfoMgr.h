@@ -13,12 +13,13 @@
 class ITavHostInfoMgr
 {
 public:
-    /// The manager itself, for connecting signals or for a look at its class; takes no lock.
+    /// The manager itself, to look at its class or to watch its end: it has no signals of its own. Takes no lock.
     virtual QObject *getObject() = 0;
 
     /// Replaces the resource figures.
     virtual void setResourceInfo(const STResourceInfoAsr &info) = 0;
-    /// Copy of the resource figures. Set them first: the manager gives the record no initial value.
+    /// Copy of the resource figures. Before the first set they are indeterminate, and texts may lack their NUL: do not
+    /// read them before a controller has announced that it has set them.
     virtual STResourceInfoAsr getResourceInfo() = 0;
 
     /// Replaces the state of the kernel's signatures.

@@ -12,11 +12,13 @@
  *
  * Any thread may call any operation. Getters return copies. Before the first set messages and list are empty, but for
  * the command state. Nothing is signalled on a set: readers ask again.
+ *
+ * All edits change the client's copy only. Nothing is sent to the agent: whoever edits has the command sent, too.
  */
 class ITavNetControlMgr
 {
 public:
-    /// The manager itself, for connecting signals or for a look at its class; takes no lock.
+    /// The manager itself, to look at its class or to watch its end: it has no signals of its own. Takes no lock.
     virtual QObject *getObject() = 0;
 
     /// Replaces the counts of devices and rules.
@@ -50,8 +52,13 @@ public:
     /// Sets the check mark of every row and nothing else.
     virtual void setAllCheck(bool check) = 0;
 
-    /// Toggles the state of the device at this position: 1 becomes 0, anything else becomes 1. The position must be one
-    /// of the held list; any other is fatal to the process.
+    /**
+     * @brief Toggles the state of the device at this position, in the client's copy: 1 becomes 0, anything else 1.
+     *
+     * The position must be one of the held list; any other is fatal to the process. Looking for the position and
+     * toggling are two steps, which cannot be made one from outside. So one plugin sets a manager's devices and toggles
+     * them, under one lock that all its pages share; the others only read.
+     */
     virtual void reverseDeviceState(int index) = 0;
     /// Toggles the state of every device as reverseDeviceState() does.
     virtual void reverseDevicesState() = 0;

@@ -15,7 +15,7 @@
 class ITavPicResourceMgr
 {
 public:
-    /// The manager itself, for connecting signals or for a look at its class; takes no lock.
+    /// The manager itself, to look at its class or to watch its end: it has no signals of its own. Takes no lock.
     virtual QObject *getObject() = 0;
 
     /**

@@ -4,7 +4,7 @@
 
 #include <type_traits>
 
-/** @brief State of the kernel's integrity measurement. The second word is 0 while nothing has been reported. */
+/** @brief State of the kernel's integrity measurement. `state` is 0 while nothing has been reported. */
 struct STImaStateAsr {
     qint32 mode; ///< 0: off, 1: measure, 2: measure and log differences, 3: measure and refuse what differs
     qint32 state; ///< 0: not running, 1: running, 2: failed

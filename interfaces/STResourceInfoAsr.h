@@ -9,7 +9,8 @@
 /**
  * @brief Resource figures of the host.
  *
- * ITavHostInfoMgr gives this record no initial value of its own: set it before reading it.
+ * ITavHostInfoMgr gives this record no initial value of its own: before the first set every figure is indeterminate,
+ * and a text may lack its NUL. Do not read it before a controller has announced that it has set it.
  */
 struct STResourceInfoAsr {
     quint64 memoryTotal; ///< bytes

@@ -4,7 +4,7 @@
 
 #include <type_traits>
 
-/** @brief State of the scan of the whole system. The second word is 0 while no scan has been reported. */
+/** @brief State of the scan of the whole system. `state` is 0 while no scan has been reported. */
 struct STSystemScanStateAsr {
     qint32 scanId; ///< identifier of the run
     qint32 state; ///< 0: idle, 1: running, 2: finished, 3: stopped by the user, 4: failed

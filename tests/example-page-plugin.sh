@@ -2,8 +2,9 @@
 # usage: example-page-plugin.sh SOURCE_DIR BUILD_DIR LIBRARY_DIR [CMAKE_ARGUMENT...]
 #
 # Proves that a page author needs nothing but the installation: installs the built tree BUILD_DIR to a temporary prefix,
-# builds examples/page-plugin of SOURCE_DIR against that alone, and runs its test. Then the same headers and library by
-# way of pkg-config. LIBRARY_DIR is the tree's CMAKE_INSTALL_LIBDIR; the further arguments configure the example.
+# builds the example that is installed there against that alone, and runs its test. Then the page by way of pkg-config,
+# and with the CMakeLists.txt that the guide prints. What the guide quotes must stand in the example. LIBRARY_DIR is the
+# tree's CMAKE_INSTALL_LIBDIR; the further arguments configure the example.
 set -euo pipefail
 
 source_dir=$1 build_dir=$2 library_dir=$3
@@ -21,7 +22,29 @@ prefix=$work/prefix
 for component in common plugin dev; do
     cmake --install "$build_dir" --prefix "$prefix" --component "$component"
 done
-cp -r "$source_dir/examples/page-plugin" "$work/source"
+doc=$prefix/share/doc/tav-data-plugin-dev
+cp -r "$doc/examples/page-plugin" "$work/source"
+[[ -z $(find "$doc" -type f -perm /111) ]] || fail "documentation is installed as a program"
+
+# quotes GUIDE: the code blocks that name a file in a comment on their first line, each ended by a NUL.
+quotes() {
+    awk '/^```/ { if (open) printf "%c", 0; open = /^```(cpp|cmake|sh)$/; next } open' "$1"
+}
+count=0
+while IFS= read -r -d '' block; do
+    name=${block%%$'\n'*}
+    name=${name#[#/]* }
+    code=${block#*$'\n'}
+    [[ -f $work/source/$name ]] || fail "the guide has code that is of no file of the example: $name"
+    [[ $'\n'$(<"$work/source/$name")$'\n' == *$'\n'"$code"* ]] || fail "the guide's lines do not stand in $name: $code"
+    if [[ $name == CMakeLists.txt ]]; then
+        mkdir "$work/minimal"
+        printf '%s' "$code" >"$work/minimal/CMakeLists.txt"
+    fi
+    count=$((count + 1))
+done < <(quotes "$doc/page-plugin-guide.md")
+[[ $count -ge 15 ]] || fail "the guide quotes the example $count times only"
+
 cmake -S "$work/source" -B "$work/build" "$@" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON -DCMAKE_PREFIX_PATH="$prefix"
 ! grep -qF -e "$source_dir" -e "$build_dir" "$work/build/compile_commands.json" ||
     fail "the example is compiled with headers that are not those of the package"
@@ -31,26 +54,24 @@ ctest --test-dir "$work/build" --output-on-failure --no-tests=error
 plugin=$work/build/libNetControlPagePlugin.so
 found=$(env -u LD_LIBRARY_PATH ldd "$plugin" | awk '$1 == "libTavCommon.so.1" { print $3 }')
 [[ $found == "$prefix/$library_dir/libTavCommon.so.1" ]] || fail "the page takes libTavCommon.so.1 from ${found:-nowhere}"
-QT_QPA_PLATFORM=offscreen "$work/build/page-preview" "$plugin" "$work/page.png"
-[[ -s $work/page.png ]] || fail "the preview has drawn nothing"
+
+# show NAME PLUGIN: loads it as a client does, and has it draw its page.
+show() {
+    QT_QPA_PLATFORM=offscreen "$work/build/page-preview" "$2" "$work/$1.png" || fail "the page $1 does not run"
+    [[ -s $work/$1.png ]] || fail "the preview of the page $1 has drawn nothing"
+    grep -qF '(index) < (current_size_)' "$2" || fail "the page $1 does not keep the bounds checks of the messages"
+}
+show cmake "$plugin"
+
+cp "$work"/source/*.cpp "$work"/source/*.h "$work/minimal/"
+cmake -S "$work/minimal" -B "$work/minimal/build" "$@" -DCMAKE_PREFIX_PATH="$prefix"
+cmake --build "$work/minimal/build" --parallel "$(nproc)"
+show minimal "$work/minimal/build/libNetControlPagePlugin.so"
 
 if command -v pkg-config >/dev/null; then
-    cat >"$work/page.cpp" <<'CODE'
-#include "ITavNetControlMgr.h"
-#include "TavObjectMgr.h"
-#ifdef NDEBUG
-#error "the package does not keep the bounds checks of the messages"
-#endif
-int main()
-{
-    return tavObject<ITavNetControlMgr>("ITavNetControlMgr") ? 1 : 0;
-}
-CODE
     export PKG_CONFIG_PATH=$prefix/$library_dir/pkgconfig
-    # shellcheck disable=SC2046  # several words are meant
-    g++ -std=c++17 -fPIC -O2 -DNDEBUG $(pkg-config --cflags tav-data-plugin) "$work/page.cpp" -o "$work/page" \
-        $(pkg-config --libs tav-data-plugin) -Wl,-rpath,"$prefix/$library_dir"
-    "$work/page" || fail "a program built with pkg-config does not run"
+    (cd "$work/source" && sh build-without-cmake.sh)
+    show pkg-config "$work/source/libNetControlPagePlugin.so"
     [[ -f $(pkg-config --variable=plugindir tav-data-plugin)/libTavDataPlugin.so ]] ||
         fail "pkg-config does not say where the plugin is"
 fi

@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # usage: packages.sh PACKAGES_DIR [ROOT]      as root
 #
-# Tries the packages of PACKAGES_DIR on a bare system: installs them with apt, builds examples/page-plugin there as its
-# author would, runs its test, and runs tavctl. ROOT is a bare Debian to do it in: a tarball, which is unpacked and
+# Tries the packages of PACKAGES_DIR on a bare system: installs them with apt, copies the example page plugin from the
+# installed documentation and builds it as its author would, runs its test, and runs tavctl. ROOT is a bare Debian to do it in: a tarball, which is unpacked and
 # thrown away again, or a directory, which is used and left as it is then. Without ROOT one is made with mmdebstrap from
 # this machine's own apt sources.
 set -euo pipefail
@@ -15,7 +15,6 @@ fail() {
 [[ $# -ge 1 && $# -le 2 ]] || { sed -n '2,7p' "$0" | sed 's/^# \{0,1\}//'; exit 2; }
 [[ $(id -u) -eq 0 ]] || fail "takes root's rights"
 packages_dir=$(cd "$1" && pwd)
-source_dir=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 architecture=$(dpkg --print-architecture)
 packages=("$packages_dir"/*_"$architecture".deb)
 [[ -f ${packages[0]} ]] || fail "$packages_dir holds no package for $architecture; build them with ./dev package"
@@ -64,7 +63,6 @@ inside() {
 rm -rf "$root/root/packages" "$root/root/page-plugin"
 mkdir -p "$root/root/packages"
 cp "${packages[@]}" "$root/root/packages/"
-cp -r "$source_dir/examples/page-plugin" "$root/root/page-plugin"
 
 inside apt-get update -q
 # First the tool alone: what it pulls in must be all that it needs to run.
@@ -77,11 +75,19 @@ echo "packages: tavctl run: $(wc -l <"$work/run.txt") lines"
 
 # Then what a page author types.
 inside sh -c 'apt-get install -y -q --no-install-recommends g++ cmake make pkgconf /root/packages/*.deb'
+inside cp -r /usr/share/doc/tav-data-plugin-dev/examples/page-plugin /root/page-plugin ||
+    fail "the example is not installed; does this system's dpkg leave /usr/share/doc out?"
+for page in page-plugin-guide compatibility architecture; do
+    inside test -s "/usr/share/doc/tav-data-plugin-dev/$page.md" || fail "$page.md is not installed"
+done
 inside cmake -S /root/page-plugin -B /root/page-plugin/build -DCMAKE_BUILD_TYPE=Release
 inside cmake --build /root/page-plugin/build --parallel "$(nproc)"
 inside ctest --test-dir /root/page-plugin/build --output-on-failure --no-tests=error
 inside /root/page-plugin/build/page-preview /root/page-plugin/build/libNetControlPagePlugin.so /root/page-plugin/page.png
 [[ -s $root/root/page-plugin/page.png ]] || fail "the preview has drawn nothing"
+inside sh -c 'cd /root/page-plugin && sh build-without-cmake.sh'
+inside /root/page-plugin/build/page-preview /root/page-plugin/libNetControlPagePlugin.so /root/page-plugin/pkg-config.png
+[[ -s $root/root/page-plugin/pkg-config.png ]] || fail "the page built with pkg-config has drawn nothing"
 [[ $(inside pkg-config --cflags tav-data-plugin) == *-UNDEBUG* ]] || fail "pkg-config does not pass -UNDEBUG on"
 
 # What was installed goes without a trace.

@@ -3,11 +3,39 @@
 #include "TavEvents.h"
 #include "TavObjectMgr.h"
 
+#include <QMutex>
+#include <QSet>
+
 namespace
 {
 // The page that shows the network devices.
 constexpr auto ownPage = CTavSubFuncTypeHeader::SubFunc_serverResourceInfo;
 
+// Held over what looks at the model's devices and then changes them, and over what replaces them. One for all
+// controllers, as the model is one: under a lock of its own, each would let the others' answers in between.
+QMutex &modelMutex()
+{
+    static QMutex mutex;
+    return mutex;
+}
+
+QString nameOf(const Tav::NetControl::NetDeviceInfo &device)
+{
+    return QString::fromStdString(device.name());
+}
+
+// -1 when there is no such device.
+int findDevice(const QString &name, const Tav::NetControl::NetDeviceInfos &devices)
+{
+    for (int position = 0; position < devices.devices_size(); ++position) {
+        if (nameOf(devices.devices(position)) == name) {
+            return position;
+        }
+    }
+    return -1;
+}
+
+// Of this manager's rows the index is the position.
 STProtoDataContainer rowOf(const Tav::NetControl::NetDeviceInfo &device, int position, bool checked)
 {
     return {checked, position, device.SerializeAsString()};
@@ -27,7 +55,9 @@ NetControlController::NetControlController(QObject *parent)
 
 NetControlController::~NetControlController()
 {
-    // The running answer is finished, those that wait are dropped; then nobody uses this object but us.
+    // The thread's loop looks at quit() only after all answers that it has taken up; the interruption makes each of
+    // them return at once. The one at work is finished. Then nobody uses this object but us.
+    m_thread.requestInterruption();
     m_thread.quit();
     m_thread.wait();
 }
@@ -41,16 +71,26 @@ void NetControlController::receiveAnswer(const QByteArray &answer)
 // Runs on the worker thread: parsing a long answer must not hold the GUI up.
 void NetControlController::workOff(const QByteArray &answer)
 {
+    if (m_thread.isInterruptionRequested()) {
+        return;
+    }
     Tav::NetControl::NetDeviceInfos devices;
     if (!m_model || !devices.ParseFromArray(answer.constData(), answer.size())) {
         return;
     }
-    QVector<STProtoDataContainer> rows;
-    for (const auto &device : devices.devices()) {
-        rows.append(rowOf(device, rows.size(), false));
-    }
     {
-        QMutexLocker lock(&m_edit);
+        QMutexLocker lock(&modelMutex());
+        QSet<QString> checked; // a check mark belongs to the device, whatever its position in the next answer
+        const QVector<NetControlLine> before = lines();
+        for (const NetControlLine &line : before) {
+            if (line.checked) {
+                checked.insert(line.deviceName);
+            }
+        }
+        QVector<STProtoDataContainer> rows;
+        for (const auto &device : devices.devices()) {
+            rows.append(rowOf(device, rows.size(), checked.contains(nameOf(device))));
+        }
         m_model->setDeviceInfo(devices);
         m_model->setUIData(rows);
     }
@@ -68,52 +108,55 @@ QVector<NetControlLine> NetControlController::lines() const
     for (const STProtoDataContainer &row : rows) {
         Tav::NetControl::NetDeviceInfo device;
         device.ParseFromString(row.protoData); // ours, or empty: then the line is empty too
-        lines.append({QString::fromStdString(device.name()), device.state() == 1, row.isChecked});
+        lines.append({nameOf(device), device.state() == 1, row.isChecked});
     }
     return lines;
 }
 
-void NetControlController::setChecked(int position, bool checked)
+void NetControlController::setChecked(const QString &name, bool checked)
 {
     if (!m_model) {
         return;
     }
     {
-        QMutexLocker lock(&m_edit);
-        const QVector<STProtoDataContainer> rows = m_model->getUIData();
-        if (position < 0 || position >= rows.size()) {
+        QMutexLocker lock(&modelMutex());
+        const Tav::NetControl::NetDeviceInfos devices = m_model->getDeviceInfo();
+        const int position = findDevice(name, devices);
+        if (position < 0) {
             return;
         }
-        STProtoDataContainer row = rows[position];
-        row.isChecked = checked;
-        row.index = position; // of this manager's rows the index is the position
-        m_model->updateUIItem(row);
+        m_model->updateUIItem(rowOf(devices.devices(position), position, checked));
     }
     emit changed();
 }
 
-void NetControlController::toggleDevice(int position)
+void NetControlController::toggleDevice(const QString &name)
 {
     if (!m_model) {
         return;
     }
+    bool allowed = false;
     {
-        QMutexLocker lock(&m_edit);
-        // The page's line may be of an older answer, and reverseDeviceState ends the process when there is no such
-        // device. The lock keeps the list as long as it is now until we are done.
-        const QVector<STProtoDataContainer> rows = m_model->getUIData();
-        if (position < 0 || position >= rows.size() || position >= m_model->getDeviceInfo().devices_size()) {
+        QMutexLocker lock(&modelMutex());
+        // The page's line may be of an older answer: the device may stand elsewhere now, or be gone, and
+        // reverseDeviceState ends the process when nothing stands there. The lock keeps the list until we are done.
+        const int position = findDevice(name, m_model->getDeviceInfo());
+        if (position < 0) {
             return;
         }
         m_model->reverseDeviceState(position);
-        m_model->updateUIItem(rowOf(m_model->getDeviceInfo().devices(position), position, rows[position].isChecked));
+        const Tav::NetControl::NetDeviceInfos devices = m_model->getDeviceInfo();
+        const bool checked = m_model->getUIData().value(position).isChecked;
+        m_model->updateUIItem(rowOf(devices.devices(position), position, checked));
+        allowed = devices.devices(position).state() == 1;
     }
     emit changed();
+    emit deviceToggled(name, allowed);
 }
 
 void NetControlController::pageSelected(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page)
 {
     if (page == ownPage) {
-        emit changed(); // others may have set the model meanwhile
+        emit changed(); // another page may have set the model meanwhile
     }
 }

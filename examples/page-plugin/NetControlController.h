@@ -4,12 +4,11 @@
 #include "ITavNetControlMgr.h"
 #include "TavSubscription.h"
 
-#include <QMutex>
 #include <QObject>
 #include <QThread>
 #include <QVector>
 
-/// @brief One line of the page.
+/// @brief One line of the page. Its device is known by its name: positions change with every answer.
 struct NetControlLine {
     QString deviceName;
     bool allowed; ///< the device may be used
@@ -36,22 +35,25 @@ public:
     /// What the page shows; empty before the first answer.
     QVector<NetControlLine> lines() const;
 
-    /// Sets the check mark of the line at this position. A position that is no longer there is left alone.
-    void setChecked(int position, bool checked);
+    /// Sets the check mark of this device. A device that is no longer there is left alone.
+    void setChecked(const QString &name, bool checked);
 
-    /// Blocks or allows the device at this position. A position that is no longer there is left alone.
-    void toggleDevice(int position);
+    /// Blocks or allows this device in the client's copy. A device that is no longer there is left alone.
+    void toggleDevice(const QString &name);
 
 signals:
     /// There is something new to read with lines(). Always in the GUI thread.
     void changed();
+
+    /// The user has blocked or allowed a device, in the client's copy only: connect what sends the command to the
+    /// agent. Always in the GUI thread.
+    void deviceToggled(const QString &name, bool allowed);
 
 private:
     void workOff(const QByteArray &answer);
     void pageSelected(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page);
 
     ITavNetControlMgr *const m_model; // null when the data plugin is not loaded
-    QMutex m_edit; // held over what reads the model and then changes it, which must not meet a new answer half-way
     QThread m_thread;
     QObject *m_worker; // lives in m_thread and ends with it
     TavSubscription m_pageChanges; // last, so that it ends first: nothing is called while the rest is taken down

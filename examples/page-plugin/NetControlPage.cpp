@@ -16,11 +16,15 @@ NetControlPage::NetControlPage(QWidget *parent)
 
     // Queued: showing the lines may delete items, also the one that reports an edit at this moment.
     connect(&m_controller, &NetControlController::changed, this, &NetControlPage::showLines, Qt::QueuedConnection);
-    connect(m_list, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem *item) {
-        m_controller.setChecked(m_list->indexOfTopLevelItem(item), item->checkState(0) == Qt::Checked);
+    // The controller is the context: it ends before the child widgets do, and their signals must not reach it then.
+    connect(m_list, &QTreeWidget::itemChanged, &m_controller, [this](QTreeWidgetItem *item) {
+        m_controller.setChecked(item->text(0), item->checkState(0) == Qt::Checked);
     });
-    connect(m_toggle, &QPushButton::clicked, this,
-            [this] { m_controller.toggleDevice(m_list->indexOfTopLevelItem(m_list->currentItem())); });
+    connect(m_toggle, &QPushButton::clicked, &m_controller, [this] {
+        if (const QTreeWidgetItem *const item = m_list->currentItem()) {
+            m_controller.toggleDevice(item->text(0));
+        }
+    });
     showLines(); // the model may have been filled before this page was made
 }
 
@@ -32,11 +36,14 @@ void NetControlPage::receiveAnswer(const QByteArray &answer)
 void NetControlPage::showLines()
 {
     const QSignalBlocker noEdits(m_list); // what is shown here was not checked by the user
+    const QTreeWidgetItem *const before = m_list->currentItem();
+    const QString selected = before ? before->text(0) : QString();
+    QTreeWidgetItem *current = nullptr; // the selected device, wherever it stands now
     const QVector<NetControlLine> lines = m_controller.lines();
     while (m_list->topLevelItemCount() > lines.size()) {
         delete m_list->takeTopLevelItem(lines.size());
     }
-    // The other items stay, and with them what the user has selected.
+    // The other items stay, so that the list does not scroll with every answer.
     for (int i = 0; i < lines.size(); ++i) {
         QTreeWidgetItem *item = m_list->topLevelItem(i);
         if (!item) {
@@ -45,5 +52,9 @@ void NetControlPage::showLines()
         item->setText(0, lines[i].deviceName);
         item->setText(1, lines[i].allowed ? tr("allowed") : tr("blocked"));
         item->setCheckState(0, lines[i].checked ? Qt::Checked : Qt::Unchecked);
+        if (!selected.isEmpty() && lines[i].deviceName == selected) {
+            current = item;
+        }
     }
+    m_list->setCurrentItem(current);
 }

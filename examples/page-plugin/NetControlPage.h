@@ -20,6 +20,6 @@ private:
     void showLines();
 
     NetControlController m_controller;
-    QTreeWidget *m_list; // one item a line, in order
+    QTreeWidget *m_list; // one item a line, with the device's name as its text
     QPushButton *m_toggle;
 };

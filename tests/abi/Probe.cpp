@@ -1,5 +1,6 @@
-// A library whose only purpose is to be compared: it exports one function for each interface, so that tools which
-// compare exported symbols and their types see every interface, record and message that pages are compiled against.
+// A library whose only purpose is to be compared: it exports one function for each interface and each class of the
+// common library whose layout pages compile in, so that tools which compare exported symbols and their types see every
+// interface, record and message that pages are compiled against.
 
 #include "ITavAccessControlMgr.h"
 #include "ITavAuditMgr.h"
@@ -17,12 +18,17 @@
 #include "ITavProtectMgr.h"
 #include "ITavSelectFuncMgr.h"
 #include "ITavSystemConfigMgr.h"
+#include "TavBaseEvent.h"
+#include "TavEventNotifyMgr.h"
+#include "TavEvents.h"
+#include "TavObjectMgr.h"
+#include "TavSubscription.h"
 
-#define PROBE(Interface)                                                                                               \
-    extern "C" __attribute__((visibility("default"))) void probe##Interface(Interface *interface);                     \
-    void probe##Interface(Interface *interface)                                                                        \
+#define PROBE(Type)                                                                                                    \
+    extern "C" __attribute__((visibility("default"))) void probe##Type(Type *object);                                  \
+    void probe##Type(Type *object)                                                                                     \
     {                                                                                                                  \
-        Q_UNUSED(interface)                                                                                            \
+        Q_UNUSED(object)                                                                                               \
     }
 
 PROBE(ITavDataPlugin)
@@ -41,3 +47,25 @@ PROBE(ITavAuthInfoMgr)
 PROBE(ITavSystemConfigMgr)
 PROBE(ITavDevCtlMgr)
 PROBE(ITavProExceptionMgr)
+
+// What pages compile in of the common library.
+using PageSignal = decltype(eventFuncPageUpdate);
+PROBE(PageSignal)
+PROBE(TavSubscription)
+PROBE(TavBaseEvent)
+PROBE(TavEventNotifyMgr)
+PROBE(ITavObjectMgr)
+PROBE(TavObjectMgr)
+PROBE(STObjectKey)
+PROBE(TavGlobalInfoMgr)
+PROBE(STAppPathInfo)
+
+// A private type, and yet every binary that subscribes or emits has its layout compiled in. An explicit instantiation
+// may name it.
+template<class Type>
+void probePrivate(Type *object)
+{
+    static_assert(sizeof(Type) > 0); // an incomplete type has no fields to compare
+    Q_UNUSED(object)
+}
+template __attribute__((visibility("default"))) void probePrivate(PageSignal::Subscriber *object);
