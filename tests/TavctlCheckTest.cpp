@@ -299,7 +299,20 @@ TEST_F(TavctlCheck, EndsWithTwoAndOneLineWhenItCannotRun)
         {{"catalogue", "encode", item, "-o", "/nowhere/x"}, "/nowhere/x: cannot be written: No such file or directory"},
         {{"catalogue", "encode", item, "-o", "/dev/full"}, "/dev/full: cannot be written: No space left on device"},
         {{"catalogue", "decode", item}, item + ":1:1: not Base64"},
+        {{"catalogue", "check", "/proc/self/mem"}, "/proc/self/mem: cannot be read: Input/output error"},
         {{"pictures", "/nowhere"}, "/nowhere: there is no such directory"},
+        {{"pictures", item}, item + ": not a directory"},
+        {{"catalogue", "chek", "x"},
+         "there is no command \"chek\" (nearest: check); \"tavctl --help\" tells what there is"},
+        {{"fly"},
+         "there is no command \"fly\" (there are: run, registry, catalogue, baseline, pictures, doctor); "
+         "\"tavctl --help\" tells what there is"},
+        {{"catalogue", "check", ""}, "FILE: the name is empty; \"tavctl --help\" tells what there is"},
+        {{"catalogue", "encode", item, "-o", ""}, "--output: the name is empty; \"tavctl --help\" tells what there is"},
+        {{"pictures", demoRoot, ""}, "DIR: the name is empty; \"tavctl --help\" tells what there is"},
+        {{"doctor", "--plugin", ""}, "--plugin: the name is empty; \"tavctl --help\" tells what there is"},
+        {{"baseline", "show", item, "--plugin", "/tmp"},
+         "/tmp: not a regular file; name libTavDataPlugin.so with --plugin"},
         {{"catalogue", "show", item},
          item + ": the plugin builds no navigation from it; \"tavctl catalogue check\" says why"},
         {{"baseline", "show", broken + "/baseline/no-items.json"},
@@ -317,6 +330,29 @@ TEST_F(TavctlCheck, EndsWithTwoAndOneLineWhenItCannotRun)
         EXPECT_EQ(run.exitCode, 2) << row.arguments.join(' ').toStdString();
         EXPECT_EQ(run.errors, "tavctl: " + row.error + '\n');
         EXPECT_EQ(run.output, "");
+    }
+}
+
+TEST_F(TavctlCheck, DoesNotTakeAnUnreadableStandardInputForAnEmptyFile)
+{
+    const Tavctl ofDirectory({"catalogue", "check", "-"}, "/tmp");
+    EXPECT_EQ(ofDirectory.exitCode, 2);
+    EXPECT_EQ(ofDirectory.errors, "tavctl: -: cannot be read: Is a directory\n");
+    const Program closed(QStringList{"sh", "-c", "exec \"$@\" <&-", "sh"} + tavctlCommand({"catalogue", "check", "-"}));
+    EXPECT_EQ(closed.exitCode, 2);
+    EXPECT_EQ(closed.errors, "tavctl: -: cannot be read: Bad file descriptor\n");
+}
+
+TEST_F(TavctlCheck, DoesNotCallLostOutputSuccess)
+{
+    const QString item = broken + "/baseline/no-name.json";
+    for (const QStringList &arguments :
+         {QStringList{"--help"}, QStringList{"registry"}, QStringList{"baseline", "check", item}}) {
+        for (const char *const redirected : {"exec \"$@\" >/dev/full", "exec \"$@\" >&-"}) {
+            const Program run(QStringList{"sh", "-c", redirected, "sh"} + tavctlCommand(arguments));
+            EXPECT_EQ(run.exitCode, 2) << redirected << arguments.join(' ').toStdString();
+            EXPECT_EQ(run.errors, "tavctl: standard output: cannot be written\n");
+        }
     }
 }
 
@@ -506,6 +542,37 @@ TEST_F(TavctlShow, TheCatalogueIsTheNavigationThatThePluginBuilds)
     const QJsonObject shown
         = Tavctl({"catalogue", "show", "--json", broken + "/catalogue/unknown-page-type.json"}).json();
     EXPECT_EQ(shown["navigation"][0]["pages"][0]["type"].toString(), "-1") << "as the plugin takes it, mistakes too";
+}
+
+TEST_F(TavctlShow, NestedFunctionsStandInTheBranchOfTheirParent)
+{
+    const QByteArray leaf = R"({"funcType": "Func_SystemAudit", "funcTitle": "C", "funcIcon": "",
+        "subFunList": [{"subFuncType": "SubFunc_LogAudit", "subFuncTitile": "P"}]})";
+    const QByteArray middle
+        = R"({"funcType": "Func_SystemProtect", "funcTitle": "B", "funcIcon": "", "funcList": [)" + leaf + "]}";
+    const QByteArray last = R"({"funcType": "Func_AccessControl", "funcTitle": "D", "funcIcon": ""})";
+    const QByteArray top = R"([{"funcType": "Func_HostInfo", "funcTitle": "A", "funcIcon": "", "funcList": [)" + middle
+        + ',' + last + "]}]";
+    QStringList titles;
+    const QStringList lines = Tavctl({"catalogue", "show", putCatalogue(top)}).output.split('\n');
+    for (const QString &line : lines.mid(3)) {
+        titles.append(line.section("Func_", 0, 0).section("SubFunc_", 0, 0).section("Sub", 0, 0).trimmed());
+    }
+    EXPECT_EQ(lines.value(1), "Navigation");
+    EXPECT_EQ(titles, QStringList({"A", "├─ B", "│  └─ C", "│     └─ P", "└─ D", ""}));
+}
+
+TEST_F(TavctlShow, EntriesOfTypeNoneAreShownToo)
+{
+    const QByteArray catalogue = R"([{"funcType": "Func_None", "funcTitle": "one", "funcList": [
+        {"funcType": "Func_HostInfo", "funcTitle": "nested"}]}, {"funcType": "Func_None", "funcTitle": "two"}])";
+    const QJsonArray shown
+        = Tavctl({"catalogue", "show", "--json", putCatalogue(catalogue)}).json()["navigation"].toArray();
+    QStringList titles;
+    for (const QJsonValue &function : shown) {
+        titles.append(function["title"].toString());
+    }
+    EXPECT_EQ(titles, QStringList({"one", "nested", "two"}));
 }
 
 TEST_F(TavctlShow, TheBaselineIsTheItemsThatThePluginHolds)

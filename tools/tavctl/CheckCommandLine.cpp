@@ -5,8 +5,16 @@
 #include "DoctorCommand.h"
 #include "PicturesCommand.h"
 
+#include <QFileInfo>
+
 namespace
 {
+/// Refuses an empty name, which no message could show.
+CLI::Validator namedFile()
+{
+    return {[](const std::string &name) { return std::string(name.empty() ? "the name is empty" : ""); }, ""};
+}
+
 CheckOptions optionsFrom(const CheckArguments &arguments)
 {
     CheckOptions options;
@@ -32,14 +40,17 @@ public:
 
     CommandLine &file()
     {
-        m_command.add_option("FILE", m_arguments.file, "the file; - for standard input")->required();
+        m_command.add_option("FILE", m_arguments.file, "the file; - for standard input")
+            ->required()
+            ->check(namedFile());
         return *this;
     }
 
     CommandLine &directories()
     {
         m_command.add_option("DIR", m_arguments.directories, "picture directories, in the order of loading")
-            ->required();
+            ->required()
+            ->check(namedFile());
         return *this;
     }
 
@@ -47,7 +58,8 @@ public:
     {
         m_command.add_option("-o,--output", m_arguments.output, "the file to write; - for standard output")
             ->capture_default_str()
-            ->type_name("FILE");
+            ->type_name("FILE")
+            ->check(namedFile());
         return *this;
     }
 
@@ -62,9 +74,7 @@ public:
 
     CommandLine &plugin()
     {
-        m_command.add_option("--plugin", m_arguments.pluginFile, "the plugin's file")
-            ->capture_default_str()
-            ->type_name("FILE");
+        addPluginOption(m_command, m_arguments.pluginFile);
         return *this;
     }
 
@@ -91,6 +101,18 @@ private:
     CLI::App &m_command;
     CheckArguments &m_arguments;
 };
+}
+
+void addPluginOption(CLI::App &command, std::string &file)
+{
+    // Absolute, since the loader looks for any other name in the directories of libraries.
+    command.add_option("--plugin", file, "the plugin's file")
+        ->capture_default_str()
+        ->type_name("FILE")
+        ->check(namedFile())
+        ->transform([](const std::string &name) {
+            return QFileInfo(QString::fromStdString(name)).absoluteFilePath().toStdString();
+        });
 }
 
 void addCheckCommands(CLI::App &app, CheckArguments &arguments, Action &action)

@@ -21,6 +21,9 @@ struct CheckArguments {
     bool json = false;
 };
 
+/// Adds the option "--plugin" for @p file, which becomes an absolute path.
+void addPluginOption(CLI::App &command, std::string &file);
+
 /// Adds the commands "catalogue", "baseline", "pictures" and "doctor"; the one that is called puts its action into
 /// @p action. Whatever keeps such an action from running ends it with ExitCode::Usage.
 void addCheckCommands(CLI::App &app, CheckArguments &arguments, Action &action);

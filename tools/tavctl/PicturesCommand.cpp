@@ -31,7 +31,8 @@ QStringList existingDirectories(const QStringList &names)
         // An absolute path, since the plugin drops files whose path names no directory.
         directories.append(QDir::cleanPath(QFileInfo(name).absoluteFilePath()));
         if (!QFileInfo(name).isDir()) {
-            throw ToolError(ExitCode::Usage, name + ": there is no such directory");
+            throw ToolError(ExitCode::Usage,
+                            name + (QFileInfo::exists(name) ? ": not a directory" : ": there is no such directory"));
         }
     }
     return directories;

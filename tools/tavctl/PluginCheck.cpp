@@ -83,6 +83,9 @@ Findings checkPlugin(const QString &file)
         return Findings{{file, {}, {}, problem, effect, advice}};
     };
     if (!QFileInfo(file).isFile()) {
+        if (QFileInfo::exists(file)) {
+            return found("not a regular file", noManagers, "name libTavDataPlugin.so with --plugin");
+        }
         return found("there is no such file", noManagers, "install the plugin, or name its file with --plugin");
     }
     const Machine machine = machineOf(file);
