@@ -7,6 +7,8 @@
 
 #include <QFileInfo>
 
+#include <limits>
+
 namespace
 {
 /// Refuses an empty name, which no message could show.
@@ -25,6 +27,8 @@ CheckOptions optionsFrom(const CheckArguments &arguments)
     }
     options.pluginFile = QString::fromStdString(arguments.pluginFile);
     options.systemRoot = QString::fromStdString(arguments.systemRoot);
+    options.lineLength = arguments.lineLength;
+    options.lenient = arguments.lenient;
     options.json = arguments.json;
     return options;
 }
@@ -60,6 +64,22 @@ public:
             ->capture_default_str()
             ->type_name("FILE")
             ->check(namedFile());
+        return *this;
+    }
+
+    CommandLine &wrap()
+    {
+        m_command
+            .add_option("--wrap", m_arguments.lineLength, "characters in a line; 0 for one line that is not ended")
+            ->capture_default_str()
+            ->type_name("N")
+            ->check(CLI::Range(0, std::numeric_limits<int>::max()));
+        return *this;
+    }
+
+    CommandLine &lenient()
+    {
+        m_command.add_flag("--lenient", m_arguments.lenient, "leave out what is no Base64, as the plugin does");
         return *this;
     }
 
@@ -131,10 +151,12 @@ void addCheckCommands(CLI::App &app, CheckArguments &arguments, Action &action)
     CommandLine(catalogue, "encode", "write the file in Base64, as the plugin reads it", arguments)
         .file()
         .output()
+        .wrap()
         .calls(encodeCatalogue, action);
     CommandLine(catalogue, "decode", "write what the Base64 text of the file holds", arguments)
         .file()
         .output()
+        .lenient()
         .calls(decodeCatalogue, action);
 
     CLI::App &baseline = *app.add_subcommand("baseline", "show or check a list of baseline check items");

@@ -18,6 +18,8 @@ struct CheckArguments {
     std::vector<std::string> directories;
     std::string pluginFile;
     std::string systemRoot = "/";
+    int lineLength = 76; // as base64(1) does
+    bool lenient = false;
     bool json = false;
 };
 

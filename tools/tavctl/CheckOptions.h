@@ -12,6 +12,8 @@ struct CheckOptions {
     QStringList directories; ///< picture directories
     QString pluginFile; ///< the plugin to load
     QString systemRoot; ///< directory taken for "/"
+    int lineLength = 0; ///< of encoded text; 0 for one line
+    bool lenient = false; ///< decode as the plugin does
     bool json = false; ///< print one JSON document instead of text
 };
 

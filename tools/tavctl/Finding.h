@@ -14,6 +14,7 @@ struct Finding {
     QString problem; ///< what is wrong
     QString effect; ///< what the plugin makes of it
     QString advice; ///< what to write instead
+    bool decoded = false; ///< the place is one of the text that the file holds in Base64
 };
 
 using Findings = QVector<Finding>;
