@@ -494,10 +494,14 @@ TEST_F(TavctlPictures, ShowsWhatThePluginHolds)
     EXPECT_EQ(pictures.first(),
               (QJsonObject{{"key", "NAVIGATION/ACCESSICON"},
                            {"file", demoRoot + "/opt/tavsec/pictures/navigation/accessIcon.png"},
+                           {"leftToChance", false},
                            {"width", 48},
                            {"height", 48},
                            {"format", "ARGB32"},
                            {"bytes", 48 * 48 * 4}}));
+    const Tavctl text({"pictures", demoRoot + "/opt/tavsec/pictures/navigation"});
+    EXPECT_TRUE(text.output.endsWith("\n\nno findings\n"));
+    EXPECT_FALSE(text.output.contains("Findings"));
 }
 
 TEST_F(TavctlPictures, NamesEachMistake)
@@ -578,6 +582,29 @@ TEST_F(TavctlPictures, FollowsThePluginsWayThroughDirectories)
     EXPECT_EQ(findingLines(run), QStringList());
 }
 
+TEST_F(TavctlPictures, ListsADirectoryOnceForEachNameUnderWhichItIsReached)
+{
+    const QByteArray png = contentOf(broken + "/pictures/same-key/icon.png");
+    put("all/one.png/icon.png", png);
+    ASSERT_TRUE(QFile::link(directory.filePath("all/one.png"), directory.filePath("all/other.png")));
+    const QJsonObject otherName = Tavctl({"pictures", "--json", directory.filePath("all")}).json();
+    EXPECT_EQ(otherName["pictures"].toArray().size(), 2) << "ONE.PNG/ICON and OTHER.PNG/ICON";
+    put("same/first.png/in.png/icon.png", png);
+    ASSERT_TRUE(QDir(directory.path()).mkpath("same/last.png"));
+    ASSERT_TRUE(QFile::link(directory.filePath("same/first.png/in.png"), directory.filePath("same/last.png/in.png")));
+    const QJsonArray sameName = Tavctl({"pictures", "--json", directory.filePath("same")}).json()["pictures"].toArray();
+    ASSERT_EQ(sameName.size(), 1);
+    EXPECT_EQ(sameName.first()["file"].toString(), directory.filePath("same/last.png/in.png/icon.png"));
+}
+
+TEST_F(TavctlPictures, ReportsADirectoryThatIsNamedTwiceOnce)
+{
+    for (const char *const name : {"same-key", "undecodable", "subdirectory"}) {
+        const QString path = broken + "/pictures/" + name;
+        EXPECT_EQ(findingLines(Tavctl({"pictures", "--json", path, path})).size(), 1) << name;
+    }
+}
+
 TEST_F(TavctlPictures, TakesAFileThatItReachesTwiceForOne)
 {
     put("all/icon.png", contentOf(broken + "/pictures/same-key/icon.png"));
@@ -598,6 +625,8 @@ TEST_F(TavctlPictures, LeavesNamesThatDifferInCaseToChanceAndSpecialFilesClosed)
     EXPECT_TRUE(
         findingLines(byCase).first().endsWith("; which of the two the plugin holds is left to chance; rename one "
                                               "of them before its first dot"));
+    EXPECT_TRUE(byCase.json()["pictures"].toArray().first()["leftToChance"].toBool());
+    EXPECT_TRUE(Tavctl({"pictures", directory.filePath("case")}).output.contains(".png (left to chance)  "));
     ASSERT_TRUE(QDir(directory.path()).mkdir("pipes"));
     const QString pipe = directory.filePath("pipes/icon.png");
     ASSERT_EQ(mkfifo(directory.filePath("pipe").toUtf8().constData(), 0600), 0);
@@ -762,13 +791,19 @@ TEST_F(TavctlDoctor, FindsNothingInTheDemo)
 {
     const Tavctl run({"doctor", "--root", demoRoot});
     EXPECT_EQ(run.exitCode, 0);
-    EXPECT_TRUE(run.output.endsWith("\nFindings\n4 parts checked, no findings\n")) << run.output.toStdString();
+    EXPECT_TRUE(run.output.endsWith("\n\n4 parts checked, no findings\n")) << run.output.toStdString();
+    EXPECT_FALSE(run.output.contains("Findings"));
     EXPECT_EQ(run.errors, "");
     const QJsonObject plugin = Tavctl({"doctor", "--root", demoRoot, "--json"}).json()["plugin"].toObject();
     const QString qt = QString("%1.%2.0").arg(QT_VERSION_MAJOR).arg(QT_VERSION_MINOR);
     const QString machine = QSysInfo::buildCpuArchitecture() == "arm64" ? "AArch64" : "x86-64";
-    EXPECT_EQ(plugin, (QJsonObject{{"identifier", "Tav_ORG_ITavDtaPlugin"}, {"qtVersion", qt}, {"machine", machine}}));
-    EXPECT_TRUE(run.output.contains("\nplugin: Tav_ORG_ITavDtaPlugin, built with Qt " + qt + " for " + machine + '\n'));
+    const QString origin = "none below " + demoRoot + "; beside tavctl";
+    EXPECT_EQ(
+        plugin,
+        (QJsonObject{
+            {"origin", origin}, {"identifier", "Tav_ORG_ITavDtaPlugin"}, {"qtVersion", qt}, {"machine", machine}}));
+    EXPECT_TRUE(run.output.contains("\nplugin: " + origin + ": Tav_ORG_ITavDtaPlugin, built with Qt " + qt + " for "
+                                    + machine + '\n'));
 }
 
 TEST_F(TavctlDoctor, NamesEveryPlantedMistakeAndNoOther)
@@ -821,6 +856,43 @@ TEST_F(TavctlDoctor, MissesWhatAnEmptyInstallationLacks)
                     .startsWith(root + "/etc/tavsec.d/funcTypeConfig.json: not a regular file; "));
 }
 
+TEST_F(TavctlDoctor, ChecksThePluginOfTheInstallationWhenItHasOne)
+{
+    const auto pluginOf = [this](const QStringList &more) {
+        return Tavctl(QStringList{"doctor", "--root", directory.path(), "--json"} + more)
+            .json()["parts"]
+            .toArray()
+            .first()["place"]
+            .toString();
+    };
+    EXPECT_EQ(pluginOf({}), TAV_PLUGIN_FILE) << "none there: the one beside the program";
+    for (const char *const place : {"usr/local/lib/riscv64-linux-gnu", "usr/lib64", "usr/lib"}) {
+        const QString file = put(place + QString("/tavsec/plugins/libTavDataPlugin.so"), "");
+        EXPECT_EQ(pluginOf({}), file);
+        EXPECT_EQ(pluginOf({"--plugin", TAV_OTHER_PLUGIN_FILE}), TAV_OTHER_PLUGIN_FILE);
+    }
+    writeFile(directory.filePath("usr/lib/tavsec/plugins/libTavDataPlugin.so"), contentOf(TAV_PLUGIN_FILE));
+    const QString root = QDir::current().relativeFilePath(directory.path());
+    const Tavctl run({"doctor", "--root", root});
+    EXPECT_TRUE(run.output.contains("\nplugin: Tav_ORG_ITavDtaPlugin, ")) << run.output.toStdString();
+    EXPECT_TRUE(run.output.endsWith("4 parts checked, 3 findings\n")) << "the plugin is not among them";
+}
+
+TEST_F(TavctlDoctor, NamesPicturesThatLieBesideThePictureDirectories)
+{
+    const QByteArray png = contentOf(broken + "/pictures/same-key/icon.png");
+    put("opt/tavsec/pictures/common/icon.png", png);
+    const QString stray = put("opt/tavsec/pictures/stray.small.png", png);
+    const Tavctl run({"doctor", "--root", directory.path(), "--json"});
+    EXPECT_EQ(findingLines(run).mid(2),
+              QStringList{stray
+                          + ": a picture outside of every picture directory; the plugin holds it only for a client "
+                            "that loads "
+                          + directory.path()
+                          + "/opt/tavsec/pictures itself, under the key "
+                            "PICTURES/STRAY; move it into a picture directory"});
+}
+
 TEST_F(TavctlDoctor, SaysWhatIsWrongWithAPluginFile)
 {
     const QByteArray plugin = contentOf(TAV_PLUGIN_FILE);
@@ -852,9 +924,12 @@ TEST_F(TavctlDoctor, SaysWhatIsWrongWithAPluginFile)
         {put("machine.so", forOtherMachine),
          QString("built for %1, but this program for %2; no client for %2 can load it; install the plugin for %2")
              .arg(other, own)},
-        {put("incomplete.so", QByteArray(plugin).replace("libTavCommon.so.1", "libTavComm0n.so.1")),
-         "cannot be loaded: libTavComm0n.so.1: cannot open shared object file: No such file or directory" + noManagers
-             + "install what it lacks"},
+        {put("incomplete.so",
+             QByteArray(plugin)
+                 .replace("libTavCommon.so.1", "libTavComm0n.so.1")
+                 .replace("libstdc++.so.6", "libstdc--.so.6")),
+         "cannot be loaded: it lacks libTavComm0n.so.1, libstdc--.so.6" + noManagers + "install what it lacks"},
+        {"/tmp", "not a regular file" + noManagers + name},
     };
     for (const auto &row : rows) {
         const Tavctl run({"doctor", "--root", demoRoot, "--json", "--plugin", row.file});

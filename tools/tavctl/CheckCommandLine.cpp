@@ -106,8 +106,11 @@ public:
 
     void calls(ExitCode (*run)(const CheckOptions &), Action &action)
     {
-        m_command.callback([run, &arguments = m_arguments, &action] {
-            action = [run, options = optionsFrom(arguments)] {
+        m_command.callback([run, &command = m_command, &arguments = m_arguments, &action] {
+            CheckOptions given = optionsFrom(arguments);
+            const CLI::Option *const plugin = command.get_option_no_throw("--plugin");
+            given.pluginIsNamed = plugin && plugin->count() > 0;
+            action = [run, options = given] {
                 try {
                     return run(options);
                 } catch (const ToolError &error) {

@@ -11,6 +11,7 @@ struct CheckOptions {
     QString output; ///< where to write what is encoded or decoded; "-" for standard output
     QStringList directories; ///< picture directories
     QString pluginFile; ///< the plugin to load
+    bool pluginIsNamed = false; ///< on the command line; otherwise it is the one beside the program
     QString systemRoot; ///< directory taken for "/"
     int lineLength = 0; ///< of encoded text; 0 for one line
     bool lenient = false; ///< decode as the plugin does

@@ -61,6 +61,16 @@ void printFindings(const Findings &findings)
     }
 }
 
+void printFindingsBelow(const Findings &findings)
+{
+    if (findings.isEmpty()) {
+        printLine(QString());
+    } else {
+        printHeading("Findings");
+        printFindings(findings);
+    }
+}
+
 QString countText(const Findings &findings)
 {
     switch (findings.size()) {

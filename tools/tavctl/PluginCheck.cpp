@@ -1,6 +1,7 @@
 #include "PluginCheck.h"
 
 #include "ITavDataPlugin.h"
+#include "NeededLibraries.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -115,7 +116,11 @@ Findings checkPlugin(const QString &file)
                      QString("build the plugin with Qt %1.%2").arg(running.majorVersion()).arg(running.minorVersion()));
     }
     if (!loader.load()) {
-        return found("cannot be loaded: " + reasonOf(loader.errorString()), noManagers, "install what it lacks");
+        // The loader names the first library that is missing, and no other.
+        const QStringList missing = missingLibraries(file);
+        return missing.isEmpty()
+            ? found("cannot be loaded: " + reasonOf(loader.errorString()), noManagers, "install what it lacks")
+            : found("cannot be loaded: it lacks " + missing.join(", "), noManagers, "install what it lacks");
     }
     return {};
 }
