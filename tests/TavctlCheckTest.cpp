@@ -1086,6 +1086,9 @@ TEST(TavctlCompletion, OffersWhatTheHelpOfEachCommandNames)
         }
     }
     EXPECT_EQ(offers({"cat"}), QStringList{"catalogue"});
+    EXPECT_EQ(offers({"doctor", ""}), QStringList({"--help", "--json", "--plugin", "--root"})) << "it takes no file";
+    EXPECT_EQ(offers({"catalogue", "encode", "-"}), QStringList({"--help", "--output", "--wrap", "-o"}));
+    EXPECT_EQ(offers({"catalogue", "decode", "-"}), QStringList({"--help", "--lenient", "--output", "-o"}));
 }
 
 TEST(TavctlCompletion, OffersFilesAndDirectories)
@@ -1100,6 +1103,9 @@ TEST(TavctlCompletion, OffersFilesAndDirectories)
     QStringList pages = QVariant(keys<CTavSubFuncTypeHeader::TavSubFuncTypeHeader_>().toVariantList()).toStringList();
     pages.sort();
     EXPECT_EQ(offers({"run", "--page", ""}), pages);
+    for (const char *const option : {"--root", "--plugin"}) { // the shell takes "=" for a word of its own
+        EXPECT_EQ(offers({"doctor", option, "=", demoRoot.chopped(2)}), QStringList{demoRoot});
+    }
 }
 
 TEST(TavctlManual, NamesEveryCommandAndItsOptions)
@@ -1117,6 +1123,13 @@ TEST(TavctlManual, NamesEveryCommandAndItsOptions)
                 << command.join(' ').toStdString() << ' ' << word.toStdString();
         }
     }
+}
+
+TEST(TavctlManual, SetsNoBlankBeforeAComma)
+{
+    const QString page = QString::fromUtf8(contentOf(TAV_SOURCE_DIR "/share/man/tavctl.1"));
+    const QStringList lines = page.split('\n').filter(QRegularExpression("^\\.[BI] .* [,.;]$"));
+    EXPECT_EQ(lines, QStringList());
 }
 
 TEST(TavctlManual, CanBeTypesetWithoutAWarning)
