@@ -203,6 +203,7 @@ TEST_F(TavctlCheck, SaysWhereATextCeasesToBeJsonAndWhy)
         {"[1 // x\n]", ":1:4", "JSON has no comments"},
         {"{\"a\": // x\n1}", ":1:7", "JSON has no comments"},
         {"[1] // x", ":1:5", "JSON has no comments"},
+        {QByteArray("\xff\xfe[\0]\0", 6), ":1:1", "the text is UTF-16, and the reader wants UTF-8"},
         {"[-]", ":1:2", "this is no number, nor another value"},
         {QByteArray(1025, '[') + QByteArray(1025, ']'), ":1:1025", "nested deeper than the reader's 1024 levels"},
         {"{\n  \"a\": 1\n  \"b\": 2\n}", ":3:3", R"(a name, "," or "}" is expected here)"},
@@ -429,8 +430,8 @@ TEST_F(TavctlCheck, EndsWithTwoAndOneLineWhenItCannotRun)
         {{"catalogue", "check", "/proc/self/mem"}, "/proc/self/mem: cannot be read: Input/output error"},
         {{"pictures", "/nowhere"}, "/nowhere: there is no such directory"},
         {{"pictures", item}, item + ": not a directory"},
-        {{"catalogue", "chek", "x"},
-         "there is no command \"chek\" (nearest: check); \"tavctl --help\" tells what there is"},
+        {{"catalogue", "checks", "x"},
+         "there is no command \"checks\" (nearest: check); \"tavctl --help\" tells what there is"},
         {{"fly"},
          "there is no command \"fly\" (there are: run, registry, catalogue, baseline, pictures, doctor); "
          "\"tavctl --help\" tells what there is"},

@@ -16,8 +16,8 @@ struct Mistake {
 // In each file of tests/data/broken/catalogue there is this one mistake.
 const Mistake catalogueMistakes[] = {
     {"base64-cut-short", "8:1", "", "not Base64: the text ends too early",
-     "the plugin reads nothing, and the navigation is empty", R"(encode the JSON text with "tavctl catalogue encode")",
-     true},
+     "the plugin reads nothing, and the navigation is empty",
+     R"(correct what "tavctl catalogue decode --lenient" shows, and write that with "tavctl catalogue encode")", true},
     {"control-character", "11:34", "/0/subFunList/0/�[31mred", R"(unknown key "�[31mred")",
      "the plugin does not read it",
      R"(remove it, or write "disable", "realParentType", "subFuncClassName", "subFuncHasParent", )"

@@ -18,7 +18,7 @@ bool isSpace(char character)
 
 QByteArray Base64Text::encoded(const QByteArray &bytes, int lineLength)
 {
-    const QByteArray text = bytes.toBase64();
+    QByteArray text = bytes.toBase64();
     if (lineLength == 0) {
         return text;
     }

@@ -7,7 +7,8 @@
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
-#include <QRegularExpression>
+
+#include <algorithm>
 
 namespace
 {
@@ -42,7 +43,7 @@ QPair<QString, QString> scriptFault(const QString &script)
     const QFileInfo file(script);
     if (!file.exists()) {
         return {"there is no script \"" + script + '"',
-                script.contains(QRegularExpression("\\s"))
+                std::any_of(script.begin(), script.end(), [](QChar character) { return character.isSpace(); })
                     ? "put the script there, or correct its name: a blank is part of it, and arguments cannot be given"
                     : "put the script there, or correct its name"};
     }

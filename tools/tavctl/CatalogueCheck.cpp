@@ -145,14 +145,7 @@ private:
     Findings m_findings;
 };
 
-const QString nothingRead("the plugin reads nothing, and the navigation is empty");
-
-/// Whether a text of plain letters is UTF-16: it begins with a mark, or every other byte is 0.
-bool isUtf16(const QByteArray &text)
-{
-    return text.startsWith("\xff\xfe") || text.startsWith("\xfe\xff")
-        || (text.size() >= 2 && (text[0] == '\0') != (text[1] == '\0'));
-}
+const char *const nothingRead = "the plugin reads nothing, and the navigation is empty";
 
 /// What is wrong with the Base64 text; @p isRead tells whether the plugin finds JSON in it all the same.
 Findings checkBase64(const QString &file, const QByteArray &content, bool isRead)
@@ -162,7 +155,7 @@ Findings checkBase64(const QString &file, const QByteArray &content, bool isRead
     };
     if (content.trimmed().isEmpty()) {
         return {found(0, "the file is empty", nothingRead,
-                      "write it with \"tavctl catalogue encode\" from the JSON text of a catalogue")};
+                      R"(write it with "tavctl catalogue encode" from the JSON text of a catalogue)")};
     }
     if (isUtf16(content)) {
         return {found(0, "not Base64: the file is UTF-16", nothingRead, "save the file as UTF-8 or ASCII")};
@@ -172,9 +165,12 @@ Findings checkBase64(const QString &file, const QByteArray &content, bool isRead
     const QByteArray text = content.mid(0, nul); // all of it when there is none
     const int wrong = Base64Text::firstWrong(text);
     const QByteArray character = text.mid(wrong, 1);
+    const bool isPlain = content.trimmed().startsWith('[') || content.trimmed().startsWith('{');
     const QString again = isRead
-        ? "write what \"tavctl catalogue decode --lenient\" shows with \"tavctl catalogue encode\""
-        : "encode the JSON text with \"tavctl catalogue encode\"";
+        ? R"(write what "tavctl catalogue decode --lenient" shows with "tavctl catalogue encode")"
+        : isPlain
+        ? R"(encode the JSON text with "tavctl catalogue encode")"
+        : R"(correct what "tavctl catalogue decode --lenient" shows, and write that with "tavctl catalogue encode")";
     if (wrong == text.size()) {
         findings.append(found(wrong, "not Base64: the text ends too early",
                               isRead ? "the plugin leaves the last character out and reads the rest" : nothingRead,
@@ -182,7 +178,7 @@ Findings checkBase64(const QString &file, const QByteArray &content, bool isRead
     } else if (wrong >= 0 && (character == "-" || character == "_")) {
         findings.append(found(wrong, "not Base64: this character is of the alphabet for URLs",
                               isRead ? "the plugin leaves it out and reads the rest" : nothingRead,
-                              "write \"+\" for each \"-\" and \"/\" for each \"_\""));
+                              R"(write "+" for each "-" and "/" for each "_")"));
     } else if (wrong >= 0) {
         findings.append(found(wrong, "not Base64: this character does not belong there",
                               isRead ? "the plugin leaves it out and reads the rest" : nothingRead, again));
@@ -208,12 +204,12 @@ Finding checkNoJson(const QString &file, const QByteArray &decoded, const JsonTe
     if (Base64Text::firstWrong(decoded) < 0 && JsonText(Base64Text::decoded(decoded)).error().isEmpty()) {
         return {file,        {1, 1},
                 {},          "not JSON: the text is encoded twice",
-                nothingRead, "put the text there that \"tavctl catalogue decode\" shows",
+                nothingRead, R"(put the text there that "tavctl catalogue decode" shows)",
                 true};
     }
     return {file,        text.errorPlace(),
             {},          "not JSON: " + text.error(),
-            nothingRead, "correct the text that \"tavctl catalogue decode\" shows",
+            nothingRead, R"(correct the text that "tavctl catalogue decode" shows)",
             true};
 }
 }

@@ -8,12 +8,12 @@
 
 namespace
 {
-const QByteArray byteOrderMark("\xef\xbb\xbf");
+const char *const byteOrderMark = "\xef\xbb\xbf";
 
 /// Offset of the first character, which a mark of the byte order is not.
 int startOf(const QByteArray &text)
 {
-    return text.startsWith(byteOrderMark) ? byteOrderMark.size() : 0;
+    return text.startsWith(byteOrderMark) ? int(std::strlen(byteOrderMark)) : 0;
 }
 
 /// Offset of the character that @p error is about. Qt has mostly read it already.
@@ -38,6 +38,9 @@ QString reasonOf(const QJsonParseError &error, const QByteArray &text, int offse
     const QByteArray there = text.mid(offset, 2);
     if (text.trimmed().isEmpty()) {
         return "the text is empty";
+    }
+    if (isUtf16(text)) {
+        return "the text is UTF-16, and the reader wants UTF-8";
     }
     if (there == "//" || there == "/*") {
         return "JSON has no comments";
@@ -70,6 +73,12 @@ QString reasonOf(const QJsonParseError &error, const QByteArray &text, int offse
         return error.errorString();
     }
 }
+}
+
+bool isUtf16(const QByteArray &text)
+{
+    return text.startsWith("\xff\xfe") || text.startsWith("\xfe\xff")
+        || (text.size() >= 2 && (text[0] == '\0') != (text[1] == '\0'));
 }
 
 PlaceCounter::PlaceCounter(const QByteArray &text) : m_text(text), m_offset(startOf(text))

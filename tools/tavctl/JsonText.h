@@ -30,6 +30,9 @@ private:
 /// Where the byte at @p offset of a UTF-8 text stands.
 TextPlace placeAt(const QByteArray &text, int offset);
 
+/// Whether a text that begins with plain letters is UTF-16: it has a mark, or every other byte is 0.
+bool isUtf16(const QByteArray &text);
+
 /// Path of the member or element @p key of the value at @p path: a JSON pointer.
 QString memberPath(const QString &path, const QString &key);
 

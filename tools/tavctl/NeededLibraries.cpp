@@ -9,6 +9,7 @@
 #include <cstring>
 #include <dlfcn.h>
 #include <link.h>
+#include <utility>
 
 namespace
 {
@@ -16,7 +17,7 @@ namespace
 class DynamicSection
 {
 public:
-    explicit DynamicSection(const QByteArray &file) : m_file(file)
+    explicit DynamicSection(QByteArray file) : m_file(std::move(file))
     {
         const auto header = at<ElfW(Ehdr)>(0);
         for (int i = 0; i < header.e_phnum; ++i) {
@@ -125,7 +126,9 @@ private:
             dlclose(library);
             return;
         }
-        const QString lacking = QString::fromLocal8Bit(dlerror()).section(':', 0, 0); // or one that this one needs
+        // The one that is missing may be one that this one needs. No other thread loads anything.
+        const QString reason = QString::fromLocal8Bit(dlerror()); // NOLINT(concurrency-mt-unsafe)
+        const QString lacking = reason.section(':', 0, 0);
         if (!m_missing.contains(lacking)) {
             m_missing.append(lacking);
         }
