@@ -329,6 +329,14 @@ TEST_F(TavctlCheck, ReadsBase64AsThePluginDoes)
     EXPECT_EQ(Tavctl({"catalogue", "show", behindNul}).exitCode, 0);
 }
 
+TEST_F(TavctlCheck, TakesNoBlankOfTheSystemRootForOneOfAScript)
+{
+    ASSERT_TRUE(QDir(directory.path()).mkdir("a root"));
+    const QString item = put("baseline", R"({"enableConfig": [{"itemId": 1, "name": "", "checkValueScript": "/x"}]})");
+    const Tavctl run({"baseline", "check", "--root", directory.filePath("a root"), item});
+    EXPECT_TRUE(run.output.contains("; put the script there, or correct its name\n")) << run.output.toStdString();
+}
+
 TEST_F(TavctlCheck, ShortensLongKeysInTextAlone)
 {
     const QByteArray key(1000, 'x');

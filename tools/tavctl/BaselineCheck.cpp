@@ -36,14 +36,15 @@ Findings checkIds(const QJsonArray &items)
     return findings;
 }
 
-/// Why a script cannot be run, and what to do; two empty texts when it can.
-QPair<QString, QString> scriptFault(const QString &script)
+/// Why the script that an item names so cannot be run, and what to do; two empty texts when it can.
+QPair<QString, QString> scriptFault(const QString &name)
 {
+    const QString script = TavCommonUtils::pathInSystemRoot("/opt/tavsec/script/baselineScript" + name);
     constexpr auto executable = QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
     const QFileInfo file(script);
     if (!file.exists()) {
         return {"there is no script \"" + script + '"',
-                std::any_of(script.begin(), script.end(), [](QChar character) { return character.isSpace(); })
+                std::any_of(name.begin(), name.end(), [](QChar character) { return character.isSpace(); })
                     ? "put the script there, or correct its name: a blank is part of it, and arguments cannot be given"
                     : "put the script there, or correct its name"};
     }
@@ -64,8 +65,7 @@ Findings checkScripts(const QJsonArray &items)
         if (!value.startsWith('/')) {
             continue; // no path within the script directory
         }
-        const QString script = TavCommonUtils::pathInSystemRoot("/opt/tavsec/script/baselineScript" + value);
-        const auto [problem, advice] = scriptFault(script);
+        const auto [problem, advice] = scriptFault(value);
         if (!problem.isEmpty()) {
             findings.append({{},
                              {},
