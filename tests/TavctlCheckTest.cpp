@@ -337,6 +337,15 @@ TEST_F(TavctlCheck, TakesNoBlankOfTheSystemRootForOneOfAScript)
     EXPECT_TRUE(run.output.contains("; put the script there, or correct its name\n")) << run.output.toStdString();
 }
 
+TEST_F(TavctlCheck, TellsAScriptWithANulInItsNameWithoutAWarningOfQt)
+{
+    const QString item
+        = put("baseline", R"({"enableConfig": [{"itemId": 1, "name": "", "checkValueScript": "/x\u0000"}]})");
+    const Tavctl run({"baseline", "check", item});
+    EXPECT_TRUE(run.output.contains(": there is no script \"")) << run.output.toStdString();
+    EXPECT_EQ(run.errors, "");
+}
+
 TEST_F(TavctlCheck, ShortensLongKeysInTextAlone)
 {
     const QByteArray key(1000, 'x');
@@ -427,6 +436,7 @@ TEST_F(TavctlCheck, EndsWithTwoAndOneLineWhenItCannotRun)
     } const rows[] = {
         {{"catalogue", "check", "/nowhere"}, "/nowhere: there is no such file"},
         {{"catalogue", "check", "/now\033here"}, "/now�here: there is no such file"},
+        {{"catalogue", "check", "--json", "/nowhere"}, "/nowhere: there is no such file"},
         {{"catalogue", "check", "/tmp"}, "/tmp: not a regular file"},
         {{"catalogue", "show", pipe}, pipe + ": not a regular file"},
         {{"baseline", "check", pipe}, pipe + ": not a regular file"},

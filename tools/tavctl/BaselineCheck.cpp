@@ -42,7 +42,7 @@ QPair<QString, QString> scriptFault(const QString &name)
     const QString script = TavCommonUtils::pathInSystemRoot("/opt/tavsec/script/baselineScript" + name);
     constexpr auto executable = QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
     const QFileInfo file(script);
-    if (!file.exists()) {
+    if (name.contains(QChar::Null) || !file.exists()) { // no file has such a name, and Qt would complain
         return {"there is no script \"" + script + '"',
                 std::any_of(name.begin(), name.end(), [](QChar character) { return character.isSpace(); })
                     ? "put the script there, or correct its name: a blank is part of it, and arguments cannot be given"

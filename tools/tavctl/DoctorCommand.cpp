@@ -109,7 +109,7 @@ void print(const QVector<Part> &parts, const Plugin &chosen, const PluginFacts &
                                 .arg(chosen.origin.isEmpty() ? QString() : chosen.origin + ": ", plugin.identifier,
                                      plugin.qtVersion, plugin.machine)));
     }
-    printFindingsBelow(findings);
+    printFindingsWithHeading(findings);
     printLine(summaryOf(parts, findings));
 }
 

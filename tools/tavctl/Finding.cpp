@@ -61,7 +61,7 @@ void printFindings(const Findings &findings)
     }
 }
 
-void printFindingsBelow(const Findings &findings)
+void printFindingsWithHeading(const Findings &findings)
 {
     if (findings.isEmpty()) {
         printLine(QString());

@@ -26,8 +26,8 @@ Findings located(Findings findings, const QString &file, const JsonText &text);
 /// Writes one line for each finding.
 void printFindings(const Findings &findings);
 
-/// Writes the findings under a heading of their own, or nothing but an empty line when there are none.
-void printFindingsBelow(const Findings &findings);
+/// Writes the findings under a heading of their own; only an empty line when there are none.
+void printFindingsWithHeading(const Findings &findings);
 
 /// "no findings", "1 finding", "2 findings".
 QString countText(const Findings &findings);

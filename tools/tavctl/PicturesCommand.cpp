@@ -116,7 +116,7 @@ ExitCode showPictures(const CheckOptions &options)
             {{"pictures", picturesJson(pictures)}, {"bytes", bytesOf(pictures)}, {"findings", findingsJson(findings)}});
     } else {
         printPictures(pictures);
-        printFindingsBelow(findings);
+        printFindingsWithHeading(findings);
         printLine(countText(findings));
     }
     return exitCodeFor(findings);
