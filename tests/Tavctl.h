@@ -5,13 +5,17 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+/// The command that runs tavctl, under an emulator when the tests are.
+inline QStringList tavctlCommand(const QStringList &arguments)
+{
+    return QString(TAV_EMULATOR).split(' ', Qt::SkipEmptyParts) + QStringList{TAV_TAVCTL_FILE} + arguments;
+}
+
 /// @brief The tool tavctl, run once with the arguments given; what it printed and how it ended.
 struct Tavctl {
     explicit Tavctl(const QStringList &arguments, const QString &inputFile = QStringLiteral("/dev/null"))
     {
-        // Under an emulator when the tests are.
-        const QStringList emulator = QString(TAV_EMULATOR).split(' ', Qt::SkipEmptyParts);
-        const Program run(emulator + QStringList{TAV_TAVCTL_FILE} + arguments, inputFile);
+        const Program run(tavctlCommand(arguments), inputFile);
         bytes = run.output;
         output = QString::fromUtf8(run.output);
         errors = QString::fromUtf8(run.errors);

@@ -5,6 +5,7 @@
 #include "TavctlMistakes.h"
 #include "TextFile.h"
 
+#include <QElapsedTimer>
 #include <QJsonArray>
 #include <QMetaEnum>
 #include <QRegularExpression>
@@ -27,9 +28,20 @@ const QString broken = QStringLiteral(TAV_SOURCE_DIR "/tests/data/broken");
 
 /// Mistakes that lie between values, or outside the file: no schema tells them.
 const QStringList beyondSchemas{
-    "doubled-key",    "duplicate-function",           "duplicate-function-nested", "duplicate-id",
-    "duplicate-page", "real-parent-not-in-catalogue", "real-parent-disabled",      "script-a-directory",
-    "script-missing", "script-not-executable",        "stray-character",
+    "empty-file",
+    "function-in-itself",
+    "script-with-argument",
+    "doubled-key",
+    "duplicate-function",
+    "duplicate-function-nested",
+    "duplicate-id",
+    "duplicate-page",
+    "real-parent-not-in-catalogue",
+    "real-parent-disabled",
+    "script-a-directory",
+    "script-missing",
+    "script-not-executable",
+    "stray-character",
 };
 
 QString inBrokenRoot(const char *text)
@@ -40,7 +52,8 @@ QString inBrokenRoot(const char *text)
 /// The line for @p mistake in @p file.
 QString lineFor(const Mistake &mistake, const QString &file)
 {
-    QString line = file;
+    const bool isCatalogue = file.contains("/catalogue/") || file.endsWith("/funcTypeConfig.json");
+    QString line = file + (isCatalogue && !mistake.inBase64 ? " (decoded)" : "");
     if (*mistake.place) {
         line += QString(":") + mistake.place;
     }
@@ -54,7 +67,7 @@ QString lineFor(const Mistake &mistake, const QString &file)
 /// A finding of a JSON document as the line that stands for it in text.
 QString lineFor(const QJsonValue &finding)
 {
-    QString line = finding["file"].toString();
+    QString line = finding["file"].toString() + (finding["decoded"].toBool() ? " (decoded)" : "");
     if (finding["line"].toInt() > 0) {
         line += QString(":%1:%2").arg(finding["line"].toInt()).arg(finding["column"].toInt());
     }
@@ -178,14 +191,27 @@ TEST_F(TavctlCheck, SaysWhereATextCeasesToBeJsonAndWhy)
         const char *place;
         const char *reason;
     } const rows[] = {
-        {"", ":1:1", "an array, an object or another value is expected here"},
-        {"7", ":1:1", "an array, an object or another value is expected here"},
+        {"", ":1:1", "the text is empty"},
+        {" \n", ":1:2", "the text is empty"},
+        {"7", ":1:1", "the text must begin with [ or {"},
+        {"\xef\xbb\xbf \"a\"", ":1:2", "the text must begin with [ or {"},
+        {"{\"a\":,}", ":1:6", "a value is expected here"},
+        {"{\"a\":}", ":1:6", "a value is expected here"},
+        {"{\"a\": 1,}", ":1:9", "nothing stands behind the last comma: remove it"},
+        {"// {\n[]", ":1:1", "JSON has no comments"},
+        {"[1, /* */ 2]", ":1:5", "JSON has no comments"},
+        {"[1 // x\n]", ":1:4", "JSON has no comments"},
+        {"{\"a\": // x\n1}", ":1:7", "JSON has no comments"},
+        {"[1] // x", ":1:5", "JSON has no comments"},
+        {QByteArray("\xff\xfe[\0]\0", 6), ":1:1", "the text is UTF-16, and the reader wants UTF-8"},
+        {"[-]", ":1:2", "this is no number, nor another value"},
+        {QByteArray(1025, '[') + QByteArray(1025, ']'), ":1:1025", "nested deeper than the reader's 1024 levels"},
         {"{\n  \"a\": 1\n  \"b\": 2\n}", ":3:3", R"(a name, "," or "}" is expected here)"},
         {"{'a': 1}", ":1:2", R"(a name, "," or "}" is expected here)"},
         {"{\"a\" 1}", ":1:6", R"(":" is expected here)"},
         {"[1 2]", ":1:4", R"("," or "]" is expected here)"},
-        {"[1,]", ":1:4", "a value or a name is expected here"},
-        {"[\"ä\", x]", ":1:6", "this is no number, nor another value"},
+        {"[1,]", ":1:4", "nothing stands behind the last comma: remove it"},
+        {"[\"ä\", x]", ":1:7", "this is no number, nor another value"},
         {"[1", ":1:2", "the text ends too early"},
         {"[\"a", ":1:4", "the text ends too early"},
         {"[1]\n\n ]", ":3:2", "the text goes on behind its end"},
@@ -237,8 +263,125 @@ TEST_F(TavctlCheck, TakesUnknownTypesForUnknownAndNotForOneType)
 TEST_F(TavctlCheck, CountsPlacesBehindAByteOrderMarkAndEscapedQuotes)
 {
     const QByteArray titled = QByteArray(onePage).replace("主机信息", R"(\\\" , \")").replace(R"("hostIcon")", "7");
-    EXPECT_TRUE(reportOn("catalogue", putCatalogue("\xef\xbb\xbf" + titled)).startsWith(":1:70: /0/funcIcon: "))
+    EXPECT_TRUE(
+        reportOn("catalogue", putCatalogue("\xef\xbb\xbf" + titled)).startsWith(" (decoded):1:70: /0/funcIcon: "))
         << reportOn("catalogue", putCatalogue("\xef\xbb\xbf" + titled)).toStdString();
+}
+
+TEST_F(TavctlCheck, HasALineForEveryPath)
+{
+    QStringList files
+        = {brokenRoot + "/etc/tavsec.d/funcTypeConfig.json", brokenRoot + "/etc/tavsec.d/baselineConfig/baseline.json"};
+    for (const char *const kind : {"catalogue", "baseline"}) {
+        const QFileInfoList entries = QDir(broken + '/' + kind).entryInfoList(QDir::Files);
+        for (const QFileInfo &entry : entries) {
+            files.append(entry.filePath());
+        }
+    }
+    for (const QString &file : qAsConst(files)) {
+        const bool isCatalogue = file.contains("/catalogue/") || file.endsWith("/funcTypeConfig.json");
+        const Tavctl run({isCatalogue ? "catalogue" : "baseline", "check", "--json", file});
+        const QJsonArray findings = run.json()["findings"].toArray();
+        EXPECT_FALSE(findings.isEmpty()) << file.toStdString();
+        for (const QJsonValue &finding : findings) {
+            EXPECT_TRUE(finding["path"].toString().isEmpty() || finding["line"].toInt() > 0)
+                << file.toStdString() << finding["path"].toString().toStdString();
+        }
+    }
+}
+
+TEST_F(TavctlCheck, TellsEveryItemThatAnotherOneOverwrites)
+{
+    const QString items = put("baseline", R"({"enableConfig": [{"itemId": 7}, {"itemId": 0}, {"itemId": 7},
+        {"itemId": "5"}, {"itemId": 1.5}, {"itemId": 7}, {}]})");
+    QStringList overwritten;
+    const QStringList lines = reportOn("baseline", items).split('\n').filter("is overwritten by");
+    for (const QString &line : lines) {
+        overwritten.append(line.section(": ", 1, 1) + " < " + line.section("overwritten by ", 1).section(';', 0, 0));
+    }
+    EXPECT_EQ(overwritten,
+              QStringList({"/enableConfig/0/itemId < /enableConfig/5, which getItemConfig(7) gives",
+                           "/enableConfig/1/itemId < /enableConfig/6, which getItemConfig(0) gives",
+                           "/enableConfig/2/itemId < /enableConfig/5, which getItemConfig(7) gives",
+                           "/enableConfig/3/itemId < /enableConfig/6, which getItemConfig(0) gives",
+                           "/enableConfig/4/itemId < /enableConfig/6, which getItemConfig(0) gives"}));
+}
+
+TEST_F(TavctlCheck, NamesTheFirstPageAndFunctionOfAType)
+{
+    const QByteArray again = QByteArray(onePage).replace(R"("I")", R"("J")").replace("主机信息", "B").mid(1);
+    const QString report = reportOn("catalogue", putCatalogue(onePage.chopped(1) + ',' + again));
+    EXPECT_TRUE(report.contains("; getFuncInfoData gives the first title and icon (主机信息, hostIcon); "));
+    EXPECT_TRUE(report.contains("; a look-up by type finds the first: choosing this page opens the first one's "
+                                "controller (I); "));
+}
+
+TEST_F(TavctlCheck, ReadsBase64AsThePluginDoes)
+{
+    const QByteArray base64 = onePage.toBase64();
+    const QString behindNul = put("nul", base64 + QByteArray("\0", 1) + base64);
+    EXPECT_TRUE(reportOn("catalogue", behindNul)
+                    .contains(": not Base64: a NUL byte; the plugin reads only what stands "
+                              "before it; "));
+    const QString inside = put("inside", base64.left(40) + QByteArray("\0", 1) + base64.mid(40));
+    EXPECT_TRUE(reportOn("catalogue", inside).contains("before it, and the navigation is empty; "));
+    EXPECT_EQ(Tavctl({"catalogue", "show", inside}).exitCode, 2) << "the plugin finds nothing either";
+    EXPECT_EQ(Tavctl({"catalogue", "show", behindNul}).exitCode, 0);
+}
+
+TEST_F(TavctlCheck, TakesNoBlankOfTheSystemRootForOneOfAScript)
+{
+    ASSERT_TRUE(QDir(directory.path()).mkdir("a root"));
+    const QString item = put("baseline", R"({"enableConfig": [{"itemId": 1, "name": "", "checkValueScript": "/x"}]})");
+    const Tavctl run({"baseline", "check", "--root", directory.filePath("a root"), item});
+    EXPECT_TRUE(run.output.contains("; put the script there, or correct its name\n")) << run.output.toStdString();
+}
+
+TEST_F(TavctlCheck, TellsAScriptWithANulInItsNameWithoutAWarningOfQt)
+{
+    const QString item
+        = put("baseline", R"({"enableConfig": [{"itemId": 1, "name": "", "checkValueScript": "/x\u0000"}]})");
+    const Tavctl run({"baseline", "check", item});
+    EXPECT_TRUE(run.output.contains(": there is no script \"")) << run.output.toStdString();
+    EXPECT_EQ(run.errors, "");
+}
+
+TEST_F(TavctlCheck, ShortensLongKeysInTextAlone)
+{
+    const QByteArray key(1000, 'x');
+    const QString file
+        = put("baseline",
+              R"({"enableConfig": [{"itemId": 1, "name": "", "checkValueScript": "/check.sh", ")" + key + R"(": 1}]})");
+    EXPECT_TRUE(reportOn("baseline", file).contains(": /enableConfig/0/" + key.left(40) + "…: unknown key"));
+    const Tavctl json({"baseline", "check", "--json", "--root", brokenRoot, file});
+    EXPECT_EQ(json.json()["findings"].toArray().first()["path"].toString(), "/enableConfig/0/" + key);
+}
+
+TEST_F(TavctlCheck, LooksAtAFileOnceHoweverManyMistakesItHas)
+{
+    QByteArray items;
+    for (int i = 0; i < 10000; ++i) {
+        items += R"({"itemId": )" + QByteArray::number(i)
+            + R"(, "name": 1, "name": 2, "checkValueScript": "/check.sh"},)";
+    }
+    QElapsedTimer timer;
+    timer.start();
+    const QString report = reportOn("baseline", put("baseline", R"({"enableConfig": [)" + items.chopped(1) + "]}"));
+    EXPECT_TRUE(report.endsWith(": 20000 findings\n"));
+    EXPECT_LT(timer.elapsed(), 20000) << "in one line: a walk from its start for each takes minutes";
+}
+
+TEST_F(TavctlCheck, OffersTheSameTextInOtherCaseAndTheOneThatGoesOn)
+{
+    const QByteArray item = R"({"enableConfig": [{"ITEMID": 1, "name": "", "checkValueScript": "/check.sh",
+        "description": ""}]})";
+    const QString report = reportOn("baseline", put("baseline", item));
+    EXPECT_TRUE(
+        report.contains(R"(unknown key "ITEMID"; it is not read, and the plugin reads the id 0; write "itemId")"));
+    EXPECT_TRUE(
+        report.contains(R"(unknown key "description"; it is not read, and the item has no description; write "desc")"));
+    const QByteArray shouted = QByteArray(onePage).replace("Func_HostInfo", "FUNC_HOSTINFO");
+    EXPECT_TRUE(reportOn("catalogue", putCatalogue(shouted)).contains(R"(; write "Func_HostInfo")"));
 }
 
 TEST_F(TavctlCheck, OffersOnlyKeysThatAreNear)
@@ -278,8 +421,8 @@ TEST_F(TavctlCheck, LetsNoControlCharacterOfAFileReachTheTerminal)
 
 TEST_F(TavctlCheck, ReadsStandardInput)
 {
-    EXPECT_TRUE(
-        Tavctl({"catalogue", "check", "-"}, putCatalogue("[]")).output.startsWith("-:1:1: the catalogue is empty; "));
+    EXPECT_TRUE(Tavctl({"catalogue", "check", "-"}, putCatalogue("[]"))
+                    .output.startsWith("- (decoded):1:1: the catalogue is empty; "));
 }
 
 TEST_F(TavctlCheck, EndsWithTwoAndOneLineWhenItCannotRun)
@@ -293,13 +436,29 @@ TEST_F(TavctlCheck, EndsWithTwoAndOneLineWhenItCannotRun)
     } const rows[] = {
         {{"catalogue", "check", "/nowhere"}, "/nowhere: there is no such file"},
         {{"catalogue", "check", "/now\033here"}, "/now�here: there is no such file"},
+        {{"catalogue", "check", "--json", "/nowhere"}, "/nowhere: there is no such file"},
         {{"catalogue", "check", "/tmp"}, "/tmp: not a regular file"},
         {{"catalogue", "show", pipe}, pipe + ": not a regular file"},
         {{"baseline", "check", pipe}, pipe + ": not a regular file"},
         {{"catalogue", "encode", item, "-o", "/nowhere/x"}, "/nowhere/x: cannot be written: No such file or directory"},
         {{"catalogue", "encode", item, "-o", "/dev/full"}, "/dev/full: cannot be written: No space left on device"},
-        {{"catalogue", "decode", item}, item + ":1:1: not Base64"},
+        {{"catalogue", "decode", item}, item + ":1:1: not Base64; this is JSON already"},
+        {{"catalogue", "encode", demoRoot + "/etc/tavsec.d/funcTypeConfig.json"},
+         demoRoot + "/etc/tavsec.d/funcTypeConfig.json: this is the Base64 text of JSON already"},
+        {{"catalogue", "check", "/proc/self/mem"}, "/proc/self/mem: cannot be read: Input/output error"},
         {{"pictures", "/nowhere"}, "/nowhere: there is no such directory"},
+        {{"pictures", item}, item + ": not a directory"},
+        {{"catalogue", "checks", "x"},
+         "there is no command \"checks\" (nearest: check); \"tavctl --help\" tells what there is"},
+        {{"fly"},
+         "there is no command \"fly\" (there are: run, registry, catalogue, baseline, pictures, doctor); "
+         "\"tavctl --help\" tells what there is"},
+        {{"catalogue", "check", ""}, "FILE: the name is empty; \"tavctl --help\" tells what there is"},
+        {{"catalogue", "encode", item, "-o", ""}, "--output: the name is empty; \"tavctl --help\" tells what there is"},
+        {{"pictures", demoRoot, ""}, "DIR: the name is empty; \"tavctl --help\" tells what there is"},
+        {{"doctor", "--plugin", ""}, "--plugin: the name is empty; \"tavctl --help\" tells what there is"},
+        {{"baseline", "show", item, "--plugin", "/tmp"},
+         "/tmp: not a regular file; name libTavDataPlugin.so with --plugin"},
         {{"catalogue", "show", item},
          item + ": the plugin builds no navigation from it; \"tavctl catalogue check\" says why"},
         {{"baseline", "show", broken + "/baseline/no-items.json"},
@@ -320,6 +479,29 @@ TEST_F(TavctlCheck, EndsWithTwoAndOneLineWhenItCannotRun)
     }
 }
 
+TEST_F(TavctlCheck, DoesNotTakeAnUnreadableStandardInputForAnEmptyFile)
+{
+    const Tavctl ofDirectory({"catalogue", "check", "-"}, "/tmp");
+    EXPECT_EQ(ofDirectory.exitCode, 2);
+    EXPECT_EQ(ofDirectory.errors, "tavctl: -: cannot be read: Is a directory\n");
+    const Program closed(QStringList{"sh", "-c", "exec \"$@\" <&-", "sh"} + tavctlCommand({"catalogue", "check", "-"}));
+    EXPECT_EQ(closed.exitCode, 2);
+    EXPECT_EQ(closed.errors, "tavctl: -: cannot be read: Bad file descriptor\n");
+}
+
+TEST_F(TavctlCheck, DoesNotCallLostOutputSuccess)
+{
+    const QString item = broken + "/baseline/no-name.json";
+    for (const QStringList &arguments :
+         {QStringList{"--help"}, QStringList{"registry"}, QStringList{"baseline", "check", item}}) {
+        for (const char *const redirected : {"exec \"$@\" >/dev/full", "exec \"$@\" >&-"}) {
+            const Program run(QStringList{"sh", "-c", redirected, "sh"} + tavctlCommand(arguments));
+            EXPECT_EQ(run.exitCode, 2) << redirected << arguments.join(' ').toStdString();
+            EXPECT_EQ(run.errors, "tavctl: standard output: cannot be written\n");
+        }
+    }
+}
+
 TEST_F(TavctlPictures, ShowsWhatThePluginHolds)
 {
     const Tavctl run({"pictures", "--json", demoRoot + "/opt/tavsec/pictures/navigation"});
@@ -331,10 +513,14 @@ TEST_F(TavctlPictures, ShowsWhatThePluginHolds)
     EXPECT_EQ(pictures.first(),
               (QJsonObject{{"key", "NAVIGATION/ACCESSICON"},
                            {"file", demoRoot + "/opt/tavsec/pictures/navigation/accessIcon.png"},
+                           {"leftToChance", false},
                            {"width", 48},
                            {"height", 48},
                            {"format", "ARGB32"},
                            {"bytes", 48 * 48 * 4}}));
+    const Tavctl text({"pictures", demoRoot + "/opt/tavsec/pictures/navigation"});
+    EXPECT_TRUE(text.output.endsWith("\n\nno findings\n"));
+    EXPECT_FALSE(text.output.contains("Findings"));
 }
 
 TEST_F(TavctlPictures, NamesEachMistake)
@@ -415,6 +601,29 @@ TEST_F(TavctlPictures, FollowsThePluginsWayThroughDirectories)
     EXPECT_EQ(findingLines(run), QStringList());
 }
 
+TEST_F(TavctlPictures, ListsADirectoryOnceForEachNameUnderWhichItIsReached)
+{
+    const QByteArray png = contentOf(broken + "/pictures/same-key/icon.png");
+    put("all/one.png/icon.png", png);
+    ASSERT_TRUE(QFile::link(directory.filePath("all/one.png"), directory.filePath("all/other.png")));
+    const QJsonObject otherName = Tavctl({"pictures", "--json", directory.filePath("all")}).json();
+    EXPECT_EQ(otherName["pictures"].toArray().size(), 2) << "ONE.PNG/ICON and OTHER.PNG/ICON";
+    put("same/first.png/in.png/icon.png", png);
+    ASSERT_TRUE(QDir(directory.path()).mkpath("same/last.png"));
+    ASSERT_TRUE(QFile::link(directory.filePath("same/first.png/in.png"), directory.filePath("same/last.png/in.png")));
+    const QJsonArray sameName = Tavctl({"pictures", "--json", directory.filePath("same")}).json()["pictures"].toArray();
+    ASSERT_EQ(sameName.size(), 1);
+    EXPECT_EQ(sameName.first()["file"].toString(), directory.filePath("same/last.png/in.png/icon.png"));
+}
+
+TEST_F(TavctlPictures, ReportsADirectoryThatIsNamedTwiceOnce)
+{
+    for (const char *const name : {"same-key", "undecodable", "subdirectory"}) {
+        const QString path = broken + "/pictures/" + name;
+        EXPECT_EQ(findingLines(Tavctl({"pictures", "--json", path, path})).size(), 1) << name;
+    }
+}
+
 TEST_F(TavctlPictures, TakesAFileThatItReachesTwiceForOne)
 {
     put("all/icon.png", contentOf(broken + "/pictures/same-key/icon.png"));
@@ -435,6 +644,8 @@ TEST_F(TavctlPictures, LeavesNamesThatDifferInCaseToChanceAndSpecialFilesClosed)
     EXPECT_TRUE(
         findingLines(byCase).first().endsWith("; which of the two the plugin holds is left to chance; rename one "
                                               "of them before its first dot"));
+    EXPECT_TRUE(byCase.json()["pictures"].toArray().first()["leftToChance"].toBool());
+    EXPECT_TRUE(Tavctl({"pictures", directory.filePath("case")}).output.contains(".png (left to chance)  "));
     ASSERT_TRUE(QDir(directory.path()).mkdir("pipes"));
     const QString pipe = directory.filePath("pipes/icon.png");
     ASSERT_EQ(mkfifo(directory.filePath("pipe").toUtf8().constData(), 0600), 0);
@@ -467,6 +678,41 @@ TEST_F(TavctlBase64, GoesThereAndBackByteForByte)
     }
 }
 
+TEST_F(TavctlBase64, GivesTheLinesBackThatItIsAskedFor)
+{
+    const QByteArray base64 = onePage.toBase64();
+    QByteArray wrapped;
+    for (int i = 0; i < base64.size(); i += 64) {
+        wrapped += base64.mid(i, 64) + '\n';
+    }
+    const struct {
+        QByteArray text;
+        const char *wrap;
+    } rows[] = {{base64, "0"}, {wrapped, "64"}};
+    for (const auto &row : rows) {
+        const QString plain = put("plain", Tavctl({"catalogue", "decode", put("text", row.text)}).bytes);
+        EXPECT_EQ(contentOf(plain), onePage);
+        EXPECT_EQ(Tavctl({"catalogue", "encode", plain, "--wrap", row.wrap}).bytes, row.text);
+    }
+    const QByteArray crlf = QByteArray(wrapped).replace("\n", "\r\n");
+    EXPECT_EQ(Tavctl({"catalogue", "decode", put("text", crlf)}).bytes, onePage) << "its line ends do not come back";
+    EXPECT_EQ(Tavctl({"catalogue", "encode", put("plain", "1"), "--wrap", "-1"}).exitCode, 2);
+}
+
+TEST_F(TavctlBase64, LeavesOutWhatThePluginLeavesOut)
+{
+    const QString stray = put("stray", QByteArray(onePage.toBase64()).insert(9, "*"));
+    EXPECT_EQ(Tavctl({"catalogue", "decode", stray}).exitCode, 2);
+    EXPECT_EQ(Tavctl({"catalogue", "decode", "--lenient", stray}).bytes, onePage);
+    const QString spare = put("spare", "QR==");
+    EXPECT_EQ(
+        Tavctl({"catalogue", "decode", spare}).errors,
+        "tavctl: " + spare
+            + ":1:2: not Base64: bits of the last character stand for nothing; --lenient leaves out what is none, "
+              "as the plugin does\n");
+    EXPECT_EQ(Tavctl({"catalogue", "decode", "--lenient", spare}).bytes, "A");
+}
+
 TEST_F(TavctlBase64, WritesBytesToStandardOutput)
 {
     const QByteArray bytes("\0\xff\r\n\x1b", 5);
@@ -491,7 +737,9 @@ TEST_F(TavctlBase64, SaysWhereATextIsNone)
     for (const auto &row : rows) {
         const QString file = put("text", row.text);
         const Tavctl run({"catalogue", "decode", file});
-        EXPECT_EQ(run.errors, "tavctl: " + file + row.place + ": not Base64\n");
+        EXPECT_EQ(run.errors,
+                  "tavctl: " + file + row.place
+                      + ": not Base64; --lenient leaves out what is none, as the plugin does\n");
         EXPECT_EQ(run.exitCode, 2);
     }
 }
@@ -506,6 +754,37 @@ TEST_F(TavctlShow, TheCatalogueIsTheNavigationThatThePluginBuilds)
     const QJsonObject shown
         = Tavctl({"catalogue", "show", "--json", broken + "/catalogue/unknown-page-type.json"}).json();
     EXPECT_EQ(shown["navigation"][0]["pages"][0]["type"].toString(), "-1") << "as the plugin takes it, mistakes too";
+}
+
+TEST_F(TavctlShow, NestedFunctionsStandInTheBranchOfTheirParent)
+{
+    const QByteArray leaf = R"({"funcType": "Func_SystemAudit", "funcTitle": "C", "funcIcon": "",
+        "subFunList": [{"subFuncType": "SubFunc_LogAudit", "subFuncTitile": "P"}]})";
+    const QByteArray middle
+        = R"({"funcType": "Func_SystemProtect", "funcTitle": "B", "funcIcon": "", "funcList": [)" + leaf + "]}";
+    const QByteArray last = R"({"funcType": "Func_AccessControl", "funcTitle": "D", "funcIcon": ""})";
+    const QByteArray top = R"([{"funcType": "Func_HostInfo", "funcTitle": "A", "funcIcon": "", "funcList": [)" + middle
+        + ',' + last + "]}]";
+    QStringList titles;
+    const QStringList lines = Tavctl({"catalogue", "show", putCatalogue(top)}).output.split('\n');
+    for (const QString &line : lines.mid(3)) {
+        titles.append(line.section("Func_", 0, 0).section("SubFunc_", 0, 0).section("Sub", 0, 0).trimmed());
+    }
+    EXPECT_EQ(lines.value(1), "Navigation");
+    EXPECT_EQ(titles, QStringList({"A", "├─ B", "│  └─ C", "│     └─ P", "└─ D", ""}));
+}
+
+TEST_F(TavctlShow, EntriesOfTypeNoneAreShownToo)
+{
+    const QByteArray catalogue = R"([{"funcType": "Func_None", "funcTitle": "one", "funcList": [
+        {"funcType": "Func_HostInfo", "funcTitle": "nested"}]}, {"funcType": "Func_None", "funcTitle": "two"}])";
+    const QJsonArray shown
+        = Tavctl({"catalogue", "show", "--json", putCatalogue(catalogue)}).json()["navigation"].toArray();
+    QStringList titles;
+    for (const QJsonValue &function : shown) {
+        titles.append(function["title"].toString());
+    }
+    EXPECT_EQ(titles, QStringList({"one", "nested", "two"}));
 }
 
 TEST_F(TavctlShow, TheBaselineIsTheItemsThatThePluginHolds)
@@ -531,13 +810,19 @@ TEST_F(TavctlDoctor, FindsNothingInTheDemo)
 {
     const Tavctl run({"doctor", "--root", demoRoot});
     EXPECT_EQ(run.exitCode, 0);
-    EXPECT_TRUE(run.output.endsWith("\nFindings\n4 parts checked, no findings\n")) << run.output.toStdString();
+    EXPECT_TRUE(run.output.endsWith("\n\n4 parts checked, no findings\n")) << run.output.toStdString();
+    EXPECT_FALSE(run.output.contains("Findings"));
     EXPECT_EQ(run.errors, "");
     const QJsonObject plugin = Tavctl({"doctor", "--root", demoRoot, "--json"}).json()["plugin"].toObject();
     const QString qt = QString("%1.%2.0").arg(QT_VERSION_MAJOR).arg(QT_VERSION_MINOR);
     const QString machine = QSysInfo::buildCpuArchitecture() == "arm64" ? "AArch64" : "x86-64";
-    EXPECT_EQ(plugin, (QJsonObject{{"identifier", "Tav_ORG_ITavDtaPlugin"}, {"qtVersion", qt}, {"machine", machine}}));
-    EXPECT_TRUE(run.output.contains("\nplugin: Tav_ORG_ITavDtaPlugin, built with Qt " + qt + " for " + machine + '\n'));
+    const QString origin = "none below " + demoRoot + "; beside tavctl";
+    EXPECT_EQ(
+        plugin,
+        (QJsonObject{
+            {"origin", origin}, {"identifier", "Tav_ORG_ITavDtaPlugin"}, {"qtVersion", qt}, {"machine", machine}}));
+    EXPECT_TRUE(run.output.contains("\nplugin: " + origin + ": Tav_ORG_ITavDtaPlugin, built with Qt " + qt + " for "
+                                    + machine + '\n'));
 }
 
 TEST_F(TavctlDoctor, NamesEveryPlantedMistakeAndNoOther)
@@ -558,7 +843,7 @@ TEST_F(TavctlDoctor, NamesEveryPlantedMistakeAndNoOther)
     for (const QJsonValue &part : json.json()["parts"].toArray()) {
         counts.append(part["findings"].toInt());
     }
-    EXPECT_EQ(counts, QVector<int>({0, 13, 13, 3})) << "plugin, catalogue, baseline, pictures";
+    EXPECT_EQ(counts, QVector<int>({0, 13, 17, 3})) << "plugin, catalogue, baseline, pictures";
 }
 
 TEST_F(TavctlDoctor, MissesWhatAnEmptyInstallationLacks)
@@ -588,6 +873,43 @@ TEST_F(TavctlDoctor, MissesWhatAnEmptyInstallationLacks)
     EXPECT_TRUE(findingLines(Tavctl({"doctor", "--root", root, "--json"}))
                     .value(0)
                     .startsWith(root + "/etc/tavsec.d/funcTypeConfig.json: not a regular file; "));
+}
+
+TEST_F(TavctlDoctor, ChecksThePluginOfTheInstallationWhenItHasOne)
+{
+    const auto pluginOf = [this](const QStringList &more) {
+        return Tavctl(QStringList{"doctor", "--root", directory.path(), "--json"} + more)
+            .json()["parts"]
+            .toArray()
+            .first()["place"]
+            .toString();
+    };
+    EXPECT_EQ(pluginOf({}), TAV_PLUGIN_FILE) << "none there: the one beside the program";
+    for (const char *const place : {"usr/local/lib/riscv64-linux-gnu", "usr/lib64", "usr/lib"}) {
+        const QString file = put(place + QString("/tavsec/plugins/libTavDataPlugin.so"), "");
+        EXPECT_EQ(pluginOf({}), file);
+        EXPECT_EQ(pluginOf({"--plugin", TAV_OTHER_PLUGIN_FILE}), TAV_OTHER_PLUGIN_FILE);
+    }
+    writeFile(directory.filePath("usr/lib/tavsec/plugins/libTavDataPlugin.so"), contentOf(TAV_PLUGIN_FILE));
+    const QString root = QDir::current().relativeFilePath(directory.path());
+    const Tavctl run({"doctor", "--root", root});
+    EXPECT_TRUE(run.output.contains("\nplugin: Tav_ORG_ITavDtaPlugin, ")) << run.output.toStdString();
+    EXPECT_TRUE(run.output.endsWith("4 parts checked, 3 findings\n")) << "the plugin is not among them";
+}
+
+TEST_F(TavctlDoctor, NamesPicturesThatLieBesideThePictureDirectories)
+{
+    const QByteArray png = contentOf(broken + "/pictures/same-key/icon.png");
+    put("opt/tavsec/pictures/common/icon.png", png);
+    const QString stray = put("opt/tavsec/pictures/stray.small.png", png);
+    const Tavctl run({"doctor", "--root", directory.path(), "--json"});
+    EXPECT_EQ(findingLines(run).mid(2),
+              QStringList{stray
+                          + ": a picture outside of every picture directory; the plugin holds it only for a client "
+                            "that loads "
+                          + directory.path()
+                          + "/opt/tavsec/pictures itself, under the key "
+                            "PICTURES/STRAY; move it into a picture directory"});
 }
 
 TEST_F(TavctlDoctor, SaysWhatIsWrongWithAPluginFile)
@@ -621,9 +943,12 @@ TEST_F(TavctlDoctor, SaysWhatIsWrongWithAPluginFile)
         {put("machine.so", forOtherMachine),
          QString("built for %1, but this program for %2; no client for %2 can load it; install the plugin for %2")
              .arg(other, own)},
-        {put("incomplete.so", QByteArray(plugin).replace("libTavCommon.so.1", "libTavComm0n.so.1")),
-         "cannot be loaded: libTavComm0n.so.1: cannot open shared object file: No such file or directory" + noManagers
-             + "install what it lacks"},
+        {put("incomplete.so",
+             QByteArray(plugin)
+                 .replace("libTavCommon.so.1", "libTavComm0n.so.1")
+                 .replace("libstdc++.so.6", "libstdc--.so.6")),
+         "cannot be loaded: it lacks libTavComm0n.so.1, libstdc--.so.6" + noManagers + "install what it lacks"},
+        {"/tmp", "not a regular file" + noManagers + name},
     };
     for (const auto &row : rows) {
         const Tavctl run({"doctor", "--root", demoRoot, "--json", "--plugin", row.file});
@@ -674,13 +999,16 @@ bool isForSchema(const Mistake &mistake)
     return !beyondSchemas.contains(mistake.file) && !QString(mistake.problem).startsWith("not ");
 }
 
+/// The keys of the type, without the one that stands for none.
 template<class Enum>
 QJsonArray keys()
 {
     const QMetaEnum type = QMetaEnum::fromType<Enum>();
     QJsonArray found;
     for (int i = 0; i < type.keyCount(); ++i) {
-        found.append(type.key(i));
+        if (type.value(i) != 0) {
+            found.append(type.key(i));
+        }
     }
     return found;
 }
@@ -777,6 +1105,9 @@ TEST(TavctlCompletion, OffersWhatTheHelpOfEachCommandNames)
         }
     }
     EXPECT_EQ(offers({"cat"}), QStringList{"catalogue"});
+    EXPECT_EQ(offers({"doctor", ""}), QStringList({"--help", "--json", "--plugin", "--root"})) << "it takes no file";
+    EXPECT_EQ(offers({"catalogue", "encode", "-"}), QStringList({"--help", "--output", "--wrap", "-o"}));
+    EXPECT_EQ(offers({"catalogue", "decode", "-"}), QStringList({"--help", "--lenient", "--output", "-o"}));
 }
 
 TEST(TavctlCompletion, OffersFilesAndDirectories)
@@ -789,9 +1120,11 @@ TEST(TavctlCompletion, OffersFilesAndDirectories)
     EXPECT_EQ(offers({"doctor", "--root", catalogue.chopped(5)}), QStringList());
     EXPECT_EQ(offers({"pictures", broken + "/pictures/undec"}), QStringList{broken + "/pictures/undecodable"});
     QStringList pages = QVariant(keys<CTavSubFuncTypeHeader::TavSubFuncTypeHeader_>().toVariantList()).toStringList();
-    pages.removeOne("SubFunc_None");
     pages.sort();
     EXPECT_EQ(offers({"run", "--page", ""}), pages);
+    for (const char *const option : {"--root", "--plugin"}) { // the shell takes "=" for a word of its own
+        EXPECT_EQ(offers({"doctor", option, "=", demoRoot.chopped(2)}), QStringList{demoRoot});
+    }
 }
 
 TEST(TavctlManual, NamesEveryCommandAndItsOptions)
@@ -809,6 +1142,13 @@ TEST(TavctlManual, NamesEveryCommandAndItsOptions)
                 << command.join(' ').toStdString() << ' ' << word.toStdString();
         }
     }
+}
+
+TEST(TavctlManual, SetsNoBlankBeforeAComma)
+{
+    const QString page = QString::fromUtf8(contentOf(TAV_SOURCE_DIR "/share/man/tavctl.1"));
+    const QStringList lines = page.split('\n').filter(QRegularExpression("^\\.[BI] .* [,.;]$"));
+    EXPECT_EQ(lines, QStringList());
 }
 
 TEST(TavctlManual, CanBeTypesetWithoutAWarning)

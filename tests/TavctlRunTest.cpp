@@ -170,6 +170,22 @@ TEST(TavctlRegistry, PrintsOnlyTheRegistry)
     EXPECT_FALSE(registry.output.contains("Navigation"));
 }
 
+TEST(TavctlRegistry, LoadsAPluginWithARelativePath)
+{
+    const QString relative = QDir::current().relativeFilePath(TAV_PLUGIN_FILE);
+    ASSERT_TRUE(QDir::isRelativePath(relative));
+    EXPECT_EQ(Tavctl({"registry", "--plugin", relative}).exitCode, 0);
+    const QByteArray inItsDirectory = QFileInfo(TAV_PLUGIN_FILE).path().toUtf8();
+    const Program run(QStringList{"sh", "-c", "cd \"$1\" && shift && exec \"$@\"", "sh", inItsDirectory}
+                      + tavctlCommand({"registry", "--plugin", QFileInfo(TAV_PLUGIN_FILE).fileName()}));
+    EXPECT_EQ(run.exitCode, 0) << run.errors.constData();
+}
+
+TEST(TavctlErrors, TellsItsVersion)
+{
+    EXPECT_EQ(Tavctl({"--version"}).output, "tavctl " TAV_VERSION "\n");
+}
+
 TEST(TavctlErrors, AMissingPluginFileIsNamed)
 {
     const Tavctl run({"registry", "--plugin", "/nowhere/libTavDataPlugin.so"});

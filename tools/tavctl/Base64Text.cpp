@@ -1,5 +1,7 @@
 #include "Base64Text.h"
 
+#include <QString>
+
 namespace
 {
 bool isDigit(char character)
@@ -14,10 +16,12 @@ bool isSpace(char character)
 }
 }
 
-QByteArray Base64Text::encoded(const QByteArray &bytes)
+QByteArray Base64Text::encoded(const QByteArray &bytes, int lineLength)
 {
-    constexpr int lineLength = 76;
-    const QByteArray text = bytes.toBase64();
+    QByteArray text = bytes.toBase64();
+    if (lineLength == 0) {
+        return text;
+    }
     QByteArray lines;
     for (int start = 0; start < text.size(); start += lineLength) {
         lines += text.mid(start, lineLength) + '\n';
@@ -43,7 +47,20 @@ int Base64Text::firstWrong(const QByteArray &text)
     return digits % 4 == 1 ? text.size() : -1;
 }
 
-QByteArray Base64Text::decoded(const QByteArray &text)
+int Base64Text::spareBits(const QByteArray &text)
 {
-    return QByteArray::fromBase64(text);
+    QByteArray digits;
+    int last = -1;
+    for (int i = 0; i < text.size(); ++i) {
+        if (isDigit(text[i])) {
+            digits.append(text[i]);
+            last = i;
+        }
+    }
+    return QByteArray::fromBase64(digits).toBase64(QByteArray::OmitTrailingEquals) == digits ? -1 : last;
+}
+
+QByteArray Base64Text::decoded(const QByteArray &bytes)
+{
+    return QByteArray::fromBase64(QString::fromUtf8(bytes).toLocal8Bit());
 }

@@ -8,45 +8,51 @@
 #include <QJsonArray>
 #include <QJsonObject>
 
+#include <algorithm>
+
 namespace
 {
-/// Of items with one id, only the last is left.
+/// Of items with one id, only the last is left. The id is what the plugin reads: 0 for what is none.
 Findings checkIds(const QJsonArray &items)
 {
-    Findings findings;
-    QHash<int, QString> places;
+    QHash<int, QString> winners;
     for (int i = 0; i < items.size(); ++i) {
-        const QJsonValue id = items[i]["itemId"];
+        winners.insert(items[i]["itemId"].toInt(), "/enableConfig/" + QString::number(i));
+    }
+    Findings findings;
+    for (int i = 0; i < items.size(); ++i) {
+        const int id = items[i]["itemId"].toInt();
         const QString path = "/enableConfig/" + QString::number(i);
-        if (id.toInt(0) != id.toInt(1)) {
-            continue; // not an id
+        if (winners[id] != path) {
+            findings.append(
+                {{},
+                 {},
+                 items[i].toObject().contains("itemId") ? path + "/itemId" : path,
+                 QString("the plugin reads the id %1 also from %2").arg(id).arg(winners[id]),
+                 QString("this item is overwritten by %2, which getItemConfig(%1) gives").arg(id).arg(winners[id]),
+                 "write another id in one of them"});
         }
-        if (places.contains(id.toInt())) {
-            findings.append({{},
-                             {},
-                             path + "/itemId",
-                             QString("the id %1 stands already at %2").arg(id.toInt()).arg(places[id.toInt()]),
-                             "this item wins: the plugin puts it in the place of the one before",
-                             "write another id in one of them"});
-        }
-        places.insert(id.toInt(), path);
     }
     return findings;
 }
 
-/// Why a script cannot be run, and what to do; two empty texts when it can.
-QPair<QString, QString> scriptFault(const QString &script)
+/// Why the script that an item names so cannot be run, and what to do; two empty texts when it can.
+QPair<QString, QString> scriptFault(const QString &name)
 {
+    const QString script = TavCommonUtils::pathInSystemRoot("/opt/tavsec/script/baselineScript" + name);
     constexpr auto executable = QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
     const QFileInfo file(script);
-    if (!file.exists()) {
-        return {"there is no script " + script, "put the script there, or correct its name"};
+    if (name.contains(QChar::Null) || !file.exists()) { // no file has such a name, and Qt would complain
+        return {"there is no script \"" + script + '"',
+                std::any_of(name.begin(), name.end(), [](QChar character) { return character.isSpace(); })
+                    ? "put the script there, or correct its name: a blank is part of it, and arguments cannot be given"
+                    : "put the script there, or correct its name"};
     }
     if (!file.isFile()) {
-        return {script + " is not a regular file", "name a script"};
+        return {'"' + script + "\" is not a regular file", "name a script"};
     }
     if (!(file.permissions() & executable)) {
-        return {script + " is not executable", "make it executable with \"chmod +x\""};
+        return {'"' + script + "\" is not executable", "make it executable with \"chmod +x\""};
     }
     return {};
 }
@@ -59,8 +65,7 @@ Findings checkScripts(const QJsonArray &items)
         if (!value.startsWith('/')) {
             continue; // no path within the script directory
         }
-        const QString script = TavCommonUtils::pathInSystemRoot("/opt/tavsec/script/baselineScript" + value);
-        const auto [problem, advice] = scriptFault(script);
+        const auto [problem, advice] = scriptFault(value);
         if (!problem.isEmpty()) {
             findings.append({{},
                              {},

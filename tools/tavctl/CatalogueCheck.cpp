@@ -61,6 +61,11 @@ private:
         QString icon;
     };
 
+    struct Page {
+        QString path;
+        QString controller;
+    };
+
     struct Parent {
         QString path;
         QString key;
@@ -73,19 +78,30 @@ private:
         const int type = typeOf<CTavFuncTypeHeader::TavFuncTypeHeader_>(key);
         const Function self{path, function["funcTitle"].toString(), function["funcIcon"].toString()};
         const Function first = m_functions.value(type, self);
-        if (type > 0 && (first.title != self.title || first.icon != self.icon)) {
+        if (type > 0 && m_above.contains(type)) {
             m_findings.append({{},
                                {},
                                path + "/funcType",
-                               '"' + key + "\" stands already at " + first.path + ", with another title or icon",
-                               "look-ups find the first entry, and this title and icon are not shown",
-                               "write the title and icon of the first, or another type"});
+                               '"' + key + "\" is the type of an entry that this one is nested in",
+                               "the pages of both are found for either, and a client that builds its menu by the "
+                               "types of parents comes to no end",
+                               "write another type, or move its pages to an entry that stands beside the other"});
+        } else if (type > 0 && (first.title != self.title || first.icon != self.icon)) {
+            m_findings.append(
+                {{},
+                 {},
+                 path + "/funcType",
+                 '"' + key + "\" stands already at " + first.path + ", with another title or icon",
+                 QString("getFuncInfoData gives the first title and icon (%1, %2)").arg(first.title, first.icon),
+                 "write the title and icon of the first, or another type"});
         }
         m_functions.insert(type, first);
         if (function.contains("subFunList")) {
             checkPages(function["subFunList"].toArray(), path + "/subFunList");
         } else {
+            m_above.append(type);
             checkFunctions(function["funcList"].toArray(), path + "/funcList");
+            m_above.removeLast();
         }
     }
 
@@ -103,13 +119,16 @@ private:
     {
         using Type = CTavSubFuncTypeHeader::TavSubFuncTypeHeader_;
         const int type = typeOf<Type>(page["subFuncType"]);
-        const QString first = m_pages.value(type, path);
-        if (type > 0 && first != path) {
+        const Page self{path, page["subFuncClassName"].toString()};
+        const Page first = m_pages.value(type, self);
+        if (type > 0 && first.path != path) {
             m_findings.append({{},
                                {},
                                path + "/subFuncType",
-                               '"' + page["subFuncType"].toString() + "\" stands already at " + first,
-                               "look-ups find the first entry, and this title and controller are not shown",
+                               '"' + page["subFuncType"].toString() + "\" stands already at " + first.path,
+                               QString("a look-up by type finds the first: choosing this page opens the first one's "
+                                       "controller (%1)")
+                                   .arg(first.controller),
                                "remove or disable one of them, or write another type"});
         }
         m_pages.insert(type, first);
@@ -120,41 +139,97 @@ private:
     }
 
     QHash<int, Function> m_functions; // the first entry of each type
-    QHash<int, QString> m_pages; // path of the first page of each type
+    QHash<int, Page> m_pages; // the first page of each type
+    QVector<int> m_above; // types of the functions that the current one is nested in
     QVector<Parent> m_parents;
     Findings m_findings;
 };
+
+const char *const nothingRead = "the plugin reads nothing, and the navigation is empty";
+
+/// What is wrong with the Base64 text; @p isRead tells whether the plugin finds JSON in it all the same.
+Findings checkBase64(const QString &file, const QByteArray &content, bool isRead)
+{
+    const auto found = [&](int offset, const QString &problem, const QString &effect, const QString &advice) {
+        return Finding{file, placeAt(content, offset), {}, problem, effect, advice};
+    };
+    if (content.trimmed().isEmpty()) {
+        return {found(0, "the file is empty", nothingRead,
+                      R"(write it with "tavctl catalogue encode" from the JSON text of a catalogue)")};
+    }
+    if (isUtf16(content)) {
+        return {found(0, "not Base64: the file is UTF-16", nothingRead, "save the file as UTF-8 or ASCII")};
+    }
+    Findings findings;
+    const int nul = content.indexOf('\0');
+    const QByteArray text = content.mid(0, nul); // all of it when there is none
+    const int wrong = Base64Text::firstWrong(text);
+    const QByteArray character = text.mid(wrong, 1);
+    const bool isPlain = content.trimmed().startsWith('[') || content.trimmed().startsWith('{');
+    const QString again = isRead
+        ? R"(write what "tavctl catalogue decode --lenient" shows with "tavctl catalogue encode")"
+        : isPlain
+        ? R"(encode the JSON text with "tavctl catalogue encode")"
+        : R"(correct what "tavctl catalogue decode --lenient" shows, and write that with "tavctl catalogue encode")";
+    if (wrong == text.size()) {
+        findings.append(found(wrong, "not Base64: the text ends too early",
+                              isRead ? "the plugin leaves the last character out and reads the rest" : nothingRead,
+                              again));
+    } else if (wrong >= 0 && (character == "-" || character == "_")) {
+        findings.append(found(wrong, "not Base64: this character is of the alphabet for URLs",
+                              isRead ? "the plugin leaves it out and reads the rest" : nothingRead,
+                              R"(write "+" for each "-" and "/" for each "_")"));
+    } else if (wrong >= 0) {
+        findings.append(found(wrong, "not Base64: this character does not belong there",
+                              isRead ? "the plugin leaves it out and reads the rest" : nothingRead, again));
+    }
+    if (nul >= 0) {
+        findings.append(found(nul, "not Base64: a NUL byte",
+                              isRead ? "the plugin reads only what stands before it"
+                                     : "the plugin reads only what stands before it, and the navigation is empty",
+                              again));
+    }
+    return findings;
+}
+
+/// Why the text that Base64 holds is no JSON.
+Finding checkNoJson(const QString &file, const QByteArray &decoded, const JsonText &text)
+{
+    if (isUtf16(decoded)) {
+        return {file,        {1, 1},
+                {},          "not JSON: the text is UTF-16",
+                nothingRead, "save the JSON text as UTF-8, and encode that",
+                true};
+    }
+    if (Base64Text::firstWrong(decoded) < 0 && JsonText(Base64Text::decoded(decoded)).error().isEmpty()) {
+        return {file,        {1, 1},
+                {},          "not JSON: the text is encoded twice",
+                nothingRead, R"(put the text there that "tavctl catalogue decode" shows)",
+                true};
+    }
+    return {file,        text.errorPlace(),
+            {},          "not JSON: " + text.error(),
+            nothingRead, R"(correct the text that "tavctl catalogue decode" shows)",
+            true};
+}
 }
 
 Findings checkCatalogue(const QString &file, const QByteArray &content)
 {
-    Findings findings;
-    const JsonText text(Base64Text::decoded(content));
-    const int wrong = Base64Text::firstWrong(content);
-    if (wrong >= 0) {
-        findings.append({file,
-                         placeAt(content, wrong),
-                         {},
-                         wrong < content.size() ? "not Base64: this character does not belong there"
-                                                : "not Base64: the text ends too early",
-                         text.error().isEmpty() ? "the plugin leaves it out and reads the rest"
-                                                : "the plugin reads nothing, and the navigation is empty",
-                         "encode the JSON text with \"tavctl catalogue encode\""});
-    }
-    if (!text.error().isEmpty()) {
-        if (findings.isEmpty()) {
-            findings.append({file,
-                             text.errorPlace(),
-                             {},
-                             "not JSON: " + text.error(),
-                             "the plugin reads nothing, and the navigation is empty",
-                             "correct the text that \"tavctl catalogue decode\" shows"});
-        }
-        return findings;
+    const QByteArray decoded = Base64Text::decoded(content);
+    const JsonText text(decoded);
+    const bool isRead = text.error().isEmpty();
+    const Findings findings = checkBase64(file, content, isRead);
+    if (!isRead) {
+        return findings.isEmpty() ? Findings{checkNoJson(file, decoded, text)} : findings;
     }
     EntryCheck entries;
     entries.checkFunctions(text.document().toArray(), QString());
     entries.checkParents();
-    return findings
-        + located(checkAgainstSchema("funcTypeConfig.schema.json", text.document()) + entries.findings(), file, text);
+    Findings inside
+        = located(checkAgainstSchema("funcTypeConfig.schema.json", text.document()) + entries.findings(), file, text);
+    for (Finding &finding : inside) {
+        finding.decoded = true;
+    }
+    return findings + inside;
 }

@@ -12,6 +12,14 @@
 #include "TemporaryRoot.h"
 #include "WholeFile.h"
 
+namespace
+{
+bool isJson(const QByteArray &text)
+{
+    return JsonText(text).error().isEmpty();
+}
+}
+
 ExitCode showCatalogue(const CheckOptions &options)
 {
     const QByteArray content = WholeFile::read(options.file);
@@ -43,7 +51,11 @@ ExitCode checkCatalogueFile(const CheckOptions &options)
 
 ExitCode encodeCatalogue(const CheckOptions &options)
 {
-    WholeFile::write(options.output, Base64Text::encoded(WholeFile::read(options.file)));
+    const QByteArray content = WholeFile::read(options.file);
+    if (Base64Text::firstWrong(content) < 0 && isJson(Base64Text::decoded(content))) {
+        throw ToolError(ExitCode::Usage, options.file + ": this is the Base64 text of JSON already");
+    }
+    WholeFile::write(options.output, Base64Text::encoded(content, options.lineLength));
     return ExitCode::Success;
 }
 
@@ -51,10 +63,18 @@ ExitCode decodeCatalogue(const CheckOptions &options)
 {
     const QByteArray content = WholeFile::read(options.file);
     const int wrong = Base64Text::firstWrong(content);
-    if (wrong >= 0) {
-        const TextPlace place = placeAt(content, wrong);
-        throw ToolError(ExitCode::Usage,
-                        QString("%1:%2:%3: not Base64").arg(options.file).arg(place.line).arg(place.column));
+    const int spare = wrong < 0 ? Base64Text::spareBits(content) : -1;
+    if (!options.lenient && (wrong >= 0 || spare >= 0)) {
+        const TextPlace place = placeAt(content, qMax(wrong, spare));
+        throw ToolError(
+            ExitCode::Usage,
+            QString("%1:%2:%3: not Base64%4; %5")
+                .arg(options.file)
+                .arg(place.line)
+                .arg(place.column)
+                .arg(QLatin1String(spare < 0 ? "" : ": bits of the last character stand for nothing"),
+                     QLatin1String(isJson(content) ? "this is JSON already"
+                                                   : "--lenient leaves out what is none, as the plugin does")));
     }
     WholeFile::write(options.output, Base64Text::decoded(content));
     return ExitCode::Success;

@@ -5,8 +5,18 @@
 #include "DoctorCommand.h"
 #include "PicturesCommand.h"
 
+#include <QFileInfo>
+
+#include <limits>
+
 namespace
 {
+/// Refuses an empty name, which no message could show.
+CLI::Validator namedFile()
+{
+    return {[](const std::string &name) { return std::string(name.empty() ? "the name is empty" : ""); }, ""};
+}
+
 CheckOptions optionsFrom(const CheckArguments &arguments)
 {
     CheckOptions options;
@@ -17,6 +27,8 @@ CheckOptions optionsFrom(const CheckArguments &arguments)
     }
     options.pluginFile = QString::fromStdString(arguments.pluginFile);
     options.systemRoot = QString::fromStdString(arguments.systemRoot);
+    options.lineLength = arguments.lineLength;
+    options.lenient = arguments.lenient;
     options.json = arguments.json;
     return options;
 }
@@ -32,14 +44,17 @@ public:
 
     CommandLine &file()
     {
-        m_command.add_option("FILE", m_arguments.file, "the file; - for standard input")->required();
+        m_command.add_option("FILE", m_arguments.file, "the file; - for standard input")
+            ->required()
+            ->check(namedFile());
         return *this;
     }
 
     CommandLine &directories()
     {
         m_command.add_option("DIR", m_arguments.directories, "picture directories, in the order of loading")
-            ->required();
+            ->required()
+            ->check(namedFile());
         return *this;
     }
 
@@ -47,7 +62,24 @@ public:
     {
         m_command.add_option("-o,--output", m_arguments.output, "the file to write; - for standard output")
             ->capture_default_str()
-            ->type_name("FILE");
+            ->type_name("FILE")
+            ->check(namedFile());
+        return *this;
+    }
+
+    CommandLine &wrap()
+    {
+        m_command
+            .add_option("--wrap", m_arguments.lineLength, "characters in a line; 0 for one line that is not ended")
+            ->capture_default_str()
+            ->type_name("N")
+            ->check(CLI::Range(0, std::numeric_limits<int>::max()));
+        return *this;
+    }
+
+    CommandLine &lenient()
+    {
+        m_command.add_flag("--lenient", m_arguments.lenient, "leave out what is no Base64, as the plugin does");
         return *this;
     }
 
@@ -62,9 +94,7 @@ public:
 
     CommandLine &plugin()
     {
-        m_command.add_option("--plugin", m_arguments.pluginFile, "the plugin's file")
-            ->capture_default_str()
-            ->type_name("FILE");
+        addPluginOption(m_command, m_arguments.pluginFile);
         return *this;
     }
 
@@ -76,8 +106,11 @@ public:
 
     void calls(ExitCode (*run)(const CheckOptions &), Action &action)
     {
-        m_command.callback([run, &arguments = m_arguments, &action] {
-            action = [run, options = optionsFrom(arguments)] {
+        m_command.callback([run, &command = m_command, &arguments = m_arguments, &action] {
+            CheckOptions given = optionsFrom(arguments);
+            const CLI::Option *const plugin = command.get_option_no_throw("--plugin");
+            given.pluginIsNamed = plugin && plugin->count() > 0;
+            action = [run, options = given] {
                 try {
                     return run(options);
                 } catch (const ToolError &error) {
@@ -91,6 +124,18 @@ private:
     CLI::App &m_command;
     CheckArguments &m_arguments;
 };
+}
+
+void addPluginOption(CLI::App &command, std::string &file)
+{
+    // Absolute, since the loader looks for any other name in the directories of libraries.
+    command.add_option("--plugin", file, "the plugin's file")
+        ->capture_default_str()
+        ->type_name("FILE")
+        ->check(namedFile())
+        ->transform([](const std::string &name) {
+            return QFileInfo(QString::fromStdString(name)).absoluteFilePath().toStdString();
+        });
 }
 
 void addCheckCommands(CLI::App &app, CheckArguments &arguments, Action &action)
@@ -109,10 +154,12 @@ void addCheckCommands(CLI::App &app, CheckArguments &arguments, Action &action)
     CommandLine(catalogue, "encode", "write the file in Base64, as the plugin reads it", arguments)
         .file()
         .output()
+        .wrap()
         .calls(encodeCatalogue, action);
     CommandLine(catalogue, "decode", "write what the Base64 text of the file holds", arguments)
         .file()
         .output()
+        .lenient()
         .calls(decodeCatalogue, action);
 
     CLI::App &baseline = *app.add_subcommand("baseline", "show or check a list of baseline check items");

@@ -18,8 +18,13 @@ struct CheckArguments {
     std::vector<std::string> directories;
     std::string pluginFile;
     std::string systemRoot = "/";
+    int lineLength = 76; // as base64(1) does
+    bool lenient = false;
     bool json = false;
 };
+
+/// Adds the option "--plugin" for @p file, which becomes an absolute path.
+void addPluginOption(CLI::App &command, std::string &file);
 
 /// Adds the commands "catalogue", "baseline", "pictures" and "doctor"; the one that is called puts its action into
 /// @p action. Whatever keeps such an action from running ends it with ExitCode::Usage.

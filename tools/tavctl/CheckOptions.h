@@ -11,7 +11,10 @@ struct CheckOptions {
     QString output; ///< where to write what is encoded or decoded; "-" for standard output
     QStringList directories; ///< picture directories
     QString pluginFile; ///< the plugin to load
+    bool pluginIsNamed = false; ///< on the command line; otherwise it is the one beside the program
     QString systemRoot; ///< directory taken for "/"
+    int lineLength = 0; ///< of encoded text; 0 for one line
+    bool lenient = false; ///< decode as the plugin does
     bool json = false; ///< print one JSON document instead of text
 };
 

@@ -37,26 +37,42 @@ Part checkFile(const QString &name, const QString &path, FileCheck check, const 
     return {name, file, {{file, {}, {}, error, effectOfNone, "put it there, or name another system root with --root"}}};
 }
 
+/// Pictures that lie beside the picture directories.
+Findings checkStrayPictures(const QDir &pictures)
+{
+    Findings findings;
+    const QFileInfoList files = pictures.entryInfoList({"*.png"}, QDir::Files, QDir::Name);
+    for (const QFileInfo &file : files) {
+        findings.append({file.filePath(),
+                         {},
+                         {},
+                         "a picture outside of every picture directory",
+                         QString("the plugin holds it only for a client that loads %1 itself, under the key %2/%3")
+                             .arg(pictures.path(), pictures.dirName().toUpper(), file.baseName().toUpper()),
+                         "move it into a picture directory"});
+    }
+    return findings;
+}
+
 Part checkPictureDirectories()
 {
     const QString path = TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures());
     const QDir directory(path);
     const QStringList names = directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
     if (names.isEmpty()) {
-        return {"pictures",
-                path,
-                {{path,
-                  {},
-                  {},
-                  directory.exists() ? "there is no directory in it" : "there is no such directory",
-                  "the pages have no pictures",
-                  "put the picture directories there, or name another system root with --root"}}};
+        const Findings none{{path,
+                             {},
+                             {},
+                             directory.exists() ? "there is no directory in it" : "there is no such directory",
+                             "the pages have no pictures",
+                             "put the picture directories there, or name another system root with --root"}};
+        return {"pictures", path, none + checkStrayPictures(directory)};
     }
     QStringList directories;
     for (const QString &name : names) {
         directories.append(directory.filePath(name));
     }
-    return {"pictures", path, checkPictures(listPictures(directories))};
+    return {"pictures", path, checkPictures(listPictures(directories)) + checkStrayPictures(directory)};
 }
 
 QString summaryOf(const QVector<Part> &parts, const Findings &findings)
@@ -64,7 +80,23 @@ QString summaryOf(const QVector<Part> &parts, const Findings &findings)
     return QString("%1 parts checked, %2").arg(parts.size()).arg(countText(findings));
 }
 
-void print(const QVector<Part> &parts, const PluginFacts &plugin, const Findings &findings)
+/// @brief The plugin that an installation is checked with.
+struct Plugin {
+    QString file;
+    QString origin; ///< why it is that one, where that is not plain
+};
+
+Plugin pluginFor(const CheckOptions &options)
+{
+    if (options.pluginIsNamed || options.systemRoot == "/") {
+        return {options.pluginFile, {}};
+    }
+    const QString installed = InstallationPaths::plugin();
+    return installed.isEmpty() ? Plugin{options.pluginFile, "none below " + options.systemRoot + "; beside tavctl"}
+                               : Plugin{installed, {}};
+}
+
+void print(const QVector<Part> &parts, const Plugin &chosen, const PluginFacts &plugin, const Findings &findings)
 {
     printHeading("Installation");
     TextTable table({{"part"}, {"place", TextTable::Left, 120}, {"state"}});
@@ -73,34 +105,38 @@ void print(const QVector<Part> &parts, const PluginFacts &plugin, const Findings
     }
     table.print();
     if (!plugin.identifier.isEmpty()) {
-        printLine(printable(
-            QString("plugin: %1, built with Qt %2 for %3").arg(plugin.identifier, plugin.qtVersion, plugin.machine)));
+        printLine(printable(QString("plugin: %1%2, built with Qt %3 for %4")
+                                .arg(chosen.origin.isEmpty() ? QString() : chosen.origin + ": ", plugin.identifier,
+                                     plugin.qtVersion, plugin.machine)));
     }
-    printHeading("Findings");
-    printFindings(findings);
+    printFindingsWithHeading(findings);
     printLine(summaryOf(parts, findings));
 }
 
-QJsonObject documentOf(const QVector<Part> &parts, const PluginFacts &plugin, const Findings &findings)
+QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const PluginFacts &plugin,
+                       const Findings &findings)
 {
     QJsonArray rows;
     for (const Part &part : parts) {
         rows.append(QJsonObject{{"part", part.name}, {"place", part.place}, {"findings", part.findings.size()}});
     }
-    return {
-        {"parts", rows},
-        {"plugin",
-         QJsonObject{{"identifier", plugin.identifier}, {"qtVersion", plugin.qtVersion}, {"machine", plugin.machine}}},
-        {"findings", findingsJson(findings)},
-        {"summary", summaryOf(parts, findings)}};
+    return {{"parts", rows},
+            {"plugin",
+             QJsonObject{{"origin", chosen.origin},
+                         {"identifier", plugin.identifier},
+                         {"qtVersion", plugin.qtVersion},
+                         {"machine", plugin.machine}}},
+            {"findings", findingsJson(findings)},
+            {"summary", summaryOf(parts, findings)}};
 }
 }
 
 ExitCode doctor(const CheckOptions &options)
 {
     TavGlobalInfoMgr::getInstance()->setSystemRoot(options.systemRoot);
+    const Plugin plugin = pluginFor(options);
     const QVector<Part> parts{
-        {"plugin", options.pluginFile, checkPlugin(options.pluginFile)},
+        {"plugin", plugin.file, checkPlugin(plugin.file)},
         checkFile("catalogue", InstallationPaths::catalogue(), checkCatalogue, "the navigation is empty"),
         checkFile("baseline", InstallationPaths::baseline(), checkBaseline, "the plugin loads no check item"),
         checkPictureDirectories(),
@@ -109,11 +145,11 @@ ExitCode doctor(const CheckOptions &options)
     for (const Part &part : parts) {
         findings += part.findings;
     }
-    const PluginFacts plugin = pluginFacts(options.pluginFile);
+    const PluginFacts facts = pluginFacts(plugin.file);
     if (options.json) {
-        printJson(documentOf(parts, plugin, findings));
+        printJson(documentOf(parts, plugin, facts, findings));
     } else {
-        print(parts, plugin, findings);
+        print(parts, plugin, facts, findings);
     }
     return exitCodeFor(findings);
 }

@@ -8,9 +8,25 @@
 #include <algorithm>
 #include <tuple>
 
+namespace
+{
+/// @p path with long keys cut: a line is for people, and --json has all of it.
+QString shortened(const QString &path)
+{
+    constexpr int mostLetters = 40;
+    QStringList keys = path.split('/');
+    for (QString &key : keys) {
+        if (key.size() > mostLetters) {
+            key = key.left(mostLetters) + "…";
+        }
+    }
+    return keys.join('/');
+}
+}
+
 Findings located(Findings findings, const QString &file, const JsonText &text)
 {
-    const QStringList doubled = text.doubledKeys();
+    const QSet<QString> doubled = text.doubledKeys();
     for (const QString &path : doubled) {
         findings.append({file,
                          {},
@@ -32,16 +48,26 @@ Findings located(Findings findings, const QString &file, const JsonText &text)
 void printFindings(const Findings &findings)
 {
     for (const Finding &finding : findings) {
-        QString where = finding.file;
+        QString where = finding.file + (finding.decoded ? " (decoded)" : "");
         if (finding.place.line > 0) {
             where += QString(":%1:%2").arg(finding.place.line).arg(finding.place.column);
         }
         where += ": ";
         if (!finding.path.isEmpty()) {
-            where += finding.path + ": ";
+            where += shortened(finding.path) + ": ";
         }
         printLine(dimmed(printable(where))
                   + printable(QStringList{finding.problem, finding.effect, finding.advice}.join("; ")));
+    }
+}
+
+void printFindingsWithHeading(const Findings &findings)
+{
+    if (findings.isEmpty()) {
+        printLine(QString());
+    } else {
+        printHeading("Findings");
+        printFindings(findings);
     }
 }
 
@@ -64,6 +90,7 @@ QJsonArray findingsJson(const Findings &findings)
         rows.append(QJsonObject{{"file", finding.file},
                                 {"line", finding.place.line},
                                 {"column", finding.place.column},
+                                {"decoded", finding.decoded},
                                 {"path", finding.path},
                                 {"problem", finding.problem},
                                 {"effect", finding.effect},

@@ -14,6 +14,7 @@ struct Finding {
     QString problem; ///< what is wrong
     QString effect; ///< what the plugin makes of it
     QString advice; ///< what to write instead
+    bool decoded = false; ///< the place is one of the text that the file holds in Base64
 };
 
 using Findings = QVector<Finding>;
@@ -24,6 +25,9 @@ Findings located(Findings findings, const QString &file, const JsonText &text);
 
 /// Writes one line for each finding.
 void printFindings(const Findings &findings);
+
+/// Writes the findings under a heading of their own; only an empty line when there are none.
+void printFindingsWithHeading(const Findings &findings);
 
 /// "no findings", "1 finding", "2 findings".
 QString countText(const Findings &findings);

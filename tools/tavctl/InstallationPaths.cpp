@@ -1,6 +1,14 @@
 #include "InstallationPaths.h"
 
+#include "TavCommonUtils.h"
 #include "TavGlobalInfoMgr.h"
+
+#include <QDir>
+
+namespace
+{
+const QLatin1String pluginInLibraries("/tavsec/plugins/libTavDataPlugin.so");
+}
 
 QString InstallationPaths::catalogue()
 {
@@ -15,4 +23,28 @@ QString InstallationPaths::baseline()
 QString InstallationPaths::pictures()
 {
     return "/opt/tavsec/pictures";
+}
+
+QString InstallationPaths::plugin()
+{
+    for (const char *const prefix : {"/usr", "/usr/local"}) {
+        // First where this build would install it, then below the other names that the directory of libraries has.
+        QStringList files{QDir::cleanPath(prefix + QString("/bin/" TAV_PLUGIN_FROM_PROGRAM))};
+        for (const char *const libraries : {"/lib", "/lib64"}) {
+            const QString directory = QString(prefix) + libraries;
+            files.append(directory + pluginInLibraries);
+            const QStringList machines
+                = QDir(TavCommonUtils::pathInSystemRoot(directory)).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+            for (const QString &machine : machines) {
+                files.append(directory + '/' + machine + pluginInLibraries);
+            }
+        }
+        for (const QString &file : qAsConst(files)) {
+            const QString inRoot = TavCommonUtils::pathInSystemRoot(file);
+            if (QFileInfo(inRoot).isFile()) {
+                return QFileInfo(inRoot).absoluteFilePath();
+            }
+        }
+    }
+    return {};
 }

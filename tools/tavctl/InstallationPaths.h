@@ -8,4 +8,8 @@ namespace InstallationPaths
 QString catalogue();
 QString baseline();
 QString pictures();
+
+/// The plugin that packages have put below the system root, by its absolute path outside of it; empty when there is
+/// none.
+QString plugin();
 }

@@ -3,15 +3,48 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
-#include <QSet>
 
 #include <cstring>
 
 namespace
 {
-/// Why the text is not JSON, more exactly than Qt says it.
-QString reasonOf(const QJsonParseError &error)
+const char *const byteOrderMark = "\xef\xbb\xbf";
+
+/// Offset of the first character, which a mark of the byte order is not.
+int startOf(const QByteArray &text)
 {
+    return text.startsWith(byteOrderMark) ? int(std::strlen(byteOrderMark)) : 0;
+}
+
+/// Offset of the character that @p error is about. Qt has mostly read it already.
+int offsetOf(const QJsonParseError &error, const QByteArray &text)
+{
+    if (error.error == QJsonParseError::IllegalNumber) {
+        int offset = qMin(error.offset, text.size()); // behind those characters that a number may have
+        while (offset > 0 && std::strchr("+-.eE0123456789", text[offset - 1])) {
+            --offset;
+        }
+        return offset;
+    }
+    const bool isAhead
+        = error.error == QJsonParseError::GarbageAtEnd || error.error == QJsonParseError::IllegalUTF8String;
+    return qBound(0, isAhead ? error.offset : error.offset - 1, text.size());
+}
+
+/// Why the text ceases to be JSON at @p offset, more exactly than Qt says it.
+QString reasonOf(const QJsonParseError &error, const QByteArray &text, int offset)
+{
+    const QByteArray before = text.left(offset).trimmed();
+    const QByteArray there = text.mid(offset, 2);
+    if (text.trimmed().isEmpty()) {
+        return "the text is empty";
+    }
+    if (isUtf16(text)) {
+        return "the text is UTF-16, and the reader wants UTF-8";
+    }
+    if (there == "//" || there == "/*") {
+        return "JSON has no comments";
+    }
     switch (error.error) {
     case QJsonParseError::UnterminatedObject:
         return R"(a name, "," or "}" is expected here)";
@@ -21,9 +54,10 @@ QString reasonOf(const QJsonParseError &error)
     case QJsonParseError::MissingValueSeparator:
         return R"("," or "]" is expected here)";
     case QJsonParseError::MissingObject:
-        return "a value or a name is expected here";
+        return before.endsWith(',') ? "nothing stands behind the last comma: remove it" : "a value is expected here";
     case QJsonParseError::IllegalValue:
-        return "an array, an object or another value is expected here";
+        return before.isEmpty() || before == byteOrderMark ? "the text must begin with [ or {"
+                                                           : "a value is expected here";
     case QJsonParseError::TerminationByNumber:
     case QJsonParseError::UnterminatedString:
         return "the text ends too early";
@@ -33,25 +67,40 @@ QString reasonOf(const QJsonParseError &error)
         return "this is no number, nor another value";
     case QJsonParseError::IllegalUTF8String:
         return "this is not UTF-8";
+    case QJsonParseError::DeepNesting:
+        return "nested deeper than the reader's 1024 levels";
     default:
         return error.errorString();
     }
 }
-
-/// Offset of the character that @p error is about. Qt has mostly read it already.
-int offsetOf(const QJsonParseError &error, int size)
-{
-    const bool isAhead
-        = error.error == QJsonParseError::GarbageAtEnd || error.error == QJsonParseError::IllegalUTF8String;
-    return qBound(0, isAhead ? error.offset : error.offset - 1, size);
 }
+
+bool isUtf16(const QByteArray &text)
+{
+    return text.startsWith("\xff\xfe") || text.startsWith("\xfe\xff")
+        || (text.size() >= 2 && (text[0] == '\0') != (text[1] == '\0'));
+}
+
+PlaceCounter::PlaceCounter(const QByteArray &text) : m_text(text), m_offset(startOf(text))
+{
+}
+
+TextPlace PlaceCounter::at(int offset)
+{
+    for (; m_offset < offset && m_offset < m_text.size(); ++m_offset) {
+        const char byte = m_text[m_offset];
+        if (byte == '\n') {
+            m_place = {m_place.line + 1, 1};
+        } else if ((byte & 0xc0) != 0x80) { // the first byte of a character
+            ++m_place.column;
+        }
+    }
+    return m_place;
 }
 
 TextPlace placeAt(const QByteArray &text, int offset)
 {
-    const QByteArray before = text.left(offset);
-    const int lineStart = before.lastIndexOf('\n') + 1;
-    return {int(before.count('\n')) + 1, int(QString::fromUtf8(before.mid(lineStart)).toUcs4().size()) + 1};
+    return PlaceCounter(text).at(offset);
 }
 
 QString memberPath(const QString &path, const QString &key)
@@ -60,24 +109,19 @@ QString memberPath(const QString &path, const QString &key)
     return path + '/' + escaped.replace('~', "~0").replace('/', "~1");
 }
 
-JsonText::JsonText(const QByteArray &text) : m_text(text)
+JsonText::JsonText(const QByteArray &text) : m_text(text), m_counter(text)
 {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     if (error.error != QJsonParseError::NoError) {
-        m_error = reasonOf(error);
-        m_errorPlace = placeAt(text, offsetOf(error, text.size()));
+        const int offset = offsetOf(error, text);
+        m_error = reasonOf(error, text, offset);
+        m_errorPlace = placeAt(text, offset);
         return;
     }
     m_document = document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
-    m_position = text.startsWith("\xef\xbb\xbf") ? 3 : 0;
+    m_position = startOf(text);
     readValue(QString());
-}
-
-TextPlace JsonText::placeOf(const QString &path) const
-{
-    const auto offset = m_offsets.find(path);
-    return offset == m_offsets.end() ? TextPlace() : placeAt(m_text, *offset);
 }
 
 // The reading below relies on the text being JSON. The end of the text ends every loop all the same.
@@ -98,7 +142,7 @@ void JsonText::readValue(const QString &path)
     } else if (isAt('[')) {
         readElements(path);
     } else {
-        m_offsets.insert(path, m_position);
+        m_places.insert(path, m_counter.at(m_position));
         if (isAt('"')) {
             readString();
         }
@@ -110,14 +154,14 @@ void JsonText::readValue(const QString &path)
 
 void JsonText::readMembers(const QString &path)
 {
-    m_offsets.insert(path, m_position++);
+    m_places.insert(path, m_counter.at(m_position++));
     QSet<QString> keys;
     while (!isAt('}')) {
         const QByteArray quoted = readString();
         const QString key = QJsonDocument::fromJson('[' + quoted + ']').array().first().toString();
         const QString member = memberPath(path, key);
-        if (keys.contains(key) && !m_doubledKeys.contains(member)) {
-            m_doubledKeys.append(member);
+        if (keys.contains(key)) {
+            m_doubledKeys.insert(member);
         }
         keys.insert(key);
         if (isAt(':')) {
@@ -133,7 +177,7 @@ void JsonText::readMembers(const QString &path)
 
 void JsonText::readElements(const QString &path)
 {
-    m_offsets.insert(path, m_position++);
+    m_places.insert(path, m_counter.at(m_position++));
     for (int index = 0; !isAt(']'); ++index) {
         readValue(memberPath(path, QString::number(index)));
         if (isAt(',')) {

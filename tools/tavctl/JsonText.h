@@ -3,8 +3,8 @@
 #include <QByteArray>
 #include <QHash>
 #include <QJsonValue>
+#include <QSet>
 #include <QString>
-#include <QStringList>
 
 /// @brief A place in a text, counted from 1 in lines and in characters; 0 for none.
 struct TextPlace {
@@ -12,8 +12,26 @@ struct TextPlace {
     int column = 0;
 };
 
+/// @brief Counts the lines and characters of a UTF-8 text in one walk: each place asked for lies behind the last.
+class PlaceCounter
+{
+public:
+    explicit PlaceCounter(const QByteArray &text);
+
+    /// Where the byte at @p offset stands.
+    TextPlace at(int offset);
+
+private:
+    QByteArray m_text;
+    int m_offset = 0;
+    TextPlace m_place{1, 1};
+};
+
 /// Where the byte at @p offset of a UTF-8 text stands.
 TextPlace placeAt(const QByteArray &text, int offset);
+
+/// Whether a text that begins with plain letters is UTF-16: it has a mark, or every other byte is 0.
+bool isUtf16(const QByteArray &text);
 
 /// Path of the member or element @p key of the value at @p path: a JSON pointer.
 QString memberPath(const QString &path, const QString &key);
@@ -43,10 +61,13 @@ public:
     }
 
     /// Where the value at this JSON pointer begins; none when there is no such value.
-    TextPlace placeOf(const QString &path) const;
+    TextPlace placeOf(const QString &path) const
+    {
+        return m_places.value(path);
+    }
 
     /// Paths of the members whose key stands more than once in one object.
-    QStringList doubledKeys() const
+    QSet<QString> doubledKeys() const
     {
         return m_doubledKeys;
     }
@@ -59,10 +80,11 @@ private:
     QByteArray readString();
 
     QByteArray m_text;
+    PlaceCounter m_counter;
     QString m_error;
     TextPlace m_errorPlace;
     QJsonValue m_document;
     int m_position = 0; // in m_text, while its places are read
-    QHash<QString, int> m_offsets; // of the values, by path
-    QStringList m_doubledKeys;
+    QHash<QString, TextPlace> m_places; // of the values, by path
+    QSet<QString> m_doubledKeys;
 };

@@ -39,7 +39,13 @@ QVector<NavigationNode> nodesUnder(FuncType parent, ITavFuncTypeMgr &catalogue, 
     QVector<NavigationNode> nodes;
     const QVector<TavFuncTypeData_> functions = catalogue.getFuncInfos();
     for (const TavFuncTypeData_ &function : functions) {
-        if (function.parentFuncType == parent && !done.contains(function.funcType)) {
+        if (function.parentFuncType != parent) {
+            continue;
+        }
+        if (function.funcType == CTavFuncTypeHeader::Func_None) {
+            // What is nested in it has no function for its parent, so it stands at the top already.
+            nodes.append({function, catalogue.getSubFuncInfo(function.funcType), {}});
+        } else if (!done.contains(function.funcType)) {
             done.insert(function.funcType);
             nodes.append({function, catalogue.getSubFuncInfo(function.funcType),
                           nodesUnder(function.funcType, catalogue, done)});
@@ -57,11 +63,12 @@ QString pageNote(const TavSubFuncTypeData_ &page)
                                    : QStringLiteral("stands alone");
 }
 
-void addTo(TextTable &table, const QVector<NavigationNode> &nodes, const QString &prefix)
+/// Adds the rows of @p nodes, which stand @p depth levels below the top; @p prefix holds the branches on their left.
+void addTo(TextTable &table, const QVector<NavigationNode> &nodes, int depth, const QString &prefix)
 {
     for (int i = 0; i < nodes.size(); ++i) {
         const NavigationNode &node = nodes[i];
-        const bool isTop = prefix.isNull();
+        const bool isTop = depth == 0;
         const bool isLast = i == nodes.size() - 1;
         table.addRow({(isTop ? QString() : prefix + (isLast ? QStringLiteral("└─ ") : QStringLiteral("├─ ")))
                           + node.function.funcTitle,
@@ -73,7 +80,7 @@ void addTo(TextTable &table, const QVector<NavigationNode> &nodes, const QString
             table.addRow({below + (isLastBelow ? QStringLiteral("└─ ") : QStringLiteral("├─ ")) + page.subFuncTitle,
                           pageKey(page.subFuncType), QString(), page.subFuncClassName, pageNote(page)});
         }
-        addTo(table, node.nested, below);
+        addTo(table, node.nested, depth + 1, below);
     }
 }
 
@@ -173,7 +180,7 @@ void loadCatalogue()
 
 QVector<NavigationNode> navigationTree()
 {
-    QSet<int> done{CTavFuncTypeHeader::Func_None};
+    QSet<int> done;
     return nodesUnder(CTavFuncTypeHeader::Func_None, *tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr"), done);
 }
 
@@ -256,7 +263,7 @@ void printNavigation(const QVector<NavigationNode> &nodes)
                      {QStringLiteral("icon")},
                      {QStringLiteral("controller")},
                      {QStringLiteral("note")}});
-    addTo(table, nodes, QString());
+    addTo(table, nodes, 0, QString());
     table.print();
 }
 

@@ -22,7 +22,7 @@ struct PageDelivery {
 };
 
 /// The navigation as a client builds it from ITavFuncTypeMgr. Several entries of one type are one node, since look-ups
-/// tell no difference.
+/// tell no difference; entries of the type 0 are no function, and each stands for itself.
 QVector<NavigationNode> navigationTree();
 
 /// Loads the catalogue under the system root. Throws ToolError when there is none or it holds no page.

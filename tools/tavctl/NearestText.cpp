@@ -29,12 +29,21 @@ QString nearestText(const QString &text, const QStringList &known)
 {
     QString nearest;
     int smallest = 0;
+    QStringList related; // one of the two texts begins with the other
     for (const QString &candidate : known) {
+        if (text.compare(candidate, Qt::CaseInsensitive) == 0) {
+            return candidate;
+        }
+        constexpr int fewestLetters = 4;
+        if (std::min(text.size(), candidate.size()) >= fewestLetters
+            && (text.startsWith(candidate, Qt::CaseInsensitive) || candidate.startsWith(text, Qt::CaseInsensitive))) {
+            related.append(candidate);
+        }
         const int letters = distance(text, candidate);
         if (letters * 3 <= std::max(text.size(), candidate.size()) && (nearest.isEmpty() || letters < smallest)) {
             nearest = candidate;
             smallest = letters;
         }
     }
-    return nearest;
+    return nearest.isEmpty() && related.size() == 1 ? related.first() : nearest;
 }

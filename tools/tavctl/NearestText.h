@@ -2,6 +2,7 @@
 
 #include <QStringList>
 
-/// The text of @p known that @p text is probably meant to be; empty when none is near: more than a third of the
-/// letters would have to change.
+/// The text of @p known that @p text is probably meant to be: the same in other case, else the one that differs in the
+/// fewest letters, a third of them at most, else the only one that goes on where the other ends. Empty when there is
+/// none.
 QString nearestText(const QString &text, const QStringList &known);

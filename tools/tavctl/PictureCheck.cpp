@@ -3,22 +3,34 @@
 #include <QDir>
 #include <QHash>
 #include <QImageReader>
+#include <QPair>
 #include <QSet>
+
+#include <algorithm>
 
 namespace
 {
 const QLatin1String pattern("*.png");
 
-/// @brief Lists directories as the plugin does: its name filter holds for subdirectories too.
+/// @brief Lists directories as the plugin does: its name filter holds for subdirectories too, and where two ways lead
+/// to one directory under one name, only the later one is listed.
 class Listing
 {
 public:
-    explicit Listing(const QStringList &directories) : m_appended(directories.begin(), directories.end())
+    explicit Listing(const QStringList &directories)
     {
         for (const QString &directory : directories) {
-            m_listed.clear();
-            list(directory);
+            m_scannedOrTold.insert(QDir(directory).canonicalPath());
         }
+        for (const QString &directory : directories) {
+            m_listed.clear();
+            m_found.clear();
+            list(directory);
+            std::reverse(m_found.begin(), m_found.end());
+            m_result.files += m_found;
+        }
+        keepLastOfEachFile();
+        m_result.skippedDirectories.sort();
     }
 
     PictureFiles result() const
@@ -27,32 +39,53 @@ public:
     }
 
 private:
+    /// The last entry first.
     void list(const QString &path)
     {
         const QDir directory(path);
-        if (m_listed.contains(directory.canonicalPath())) {
+        const QPair<QString, QString> identity(directory.canonicalPath(), directory.dirName().toUpper());
+        if (m_listed.contains(identity)) {
             return; // reached again, through a link
         }
-        m_listed.insert(directory.canonicalPath());
+        m_listed.insert(identity);
         const QFileInfoList entries
             = directory.entryInfoList({pattern}, QDir::Dirs | QDir::Files, QDir::Name | QDir::IgnoreCase);
-        for (const QFileInfo &entry : entries) {
-            if (entry.isDir()) {
-                list(entry.filePath());
-            } else {
-                m_result.files.append({directory.dirName().toUpper(), entry.baseName().toUpper(), entry.filePath()});
+        for (auto entry = entries.crbegin(); entry != entries.crend(); ++entry) {
+            if (entry->isDir()) {
+                list(entry->filePath());
+            } else if (!directory.isRoot()) { // whose files have no directory's name for their key
+                m_found.append({directory.dirName().toUpper(), entry->baseName().toUpper(), entry->filePath()});
             }
         }
         const QFileInfoList below = directory.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot);
         for (const QFileInfo &entry : below) {
-            if (!QDir::match(pattern, entry.fileName()) && !m_appended.contains(entry.filePath())) {
+            const QString place = entry.canonicalFilePath();
+            if (!QDir::match(pattern, entry.fileName()) && !m_scannedOrTold.contains(place)) {
+                m_scannedOrTold.insert(place);
                 m_result.skippedDirectories.append(entry.filePath());
             }
         }
     }
 
-    QSet<QString> m_appended;
-    QSet<QString> m_listed; // in the directory that is being appended
+    /// A file that is loaded again for its key, as from a directory that is appended twice, counts once.
+    void keepLastOfEachFile()
+    {
+        QSet<QPair<QString, QString>> kept;
+        QVector<PictureFile> files;
+        for (auto picture = m_result.files.crbegin(); picture != m_result.files.crend(); ++picture) {
+            const QPair<QString, QString> identity(picture->key(), QFileInfo(picture->file).canonicalFilePath());
+            if (!kept.contains(identity)) {
+                kept.insert(identity);
+                files.append(*picture);
+            }
+        }
+        std::reverse(files.begin(), files.end());
+        m_result.files = files;
+    }
+
+    QSet<QString> m_scannedOrTold; // directories of which nothing is to be told, or not again
+    QSet<QPair<QString, QString>> m_listed; // path and name, in the directory that is being appended
+    QVector<PictureFile> m_found; // there, the last to be loaded first
     PictureFiles m_result;
 };
 
@@ -68,13 +101,13 @@ void checkKeys(const QVector<PictureFile> &files, Findings &findings)
         if (file.canonicalFilePath() == winner.canonicalFilePath()) {
             continue;
         }
-        const bool isToss = file.path() == winner.path() && file.fileName().toUpper() == winner.fileName().toUpper();
         findings.append({picture.file,
                          {},
                          {},
                          QString("has the same key as %1: %2").arg(winner.filePath(), picture.key()),
-                         isToss ? "which of the two the plugin holds is left to chance"
-                                : "the other one wins: the plugin loads it later, and this picture is never found",
+                         differInCaseAlone(picture.file, winner.filePath())
+                             ? "which of the two the plugin holds is left to chance"
+                             : "the other one wins: the plugin loads it later, and this picture is never found",
                          "rename one of them before its first dot"});
     }
 }
@@ -95,6 +128,14 @@ void checkContents(const QVector<PictureFile> &files, Findings &findings)
         }
     }
 }
+}
+
+bool differInCaseAlone(const QString &one, const QString &other)
+{
+    const QFileInfo first(one);
+    const QFileInfo second(other);
+    return first.path() == second.path() && first.fileName() != second.fileName()
+        && first.fileName().toUpper() == second.fileName().toUpper();
 }
 
 PictureFiles listPictures(const QStringList &directories)

@@ -26,4 +26,7 @@ struct PictureFiles {
 /// Lists directories that are appended in this order.
 PictureFiles listPictures(const QStringList &directories);
 
+/// Whether the plugin leaves it to chance which of two files in one directory it loads first: it sorts without case.
+bool differInCaseAlone(const QString &one, const QString &other);
+
 Findings checkPictures(const PictureFiles &pictures);

@@ -20,6 +20,7 @@ namespace
 struct HeldPicture {
     QString file; ///< the last one that was loaded for its key
     std::shared_ptr<QImage> image;
+    bool leftToChance; ///< it may come from a file whose name differs in case alone
 };
 
 using HeldPictures = QMap<QString, HeldPicture>; // by key
@@ -31,7 +32,8 @@ QStringList existingDirectories(const QStringList &names)
         // An absolute path, since the plugin drops files whose path names no directory.
         directories.append(QDir::cleanPath(QFileInfo(name).absoluteFilePath()));
         if (!QFileInfo(name).isDir()) {
-            throw ToolError(ExitCode::Usage, name + ": there is no such directory");
+            throw ToolError(ExitCode::Usage,
+                            name + (QFileInfo::exists(name) ? ": not a directory" : ": there is no such directory"));
         }
     }
     return directories;
@@ -47,7 +49,8 @@ HeldPictures load(const QStringList &directories, const QVector<PictureFile> &fi
     for (const PictureFile &picture : files) {
         const std::shared_ptr<QImage> image = cache.getImageRef(picture.directory, picture.name);
         if (image) { // the file may have come or gone between the two listings
-            pictures.insert(picture.key(), {picture.file, image});
+            const bool leftToChance = differInCaseAlone(pictures.value(picture.key()).file, picture.file);
+            pictures.insert(picture.key(), {picture.file, image, leftToChance});
         }
     }
     return pictures;
@@ -77,8 +80,9 @@ void printPictures(const HeldPictures &pictures)
                      {"bytes", TextTable::Right}});
     for (auto picture = pictures.begin(); picture != pictures.end(); ++picture) {
         const QImage &image = *picture->image;
-        table.addRow({picture.key(), picture->file, QString("%1×%2").arg(image.width()).arg(image.height()),
-                      formatOf(image), QString::number(image.sizeInBytes())});
+        table.addRow({picture.key(), picture->file + (picture->leftToChance ? " (left to chance)" : ""),
+                      QString("%1×%2").arg(image.width()).arg(image.height()), formatOf(image),
+                      QString::number(image.sizeInBytes())});
     }
     table.print();
 }
@@ -90,6 +94,7 @@ QJsonArray picturesJson(const HeldPictures &pictures)
         const QImage &image = *picture->image;
         rows.append(QJsonObject{{"key", picture.key()},
                                 {"file", picture->file},
+                                {"leftToChance", picture->leftToChance},
                                 {"width", image.width()},
                                 {"height", image.height()},
                                 {"format", formatOf(image)},
@@ -111,8 +116,7 @@ ExitCode showPictures(const CheckOptions &options)
             {{"pictures", picturesJson(pictures)}, {"bytes", bytesOf(pictures)}, {"findings", findingsJson(findings)}});
     } else {
         printPictures(pictures);
-        printHeading("Findings");
-        printFindings(findings);
+        printFindingsWithHeading(findings);
         printLine(countText(findings));
     }
     return exitCodeFor(findings);

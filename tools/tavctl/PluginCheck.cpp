@@ -1,6 +1,7 @@
 #include "PluginCheck.h"
 
 #include "ITavDataPlugin.h"
+#include "NeededLibraries.h"
 
 #include <QCoreApplication>
 #include <QFile>
@@ -83,6 +84,9 @@ Findings checkPlugin(const QString &file)
         return Findings{{file, {}, {}, problem, effect, advice}};
     };
     if (!QFileInfo(file).isFile()) {
+        if (QFileInfo::exists(file)) {
+            return found("not a regular file", noManagers, "name libTavDataPlugin.so with --plugin");
+        }
         return found("there is no such file", noManagers, "install the plugin, or name its file with --plugin");
     }
     const Machine machine = machineOf(file);
@@ -112,7 +116,11 @@ Findings checkPlugin(const QString &file)
                      QString("build the plugin with Qt %1.%2").arg(running.majorVersion()).arg(running.minorVersion()));
     }
     if (!loader.load()) {
-        return found("cannot be loaded: " + reasonOf(loader.errorString()), noManagers, "install what it lacks");
+        // The loader names the first library that is missing, and no other.
+        const QStringList missing = missingLibraries(file);
+        return missing.isEmpty()
+            ? found("cannot be loaded: " + reasonOf(loader.errorString()), noManagers, "install what it lacks")
+            : found("cannot be loaded: it lacks " + missing.join(", "), noManagers, "install what it lacks");
     }
     return {};
 }

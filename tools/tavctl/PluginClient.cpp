@@ -37,8 +37,10 @@ PluginClient::PluginClient(const QString &pluginFile) : m_pluginFile(pluginFile)
     if (!QFileInfo(pluginFile).isFile()) {
         throw ToolError(
             ExitCode::NoPluginFile,
-            QStringLiteral("%1: there is no such file; build the plugin first or name its file with --plugin")
-                .arg(pluginFile));
+            QFileInfo::exists(pluginFile)
+                ? QStringLiteral("%1: not a regular file; name libTavDataPlugin.so with --plugin").arg(pluginFile)
+                : QStringLiteral("%1: there is no such file; build the plugin first or name its file with --plugin")
+                      .arg(pluginFile));
     }
     // Asked for before anything is loaded, so that no code of a foreign library runs.
     QPluginLoader loader(pluginFile);

@@ -1,5 +1,7 @@
 #include "SchemaCheck.h"
 
+#include "CTavFuncTypeHeader.h"
+#include "CTavSubFuncTypeHeader.h"
 #include "NearestText.h"
 
 #include <QFile>
@@ -7,6 +9,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
+#include <QMetaEnum>
 #include <QRegularExpression>
 
 #include <valijson/adapters/qtjson_adapter.hpp>
@@ -14,15 +17,28 @@
 #include <valijson/schema_parser.hpp>
 #include <valijson/validator.hpp>
 
+#include <memory>
 #include <utility>
 
 namespace
 {
 bool conforms(const QJsonValue &value, const QJsonValue &schema)
 {
-    valijson::Schema compiled;
-    valijson::SchemaParser().populateSchema(valijson::adapters::QtJsonAdapter(schema), compiled);
-    return valijson::Validator().validate(compiled, valijson::adapters::QtJsonAdapter(value), nullptr);
+    // Compiling takes much longer than asking, and the elements of a long list are all asked the same.
+    static QHash<QByteArray, std::shared_ptr<valijson::Schema>> compiled;
+    std::shared_ptr<valijson::Schema> &own = compiled[QJsonDocument(schema.toObject()).toJson(QJsonDocument::Compact)];
+    if (!own) {
+        own = std::make_shared<valijson::Schema>();
+        valijson::SchemaParser().populateSchema(valijson::adapters::QtJsonAdapter(schema), *own);
+    }
+    return valijson::Validator().validate(*own, valijson::adapters::QtJsonAdapter(value), nullptr);
+}
+
+/// The keys of the type with this title, as the plugin reads them.
+QMetaEnum keysOf(const QString &type)
+{
+    return type == QLatin1String("function type") ? QMetaEnum::fromType<CTavFuncTypeHeader::TavFuncTypeHeader_>()
+                                                  : QMetaEnum::fromType<CTavSubFuncTypeHeader::TavSubFuncTypeHeader_>();
 }
 
 QString cut(const QString &text)
@@ -83,13 +99,12 @@ public:
             const QString type = expected(schema["type"].toString());
             add(path, described(value) + " where " + type + " is expected", schema["x-wrong"], "write " + type);
         } else if (!conforms(value, only({"enum"}, schema))) {
-            add(path, quoted(value.toString()) + " is no " + schema["title"].toString(), schema["x-wrong"],
-                "write " + known(value.toString(), schema["enum"].toVariant().toStringList()));
+            addWrongKey(schema, value.toString(), path);
         } else if (value.isObject()) {
-            checkRules(schema, withKeysAsMeant(schema, value.toObject(), path), path);
+            checkRules(schema, value, withKeysAsMeant(schema, value.toObject(), path), path);
             checkMembers(schema["properties"].toObject(), value.toObject(), path);
         } else {
-            checkRules(schema, value, path);
+            checkRules(schema, value, value, path);
             checkElements(schema["items"].toObject(), value.toArray(), path);
         }
     }
@@ -166,19 +181,36 @@ private:
         return meant;
     }
 
+    /// A text that is none of the keys of a type. The plugin may know it all the same.
+    void addWrongKey(const QJsonObject &schema, const QString &key, const QString &path)
+    {
+        const QString type = schema["title"].toString();
+        const QStringList keys = schema["enum"].toVariant().toStringList();
+        const int value = keysOf(type).keyToValue(key.toUtf8().constData());
+        if (value > 0) {
+            const QString plain = quoted(keysOf(type).valueToKey(value));
+            add(path, quoted(key) + " is not the plain key of a " + type, "the plugin reads it as " + plain,
+                "write " + plain);
+        } else {
+            add(path, quoted(key) + " is no " + type, schema[value == 0 ? "x-none" : "x-wrong"],
+                "write " + (value == 0 ? anyOf(keys) : known(key, keys)));
+        }
+    }
+
     static QString missing(const QJsonObject &property)
     {
         return property[property.contains("x-missing") ? "x-missing" : "x-wrong"].toString();
     }
 
-    void checkRules(const QJsonObject &schema, const QJsonValue &value, const QString &path)
+    /// A rule that only @p value breaks, or only the value as it is @p meant, is a matter of the mistyped key alone.
+    void checkRules(const QJsonObject &schema, const QJsonValue &value, const QJsonValue &meant, const QString &path)
     {
         const QJsonArray rules = schema["allOf"].toArray();
         for (const QJsonValue &rule : rules) {
-            if (!conforms(value, rule)) {
+            if (!conforms(value, rule) && !conforms(meant, rule)) {
                 const QString member = rule["x-at"].toString();
-                add(member.isEmpty() ? path : memberPath(path, member), rule["x-problem"].toString(), rule["x-effect"],
-                    rule["x-advice"].toString());
+                add(member.isEmpty() ? path : memberPath(path, member), rule["x-problem"].toString(),
+                    rule["x-effect"].toString().replace("{value}", cut(value.toString())), rule["x-advice"].toString());
             }
         }
     }

@@ -8,7 +8,7 @@
 enum class ExitCode {
     Success = 0,
     Findings = 1, ///< a check has found mistakes
-    Usage = 2, ///< the command line is not understood
+    Usage = 2, ///< the command line is not understood, or the output cannot be written
     NoPluginFile = 3, ///< there is no file at the plugin's path
     NotLoadable = 4, ///< the file is no plugin that this Qt can load
     OtherPlugin = 5, ///< it is a Qt plugin, but not the data plugin

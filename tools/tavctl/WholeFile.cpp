@@ -16,7 +16,7 @@ QString WholeFile::tryRead(const QString &file, QByteArray &content)
 {
     QFile input(file);
     if (file == standardStream) {
-        input.open(stdin, QIODevice::ReadOnly);
+        input.open(stdin, QIODevice::ReadOnly); // whether it can be read, only reading tells
     } else if (!QFileInfo::exists(file)) {
         return "there is no such file";
     } else if (!QFileInfo(file).isFile()) {
@@ -25,7 +25,7 @@ QString WholeFile::tryRead(const QString &file, QByteArray &content)
         return "cannot be read: " + input.errorString();
     }
     content = input.readAll();
-    return {};
+    return input.error() == QFileDevice::NoError ? QString() : "cannot be read: " + input.errorString();
 }
 
 QByteArray WholeFile::read(const QString &file)

@@ -1,4 +1,5 @@
 #include "CheckCommandLine.h"
+#include "NearestText.h"
 #include "PluginClient.h"
 #include "RunCommand.h"
 #include "TextTable.h"
@@ -6,7 +7,9 @@
 
 #include <QCoreApplication>
 
+#include <fcntl.h>
 #include <iostream>
+#include <unistd.h>
 
 namespace
 {
@@ -26,7 +29,7 @@ struct PluginArguments {
 
 void addPluginOptions(CLI::App &command, PluginArguments &arguments)
 {
-    command.add_option("--plugin", arguments.pluginFile, "the plugin's file")->capture_default_str()->type_name("FILE");
+    addPluginOption(command, arguments.pluginFile);
     command.add_flag("--json", arguments.json, "print one JSON document, for scripts");
 }
 
@@ -36,6 +39,52 @@ void addRoot(CLI::App &command, PluginArguments &arguments)
         ->capture_default_str()
         ->type_name("DIR")
         ->check(CLI::ExistingDirectory);
+}
+
+/// The error of a word that stands where a command is expected and is none; empty when there is no such word.
+std::string unknownCommand(const CLI::App &app, const QStringList &words)
+{
+    const CLI::App *at = &app;
+    for (const QString &word : words) {
+        QStringList names;
+        for (const CLI::App *const command : at->get_subcommands([](const CLI::App *) { return true; })) {
+            names.append(QString::fromStdString(command->get_name()));
+        }
+        if (names.isEmpty()) {
+            break; // what follows are arguments
+        }
+        if (names.contains(word)) {
+            at = at->get_subcommand(word.toStdString());
+        } else if (!word.startsWith('-')) {
+            const QString nearest = nearestText(word, names);
+            return QString("there is no command \"%1\" (%2)")
+                .arg(word, nearest.isEmpty() ? "there are: " + names.join(", ") : "nearest: " + nearest)
+                .toStdString();
+        }
+    }
+    return {};
+}
+
+/// Ends the program's output: what a full disk or a closed pipe has swallowed is no success.
+ExitCode flushed(ExitCode code)
+{
+    std::cout.flush();
+    if (std::cout) {
+        return code;
+    }
+    std::cerr << "tavctl: standard output: cannot be written\n";
+    return ExitCode::Usage;
+}
+
+/// Keeps files that are opened later out of the places of standard streams that were closed; reading from what stands
+/// there then, and writing to it, fails as it does on a closed stream.
+void occupyClosedStreams()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(stream, F_GETFD) < 0) {
+            open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY); // takes the lowest free place: this one
+        }
+    }
 }
 
 Action succeeding(const std::function<void()> &run)
@@ -50,11 +99,15 @@ Action succeeding(const std::function<void()> &run)
 // What escapes is a lack of memory, which nothing here could report.
 int main(int argc, char **argv) // NOLINT(bugprone-exception-escape)
 {
+    occupyClosedStreams();
     QCoreApplication application(argc, argv);
     CLI::App app("Stands in for the desktop client: loads its data plugin and shows what it holds.", "tavctl");
     app.require_subcommand(1);
-    app.failure_message([](const CLI::App *, const CLI::Error &error) {
-        return std::string("tavctl: ") + error.what() + "; \"tavctl --help\" tells what there is\n";
+    app.set_version_flag("--version", "tavctl " TAV_VERSION);
+    app.failure_message([&app](const CLI::App *, const CLI::Error &error) {
+        const std::string wrongWord = unknownCommand(app, QCoreApplication::arguments().mid(1));
+        return "tavctl: " + (wrongWord.empty() ? error.what() : wrongWord)
+            + "; \"tavctl --help\" tells what there is\n";
     });
 
     PluginArguments arguments;
@@ -80,10 +133,10 @@ int main(int argc, char **argv) // NOLINT(bugprone-exception-escape)
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {
-        return app.exit(error) == 0 ? 0 : static_cast<int>(ExitCode::Usage);
+        return static_cast<int>(flushed(app.exit(error) == 0 ? ExitCode::Success : ExitCode::Usage));
     }
     try {
-        return static_cast<int>(action());
+        return static_cast<int>(flushed(action()));
     } catch (const ToolError &error) {
         std::cerr << "tavctl: " << printable(QString::fromUtf8(error.what())).toStdString() << '\n';
         return static_cast<int>(error.code());
