@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
 # usage: packages.sh PACKAGES_DIR [ROOT]      as root
 #
-# Tries the packages of PACKAGES_DIR on a bare system: installs them with apt, copies the example page plugin from the
-# installed documentation and builds it as its author would, runs its test, and runs tavctl. ROOT is a bare Debian to do it in: a tarball, which is unpacked and
-# thrown away again, or a directory, which is used and left as it is then. Without ROOT one is made with mmdebstrap from
-# this machine's own apt sources.
+# Tries the packages of PACKAGES_DIR on a bare system: installs them with apt, runs tavctl, copies the example page
+# plugin from the installed documentation, builds it as its author would and runs its test. ROOT is a bare Debian to do
+# it in: a tarball, which is unpacked and thrown away again, or a directory, which is used and left as it is then.
+# Without ROOT one is made with mmdebstrap from this machine's own apt sources.
 set -euo pipefail
 
 fail() {
@@ -15,6 +15,7 @@ fail() {
 [[ $# -ge 1 && $# -le 2 ]] || { sed -n '2,7p' "$0" | sed 's/^# \{0,1\}//'; exit 2; }
 [[ $(id -u) -eq 0 ]] || fail "takes root's rights"
 packages_dir=$(cd "$1" && pwd)
+broken_root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/data/broken-root
 architecture=$(dpkg --print-architecture)
 packages=("$packages_dir"/*_"$architecture".deb)
 [[ -f ${packages[0]} ]] || fail "$packages_dir holds no package for $architecture; build them with ./dev package"
@@ -72,6 +73,18 @@ inside tavctl registry
 inside tavctl run --root /usr/share/tavsec/demo >"$work/run.txt" || fail "tavctl run has failed: $(tail -n 5 "$work/run.txt")"
 grep -q SubFunc_LogAudit "$work/run.txt" || fail "tavctl run does not show the pages of the demo"
 echo "packages: tavctl run: $(wc -l <"$work/run.txt") lines"
+
+# An integrator's check: clean on the demo, every planted mistake on the broken root (the tool's own tests say which).
+inside tavctl doctor --root /usr/share/tavsec/demo || fail "tavctl doctor finds fault with the demo"
+rm -rf "$root/root/broken-root"
+cp -r "$broken_root" "$root/root/broken-root"
+status=0
+inside tavctl doctor --root /root/broken-root >"$work/doctor.txt" || status=$?
+cat "$work/doctor.txt"
+[[ $status -eq 1 && $(tail -n 1 "$work/doctor.txt") == "4 parts checked, 33 findings" ]] ||
+    fail "tavctl doctor does not find the planted mistakes"
+[[ $(inside env COLUMNS=80 bash -c 'source /usr/share/bash-completion/completions/tavctl
+    COMP_WORDS=(tavctl doc) COMP_CWORD=1; _tavctl; echo "${COMPREPLY[*]}"') == doctor ]] || fail "no completion in bash"
 
 # Then what a page author types.
 inside sh -c 'apt-get install -y -q --no-install-recommends g++ cmake make pkgconf /root/packages/*.deb'
