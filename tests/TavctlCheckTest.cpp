@@ -533,19 +533,19 @@ TEST_F(TavctlPictures, NamesEachMistake)
         {{"same-key"},
          pictures + "same-key/icon.hover.png: has the same key as " + pictures
              + "same-key/icon.png: SAME-KEY/ICON; the other one wins: the plugin loads it later, and this picture is "
-               "never found; rename one of them before its first dot"},
+               "never found; give one of them a name that differs before its first dot"},
         {{"first/common", "second/common"},
          pictures + "first/common/x.png: has the same key as " + pictures
              + "second/common/x.png: COMMON/X; the other one wins: the plugin loads it later, and this picture is "
-               "never found; rename one of them before its first dot"},
+               "never found; give one of them a name that differs before its first dot"},
         {{"second/common", "first/common"},
          pictures + "second/common/x.png: has the same key as " + pictures
              + "first/common/x.png: COMMON/X; the other one wins: the plugin loads it later, and this picture is "
-               "never found; rename one of them before its first dot"},
+               "never found; give one of them a name that differs before its first dot"},
         {{"first/common", "second/common", "first/common"},
          pictures + "second/common/x.png: has the same key as " + pictures
              + "first/common/x.png: COMMON/X; the other one wins: the plugin loads it later, and this picture is "
-               "never found; rename one of them before its first dot"},
+               "never found; give one of them a name that differs before its first dot"},
         {{"undecodable"},
          pictures
              + "undecodable/icon.png: cannot be decoded: Unsupported image format; the plugin holds an empty "
@@ -642,8 +642,8 @@ TEST_F(TavctlPictures, LeavesNamesThatDifferInCaseToChanceAndSpecialFilesClosed)
     const Tavctl byCase({"pictures", "--json", directory.filePath("case")});
     ASSERT_EQ(findingLines(byCase).size(), 1);
     EXPECT_TRUE(
-        findingLines(byCase).first().endsWith("; which of the two the plugin holds is left to chance; rename one "
-                                              "of them before its first dot"));
+        findingLines(byCase).first().endsWith("; which of the two the plugin holds is left to chance; give one of "
+                                              "them a name that differs before its first dot"));
     EXPECT_TRUE(byCase.json()["pictures"].toArray().first()["leftToChance"].toBool());
     EXPECT_TRUE(Tavctl({"pictures", directory.filePath("case")}).output.contains(".png (left to chance)  "));
     ASSERT_TRUE(QDir(directory.path()).mkdir("pipes"));

@@ -340,7 +340,7 @@ const Mistake rootMistakes[] = {
     {"opt/tavsec/pictures/navigation/hostIcon.png", "", "",
      "has the same key as @/opt/tavsec/pictures/navigation/hostIcon.small.png: NAVIGATION/HOSTICON",
      "the other one wins: the plugin loads it later, and this picture is never found",
-     "rename one of them before its first dot"},
+     "give one of them a name that differs before its first dot"},
     {"opt/tavsec/pictures/navigation/auditIcon.png", "", "", "cannot be decoded: Unsupported image format",
      "the plugin holds an empty picture for the key NAVIGATION/AUDITICON", "put a PNG picture in its place"},
     {"opt/tavsec/pictures/navigation/large", "", "", "a directory inside a picture directory",

@@ -108,7 +108,7 @@ void checkKeys(const QVector<PictureFile> &files, Findings &findings)
                          differInCaseAlone(picture.file, winner.filePath())
                              ? "which of the two the plugin holds is left to chance"
                              : "the other one wins: the plugin loads it later, and this picture is never found",
-                         "rename one of them before its first dot"});
+                         "give one of them a name that differs before its first dot"});
     }
 }
 
