@@ -54,5 +54,5 @@ struct Program {
 
     QByteArray output;
     QByteArray errors;
-    int exitCode = -1; ///< -1 when it could not be started or a signal ended it, 127 when there is no such program
+    int exitCode = -1; ///< -1 when it could not be started or a signal ended it
 };

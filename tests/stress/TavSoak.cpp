@@ -57,7 +57,7 @@ int soak(std::chrono::seconds duration)
     row("selections", day.emissions);
     row("deliveries expected", day.emissions * static_cast<long long>(pages.size()));
     row("  lost", lost);
-    row("  lost, twice, out of order", mistakes);
+    row("  lost, doubled, out of order", mistakes);
     row("pages opened and closed", day.visits);
     row("events left", pending);
     row("values seen wrong", day.failures.size());
