@@ -885,12 +885,13 @@ TEST_F(TavctlDoctor, ChecksThePluginOfTheInstallationWhenItHasOne)
             .toString();
     };
     EXPECT_EQ(pluginOf({}), TAV_PLUGIN_FILE) << "none there: the one beside the program";
-    for (const char *const place : {"usr/local/lib/riscv64-linux-gnu", "usr/lib64", "usr/lib"}) {
-        const QString file = put(place + QString("/tavsec/plugins/libTavDataPlugin.so"), "");
+    for (const char *const place :
+         {"usr/local/lib/riscv64-linux-gnu/tavsec", "usr/lib64/tavsec", "usr/lib/tavsec", "opt/tavsec"}) {
+        const QString file = put(place + QString("/plugins/libTavDataPlugin.so"), "");
         EXPECT_EQ(pluginOf({}), file);
         EXPECT_EQ(pluginOf({"--plugin", TAV_OTHER_PLUGIN_FILE}), TAV_OTHER_PLUGIN_FILE);
     }
-    writeFile(directory.filePath("usr/lib/tavsec/plugins/libTavDataPlugin.so"), contentOf(TAV_PLUGIN_FILE));
+    writeFile(directory.filePath("opt/tavsec/plugins/libTavDataPlugin.so"), contentOf(TAV_PLUGIN_FILE));
     const QString root = QDir::current().relativeFilePath(directory.path());
     const Tavctl run({"doctor", "--root", root});
     EXPECT_TRUE(run.output.contains("\nplugin: Tav_ORG_ITavDtaPlugin, ")) << run.output.toStdString();

@@ -4,6 +4,7 @@
 #include "TavGlobalInfoMgr.h"
 
 #include <QDir>
+#include <QFileInfo>
 
 namespace
 {
@@ -27,9 +28,11 @@ QString InstallationPaths::pictures()
 
 QString InstallationPaths::plugin()
 {
+    // First the client's own directory. Then, as packages have it, where this build would install it, and below the
+    // other names that the directory of libraries has.
+    QStringList files{TavGlobalInfoMgr::getInstance()->getAppPath().pluginPath + "/libTavDataPlugin.so"};
     for (const char *const prefix : {"/usr", "/usr/local"}) {
-        // First where this build would install it, then below the other names that the directory of libraries has.
-        QStringList files{QDir::cleanPath(prefix + QString("/bin/" TAV_PLUGIN_FROM_PROGRAM))};
+        files.append(QDir::cleanPath(prefix + QString("/bin/" TAV_PLUGIN_FROM_PROGRAM)));
         for (const char *const libraries : {"/lib", "/lib64"}) {
             const QString directory = QString(prefix) + libraries;
             files.append(directory + pluginInLibraries);
@@ -39,11 +42,11 @@ QString InstallationPaths::plugin()
                 files.append(directory + '/' + machine + pluginInLibraries);
             }
         }
-        for (const QString &file : qAsConst(files)) {
-            const QString inRoot = TavCommonUtils::pathInSystemRoot(file);
-            if (QFileInfo(inRoot).isFile()) {
-                return QFileInfo(inRoot).absoluteFilePath();
-            }
+    }
+    for (const QString &file : qAsConst(files)) {
+        const QFileInfo inRoot(TavCommonUtils::pathInSystemRoot(file));
+        if (inRoot.isFile()) {
+            return inRoot.absoluteFilePath();
         }
     }
     return {};

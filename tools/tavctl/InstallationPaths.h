@@ -9,7 +9,7 @@ QString catalogue();
 QString baseline();
 QString pictures();
 
-/// The plugin that packages have put below the system root, by its absolute path outside of it; empty when there is
+/// The plugin that is installed below the system root, by its absolute path outside of it; empty when there is
 /// none.
 QString plugin();
 }
