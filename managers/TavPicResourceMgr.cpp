@@ -56,10 +56,10 @@ void scan(const QString &path, Listed &listed, QVector<_PngInfo> &found)
 std::shared_ptr<QImage> load(const QString &filePath)
 {
     auto image = std::make_shared<QImage>();
-    QFile file;
-    if (QFileInfo(filePath).isFile()
-        && file.open(open(QFile::encodeName(filePath).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC),
-                     QIODevice::ReadOnly, QFileDevice::AutoCloseHandle)) {
+    if (QFileInfo(filePath).isFile()) {
+        QFile file; // reads as empty when there is nothing to open any more
+        file.open(open(QFile::encodeName(filePath).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC), QIODevice::ReadOnly,
+                  QFileDevice::AutoCloseHandle);
         image->load(&file, nullptr);
     }
     return image;

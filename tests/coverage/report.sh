@@ -29,10 +29,10 @@ area() {
 import json, sys
 totals = json.load(sys.stdin)["data"][0]["totals"]
 for kind in ("lines", "branches"):
-    print(kind, totals[kind]["covered"], totals[kind]["count"])')
-    while read -r kind covered count; do
-        printf '%-10s %-9s %5d of %5d  %6.2f %%  (goal %d %%)\n' "$name" "$kind" "$covered" "$count" \
-            "$(bc -l <<<"100 * $covered / ($count + ($count == 0))")" "$goal"
+    covered, count = totals[kind]["covered"], totals[kind]["count"]
+    print(kind, covered, count, f"{100 * covered / max(count, 1):.2f}")')
+    while read -r kind covered count percent; do
+        printf '%-10s %-9s %5d of %5d  %6s %%  (goal %d %%)\n' "$name" "$kind" "$covered" "$count" "$percent" "$goal"
         [[ $((covered * 100)) -ge $((count * goal)) ]] || missed=1
     done <<<"$totals"
     llvm-cov show -show-branches=count -instr-profile "$build/coverage.profdata" "${objects[@]}" "$source/$name" |
