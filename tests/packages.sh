@@ -40,10 +40,14 @@ elif [[ -n ${2:-} ]]; then
 else
     command -v mmdebstrap >/dev/null || fail "mmdebstrap is not installed"
     release=$(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release)
-    sources=/etc/apt/sources.list.d/debian.sources
-    [[ -f $sources ]] || sources=/etc/apt/sources.list
+    sources=()
+    for file in /etc/apt/sources.list /etc/apt/sources.list.d/*.{list,sources}; do
+        if [[ -s $file ]]; then
+            sources+=("$file")
+        fi
+    done
     mmdebstrap --quiet --variant=minbase --include=ca-certificates --aptopt='APT::Install-Recommends "false"' \
-        "$release" "$root" - <"$sources"
+        "$release" "$root" "${sources[@]}"
 fi
 # The way to the mirrors is this machine's.
 cp -an /etc/apt/apt.conf.d/. "$root/etc/apt/apt.conf.d/"
