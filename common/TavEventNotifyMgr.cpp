@@ -157,16 +157,20 @@ TavEventNotifyMgr::Mailbox *TavEventNotifyMgr::mailboxOf(QThread *thread)
     if (Mailbox *const mailbox = m_mailboxes.value(thread)) {
         return mailbox;
     }
-    auto mailbox = std::make_unique<Mailbox>();
-    const auto close = [this, thread] { closeMailbox(thread); };
-    QObject::connect(thread, &QThread::finished, mailbox.get(), close, Qt::DirectConnection);
-    QObject::connect(thread, &QObject::destroyed, mailbox.get(), close, Qt::DirectConnection);
-    // Asked after connecting: a thread that ends from here on closes the mailbox, as soon as the mutex is free.
     if (thread->isFinished()) {
         return nullptr;
     }
+    // The thread is the context: one that this thread ends could end while the other announces its end to it.
+    const auto close = [this, thread] { closeMailbox(thread); };
+    QObject::connect(thread, &QThread::finished, thread, close, Qt::DirectConnection);
+    QObject::connect(thread, &QObject::destroyed, thread, close, Qt::DirectConnection);
+    // Asked again after connecting: a thread that ends from here on closes the mailbox, as soon as the mutex is free.
+    if (thread->isFinished()) {
+        return nullptr;
+    }
+    auto *const mailbox = new Mailbox;
     mailbox->moveToThread(thread);
-    return *m_mailboxes.insert(thread, mailbox.release());
+    return *m_mailboxes.insert(thread, mailbox);
 }
 
 void TavEventNotifyMgr::closeMailbox(QThread *thread)
