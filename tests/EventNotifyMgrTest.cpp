@@ -18,6 +18,7 @@
 #include <atomic>
 #include <memory>
 #include <numeric>
+#include <optional>
 #include <stdexcept>
 #include <thread>
 #include <vector>
@@ -257,6 +258,71 @@ TEST_F(EventNotifyMgr, ARestartedThreadRunsItsEvents)
         finish(thread);
         EXPECT_EQ(probe.runs(), 1);
     }
+}
+
+TEST_F(EventNotifyMgr, AThreadStartedAgainAndAgainIsConnectedToOnce)
+{
+    struct WatchedThread : QThread {
+        int connections() const
+        {
+            return receivers(SIGNAL(finished())) + receivers(SIGNAL(destroyed(QObject *)));
+        }
+    };
+    WatchedThread thread;
+    for (int round = 0; round < 5; ++round) {
+        thread.start();
+        add(&thread, [] {});
+        finish(thread);
+        add(&thread, [] {});
+        EXPECT_EQ(thread.connections(), 2);
+    }
+}
+
+TEST_F(EventNotifyMgr, AThreadInThePlaceOfADestroyedOneIsMetAnew)
+{
+    std::optional<QThread> thread;
+    for (int round = 0; round < 3; ++round) {
+        thread.emplace();
+        const Probe unrun;
+        add(&*thread, unrun.function());
+        thread.emplace();
+        EXPECT_TRUE(unrun.isFreed());
+        const Probe probe;
+        add(&*thread, probe.function());
+        thread->start();
+        finish(*thread);
+        EXPECT_EQ(probe.runs(), 1);
+        EXPECT_EQ(unrun.runs(), 0);
+    }
+}
+
+TEST_F(EventNotifyMgr, AnEventToBeDeletedLaterIsDeletedUnrunByTheApplicationsLoop)
+{
+    LoopThread ended;
+    ended.finish();
+    for (QThread *const thread : {ended.thread(), static_cast<QThread *>(nullptr)}) {
+        const Probe probe;
+        const QPointer<TavBaseEvent> event = newEvent(thread, probe.function());
+        event->setDeletedLater();
+        bus().addEventNotify(event);
+        EXPECT_FALSE(event.isNull());
+        EXPECT_EQ(bus().pendingCount(), 1);
+        QCoreApplication::processEvents();
+        EXPECT_TRUE(event.isNull());
+        EXPECT_TRUE(probe.isFreed());
+        EXPECT_EQ(probe.runs(), 0);
+    }
+}
+
+TEST_F(EventNotifyMgr, AnEventToBeDeletedLaterRunsAllTheSameWhereItCan)
+{
+    LoopThread loop;
+    const Probe probe;
+    TavBaseEvent *const event = newEvent(loop.thread(), probe.function());
+    event->setDeletedLater();
+    bus().addEventNotify(event);
+    loop.finish();
+    EXPECT_EQ(probe.runs(), 1);
 }
 
 TEST_F(EventNotifyMgr, ARestartedThreadDoesNotRunWhatWasAddedWhileItWasFinished)
