@@ -1,4 +1,5 @@
 #include "BackgroundCalls.h"
+#include "Deadline.h"
 #include "GlobalStateGuard.h"
 #include "ITavSelectFuncMgr.h"
 #include "LoopThread.h"
@@ -14,6 +15,7 @@
 #include <functional>
 #include <limits>
 #include <memory>
+#include <stdexcept>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -295,6 +297,60 @@ TEST_F(SelectFuncMgr, HoldsItsLockWhileItAnnounces)
     calls.reset();
     eventFuncPageUpdate.unsubscribe(id);
     QCoreApplication::processEvents();
+}
+
+TEST_F(SelectFuncMgr, KeepsTheSelectionAndFreesItsLockWhenACallbackCannotBeCopied)
+{
+    const Deadline deadline;
+    std::function<void()> whenCopied;
+    const int id = eventFuncPageUpdate.subscribe(CopyWatch(&whenCopied), QThread::currentThread());
+    whenCopied = [] { throw std::runtime_error("no copy"); };
+    EXPECT_THROW(mgr->setCurSelType(Func::Func_SystemAudit, SubFunc::SubFunc_LogAudit), std::runtime_error);
+    EXPECT_EQ(mgr->getCurSelFuncType(), Func::Func_SystemAudit);
+    EXPECT_EQ(mgr->getCurSelSubFuncType(), SubFunc::SubFunc_LogAudit);
+    eventFuncPageUpdate.unsubscribe(id);
+}
+
+TEST_F(SelectFuncMgr, LetsWhatACallbackOwnsAskForTheSelectionAsItDies)
+{
+    const Deadline deadline;
+    LoopThread ended;
+    ended.finish();
+    for (QThread *const thread : {ended.thread(), static_cast<QThread *>(nullptr), QThread::currentThread()}) {
+        int asked = 0;
+        struct AsksAsItDies {
+            ITavSelectFuncMgr *mgr;
+            int *asked;
+            ~AsksAsItDies()
+            {
+                *asked += mgr->getCurSelSubFuncType() == SubFunc::SubFunc_LogAudit;
+            }
+        };
+        // Each copy of the callback asks, those that the announcement makes among them.
+        const int id = eventFuncPageUpdate.subscribe([dying = AsksAsItDies{mgr, &asked}](auto) {}, thread);
+        asked = 0;
+        mgr->setCurSelType(Func::Func_SystemAudit, SubFunc::SubFunc_LogAudit);
+        QCoreApplication::processEvents();
+        EXPECT_GT(asked, 0);
+        EXPECT_EQ(pendingEvents(), 0);
+        eventFuncPageUpdate.unsubscribe(id);
+    }
+}
+
+TEST_F(SelectFuncMgr, LetsASubscriberThatLeavesDuringAnAnnouncementAskAsItDies)
+{
+    const Deadline deadline;
+    std::function<void()> whenCopied;
+    int asked = 0;
+    auto dying = std::shared_ptr<void>(nullptr, [&](void *) { asked += mgr->getCurSelSubFuncType() >= 0; });
+    const int watching = eventFuncPageUpdate.subscribe(CopyWatch(&whenCopied), QThread::currentThread());
+    const int leaving = eventFuncPageUpdate.subscribe([dying](auto) {}, QThread::currentThread());
+    dying.reset();
+    whenCopied = [leaving] { eventFuncPageUpdate.unsubscribe(leaving); };
+    mgr->setCurSelType(Func::Func_SystemAudit, SubFunc::SubFunc_LogAudit);
+    QCoreApplication::processEvents();
+    eventFuncPageUpdate.unsubscribe(watching);
+    EXPECT_EQ(asked, 1);
 }
 
 TEST_F(SelectFuncMgr, AnnouncesConcurrentSelectionsToAllInTheOrderInWhichTheyWereMade)

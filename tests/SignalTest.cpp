@@ -12,11 +12,44 @@
 #include <gtest/gtest.h>
 
 #include <atomic>
+#include <cstdlib>
 #include <memory>
+#include <new>
 #include <numeric>
 #include <set>
+#include <stdexcept>
 #include <thread>
 #include <vector>
+
+namespace
+{
+std::atomic<int> objectsOnHeap = 0;
+thread_local int allocationsUntilRefusal = -1; ///< of the calling thread; -1 for never
+}
+
+// This program counts what is on the heap, and may refuse to put more there.
+void *operator new(std::size_t size)
+{
+    if (allocationsUntilRefusal >= 0 && allocationsUntilRefusal-- == 0) {
+        throw std::bad_alloc();
+    }
+    if (void *const place = std::malloc(size ? size : 1)) {
+        ++objectsOnHeap;
+        return place;
+    }
+    throw std::bad_alloc();
+}
+
+void operator delete(void *place) noexcept
+{
+    objectsOnHeap -= place ? 1 : 0;
+    std::free(place);
+}
+
+void operator delete(void *place, std::size_t) noexcept
+{
+    operator delete(place);
+}
 
 namespace
 {
@@ -249,6 +282,109 @@ TEST(Signal, EmitTakesNoLockOfTheSignal)
     // Copies the list, and with it the callback, while holding the lock.
     signal.subscribe(ignore, nullptr);
     EXPECT_EQ(emissions, 1);
+    QCoreApplication::processEvents(); // the delivery that has no thread ends here
+}
+
+TEST(Signal, ACallbackWhoseCopyThrowsLeavesNothingBehind)
+{
+    Signal signal;
+    bool throws = false;
+    signal.subscribe(CopiedCallback([&throws] {
+                         if (throws) {
+                             throw std::runtime_error("no copy");
+                         }
+                     }),
+                     QThread::currentThread());
+    throws = true;
+    EXPECT_THROW(signal.Emit(1), std::runtime_error); // whatever is made once and kept is made now
+    const int before = objectsOnHeap;
+    for (int i = 0; i < 100; ++i) {
+        EXPECT_THROW(signal.Emit(1), std::runtime_error);
+    }
+    EXPECT_EQ(objectsOnHeap, before);
+    EXPECT_EQ(pendingEvents(), 0);
+    throws = false;
+}
+
+TEST(Signal, NothingIsLeftBehindWhereverTheMemoryRunsOut)
+{
+    Signal signal;
+    std::vector<int> values;
+    values.reserve(1000);
+    signal.subscribe(appendTo(values), QThread::currentThread());
+    signal.subscribe(appendTo(values), QThread::currentThread());
+    signal.Emit(0);
+    QCoreApplication::processEvents();
+    const int before = objectsOnHeap;
+    int refusals = 0;
+    for (bool isRefused = true; isRefused; refusals += isRefused) {
+        allocationsUntilRefusal = refusals;
+        try {
+            signal.Emit(1);
+            isRefused = false;
+        } catch (const std::bad_alloc &) {
+        }
+        allocationsUntilRefusal = -1;
+        QCoreApplication::processEvents();
+        EXPECT_LE(objectsOnHeap, before + 1) << refusals; // the bus's queue grows and shrinks by a block
+        EXPECT_EQ(pendingEvents(), 0) << refusals;
+    }
+    EXPECT_GE(refusals, 4); // two events with two functions
+    values.clear();
+    signal.Emit(2);
+    QCoreApplication::processEvents();
+    EXPECT_THAT(values, testing::ElementsAre(2, 2));
+}
+
+TEST(Signal, WhatACallbackOwnsOutlivesTheEmissionsThatWalkIt)
+{
+    Signal signal;
+    auto owned = std::make_shared<char>();
+    int id = 0;
+    bool ends = false;
+    bool isAliveInside = false;
+    const std::weak_ptr<char> watch = owned;
+    const auto endOnce = [&] {
+        if (std::exchange(ends, false)) {
+            signal.unsubscribe(id);
+            isAliveInside = !watch.expired();
+        }
+    };
+    signal.subscribe(CopiedCallback(endOnce), nullptr);
+    id = signal.subscribe([owned = std::move(owned)](int) {}, nullptr);
+    const int other = signal.subscribe(ignore, nullptr);
+    ends = true;
+    signal.Emit(1);
+    EXPECT_TRUE(isAliveInside);
+    QCoreApplication::processEvents();
+    EXPECT_FALSE(watch.expired()); // kept for the emission, until the list changes again
+    signal.unsubscribe(other);
+    EXPECT_TRUE(watch.expired());
+}
+
+TEST(Signal, WhatDiesWithAListMayUseTheSignal)
+{
+    const Deadline deadline;
+    Signal signal;
+    bool uses = false;
+    struct UsesTheSignal {
+        Signal &signal;
+        bool &uses;
+        ~UsesTheSignal()
+        {
+            if (std::exchange(uses, false)) {
+                signal.unsubscribe(-1);
+            }
+        }
+    };
+    const int id = signal.subscribe([dying = UsesTheSignal{signal, uses}](int) {}, nullptr);
+    for (const auto &change : std::vector<std::function<void()>>{[&] { signal.subscribe(ignore, nullptr); },
+                                                                 [&] { EXPECT_TRUE(signal.unsubscribe(id)); }}) {
+        uses = true; // as a copy dies with the list of before
+        change();
+        EXPECT_FALSE(uses);
+    }
+    EXPECT_EQ(signal.subscriberCount(), 1);
 }
 
 TEST(Signal, TenThousandEmissionsReachFourThreadsOnceEachAndInOrder)
