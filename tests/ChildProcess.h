@@ -6,6 +6,7 @@
 #include <fstream>
 #include <functional>
 #include <malloc.h>
+#include <sched.h>
 #include <string>
 #include <sys/resource.h>
 #include <sys/wait.h>
@@ -76,6 +77,14 @@ inline void limitMemory(rlim_t mebibytes)
 {
     const rlimit limit{mebibytes * 1024 * 1024, mebibytes * 1024 * 1024};
     EXPECT_EQ(setrlimit(RLIMIT_AS, &limit), 0);
+}
+
+/// Leaves the process nothing of the file system but what is below @p directory. Whoever is not root gets the right to
+/// it from a namespace of his own.
+inline void changeRoot(const char *directory)
+{
+    ASSERT_TRUE(geteuid() == 0 || unshare(CLONE_NEWUSER) == 0);
+    ASSERT_EQ(chroot(directory), 0);
 }
 
 /// Gives up root's rights, which no mode of a file stops.

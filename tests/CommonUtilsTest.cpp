@@ -1,5 +1,6 @@
 #include "TavCommonUtils.h"
 
+#include "ChildProcess.h"
 #include "Deadline.h"
 #include "GlobalStateGuard.h"
 #include "PrintQString.h"
@@ -93,6 +94,34 @@ TEST_F(CommonUtils, ADeviceIsEmptyAndNotWaitedFor)
     ASSERT_TRUE(QFileInfo::exists(terminal));
     const Deadline deadline;
     EXPECT_EQ(TavCommonUtils::readAll(terminal), QString());
+}
+
+TEST_F(CommonUtils, ReadsWhereNoSystemFilesAreMounted)
+{
+    file("f", R"({"n": 1})");
+    const QByteArray root = QFile::encodeName(path("."));
+    const auto read = [&root] {
+        changeRoot(root.constData());
+        EXPECT_EQ(TavCommonUtils::readAll(QStringLiteral("/f")), QStringLiteral(R"({"n": 1})"));
+        EXPECT_EQ(TavCommonUtils::readJsonFromFile(QStringLiteral("/f")).size(), 1);
+    };
+    EXPECT_TRUE(runInChild(read).passed);
+}
+
+TEST_F(CommonUtils, LeavesNoFileOpen)
+{
+    ASSERT_EQ(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
+    const QString paths[] = {file("f", "text"), file("empty", ""),     path("pipe"),
+                             path("."),         path("missing"),       QStringLiteral("/dev/null"),
+                             QString(),         QStringLiteral("/proc/self/mem")};
+    const auto openFiles = [] { return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::System).size(); };
+    const int before = openFiles();
+    ASSERT_GT(before, 2);
+    for (const QString &path : paths) {
+        TavCommonUtils::readAll(path);
+        TavCommonUtils::readJsonFromFile(path);
+        EXPECT_EQ(openFiles(), before) << qPrintable(path);
+    }
 }
 
 TEST_F(CommonUtils, ReadsAJsonObject)

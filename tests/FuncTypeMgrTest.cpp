@@ -1,6 +1,6 @@
 #include "BackgroundCalls.h"
 #include "GlobalStateGuard.h"
-#include "HeldFile.h"
+#include "HeldReading.h"
 #include "ITavFuncTypeMgr.h"
 #include "LogCapture.h"
 #include "PluginHost.h"
@@ -787,16 +787,13 @@ TEST_F(FuncTypeMgr, TakesNestingBeyondTheParsersDepthForAParseError)
 TEST_F(FuncTypeMgr, EveryQueryWaitsWhileTheFileIsRead)
 {
     writeFile(configFile(), validCatalogue.toBase64());
-    HeldFile file(configFile());
-    if (!file.isHeld()) {
-        GTEST_SKIP() << "the file system of " << qPrintable(dir.path()) << " has no leases";
-    }
+    HeldReading reading;
     std::thread loading([this] { mgr->loadConfig(); });
-    EXPECT_TRUE(file.awaitReader());
+    EXPECT_TRUE(reading.awaitReader());
     {
         const BackgroundCalls calls(queries());
         EXPECT_THAT(calls.returned(), IsEmpty());
-        file.release();
+        reading.release();
     }
     loading.join();
     EXPECT_EQ(mgr->getFuncInfos().size(), 2);
@@ -805,16 +802,13 @@ TEST_F(FuncTypeMgr, EveryQueryWaitsWhileTheFileIsRead)
 TEST_F(FuncTypeMgr, OperationsWithoutALockDoNotWaitWhileTheFileIsRead)
 {
     writeFile(configFile(), validCatalogue.toBase64());
-    HeldFile file(configFile());
-    if (!file.isHeld()) {
-        GTEST_SKIP() << "the file system of " << qPrintable(dir.path()) << " has no leases";
-    }
+    HeldReading reading;
     std::thread loading([this] { mgr->loadConfig(); });
-    EXPECT_TRUE(file.awaitReader());
+    EXPECT_TRUE(reading.awaitReader());
     {
         const BackgroundCalls calls({[this] { mgr->loadIniConfig(); }, [this] { mgr->getObject(); }});
         EXPECT_TRUE(calls.allReturn());
-        file.release();
+        reading.release();
     }
     loading.join();
 }
