@@ -1,3 +1,4 @@
+#include "ChildProcess.h"
 #include "GlobalStateGuard.h"
 #include "ITavPicResourceMgr.h"
 #include "PluginHost.h"
@@ -255,6 +256,30 @@ TEST_F(PicResourceMgr, KeepsImagesOfOtherDirectoriesApart)
     mgr->appendPicResourcePath(path("two"));
     EXPECT_EQ(colour("one", "x"), red);
     EXPECT_EQ(colour("two", "x"), green);
+}
+
+TEST_F(PicResourceMgr, TakesThePixelRatioFromTheFileName)
+{
+    for (const char *const name : {"ok", "ok@2x", "ok@3x", "no@2x.hover", "no@1x", "no@2xx"}) {
+        writePicture(QStringLiteral("icons/%1.png").arg(name), red);
+    }
+    mgr->appendPicResourcePath(path("icons"));
+    EXPECT_EQ(find("icons", "ok")->devicePixelRatio(), 1);
+    EXPECT_EQ(find("icons", "ok@2x")->devicePixelRatio(), 2);
+    EXPECT_EQ(find("icons", "ok@3x")->devicePixelRatio(), 3);
+    EXPECT_EQ(find("icons", "no@2x")->devicePixelRatio(), 2);
+    EXPECT_EQ(find("icons", "no@1x")->devicePixelRatio(), 1);
+    EXPECT_EQ(find("icons", "no@2xx")->devicePixelRatio(), 1);
+}
+
+TEST_F(PicResourceMgr, LoadsADirectoryThatIsCompiledIntoTheProgram)
+{
+    mgr->appendPicResourcePath(QStringLiteral(":/pics/common/res"));
+    const std::shared_ptr<QImage> ok = find("res", "ok");
+    ASSERT_TRUE(ok);
+    EXPECT_EQ(*ok, QImage(QStringLiteral(":/pics/common/res/ok.png")));
+    EXPECT_FALSE(ok->isNull());
+    EXPECT_EQ(find("more.png", "large@2x")->devicePixelRatio(), 2);
 }
 
 TEST_F(PicResourceMgr, SkipsSubdirectories)
@@ -518,6 +543,20 @@ TEST_F(PicResourceMgr, DropsFilesWhosePathHasASingleSlash)
     mgr->appendPicResourcePath(QString());
     EXPECT_FALSE(holds(".", "here"));
     EXPECT_FALSE(holds("", "here"));
+}
+
+TEST_F(PicResourceMgr, TakesFilesOfADirectoryDirectlyBelowTheRoot)
+{
+    writePicture("icons/ok.png", red);
+    writePicture("top.png", green);
+    const auto append = [this, rootName = QFile::encodeName(root.path())] {
+        changeRoot(rootName.constData());
+        mgr->appendPicResourcePath(QStringLiteral("/icons"));
+        mgr->appendPicResourcePath(QStringLiteral("/"));
+        EXPECT_EQ(colour("icons", "ok"), red);
+        EXPECT_FALSE(holds("", "top"));
+    };
+    EXPECT_TRUE(runInChild(append).passed);
 }
 
 TEST_F(PicResourceMgr, TakesFilesOfARelativePathWithTwoSlashes)
