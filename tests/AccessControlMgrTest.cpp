@@ -2,7 +2,7 @@
 #include "SampleValue.h"
 #include "SideBySide.h"
 
-#include "ITavAccessControlMgr.h"
+#include "TavAccessControlMgr.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -539,6 +539,21 @@ TEST_F(AccessControlMgr, AUsersDetailIsFoundByTheWholeNameInItsCase)
     for (const char *name : {"Anna", "ANNA", "ann", "anna ", "annas", ""}) {
         EXPECT_FALSE(mgr->hasUserDetail(QString::fromUtf8(name))) << name;
     }
+}
+
+TEST(AccessControlMgrClass, LooksForAUserInWhatItsOwnOperationGives)
+{
+    struct KnowsAnna : TavAccessControlMgr {
+        using TavAccessControlMgr::TavAccessControlMgr;
+        using TavAccessControlMgr::getUserDetail;
+        UserDetails getUserDetail() override
+        {
+            return {detailOf("anna")};
+        }
+    };
+    KnowsAnna mgr(nullptr);
+    EXPECT_TRUE(mgr.hasUserDetail(QStringLiteral("anna")));
+    EXPECT_FALSE(mgr.hasUserDetail(QStringLiteral("bert")));
 }
 
 TEST_F(AccessControlMgr, AUsersNameEndsAtItsFirstNul)

@@ -56,6 +56,15 @@ TEST_F(CompleteProtectMgr, ARowIsFoundByItsStoredIndexAndNotByItsPosition)
     EXPECT_EQ(content(mgr->getCredibleVecUI()), content(Rows{row(2, "two"), row(0, "new", true), row(1, "one")}));
 }
 
+TEST_F(CompleteProtectMgr, UpdatingARowDetachesTheListAlsoWhenNoneIsFound)
+{
+    mgr->setCredibleVecUI({row(0, "zero")});
+    const Rows copy = mgr->getCredibleVecUI();
+    EXPECT_EQ(mgr->getCredibleVecUI().constData(), copy.constData());
+    mgr->setCredibleImteUI(row(1, "new"));
+    EXPECT_NE(mgr->getCredibleVecUI().constData(), copy.constData());
+}
+
 TEST_F(CompleteProtectMgr, OfTwoRowsOfOneIndexOnlyTheFirstIsChanged)
 {
     mgr->setCredibleVecUI({row(5, "a"), row(3, "b"), row(5, "c")});

@@ -8,6 +8,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <cstring>
+#include <new>
 #include <string>
 #include <type_traits>
 
@@ -15,6 +18,27 @@ using SampleValue::content;
 using SampleValue::sample;
 
 static_assert(std::is_trivially_copyable_v<STResourceInfoAsr>);
+
+// In this program new memory holds a pattern, so that it shows what a constructor leaves as it was.
+constexpr unsigned char pattern = 0xa5;
+
+void *operator new(std::size_t size)
+{
+    if (void *const place = std::malloc(size ? size : 1)) {
+        return std::memset(place, pattern, size);
+    }
+    throw std::bad_alloc();
+}
+
+void operator delete(void *place) noexcept
+{
+    std::free(place);
+}
+
+void operator delete(void *place, std::size_t) noexcept
+{
+    std::free(place);
+}
 
 class Holders : public testing::Test
 {
@@ -67,6 +91,12 @@ TEST_F(Holders, TheResourceRecordIsCopiedToItsLastByte)
     info.hostName[sizeof(info.hostName) - 1] = 'z';
     mgr->setResourceInfo(info);
     EXPECT_EQ(content(mgr->getResourceInfo()), content(info));
+}
+
+TEST_F(Holders, TheResourceRecordIsLeftAsTheMemoryWasUntilItIsSet)
+{
+    const STResourceInfoAsr info = host.manager<ITavHostInfoMgr>()->getResourceInfo();
+    EXPECT_EQ(content(info), std::string(sizeof(info), static_cast<char>(pattern)));
 }
 
 TEST_F(Holders, EachClientRunStartsWithFreshHolders)

@@ -111,6 +111,16 @@ TEST_F(NetControlMgr, APositionAtOrBeyondTheEndChangesNothing)
     }
 }
 
+TEST_F(NetControlMgr, TheListStaysSharedWhenNoRowIsOverwritten)
+{
+    mgr->setUIData({STProtoDataContainer{false, 0, "zero"}});
+    const auto copy = mgr->getUIData();
+    mgr->updateUIItem({true, 1, "new"});
+    EXPECT_EQ(mgr->getUIData().constData(), copy.constData());
+    mgr->setAllCheck(true);
+    EXPECT_NE(mgr->getUIData().constData(), copy.constData());
+}
+
 TEST_F(NetControlMgr, ANegativePositionChangesNothing)
 {
     const Rows rows = {row(-1, "a"), row(1, "b")};

@@ -34,6 +34,15 @@ TEST_F(ProExceptionMgr, ARowIsFoundByItsStoredIndexAndNotByItsPosition)
     EXPECT_EQ(content(mgr->getUIData()), content(Rows{row(4, "four"), row(2, "new", true)}));
 }
 
+TEST_F(ProExceptionMgr, UpdatingARowDetachesTheListAlsoWhenNoneIsFound)
+{
+    mgr->setUIData(Rows{row(0, "zero")});
+    const Rows copy = mgr->getUIData();
+    EXPECT_EQ(mgr->getUIData().constData(), copy.constData());
+    mgr->setUIData(row(1, "new"));
+    EXPECT_NE(mgr->getUIData().constData(), copy.constData());
+}
+
 TEST_F(ProExceptionMgr, AnIndexThatIsOnlyAPositionChangesNothing)
 {
     const Rows rows = {row(4, "four"), row(2, "two")};

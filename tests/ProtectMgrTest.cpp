@@ -68,6 +68,15 @@ TEST_F(ProtectMgr, UpdatingARowClearsItsFlagsToo)
     EXPECT_EQ(content(mgr->getProtectUIData()), content(Rows{row(false, "A", "a", "", false)}));
 }
 
+TEST_F(ProtectMgr, UpdatingARowDetachesTheListAlsoWhenNoneIsFound)
+{
+    mgr->setProtectUIData({row(false, "A", "a")});
+    const Rows copy = mgr->getProtectUIData();
+    EXPECT_EQ(mgr->getProtectUIData().constData(), copy.constData());
+    mgr->updateUIItem(row(true, "X", "x"));
+    EXPECT_NE(mgr->getProtectUIData().constData(), copy.constData());
+}
+
 TEST_F(ProtectMgr, UpdatingAnUnknownKeyChangesNothing)
 {
     const Rows rows = {row(false, "A", "a", "detail"), row(true, "B", "b", "detail", true)};
