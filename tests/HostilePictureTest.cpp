@@ -200,31 +200,6 @@ TEST_F(HostilePicture, FilesMayComeAndGoWhileTheyAreLoaded)
     EXPECT_GT(loaded, 0);
 }
 
-TEST_F(HostilePicture, PipesThatTakeAFilesPlaceAreNotWaitedFor)
-{
-    // Whatever was seen of the file before it is opened is then no longer true.
-    const QByteArray pipe = QFile::encodeName(m_root.filePath(QStringLiteral("pipe")));
-    const QByteArray file = QFile::encodeName(inPages("x.png"));
-    writeFile(inPages("x.png"), PngBytes::black(1));
-    ASSERT_TRUE(SpecialFile::makePipe(m_root.filePath(QStringLiteral("pipe"))));
-    std::atomic<bool> stop{false};
-    std::thread writer([&] {
-        while (!stop) {
-            renameat2(AT_FDCWD, pipe.constData(), AT_FDCWD, file.constData(), RENAME_EXCHANGE);
-        }
-    });
-    int loaded = 0;
-    for (const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(2);
-         std::chrono::steady_clock::now() < end;) {
-        append();
-        const auto image = find("x");
-        loaded += image && !image->isNull();
-    }
-    stop = true;
-    writer.join();
-    EXPECT_GT(loaded, 0);
-}
-
 TEST_F(HostilePicture, LinksToTheirOwnDirectoryGiveTheKeysOfOnePass)
 {
     writeFile(inPages("x.png"), PngBytes::black(1));
