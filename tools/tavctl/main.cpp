@@ -1,7 +1,7 @@
 #include "CheckCommandLine.h"
-#include "NearestText.h"
 #include "PluginClient.h"
 #include "RunCommand.h"
+#include "TavNearestText.h"
 #include "TextTable.h"
 #include "ToolError.h"
 
