@@ -216,12 +216,28 @@ QByteArray TavJson::textFromJson(const QJsonValue &json, const QString &path)
     return json.toString().toUtf8();
 }
 
+QJsonValue TavJson::qStringToJson(const QString &text)
+{
+    if (!text.startsWith(QChar(QChar::ByteOrderMark))) {
+        return text;
+    }
+    if (!text.isValidUtf16()) {
+        throw TavCallError({}, "a text begins with a byte order mark and holds half a character: no JSON tells it");
+    }
+    return QJsonObject{{"bytes", bytesToJson(text.toUtf8())}};
+}
+
 QString TavJson::qStringFromJson(const QJsonValue &json, const QString &path)
 {
-    if (!json.isString()) {
-        refuse(path, "a text", json);
+    if (json.isString()) {
+        return json.toString();
     }
-    return json.toString();
+    const QByteArray bytes = textFromJson(json, path);
+    const QString text = QString::fromUtf8('x' + bytes).mid(1); // a byte order mark is only kept behind another letter
+    if (text.toUtf8() != bytes) {
+        throw TavCallError(memberPath(path, "bytes"), "the bytes are not UTF-8, and this text is made of characters");
+    }
+    return text;
 }
 
 QJsonValue TavJson::bufferToJson(const char *buffer, int size)

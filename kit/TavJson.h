@@ -24,7 +24,7 @@
  * | number of up to 32 bits | whole number |
  * | number of 64 bits | its decimal text; a whole number within 2^53 is read, too |
  * | enumeration | the key's text; the number of a value without a key |
- * | QString | text |
+ * | QString | text; `{"bytes": "<Base64>"}` when it begins with a byte order mark, which Qt's reader would take off |
  * | text buffer, string field of a message | text; `{"bytes": "<Base64>"}` when it is not UTF-8 or lacks its NUL |
  * | byte string | text in Base64 |
  * | record, message | object by the names of the fields; of a message, those that are present |
@@ -54,6 +54,7 @@ quint64 unsignedNumber(const QJsonValue &json, const QString &path); ///< of 64 
 /// UTF-8 as a text; anything else as an object with "bytes".
 QJsonValue textToJson(const QByteArray &bytes);
 QByteArray textFromJson(const QJsonValue &json, const QString &path);
+QJsonValue qStringToJson(const QString &text);
 QString qStringFromJson(const QJsonValue &json, const QString &path);
 
 /// A buffer without NUL is an object with "bytes", as is what is not UTF-8.
@@ -108,8 +109,10 @@ QJsonObject recordToJson(const Record &record)
 template<class Type>
 QJsonValue toJson(const Type &value)
 {
-    if constexpr (std::is_same_v<Type, bool> || std::is_same_v<Type, QString>) {
+    if constexpr (std::is_same_v<Type, bool>) {
         return value;
+    } else if constexpr (std::is_same_v<Type, QString>) {
+        return qStringToJson(value);
     } else if constexpr (std::is_enum_v<Type>) {
         return enumToJson(QMetaEnum::fromType<Type>(), value);
     } else if constexpr (std::is_integral_v<Type> && sizeof(Type) == sizeof(qint64)) {
