@@ -81,7 +81,7 @@ Findings checkScripts(const QJsonArray &items)
 
 Findings checkBaseline(const QString &file, const QByteArray &content)
 {
-    const JsonText text(content);
+    const TavJsonText text(content);
     if (!text.error().isEmpty()) {
         return {{file,
                  text.errorPlace(),

@@ -4,6 +4,7 @@
 #include "CTavFuncTypeHeader.h"
 #include "CTavSubFuncTypeHeader.h"
 #include "SchemaCheck.h"
+#include "TavJsonPath.h"
 
 #include <QHash>
 #include <QJsonArray>
@@ -27,7 +28,7 @@ public:
     {
         for (int i = 0; i < functions.size(); ++i) {
             const QJsonObject function = functions[i].toObject();
-            const QString functionPath = memberPath(path, QString::number(i));
+            const QString functionPath = TavJson::elementPath(path, i);
             if (function.contains("funcType")) {
                 checkFunction(function, functionPath);
             }
@@ -110,7 +111,7 @@ private:
         for (int i = 0; i < pages.size(); ++i) {
             const QJsonObject page = pages[i].toObject();
             if (!page["disable"].toBool()) {
-                checkPage(page, memberPath(path, QString::number(i)));
+                checkPage(page, TavJson::elementPath(path, i));
             }
         }
     }
@@ -193,7 +194,7 @@ Findings checkBase64(const QString &file, const QByteArray &content, bool isRead
 }
 
 /// Why the text that Base64 holds is no JSON.
-Finding checkNoJson(const QString &file, const QByteArray &decoded, const JsonText &text)
+Finding checkNoJson(const QString &file, const QByteArray &decoded, const TavJsonText &text)
 {
     if (isUtf16(decoded)) {
         return {file,        {1, 1},
@@ -201,7 +202,7 @@ Finding checkNoJson(const QString &file, const QByteArray &decoded, const JsonTe
                 nothingRead, "save the JSON text as UTF-8, and encode that",
                 true};
     }
-    if (Base64Text::firstWrong(decoded) < 0 && JsonText(Base64Text::decoded(decoded)).error().isEmpty()) {
+    if (Base64Text::firstWrong(decoded) < 0 && TavJsonText(Base64Text::decoded(decoded)).error().isEmpty()) {
         return {file,        {1, 1},
                 {},          "not JSON: the text is encoded twice",
                 nothingRead, R"(put the text there that "tavctl catalogue decode" shows)",
@@ -217,7 +218,7 @@ Finding checkNoJson(const QString &file, const QByteArray &decoded, const JsonTe
 Findings checkCatalogue(const QString &file, const QByteArray &content)
 {
     const QByteArray decoded = Base64Text::decoded(content);
-    const JsonText text(decoded);
+    const TavJsonText text(decoded);
     const bool isRead = text.error().isEmpty();
     const Findings findings = checkBase64(file, content, isRead);
     if (!isRead) {

@@ -24,7 +24,7 @@ QString shortened(const QString &path)
 }
 }
 
-Findings located(Findings findings, const QString &file, const JsonText &text)
+Findings located(Findings findings, const QString &file, const TavJsonText &text)
 {
     const QSet<QString> doubled = text.doubledKeys();
     for (const QString &path : doubled) {

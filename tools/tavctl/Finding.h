@@ -1,6 +1,6 @@
 #pragma once
 
-#include "JsonText.h"
+#include "TavJsonText.h"
 
 #include <QJsonArray>
 #include <QString>
@@ -21,7 +21,7 @@ using Findings = QVector<Finding>;
 
 /// @p findings, which have a path alone, as those of the JSON text of a file; with those of the text itself, in the
 /// order of the text.
-Findings located(Findings findings, const QString &file, const JsonText &text);
+Findings located(Findings findings, const QString &file, const TavJsonText &text);
 
 /// Writes one line for each finding.
 void printFindings(const Findings &findings);

@@ -1,7 +1,8 @@
 #include "CheckCommandLine.h"
-#include "NearestText.h"
+#include "OperationsCommand.h"
 #include "PluginClient.h"
 #include "RunCommand.h"
+#include "TavNearestText.h"
 #include "TextTable.h"
 #include "ToolError.h"
 
@@ -94,6 +95,42 @@ Action succeeding(const std::function<void()> &run)
         return ExitCode::Success;
     };
 }
+
+/// The operands of "operations" and "call".
+struct CallArguments {
+    std::string manager;
+    std::string operation;
+};
+
+void addOperationCommands(CLI::App &app, PluginArguments &plugin, CallArguments &arguments, Action &action)
+{
+    CLI::App &operations = *app.add_subcommand("operations", "list the managers' operations");
+    operations.add_option("MANAGER", arguments.manager, "those of this manager alone, such as ITavAuditMgr");
+    operations.callback(
+        [&] { action = succeeding([&] { showOperations(QString::fromStdString(arguments.manager)); }); });
+
+    CLI::App &call = *app.add_subcommand("call", "load the plugin, call an operation and print its result as JSON");
+    call.add_option("MANAGER", arguments.manager, "the manager's interface, such as ITavAuditMgr")->required();
+    call.add_option("OPERATION", arguments.operation, "the operation's name")->required();
+    // Taken from what remains: a list among the operands would be split at the commas of a value in brackets.
+    call.allow_extras();
+    call.footer("JSON...: the arguments behind OPERATION, each a JSON value; or one object of them by name");
+    addPluginOption(call, plugin.pluginFile);
+    addRoot(call, plugin);
+    call.callback([&plugin, &arguments, &action, &call] {
+        action = succeeding([&plugin, &arguments, &call] {
+            CallOptions options{QString::fromStdString(plugin.pluginFile),
+                                QString::fromStdString(plugin.systemRoot),
+                                QString::fromStdString(arguments.manager),
+                                QString::fromStdString(arguments.operation),
+                                {}};
+            for (const std::string &value : call.remaining()) {
+                options.arguments.append(QByteArray::fromStdString(value));
+            }
+            callOperation(options);
+        });
+    });
+}
 }
 
 // What escapes is a lack of memory, which nothing here could report.
@@ -125,6 +162,9 @@ int main(int argc, char **argv) // NOLINT(bugprone-exception-escape)
     CLI::App &registryCommand = *app.add_subcommand("registry", "load the plugin and show what it registered");
     addPluginOptions(registryCommand, arguments);
     registryCommand.callback([&] { action = succeeding([&] { showRegistry(arguments.options()); }); });
+
+    CallArguments callArguments;
+    addOperationCommands(app, arguments, callArguments, action);
 
     CheckArguments checkArguments;
     checkArguments.pluginFile = arguments.pluginFile;
