@@ -19,7 +19,7 @@ namespace
 /// The items that the plugin holds, by id. It answers for one id only, so the file says which there are.
 QMap<int, STBLEnableConfig> itemsHeld()
 {
-    auto &model = *tavObject<ITavLineScanMgr>("ITavLineScanMgr");
+    auto &model = *tavObject<ITavLineScanMgr>();
     model.loadJsonConfig();
     QMap<int, STBLEnableConfig> items;
     const QJsonArray elements
