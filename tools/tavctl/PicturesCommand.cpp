@@ -2,7 +2,7 @@
 
 #include "ITavPicResourceMgr.h"
 #include "PictureCheck.h"
-#include "PluginClient.h"
+#include "PluginView.h"
 #include "Presentation.h"
 #include "TavObjectMgr.h"
 #include "TextTable.h"
@@ -109,7 +109,7 @@ ExitCode showPictures(const CheckOptions &options)
     const QStringList directories = existingDirectories(options.directories);
     const PictureFiles files = listPictures(directories);
     const Findings findings = checkPictures(files);
-    const PluginClient client(options.pluginFile);
+    const TavPluginHost host = loadPlugin(options.pluginFile);
     const HeldPictures pictures = load(directories, files.files);
     if (options.json) {
         printJson(

@@ -1,6 +1,6 @@
 #include "CheckCommandLine.h"
 #include "NearestText.h"
-#include "PluginClient.h"
+#include "PluginView.h"
 #include "RunCommand.h"
 #include "TextTable.h"
 #include "ToolError.h"
