@@ -465,7 +465,7 @@ TEST_F(TavctlCheck, EndsWithTwoAndOneLineWhenItCannotRun)
          broken
              + "/baseline/no-items.json: the plugin loads no check item from it; \"tavctl baseline check\" says why"},
         {{"baseline", "show", item, "--plugin", "/nowhere"},
-         "/nowhere: there is no such file; build the plugin first or name its file with --plugin"},
+         "/nowhere: there is no such file; install the plugin, or name its file with --plugin"},
         {{"catalogue"}, "A subcommand is required; \"tavctl --help\" tells what there is"},
         {{"pictures"}, "DIR is required; \"tavctl --help\" tells what there is"},
         {{"doctor", "--root", "/nowhere"},
@@ -950,6 +950,10 @@ TEST_F(TavctlDoctor, SaysWhatIsWrongWithAPluginFile)
                  .replace("libstdc++.so.6", "libstdc--.so.6")),
          "cannot be loaded: it lacks libTavComm0n.so.1, libstdc--.so.6" + noManagers + "install what it lacks"},
         {"/tmp", "not a regular file" + noManagers + name},
+        {put("cut.so", plugin.left(plugin.size() - 1)),
+         "cut off: it ends before what its headers announce" + noManagers + "install the plugin again"},
+        {TAV_NO_MANAGERS_PLUGIN_FILE,
+         "registers no managers; pages do not find what they look up; install the plugin that belongs to this client"},
     };
     for (const auto &row : rows) {
         const Tavctl run({"doctor", "--root", demoRoot, "--json", "--plugin", row.file});

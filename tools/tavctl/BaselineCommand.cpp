@@ -3,7 +3,7 @@
 #include "BaselineCheck.h"
 #include "InstallationPaths.h"
 #include "ITavLineScanMgr.h"
-#include "PluginClient.h"
+#include "PluginView.h"
 #include "Presentation.h"
 #include "TavCommonUtils.h"
 #include "TavGlobalInfoMgr.h"
@@ -19,7 +19,7 @@ namespace
 /// The items that the plugin holds, by id. It answers for one id only, so the file says which there are.
 QMap<int, STBLEnableConfig> itemsHeld()
 {
-    auto &model = *tavObject<ITavLineScanMgr>("ITavLineScanMgr");
+    auto &model = *tavObject<ITavLineScanMgr>();
     model.loadJsonConfig();
     QMap<int, STBLEnableConfig> items;
     const QJsonArray elements
@@ -69,7 +69,7 @@ ExitCode showBaseline(const CheckOptions &options)
     const QByteArray content = WholeFile::read(options.file);
     TemporaryRoot root;
     root.put(InstallationPaths::baseline(), content);
-    const PluginClient client(options.pluginFile);
+    const TavPluginHost host = loadPlugin(options.pluginFile);
     const QMap<int, STBLEnableConfig> items = itemsHeld();
     if (items.isEmpty()) {
         throw ToolError(ExitCode::Usage,

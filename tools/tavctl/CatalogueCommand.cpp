@@ -5,7 +5,7 @@
 #include "InstallationPaths.h"
 #include "ITavFuncTypeMgr.h"
 #include "Navigation.h"
-#include "PluginClient.h"
+#include "PluginView.h"
 #include "Presentation.h"
 #include "TavNanolog.h"
 #include "TavObjectMgr.h"
@@ -25,9 +25,9 @@ ExitCode showCatalogue(const CheckOptions &options)
     const QByteArray content = WholeFile::read(options.file);
     TemporaryRoot root;
     root.put(InstallationPaths::catalogue(), content);
-    const PluginClient client(options.pluginFile);
+    const TavPluginHost host = loadPlugin(options.pluginFile);
     TavNanolog::setLevel(0); // what the plugin would log, the check says better
-    tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr")->loadConfig();
+    tavObject<ITavFuncTypeMgr>()->loadConfig();
     const QVector<NavigationNode> tree = navigationTree();
     if (tree.isEmpty()) {
         throw ToolError(ExitCode::Usage,

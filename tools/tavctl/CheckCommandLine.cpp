@@ -128,7 +128,7 @@ private:
 
 void addPluginOption(CLI::App &command, std::string &file)
 {
-    // Absolute, since the loader looks for any other name in the directories of libraries.
+    // Absolute, as it is shown.
     command.add_option("--plugin", file, "the plugin's file")
         ->capture_default_str()
         ->type_name("FILE")

@@ -8,6 +8,7 @@
 #include "Presentation.h"
 #include "TavCommonUtils.h"
 #include "TavGlobalInfoMgr.h"
+#include "TavPluginHost.h"
 #include "TextTable.h"
 #include "WholeFile.h"
 
@@ -96,7 +97,7 @@ Plugin pluginFor(const CheckOptions &options)
                                : Plugin{installed, {}};
 }
 
-void print(const QVector<Part> &parts, const Plugin &chosen, const PluginFacts &plugin, const Findings &findings)
+void print(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin, const Findings &findings)
 {
     printHeading("Installation");
     TextTable table({{"part"}, {"place", TextTable::Left, 120}, {"state"}});
@@ -113,7 +114,7 @@ void print(const QVector<Part> &parts, const Plugin &chosen, const PluginFacts &
     printLine(summaryOf(parts, findings));
 }
 
-QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const PluginFacts &plugin,
+QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin,
                        const Findings &findings)
 {
     QJsonArray rows;
@@ -145,7 +146,7 @@ ExitCode doctor(const CheckOptions &options)
     for (const Part &part : parts) {
         findings += part.findings;
     }
-    const PluginFacts facts = pluginFacts(plugin.file);
+    const TavPluginFacts facts = TavPluginHost::factsOf(plugin.file);
     if (options.json) {
         printJson(documentOf(parts, plugin, facts, findings));
     } else {

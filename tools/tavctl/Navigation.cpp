@@ -161,7 +161,7 @@ bool waitFor(const std::function<bool()> &done)
 
 void loadCatalogue()
 {
-    auto *const catalogue = tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr");
+    auto *const catalogue = tavObject<ITavFuncTypeMgr>();
     const QString configured
         = TavGlobalInfoMgr::getInstance()->getAppPath().configPath + QLatin1String("/funcTypeConfig.json");
     const QString file = TavCommonUtils::pathInSystemRoot(configured);
@@ -181,7 +181,7 @@ void loadCatalogue()
 QVector<NavigationNode> navigationTree()
 {
     QSet<int> done;
-    return nodesUnder(CTavFuncTypeHeader::Func_None, *tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr"), done);
+    return nodesUnder(CTavFuncTypeHeader::Func_None, *tavObject<ITavFuncTypeMgr>(), done);
 }
 
 QVector<PageDelivery> walkPages()
@@ -195,9 +195,9 @@ QVector<PageDelivery> walkPages()
     PageSubscriber networkPage(QStringLiteral("network page"), &network);
     PageSubscriber *const subscribers[] = {&navigationBar, &auditPage, &networkPage};
 
-    auto *const selection = tavObject<ITavSelectFuncMgr>("ITavSelectFuncMgr");
+    auto *const selection = tavObject<ITavSelectFuncMgr>();
     QVector<PageDelivery> deliveries;
-    const QVector<TavSubFuncTypeData_> pages = tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr")->getSubFuncInfo();
+    const QVector<TavSubFuncTypeData_> pages = tavObject<ITavFuncTypeMgr>()->getSubFuncInfo();
     for (const TavSubFuncTypeData_ &page : pages) {
         for (PageSubscriber *const subscriber : subscribers) {
             subscriber->restart();

@@ -1,6 +1,6 @@
 #include "OperationsCommand.h"
 
-#include "PluginClient.h"
+#include "PluginView.h"
 #include "Presentation.h"
 #include "TavCall.h"
 #include "TavJsonText.h"
@@ -114,9 +114,8 @@ void callOperation(const CallOptions &options)
                                "returns whatever the memory holds until its setter has been called, and the plugin "
                                "is loaded afresh");
         }
-        const PluginClient client(options.pluginFile);
-        const STObjectKey key = tavManagerKey(options.manager.toUtf8().constData());
-        printValue(call(TavGlobalInfoMgr::getObjectMgr()->getObject(key)));
+        TavPluginHost host = loadPlugin(options.pluginFile);
+        printValue(call(host.managerObject(options.manager.toUtf8().constData())));
     } catch (const TavCallError &error) {
         throw ToolError(ExitCode::Usage, options.manager + ' ' + options.operation + ": " + error.what());
     }

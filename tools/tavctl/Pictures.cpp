@@ -21,9 +21,9 @@ QString sizeText(const QSize &size)
 
 QVector<IconPicture> loadIconPictures()
 {
-    auto &cache = *tavObject<ITavPicResourceMgr>("ITavPicResourceMgr");
+    auto &cache = *tavObject<ITavPicResourceMgr>();
     const QDir root(TavCommonUtils::pathInSystemRoot("/opt/tavsec/pictures"));
-    const QVector<TavFuncTypeData_> functions = tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr")->getFuncInfos();
+    const QVector<TavFuncTypeData_> functions = tavObject<ITavFuncTypeMgr>()->getFuncInfos();
     QStringList icons;
     for (const TavFuncTypeData_ &function : functions) {
         icons.append(function.funcIcon);

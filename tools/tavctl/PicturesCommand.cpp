@@ -2,7 +2,7 @@
 
 #include "ITavPicResourceMgr.h"
 #include "PictureCheck.h"
-#include "PluginClient.h"
+#include "PluginView.h"
 #include "Presentation.h"
 #include "TavObjectMgr.h"
 #include "TextTable.h"
@@ -41,7 +41,7 @@ QStringList existingDirectories(const QStringList &names)
 
 HeldPictures load(const QStringList &directories, const QVector<PictureFile> &files)
 {
-    auto &cache = *tavObject<ITavPicResourceMgr>("ITavPicResourceMgr");
+    auto &cache = *tavObject<ITavPicResourceMgr>();
     for (const QString &directory : directories) {
         cache.appendPicResourcePath(directory);
     }
@@ -109,7 +109,7 @@ ExitCode showPictures(const CheckOptions &options)
     const QStringList directories = existingDirectories(options.directories);
     const PictureFiles files = listPictures(directories);
     const Findings findings = checkPictures(files);
-    const PluginClient client(options.pluginFile);
+    const TavPluginHost host = loadPlugin(options.pluginFile);
     const HeldPictures pictures = load(directories, files.files);
     if (options.json) {
         printJson(

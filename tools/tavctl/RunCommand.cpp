@@ -5,7 +5,7 @@
 #include "Navigation.h"
 #include "PageView.h"
 #include "Pictures.h"
-#include "PluginClient.h"
+#include "PluginView.h"
 #include "Presentation.h"
 #include "TavObjectMgr.h"
 #include "ToolError.h"
@@ -21,7 +21,7 @@ constexpr int mostRows = 8;
 
 QVector<TavSubFuncTypeData_> pages()
 {
-    return tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr")->getSubFuncInfo();
+    return tavObject<ITavFuncTypeMgr>()->getSubFuncInfo();
 }
 
 TavSubFuncTypeData_ pageWithKey(const QString &key)
@@ -62,10 +62,10 @@ void showPage(const RunOptions &options)
     }
 }
 
-void printEverything(const PluginClient &client)
+void printEverything(const TavPluginHost &host)
 {
-    client.printPlugin();
-    client.printRegistry();
+    printPlugin(host);
+    printRegistry(host);
     printNavigation(navigationTree());
     printPictures(loadIconPictures());
     printDeliveries(walkPages());
@@ -77,10 +77,10 @@ void printEverything(const PluginClient &client)
     printEdits(makeEdits());
 }
 
-void printEverythingAsJson(const PluginClient &client)
+void printEverythingAsJson(const TavPluginHost &host)
 {
-    QJsonObject document{{"plugin", client.pluginJson()},
-                         {"registry", client.registryJson()},
+    QJsonObject document{{"plugin", pluginJson(host)},
+                         {"registry", registryJson(host)},
                          {"navigation", navigationJson(navigationTree())},
                          {"pictures", picturesJson(loadIconPictures())},
                          {"deliveries", deliveriesJson(walkPages())},
@@ -98,25 +98,25 @@ void printEverythingAsJson(const PluginClient &client)
 
 void showRegistry(const RunOptions &options)
 {
-    const PluginClient client(options.pluginFile);
+    const TavPluginHost host = loadPlugin(options.pluginFile);
     if (options.json) {
-        printJson({{"plugin", client.pluginJson()}, {"registry", client.registryJson()}});
+        printJson({{"plugin", pluginJson(host)}, {"registry", registryJson(host)}});
     } else {
-        client.printPlugin();
-        client.printRegistry();
+        printPlugin(host);
+        printRegistry(host);
     }
 }
 
 void run(const RunOptions &options)
 {
     TavGlobalInfoMgr::getInstance()->setSystemRoot(options.systemRoot);
-    const PluginClient client(options.pluginFile);
+    const TavPluginHost host = loadPlugin(options.pluginFile);
     loadCatalogue();
     if (!options.page.isEmpty()) {
         showPage(options);
     } else if (options.json) {
-        printEverythingAsJson(client);
+        printEverythingAsJson(host);
     } else {
-        printEverything(client);
+        printEverything(host);
     }
 }

@@ -1,6 +1,6 @@
 #include "CheckCommandLine.h"
 #include "OperationsCommand.h"
-#include "PluginClient.h"
+#include "PluginView.h"
 #include "RunCommand.h"
 #include "TavNearestText.h"
 #include "TextTable.h"
