@@ -1,5 +1,5 @@
-#include "PluginHost.h"
 #include "SampleValue.h"
+#include "TavPluginHost.h"
 
 #include "ITavAuthInfoMgr.h"
 #include "ITavDevCtlMgr.h"
@@ -19,7 +19,7 @@ static_assert(std::is_trivially_copyable_v<STResourceInfoAsr>);
 class Holders : public testing::Test
 {
 protected:
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
 };
 
 TEST_F(Holders, AFreshSystemConfigurationIsEmpty)
@@ -72,7 +72,7 @@ TEST_F(Holders, TheResourceRecordIsCopiedToItsLastByte)
 TEST_F(Holders, EachClientRunStartsWithFreshHolders)
 {
     host.manager<ITavSystemConfigMgr>()->setServerInfo(sample<Tav::SystemConfig::SystemServerInfo>(1));
-    PluginHost second;
+    TavPluginHost second{TAV_PLUGIN_FILE};
     EXPECT_EQ(second.manager<ITavSystemConfigMgr>()->getServerInfo().ByteSizeLong(), 0u);
 }
 
