@@ -4,8 +4,8 @@
 #include "ITavDevCtlMgr.h"
 #include "ITavHostInfoMgr.h"
 #include "ITavNetControlMgr.h"
-#include "LoadedPlugin.h"
 #include "SampleMessages.h"
+#include "TavPluginHost.h"
 
 #include <QMutex>
 
@@ -48,7 +48,7 @@ template<class Manager, class T, T (Manager::*getter)(), void (Manager::*setter)
 void addAccessorRows(const std::string &kind, T (*makeValue)())
 {
     struct Fixture {
-        LoadedPlugin plugin;
+        TavPluginHost plugin{TAV_PLUGIN_FILE};
         Manager *manager = plugin.manager<Manager>();
         Bare<T> bare;
         T value;
@@ -93,7 +93,7 @@ void addListLengthRow()
 {
     addRow("get, list of 100,000 rows or 10", rounds, [] {
         const auto withRows = [](int count) {
-            const auto plugin = std::make_shared<LoadedPlugin>();
+            const auto plugin = std::make_shared<TavPluginHost>(TAV_PLUGIN_FILE);
             auto *const manager = plugin->manager<ITavNetControlMgr>();
             manager->setUIData(rowsOf(count));
             return manyCalls([=, keep = plugin] { benchmark::DoNotOptimize(manager->getUIData()); });

@@ -1,6 +1,6 @@
-#include "PluginHost.h"
 #include "SampleValue.h"
 #include "SideBySide.h"
+#include "TavPluginHost.h"
 
 #include "TavAccessControlMgr.h"
 
@@ -93,7 +93,7 @@ protected:
         mgr->updateUserDetail(key, details);
     }
 
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ITavAccessControlMgr *const mgr = host.manager<ITavAccessControlMgr>();
 };
 
@@ -313,7 +313,7 @@ protected:
         return (mgr->*GetParam().checked)();
     }
 
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ITavAccessControlMgr *const mgr = host.manager<ITavAccessControlMgr>();
 };
 
@@ -715,7 +715,7 @@ protected:
         return static_cast<qint64>(heapInUse()) - static_cast<qint64>(before);
     }
 
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ITavAccessControlMgr *const mgr = host.manager<ITavAccessControlMgr>();
 };
 

@@ -1,6 +1,6 @@
 #include "AccessorPairs.h"
-#include "PluginHost.h"
 #include "SideBySide.h"
+#include "TavPluginHost.h"
 
 #include "ITavFuncTypeMgr.h"
 #include "ITavPicResourceMgr.h"
@@ -51,7 +51,7 @@ protected:
         return pair.content(get());
     }
 
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     const AccessorPair &pair = GetParam();
     QObject *const manager = host.managerObject(pair.manager.c_str());
     const std::any valueA = pair.sample(1);
@@ -164,7 +164,7 @@ class ManagerConvention : public testing::Test
 {
 protected:
     const char *const interfaceName = qobject_interface_iid<Manager *>();
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     QObject *const object = host.managerObject(interfaceName);
     Manager *const manager = host.manager<Manager>();
 };

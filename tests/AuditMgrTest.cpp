@@ -1,5 +1,5 @@
-#include "PluginHost.h"
 #include "SampleValue.h"
+#include "TavPluginHost.h"
 
 #include "ITavAuditMgr.h"
 
@@ -33,7 +33,7 @@ Months year(int count)
 class AuditMgr : public testing::Test
 {
 protected:
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ITavAuditMgr *const mgr = host.manager<ITavAuditMgr>();
 };
 

@@ -1,6 +1,6 @@
-#include "PluginHost.h"
 #include "SampleValue.h"
 #include "SideBySide.h"
+#include "TavPluginHost.h"
 
 #include "ITavCompleteProtectMgr.h"
 
@@ -35,7 +35,7 @@ STProtoDataContainer row(int index, const char *data, bool checked = false)
 class CompleteProtectMgr : public testing::Test
 {
 protected:
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ITavCompleteProtectMgr *const mgr = host.manager<ITavCompleteProtectMgr>();
 };
 

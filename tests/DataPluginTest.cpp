@@ -3,6 +3,7 @@
 #include "ITavAuditMgr.h"
 #include "ITavAuthInfoMgr.h"
 #include "ITavCompleteProtectMgr.h"
+#include "ITavDataPlugin.h"
 #include "ITavDevCtlMgr.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavHostInfoMgr.h"
@@ -14,12 +15,13 @@
 #include "ITavProtectMgr.h"
 #include "ITavSelectFuncMgr.h"
 #include "ITavSystemConfigMgr.h"
-#include "PluginHost.h"
 #include "Program.h"
+#include "TavPluginHost.h"
 #include "TextFile.h"
 
 #include <QJsonObject>
 #include <QLibrary>
+#include <QPluginLoader>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QThread>
@@ -160,6 +162,11 @@ QObject *pluginObject()
     return QPluginLoader(QStringLiteral(TAV_PLUGIN_FILE)).instance();
 }
 
+ITavDataPlugin *dataPlugin()
+{
+    return qobject_cast<ITavDataPlugin *>(pluginObject());
+}
+
 /// What one of the binary tools prints about the plugin's file.
 std::string toolOutput(const QString &program, const QStringList &arguments)
 {
@@ -270,7 +277,7 @@ TEST_F(DataPlugin, RegistersTheFifteenManagersInTheirOrder)
 {
     RecordingRegistry registry;
     TavGlobalInfoMgr::setObjectMgr(&registry);
-    loadPlugin()->registerObj();
+    dataPlugin()->registerObj();
     expectTableRows(registry, 0, managerCount);
 }
 
@@ -278,7 +285,7 @@ TEST_F(DataPlugin, RegistersNothingForTheSystemLog)
 {
     RecordingRegistry registry;
     TavGlobalInfoMgr::setObjectMgr(&registry);
-    loadPlugin()->registerObj();
+    dataPlugin()->registerObj();
     for (const RecordingRegistry::Record &record : registry.records) {
         EXPECT_THAT(record.className, Not(HasSubstr("SystemLog")));
         EXPECT_THAT(record.key.name.toStdString(), Not(HasSubstr("SystemLog")));
@@ -289,7 +296,7 @@ TEST_F(DataPlugin, RegistersOnTheThreadThatCalls)
 {
     RecordingRegistry registry;
     TavGlobalInfoMgr::setObjectMgr(&registry);
-    ITavDataPlugin *const plugin = loadPlugin();
+    ITavDataPlugin *const plugin = dataPlugin();
     const std::unique_ptr<QThread> thread(QThread::create([&] {
         plugin->registerObj();
         expectTableRows(registry, 0, managerCount);
@@ -310,7 +317,7 @@ TEST_F(DataPlugin, AsksForTheRegistryAnewBeforeEachRegistration)
         }
     };
     TavGlobalInfoMgr::setObjectMgr(&first);
-    loadPlugin()->registerObj();
+    dataPlugin()->registerObj();
     expectTableRows(first, 0, 3);
     expectTableRows(second, 3, 12);
 }
@@ -319,8 +326,8 @@ TEST_F(DataPlugin, RegistersASecondSetWhenCalledAgain)
 {
     RecordingRegistry registry;
     TavGlobalInfoMgr::setObjectMgr(&registry);
-    loadPlugin()->registerObj();
-    loadPlugin()->registerObj();
+    dataPlugin()->registerObj();
+    dataPlugin()->registerObj();
     expectTableRows(registry, 0, 2 * managerCount);
     std::set<QObject *> objects;
     for (const RecordingRegistry::Record &record : registry.records) {
@@ -331,7 +338,7 @@ TEST_F(DataPlugin, RegistersASecondSetWhenCalledAgain)
 
 TEST_F(DataPlugin, ReachesItsManagersThroughTheClientsRegistry)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     for (const ExpectedManager &expected : expectedManagers) {
         QObject *const manager = host.managerObject(expected.interfaceName);
         ASSERT_NE(manager, nullptr) << expected.interfaceName;
@@ -343,7 +350,7 @@ TEST_F(DataPlugin, LeavesTheEndOfItsManagersToTheRegistry)
 {
     QPointer<QObject> manager;
     {
-        PluginHost host;
+        TavPluginHost host{TAV_PLUGIN_FILE};
         manager = host.managerObject("ITavAuditMgr");
         delete pluginObject();
         EXPECT_FALSE(manager.isNull());
@@ -353,7 +360,7 @@ TEST_F(DataPlugin, LeavesTheEndOfItsManagersToTheRegistry)
 
 TEST_F(DataPlugin, ManagersCastToTheirClassAndToTheirInterface)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     for (const ExpectedManager &expected : expectedManagers) {
         SCOPED_TRACE(expected.className);
         QObject *const manager = host.managerObject(expected.interfaceName);
@@ -370,7 +377,7 @@ TEST_F(DataPlugin, ManagersCastToTheirClassAndToTheirInterface)
 
 TEST_F(DataPlugin, ManagersCastToNothingElse)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     for (const ExpectedManager &expected : expectedManagers) {
         SCOPED_TRACE(expected.className);
         QObject *const manager = host.managerObject(expected.interfaceName);
@@ -390,7 +397,7 @@ TEST_F(DataPlugin, ManagersCastToNothingElse)
 
 TEST_F(DataPlugin, EveryInterfaceGivesTheManagerItself)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     for (const ExpectedManager &expected : expectedManagers) {
         QObject *const manager = host.managerObject(expected.interfaceName);
         ASSERT_NE(manager, nullptr) << expected.interfaceName;
@@ -408,7 +415,7 @@ TEST_F(DataPlugin, LoadsNoConfigurationAtRegistration)
     writeFile(root.path() + global->getAppPath().configPath + QStringLiteral("/funcTypeConfig.json"),
               QByteArray(R"([{"funcType": "Func_HostInfo"}])").toBase64());
 
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     auto *const catalogue = host.manager<ITavFuncTypeMgr>();
     auto *const items = host.manager<ITavLineScanMgr>();
     EXPECT_TRUE(catalogue->getFuncInfos().isEmpty());

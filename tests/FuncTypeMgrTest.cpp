@@ -3,8 +3,8 @@
 #include "HeldReading.h"
 #include "ITavFuncTypeMgr.h"
 #include "LogCapture.h"
-#include "PluginHost.h"
 #include "PrintQString.h"
+#include "TavPluginHost.h"
 #include "TextFile.h"
 
 #include <QJsonArray>
@@ -168,7 +168,7 @@ protected:
     /// Loads one function with one sub-function, of which only the given members are set, and returns the latter.
     std::vector<SubFuncRow> loadSubFunc(const QByteArray &members)
     {
-        PluginHost fresh;
+        TavPluginHost fresh{TAV_PLUGIN_FILE};
         auto *const freshMgr = fresh.manager<ITavFuncTypeMgr>();
         writeFile(configFile(),
                   QByteArray(R"([{"funcType": "Func_HostInfo", "subFunList": [{)" + members + "}]}]").toBase64());
@@ -189,7 +189,7 @@ protected:
 
     GlobalStateGuard guard;
     QTemporaryDir dir;
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ITavFuncTypeMgr *const mgr = host.manager<ITavFuncTypeMgr>();
 };
 }
@@ -356,7 +356,7 @@ TEST_F(FuncTypeMgr, HidesNestedFunctionsBehindAnySubFunctionList)
 {
     for (const char *const subFunList : {"[]", "null", "{}", "\"text\"", "7", "false"}) {
         SCOPED_TRACE(subFunList);
-        PluginHost fresh;
+        TavPluginHost fresh{TAV_PLUGIN_FILE};
         auto *const freshMgr = fresh.manager<ITavFuncTypeMgr>();
         const QByteArray json = QByteArray(R"([{"funcType": "Func_HostInfo", "funcTitle": "top", "subFunList": )")
             + subFunList + R"(, "funcList": [{"funcType": "Func_SystemAudit"}]}])";
@@ -425,7 +425,7 @@ TEST_F(FuncTypeMgr, FunctionTypeIsMinusOneWhenItsKeyIsUnknown)
          {"\"Func_Nowhere\"", "\"func_hostinfo\"", "\"HostInfo\"", "\"\"", "\" Func_HostInfo\"", "\"SubFunc_LogAudit\"",
           "1", "null", "true", "[\"Func_HostInfo\"]", "{}"}) {
         SCOPED_TRACE(type);
-        PluginHost fresh;
+        TavPluginHost fresh{TAV_PLUGIN_FILE};
         auto *const freshMgr = fresh.manager<ITavFuncTypeMgr>();
         writeFile(configFile(), QByteArray(QByteArray("[{\"funcType\": ") + type + "}]").toBase64());
         freshMgr->loadConfig();
@@ -466,7 +466,7 @@ TEST_F(FuncTypeMgr, TakesTextsOfAnotherTypeForEmpty)
 {
     for (const char *const value : {"7", "null", "true", "[\"x\"]", R"({"x": "y"})"}) {
         SCOPED_TRACE(value);
-        PluginHost fresh;
+        TavPluginHost fresh{TAV_PLUGIN_FILE};
         auto *const freshMgr = fresh.manager<ITavFuncTypeMgr>();
         const QByteArray json = QByteArray(R"([{"funcType": "Func_HostInfo", "funcTitle": X, "funcIcon": X,
             "usrList": X, "subFunList": [{"subFuncTitile": X, "subFuncClassName": X, "subFuncHelp": X}]}])")

@@ -1,5 +1,5 @@
-#include "PluginHost.h"
 #include "SampleValue.h"
+#include "TavPluginHost.h"
 
 #include "ITavAuthInfoMgr.h"
 #include "ITavDevCtlMgr.h"
@@ -43,7 +43,7 @@ void operator delete(void *place, std::size_t) noexcept
 class Holders : public testing::Test
 {
 protected:
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
 };
 
 TEST_F(Holders, AFreshSystemConfigurationIsEmpty)
@@ -102,7 +102,7 @@ TEST_F(Holders, TheResourceRecordIsLeftAsTheMemoryWasUntilItIsSet)
 TEST_F(Holders, EachClientRunStartsWithFreshHolders)
 {
     host.manager<ITavSystemConfigMgr>()->setServerInfo(sample<Tav::SystemConfig::SystemServerInfo>(1));
-    PluginHost second;
+    TavPluginHost second{TAV_PLUGIN_FILE};
     EXPECT_EQ(second.manager<ITavSystemConfigMgr>()->getServerInfo().ByteSizeLong(), 0u);
 }
 

@@ -4,8 +4,8 @@
 #include "GlobalStateGuard.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavLineScanMgr.h"
-#include "PluginHost.h"
 #include "SpecialFile.h"
+#include "TavPluginHost.h"
 #include "TextFile.h"
 
 #include <QTemporaryDir>
@@ -100,7 +100,7 @@ protected:
     const GlobalStateGuard m_state;
     const Deadline m_deadline;
     const QTemporaryDir m_root;
-    PluginHost m_host;
+    TavPluginHost m_host{TAV_PLUGIN_FILE};
     ITavFuncTypeMgr &catalogue = *m_host.manager<ITavFuncTypeMgr>();
     ITavLineScanMgr &baseline = *m_host.manager<ITavLineScanMgr>();
 };
@@ -389,7 +389,7 @@ TEST_F(HostileInput, NumbersBeyondTheirRangeReadAsZero)
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(row.number);
-        PluginHost host;
+        TavPluginHost host{TAV_PLUGIN_FILE};
         auto &fresh = *host.manager<ITavLineScanMgr>();
         writeFile(baselinePath(),
                   "{\"enableConfig\":[{\"type\":" + QByteArray(row.number) + "},{\"itemId\":" + row.number

@@ -2,9 +2,9 @@
 #include "ChildProcess.h"
 #include "Deadline.h"
 #include "ITavPicResourceMgr.h"
-#include "PluginHost.h"
 #include "PngBytes.h"
 #include "SpecialFile.h"
+#include "TavPluginHost.h"
 #include "TextFile.h"
 
 #include <QTemporaryDir>
@@ -81,7 +81,7 @@ protected:
 
     const Deadline m_deadline;
     const QTemporaryDir m_root;
-    PluginHost m_host;
+    TavPluginHost m_host{TAV_PLUGIN_FILE};
     ITavPicResourceMgr &pictures = *m_host.manager<ITavPicResourceMgr>();
 };
 }

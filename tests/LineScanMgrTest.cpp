@@ -2,8 +2,8 @@
 #include "GlobalStateGuard.h"
 #include "HeldReading.h"
 #include "ITavLineScanMgr.h"
-#include "PluginHost.h"
 #include "PrintQString.h"
+#include "TavPluginHost.h"
 #include "TextFile.h"
 
 #include <QTemporaryDir>
@@ -107,7 +107,7 @@ protected:
     /// The item that a fresh manager holds under @p id after loading these alone.
     ItemRow itemOfFresh(const QByteArray &items, int id)
     {
-        PluginHost fresh;
+        TavPluginHost fresh{TAV_PLUGIN_FILE};
         auto *const freshMgr = fresh.manager<ITavLineScanMgr>();
         writeFile(configFile(), R"({"enableConfig": [)" + items + "]}");
         freshMgr->loadJsonConfig();
@@ -116,7 +116,7 @@ protected:
 
     GlobalStateGuard guard;
     QTemporaryDir root;
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ITavLineScanMgr *const mgr = host.manager<ITavLineScanMgr>();
 };
 

@@ -1,4 +1,4 @@
-#include "PluginHost.h"
+#include "TavPluginHost.h"
 
 #include "AccessReader.h"
 #include "AccountReader.h"
@@ -1026,7 +1026,7 @@ const AgentReading &readingOf(const AgentReport &report, const char *name)
 
 TEST(LocalAgent, TheManagersHoldWhatItReports)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     TavGlobalInfoMgr::getInstance()->setSystemRoot(QStringLiteral(TAV_SOURCE_DIR "/share/demo"));
     LocalAgent agent;
     const AgentReport report = agent.feedAndWait(patience);
@@ -1125,7 +1125,7 @@ TEST(LocalAgent, TheManagersHoldWhatItReports)
 
 TEST(LocalAgent, FeedsOnItsOwnThread)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ThreadWitness witness;
     // Of two objects under one key the newest is found: the witness stands before the real manager.
     TavGlobalInfoMgr::getObjectMgr()->registerObject(tavManagerKey("ITavHostInfoMgr"), &witness, false);
@@ -1138,7 +1138,7 @@ TEST(LocalAgent, FeedsOnItsOwnThread)
 
 TEST(LocalAgent, AnEmptyHostGivesNotesAndNoEntries)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     const Tree tree;
     LocalAgent agent(tree.root());
     const AgentReport report = agent.feedAndWait(patience);
@@ -1172,7 +1172,7 @@ TEST(LocalAgent, ManagersThatAreNotThereAreReported)
 
 TEST(LocalAgent, TellsWhenItHasFinished)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     const Tree tree;
     LocalAgent agent(tree.root());
     QEventLoop loop;
@@ -1192,7 +1192,7 @@ TEST(LocalAgent, TellsWhenItHasFinished)
 
 TEST(LocalAgent, ADeadlineGivesAnIncompleteReport)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     LocalAgent agent;
     EXPECT_FALSE(agent.feedAndWait(0).complete);
 }

@@ -1,5 +1,5 @@
 #include "AccessorPairs.h"
-#include "PluginHost.h"
+#include "TavPluginHost.h"
 
 #include "ITavFuncTypeMgr.h"
 #include "TavGlobalInfoMgr.h"
@@ -169,7 +169,7 @@ QMutex *mutexOf(const std::string &interfaceName, QObject *manager)
 class Locking : public testing::TestWithParam<Operation>
 {
 protected:
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     QObject *const manager = host.managerObject(GetParam().manager.c_str());
 };
 
@@ -187,7 +187,7 @@ TEST_P(Locking, TakesTheMutexOfItsManagerOnceAndGivesItBack)
 
 TEST(LockingOf, ReversingADeviceTakesTheMutexOnceAndGivesItBack)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     auto *const mgr = host.manager<ITavNetControlMgr>();
     mgr->setDeviceInfo(SampleValue::sample<Tav::NetControl::NetDeviceInfos>(1));
     const LockLog log = locksOf([mgr] { mgr->reverseDeviceState(0); });
@@ -197,14 +197,14 @@ TEST(LockingOf, ReversingADeviceTakesTheMutexOnceAndGivesItBack)
 
 TEST(LockingOf, GetObjectTakesNoMutex)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     auto *const mgr = host.manager<ITavAccessControlMgr>();
     EXPECT_THAT(locksOf([mgr] { mgr->getObject(); }).taken, testing::IsEmpty());
 }
 
 TEST(LockingOf, NoTwoManagersShareAMutex)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     std::vector<QMutex *> mutexes;
     std::string last;
     for (const AccessorPair &pair : allPairs()) {
@@ -220,7 +220,7 @@ TEST(LockingOf, NoTwoManagersShareAMutex)
 
 TEST(LockingOf, OnlyTheMutexesOfThreeManagersAreRecursive)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     std::set<std::string> recursive;
     auto *const catalogue = host.manager<ITavFuncTypeMgr>();
     const LockLog log = locksOf([catalogue] { catalogue->getFuncInfos(); });

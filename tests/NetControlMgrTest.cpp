@@ -1,6 +1,6 @@
-#include "PluginHost.h"
 #include "SampleValue.h"
 #include "SideBySide.h"
+#include "TavPluginHost.h"
 
 #include "ITavNetControlMgr.h"
 
@@ -49,7 +49,7 @@ protected:
         return states;
     }
 
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ITavNetControlMgr *const mgr = host.manager<ITavNetControlMgr>();
 };
 

@@ -1,5 +1,5 @@
-#include "PluginHost.h"
 #include "SampleValue.h"
+#include "TavPluginHost.h"
 
 #include "ITavOneReinforceMgr.h"
 
@@ -20,7 +20,7 @@ STStateInfo line(const char *item, const char *state)
 class OneReinforceMgr : public testing::Test
 {
 protected:
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ITavOneReinforceMgr *const mgr = host.manager<ITavOneReinforceMgr>();
 };
 

@@ -1,7 +1,7 @@
 #include "ChildProcess.h"
 #include "GlobalStateGuard.h"
 #include "ITavPicResourceMgr.h"
-#include "PluginHost.h"
+#include "TavPluginHost.h"
 #include "TextFile.h"
 
 #include <QDir>
@@ -108,7 +108,7 @@ protected:
 
     GlobalStateGuard guard;
     QTemporaryDir root;
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ITavPicResourceMgr *const mgr = host.manager<ITavPicResourceMgr>();
 };
 }
@@ -477,7 +477,7 @@ TEST_F(PicResourceMgr, LeavesImagesThatAreHeldAliveWhenItEnds)
     writePicture("icons/ok.png", red);
     std::shared_ptr<QImage> held;
     {
-        PluginHost ending;
+        TavPluginHost ending{TAV_PLUGIN_FILE};
         auto *const endingMgr = ending.manager<ITavPicResourceMgr>();
         endingMgr->appendPicResourcePath(path("icons"));
         held = endingMgr->getImageRef(QStringLiteral("icons"), QStringLiteral("ok"));

@@ -1,6 +1,6 @@
-#include "PluginHost.h"
 #include "SampleValue.h"
 #include "SideBySide.h"
+#include "TavPluginHost.h"
 
 #include "ITavProExceptionMgr.h"
 
@@ -23,7 +23,7 @@ STProtoDataContainer row(int index, const char *data, bool checked = false)
 class ProExceptionMgr : public testing::Test
 {
 protected:
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ITavProExceptionMgr *const mgr = host.manager<ITavProExceptionMgr>();
 };
 

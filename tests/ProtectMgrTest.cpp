@@ -1,6 +1,6 @@
-#include "PluginHost.h"
 #include "SampleValue.h"
 #include "SideBySide.h"
+#include "TavPluginHost.h"
 
 #include "ITavProtectMgr.h"
 
@@ -33,7 +33,7 @@ STSystemProUIData row(bool checked, const char *title, const char *key, const ch
 class ProtectMgr : public testing::Test
 {
 protected:
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ITavProtectMgr *const mgr = host.manager<ITavProtectMgr>();
 };
 

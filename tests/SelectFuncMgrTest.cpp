@@ -3,8 +3,8 @@
 #include "GlobalStateGuard.h"
 #include "ITavSelectFuncMgr.h"
 #include "LoopThread.h"
-#include "PluginHost.h"
 #include "TavEvents.h"
+#include "TavPluginHost.h"
 
 #include <QCoreApplication>
 #include <QThread>
@@ -101,7 +101,7 @@ protected:
     }
 
     GlobalStateGuard guard;
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ITavSelectFuncMgr *const mgr = host.manager<ITavSelectFuncMgr>();
 };
 }

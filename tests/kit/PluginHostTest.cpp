@@ -111,11 +111,10 @@ constexpr int byteOrderAt = 5;
 constexpr int typeAt = 16;
 constexpr int machineAt = 18;
 constexpr int x86 = 3;
-constexpr int x86_64 = 62;
 constexpr int aarch64 = 183;
 
 #ifdef __aarch64__
-constexpr int otherMachine = x86_64;
+constexpr int otherMachine = 62;
 const QString ownName("AArch64");
 const QString otherName("x86-64");
 #else

@@ -33,7 +33,7 @@ void makeOwn(QVector<T> &list)
 
 /// What is read is one of the values set, to the last byte.
 template<class Manager, class Value>
-Contest contest(PluginHost &host, const char *name, void (Manager::*set)(const Value &), Value (Manager::*get)())
+Contest contest(TavPluginHost &host, const char *name, void (Manager::*set)(const Value &), Value (Manager::*get)())
 {
     Manager *const manager = host.manager<Manager>();
     std::vector<Value> samples;
@@ -60,7 +60,7 @@ Contest contest(PluginHost &host, const char *name, void (Manager::*set)(const V
 }
 }
 
-std::vector<Contest> Contests::heldValues(PluginHost &host)
+std::vector<Contest> Contests::heldValues(TavPluginHost &host)
 {
     using AccessControl = ITavAccessControlMgr;
     using Audit = ITavAuditMgr;
