@@ -1,5 +1,5 @@
 #include "MemberName.h"
-#include "TavFields.h"
+#include "TavFieldValues.h"
 
 #include <gtest/gtest.h>
 
@@ -14,15 +14,38 @@ TEST(Fields, BearTheNamesOfTheirMembers)
 TEST(Fields, HaveTheKindOfTheirTypeUnlessTheTableNamesAnother)
 {
     using TavFields::Kind;
-    const auto &[level, labels, extraFlag, checked] = TavFields::Table<STAccessSetUIData>::list;
-    EXPECT_EQ(level.kind, Kind::Number);
-    EXPECT_EQ(labels.kind, Kind::Texts);
-    EXPECT_EQ(extraFlag.kind, Kind::Flag);
-    EXPECT_EQ(checked.kind, Kind::CheckMark);
-    EXPECT_EQ(std::get<2>(TavFields::Table<STProtoDataContainer>::list).kind, Kind::Bytes);
-    EXPECT_EQ(std::get<2>(TavFields::Table<TavFuncTypeData_>::list).kind, Kind::Enumeration);
-    EXPECT_EQ(std::get<0>(TavFields::Table<STStaticCurPathAsr>::list).kind, Kind::Text);
-    EXPECT_EQ(std::get<0>(TavFields::Table<STStaticCurPathAsr>::list).bufferSize, TavTextLimits::Path);
+    EXPECT_EQ(TavFields::fieldOf<&STAccessSetUIData::level>().kind, Kind::Number);
+    EXPECT_EQ(TavFields::fieldOf<&STAccessSetUIData::labels>().kind, Kind::Texts);
+    EXPECT_EQ(TavFields::fieldOf<&STAccessSetUIData::extraFlag>().kind, Kind::Flag);
+    EXPECT_EQ(TavFields::fieldOf<&STAccessSetUIData::checked>().kind, Kind::CheckMark);
+    EXPECT_EQ(TavFields::fieldOf<&STProtoDataContainer::protoData>().kind, Kind::Bytes);
+    EXPECT_EQ(TavFields::fieldOf<&TavFuncTypeData_::funcType>().kind, Kind::Enumeration);
+    EXPECT_EQ(TavFields::fieldOf<&STStaticCurPathAsr::path>().kind, Kind::Text);
+    EXPECT_EQ(TavFields::fieldOf<&STStaticCurPathAsr::path>().bufferSize, TavTextLimits::Path);
+}
+
+TEST(Fields, AreReadFromARecord)
+{
+    STProProtectContentAsr process{};
+    process.startTime = 5;
+    std::memset(process.name, 'x', sizeof(process.name)); // without NUL
+    std::strcpy(process.path, "路径");
+    EXPECT_EQ(TavFields::valueOf(TavFields::fieldOf<&STProProtectContentAsr::startTime>(), process), QVariant(5));
+    EXPECT_EQ(TavFields::valueOf(TavFields::fieldOf<&STProProtectContentAsr::name>(), process),
+              QVariant(QString(16, 'x')));
+    EXPECT_EQ(TavFields::valueOf(TavFields::fieldOf<&STProProtectContentAsr::path>(), process), QVariant("路径"));
+
+    const STAccessSetUIData level{7, {"a", "b"}, false, true};
+    QVariantList values;
+    QStringList names;
+    for (const auto &field : TavFields::fieldsOf<STAccessSetUIData>()) {
+        names.append(field.name);
+        values.append(field.value(level));
+    }
+    EXPECT_EQ(names, QStringList({"level", "labels", "extraFlag", "checked"}));
+    EXPECT_EQ(values, QVariantList({7, QStringList{"a", "b"}, false, true}));
+    const STProtoDataContainer row{true, 1, std::string("\0\xff", 2)};
+    EXPECT_EQ(TavFields::fieldsOf<STProtoDataContainer>().last().value(row), QVariant(QByteArray("\0\xff", 2)));
 }
 
 TEST(Fields, HaveAUnitWhereTheirKindIsAMeasure)
