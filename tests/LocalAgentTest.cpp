@@ -3,6 +3,7 @@
 #include "AccessReader.h"
 #include "AccountReader.h"
 #include "AuditReader.h"
+#include "BaselineList.h"
 #include "BaselineReader.h"
 #include "DirectoryReader.h"
 #include "HostFile.h"
@@ -966,7 +967,7 @@ TEST(BaselineReader, FindsTheFaultsOfTheConfiguration)
         {"itemId": 1, "name": "a", "standardValue": "b", "checkValueScript": "/none.sh", "type": 1},
         {"itemId": 1, "name": 5, "standardValue": "b", "checkValueScript": "/none.sh"}]})")
                                    .object();
-    EXPECT_THAT(BaselineReader::itemIds(config), ElementsAre(1));
+    EXPECT_THAT(BaselineList::idsOf(config), ElementsAre(1));
     const auto faults = BaselineReader::faultsOf(config, [](int) { return STBLEnableConfig(); });
     ASSERT_EQ(faults.items_size(), 4);
     EXPECT_EQ(faults.items(0).code(), 3);

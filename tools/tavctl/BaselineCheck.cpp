@@ -1,9 +1,11 @@
 #include "BaselineCheck.h"
 
+#include "BaselineList.h"
+#include "BaselineScript.h"
+#include "InstallationPaths.h"
 #include "SchemaCheck.h"
 #include "TavCommonUtils.h"
 
-#include <QFileInfo>
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -17,11 +19,11 @@ Findings checkIds(const QJsonArray &items)
 {
     QHash<int, QString> winners;
     for (int i = 0; i < items.size(); ++i) {
-        winners.insert(items[i]["itemId"].toInt(), "/enableConfig/" + QString::number(i));
+        winners.insert(BaselineList::idOf(items[i]), "/enableConfig/" + QString::number(i));
     }
     Findings findings;
     for (int i = 0; i < items.size(); ++i) {
-        const int id = items[i]["itemId"].toInt();
+        const int id = BaselineList::idOf(items[i]);
         const QString path = "/enableConfig/" + QString::number(i);
         if (winners[id] != path) {
             findings.append(
@@ -39,20 +41,20 @@ Findings checkIds(const QJsonArray &items)
 /// Why the script that an item names so cannot be run, and what to do; two empty texts when it can.
 QPair<QString, QString> scriptFault(const QString &name)
 {
-    const QString script = TavCommonUtils::pathInSystemRoot("/opt/tavsec/script/baselineScript" + name);
-    constexpr auto executable = QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
-    const QFileInfo file(script);
-    if (name.contains(QChar::Null) || !file.exists()) { // no file has such a name, and Qt would complain
-        return {"there is no script \"" + script + '"',
+    const QString path = InstallationPaths::scripts() + name;
+    const QString script = '"' + TavCommonUtils::pathInSystemRoot(path) + '"';
+    switch (scriptState(path)) {
+    case ScriptState::Runnable:
+        return {};
+    case ScriptState::Missing:
+        return {"there is no script " + script,
                 std::any_of(name.begin(), name.end(), [](QChar character) { return character.isSpace(); })
                     ? "put the script there, or correct its name: a blank is part of it, and arguments cannot be given"
                     : "put the script there, or correct its name"};
-    }
-    if (!file.isFile()) {
-        return {'"' + script + "\" is not a regular file", "name a script"};
-    }
-    if (!(file.permissions() & executable)) {
-        return {'"' + script + "\" is not executable", "make it executable with \"chmod +x\""};
+    case ScriptState::NotAFile:
+        return {script + " is not a regular file", "name a script"};
+    case ScriptState::NotExecutable:
+        return {script + " is not executable", "make it executable with \"chmod +x\""};
     }
     return {};
 }
@@ -90,7 +92,7 @@ Findings checkBaseline(const QString &file, const QByteArray &content)
                  "the plugin loads no check item",
                  "correct the text"}};
     }
-    const QJsonArray items = text.document()["enableConfig"].toArray();
+    const QJsonArray items = BaselineList::itemsOf(text.document().toObject());
     return located(checkAgainstSchema("baseline.schema.json", text.document()) + checkIds(items) + checkScripts(items),
                    file, text);
 }

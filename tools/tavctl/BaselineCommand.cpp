@@ -1,11 +1,11 @@
 #include "BaselineCommand.h"
 
 #include "BaselineCheck.h"
+#include "BaselineList.h"
 #include "InstallationPaths.h"
 #include "ITavLineScanMgr.h"
 #include "PluginClient.h"
 #include "Presentation.h"
-#include "TavCommonUtils.h"
 #include "TavGlobalInfoMgr.h"
 #include "TavObjectMgr.h"
 #include "TemporaryRoot.h"
@@ -16,16 +16,14 @@
 
 namespace
 {
-/// The items that the plugin holds, by id. It answers for one id only, so the file says which there are.
+/// The items that the plugin holds, by id.
 QMap<int, STBLEnableConfig> itemsHeld()
 {
     auto &model = *tavObject<ITavLineScanMgr>("ITavLineScanMgr");
     model.loadJsonConfig();
     QMap<int, STBLEnableConfig> items;
-    const QJsonArray elements
-        = TavCommonUtils::readJsonFromFile(InstallationPaths::baseline())["enableConfig"].toArray();
-    for (const QJsonValue &element : elements) {
-        const int id = element["itemId"].toInt();
+    const QVector<int> ids = BaselineList::idsOf(BaselineList::read());
+    for (const int id : ids) {
         items.insert(id, model.getItemConfig(id));
     }
     return items;

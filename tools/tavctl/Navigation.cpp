@@ -1,5 +1,6 @@
 #include "Navigation.h"
 
+#include "InstallationPaths.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavSelectFuncMgr.h"
 #include "Presentation.h"
@@ -162,9 +163,7 @@ bool waitFor(const std::function<bool()> &done)
 void loadCatalogue()
 {
     auto *const catalogue = tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr");
-    const QString configured
-        = TavGlobalInfoMgr::getInstance()->getAppPath().configPath + QLatin1String("/funcTypeConfig.json");
-    const QString file = TavCommonUtils::pathInSystemRoot(configured);
+    const QString file = TavCommonUtils::pathInSystemRoot(InstallationPaths::catalogue());
     catalogue->loadConfig();
     if (!catalogue->getSubFuncInfo().isEmpty()) {
         return;

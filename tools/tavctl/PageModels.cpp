@@ -1,5 +1,6 @@
 #include "PageView.h"
 
+#include "BaselineList.h"
 #include "ITavAccessControlMgr.h"
 #include "ITavAuditMgr.h"
 #include "ITavAuthInfoMgr.h"
@@ -13,11 +14,7 @@
 #include "ITavProtectMgr.h"
 #include "ITavSystemConfigMgr.h"
 #include "Presentation.h"
-#include "TavCommonUtils.h"
 #include "TavObjectMgr.h"
-
-#include <QJsonArray>
-#include <QSet>
 
 namespace
 {
@@ -139,17 +136,10 @@ QVector<PageSection> hardeningPage()
 QVector<PageSection> baselinePage()
 {
     auto &model = manager<ITavLineScanMgr>();
-    // The manager tells one item by its id; the ids are in the file that it loaded.
-    const QJsonArray elements
-        = TavCommonUtils::readJsonFromFile("/etc/tavsec.d/baselineConfig/baseline.json")["enableConfig"].toArray();
     QVector<STBLEnableConfig> items;
-    QSet<int> seen;
-    for (const QJsonValue &element : elements) {
-        const int id = element["itemId"].toInt();
-        if (!seen.contains(id)) {
-            seen.insert(id);
-            items.append(model.getItemConfig(id));
-        }
+    const QVector<int> ids = BaselineList::idsOf(BaselineList::read());
+    for (const int id : ids) {
+        items.append(model.getItemConfig(id));
     }
     QVector<PageSection> sections{
         tableOf<>("Check items", items,

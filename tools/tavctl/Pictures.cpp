@@ -1,5 +1,6 @@
 #include "Pictures.h"
 
+#include "InstallationPaths.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavPicResourceMgr.h"
 #include "Presentation.h"
@@ -22,7 +23,7 @@ QString sizeText(const QSize &size)
 QVector<IconPicture> loadIconPictures()
 {
     auto &cache = *tavObject<ITavPicResourceMgr>("ITavPicResourceMgr");
-    const QDir root(TavCommonUtils::pathInSystemRoot("/opt/tavsec/pictures"));
+    const QDir root(TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures()));
     const QVector<TavFuncTypeData_> functions = tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr")->getFuncInfos();
     QStringList icons;
     for (const TavFuncTypeData_ &function : functions) {

@@ -5,9 +5,10 @@
 /// Where an installation keeps what the plugin reads, as absolute paths within the system root.
 namespace InstallationPaths
 {
-QString catalogue();
-QString baseline();
-QString pictures();
+QString catalogue(); ///< the navigation catalogue, in Base64
+QString baseline(); ///< the list of baseline check items
+QString scripts(); ///< directory of the scripts that the check items name
+QString pictures(); ///< directory of the picture directories
 
 /// The plugin that is installed below the system root, by its absolute path outside of it; empty when there is
 /// none.

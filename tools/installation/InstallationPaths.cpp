@@ -21,6 +21,11 @@ QString InstallationPaths::baseline()
     return "/etc/tavsec.d/baselineConfig/baseline.json";
 }
 
+QString InstallationPaths::scripts()
+{
+    return "/opt/tavsec/script/baselineScript";
+}
+
 QString InstallationPaths::pictures()
 {
     return "/opt/tavsec/pictures";
