@@ -2,6 +2,7 @@
 
 #include "BaselineCheck.h"
 #include "BaselineList.h"
+#include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "ITavLineScanMgr.h"
 #include "PluginClient.h"
@@ -85,6 +86,6 @@ ExitCode checkBaselineFile(const CheckOptions &options)
 {
     TavGlobalInfoMgr::getInstance()->setSystemRoot(options.systemRoot);
     const Findings findings = checkBaseline(options.file, WholeFile::read(options.file));
-    report(findings, options);
+    reportOn(options.file, findings, options.json);
     return exitCodeFor(findings);
 }

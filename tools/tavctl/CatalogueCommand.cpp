@@ -2,6 +2,7 @@
 
 #include "Base64Text.h"
 #include "CatalogueCheck.h"
+#include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "ITavFuncTypeMgr.h"
 #include "Navigation.h"
@@ -45,7 +46,7 @@ ExitCode showCatalogue(const CheckOptions &options)
 ExitCode checkCatalogueFile(const CheckOptions &options)
 {
     const Findings findings = checkCatalogue(options.file, WholeFile::read(options.file));
-    report(findings, options);
+    reportOn(options.file, findings, options.json);
     return exitCodeFor(findings);
 }
 

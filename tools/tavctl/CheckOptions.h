@@ -1,6 +1,5 @@
 #pragma once
 
-#include "Finding.h"
 #include "ToolError.h"
 
 #include <QStringList>
@@ -17,12 +16,3 @@ struct CheckOptions {
     bool lenient = false; ///< decode as the plugin does
     bool json = false; ///< print one JSON document instead of text
 };
-
-/// How a command ends that has found these.
-inline ExitCode exitCodeFor(const Findings &findings)
-{
-    return findings.isEmpty() ? ExitCode::Success : ExitCode::Findings;
-}
-
-/// Writes what a check of options.file has found.
-void report(const Findings &findings, const CheckOptions &options);

@@ -2,6 +2,7 @@
 
 #include "BaselineCheck.h"
 #include "CatalogueCheck.h"
+#include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "PictureCheck.h"
 #include "PluginCheck.h"
@@ -34,7 +35,9 @@ Part checkFile(const QString &name, const QString &path, FileCheck check, const 
     if (error.isEmpty()) {
         return {name, file, check(file, content)};
     }
-    return {name, file, {{file, {}, {}, error, effectOfNone, "put it there, or name another system root with --root"}}};
+    return {name,
+            file,
+            {Finding::ofFile(file, error, effectOfNone, "put it there, or name another system root with --root")}};
 }
 
 /// Pictures that lie beside the picture directories.
@@ -43,13 +46,11 @@ Findings checkStrayPictures(const QDir &pictures)
     Findings findings;
     const QFileInfoList files = pictures.entryInfoList({"*.png"}, QDir::Files, QDir::Name);
     for (const QFileInfo &file : files) {
-        findings.append({file.filePath(),
-                         {},
-                         {},
-                         "a picture outside of every picture directory",
-                         QString("the plugin holds it only for a client that loads %1 itself, under the key %2/%3")
-                             .arg(pictures.path(), pictures.dirName().toUpper(), file.baseName().toUpper()),
-                         "move it into a picture directory"});
+        findings.append(
+            Finding::ofFile(file.filePath(), "a picture outside of every picture directory",
+                            QString("the plugin holds it only for a client that loads %1 itself, under the key %2/%3")
+                                .arg(pictures.path(), pictures.dirName().toUpper(), file.baseName().toUpper()),
+                            "move it into a picture directory"));
     }
     return findings;
 }
@@ -60,12 +61,10 @@ Part checkPictureDirectories()
     const QDir directory(path);
     const QStringList names = directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
     if (names.isEmpty()) {
-        const Findings none{{path,
-                             {},
-                             {},
-                             directory.exists() ? "there is no directory in it" : "there is no such directory",
-                             "the pages have no pictures",
-                             "put the picture directories there, or name another system root with --root"}};
+        const Findings none{
+            Finding::ofFile(path, directory.exists() ? "there is no directory in it" : "there is no such directory",
+                            "the pages have no pictures",
+                            "put the picture directories there, or name another system root with --root")};
         return {"pictures", path, none + checkStrayPictures(directory)};
     }
     QStringList directories;
@@ -109,7 +108,7 @@ void print(const QVector<Part> &parts, const Plugin &chosen, const PluginFacts &
                                 .arg(chosen.origin.isEmpty() ? QString() : chosen.origin + ": ", plugin.identifier,
                                      plugin.qtVersion, plugin.machine)));
     }
-    printFindingsWithHeading(findings);
+    printFindings(findings);
     printLine(summaryOf(parts, findings));
 }
 

@@ -1,5 +1,6 @@
 #include "PicturesCommand.h"
 
+#include "FindingReport.h"
 #include "ITavPicResourceMgr.h"
 #include "PictureCheck.h"
 #include "PluginClient.h"
@@ -116,7 +117,7 @@ ExitCode showPictures(const CheckOptions &options)
             {{"pictures", picturesJson(pictures)}, {"bytes", bytesOf(pictures)}, {"findings", findingsJson(findings)}});
     } else {
         printPictures(pictures);
-        printFindingsWithHeading(findings);
+        printFindings(findings);
         printLine(countText(findings));
     }
     return exitCodeFor(findings);

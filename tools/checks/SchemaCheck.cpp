@@ -231,7 +231,7 @@ private:
 
     void add(const QString &path, const QString &problem, const QJsonValue &effect, const QString &advice)
     {
-        m_findings.append({{}, {}, path, problem, effect.toString(), advice});
+        m_findings.append(Finding::ofValue(path, problem, effect.toString(), advice));
     }
 
     QJsonObject m_schema;
@@ -241,6 +241,7 @@ private:
 
 Findings checkAgainstSchema(const QString &schemaName, const QJsonValue &document)
 {
+    Q_INIT_RESOURCE(schemas); // which a static library does not do by itself
     QFile file(":/schemas/" + schemaName);
     file.open(QIODevice::ReadOnly);
     const QJsonObject schema = QJsonDocument::fromJson(file.readAll()).object();

@@ -26,13 +26,11 @@ Findings checkIds(const QJsonArray &items)
         const int id = BaselineList::idOf(items[i]);
         const QString path = "/enableConfig/" + QString::number(i);
         if (winners[id] != path) {
-            findings.append(
-                {{},
-                 {},
-                 items[i].toObject().contains("itemId") ? path + "/itemId" : path,
-                 QString("the plugin reads the id %1 also from %2").arg(id).arg(winners[id]),
-                 QString("this item is overwritten by %2, which getItemConfig(%1) gives").arg(id).arg(winners[id]),
-                 "write another id in one of them"});
+            findings.append(Finding::ofValue(
+                items[i].toObject().contains("itemId") ? path + "/itemId" : path,
+                QString("the plugin reads the id %1 also from %2").arg(id).arg(winners[id]),
+                QString("this item is overwritten by %2, which getItemConfig(%1) gives").arg(id).arg(winners[id]),
+                "write another id in one of them"));
         }
     }
     return findings;
@@ -69,12 +67,8 @@ Findings checkScripts(const QJsonArray &items)
         }
         const auto [problem, advice] = scriptFault(value);
         if (!problem.isEmpty()) {
-            findings.append({{},
-                             {},
-                             QString("/enableConfig/%1/checkValueScript").arg(i),
-                             problem,
-                             "the plugin hands its path out, but the item cannot be checked",
-                             advice});
+            findings.append(Finding::ofValue(QString("/enableConfig/%1/checkValueScript").arg(i), problem,
+                                             "the plugin hands its path out, but the item cannot be checked", advice));
         }
     }
     return findings;
@@ -85,12 +79,8 @@ Findings checkBaseline(const QString &file, const QByteArray &content)
 {
     const JsonText text(content);
     if (!text.error().isEmpty()) {
-        return {{file,
-                 text.errorPlace(),
-                 {},
-                 "not JSON: " + text.error(),
-                 "the plugin loads no check item",
-                 "correct the text"}};
+        return {Finding::atPlace(file, text.errorPlace(), "not JSON: " + text.error(), "the plugin loads no check item",
+                                 "correct the text")};
     }
     const QJsonArray items = BaselineList::itemsOf(text.document().toObject());
     return located(checkAgainstSchema("baseline.schema.json", text.document()) + checkIds(items) + checkScripts(items),

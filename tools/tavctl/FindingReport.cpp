@@ -1,12 +1,9 @@
-#include "Finding.h"
+#include "FindingReport.h"
 
 #include "Presentation.h"
 #include "TextTable.h"
 
 #include <QJsonObject>
-
-#include <algorithm>
-#include <tuple>
 
 namespace
 {
@@ -22,30 +19,8 @@ QString shortened(const QString &path)
     }
     return keys.join('/');
 }
-}
 
-Findings located(Findings findings, const QString &file, const JsonText &text)
-{
-    const QSet<QString> doubled = text.doubledKeys();
-    for (const QString &path : doubled) {
-        findings.append({file,
-                         {},
-                         path,
-                         "the key stands more than once in its object",
-                         "the plugin reads this one alone, the last",
-                         "remove the others"});
-    }
-    for (Finding &finding : findings) {
-        finding.file = file;
-        finding.place = text.placeOf(finding.path);
-    }
-    std::stable_sort(findings.begin(), findings.end(), [](const Finding &one, const Finding &other) {
-        return std::tie(one.place.line, one.place.column) < std::tie(other.place.line, other.place.column);
-    });
-    return findings;
-}
-
-void printFindings(const Findings &findings)
+void printLines(const Findings &findings)
 {
     for (const Finding &finding : findings) {
         QString where = finding.file + (finding.decoded ? " (decoded)" : "");
@@ -60,15 +35,6 @@ void printFindings(const Findings &findings)
                   + printable(QStringList{finding.problem, finding.effect, finding.advice}.join("; ")));
     }
 }
-
-void printFindingsWithHeading(const Findings &findings)
-{
-    if (findings.isEmpty()) {
-        printLine(QString());
-    } else {
-        printHeading("Findings");
-        printFindings(findings);
-    }
 }
 
 QString countText(const Findings &findings)
@@ -97,4 +63,29 @@ QJsonArray findingsJson(const Findings &findings)
                                 {"advice", finding.advice}});
     }
     return rows;
+}
+
+void printFindings(const Findings &findings)
+{
+    if (findings.isEmpty()) {
+        printLine(QString());
+    } else {
+        printHeading("Findings");
+        printLines(findings);
+    }
+}
+
+void reportOn(const QString &file, const Findings &findings, bool json)
+{
+    if (json) {
+        printJson({{"findings", findingsJson(findings)}});
+    } else {
+        printLines(findings);
+        printLine(printable(file) + ": " + countText(findings));
+    }
+}
+
+ExitCode exitCodeFor(const Findings &findings)
+{
+    return findings.isEmpty() ? ExitCode::Success : ExitCode::Findings;
 }

@@ -39,12 +39,9 @@ public:
     {
         for (const Parent &parent : qAsConst(m_parents)) {
             if (!m_pages.contains(parent.type)) {
-                m_findings.append({{},
-                                   {},
-                                   parent.path,
-                                   '"' + parent.key + "\" is a parent that does not exist",
-                                   "the plugin stores the type, under which the catalogue has no page",
-                                   "name a page of the catalogue, or add this one"});
+                m_findings.append(Finding::ofValue(parent.path, '"' + parent.key + "\" is a parent that does not exist",
+                                                   "the plugin stores the type, under which the catalogue has no page",
+                                                   "name a page of the catalogue, or add this one"));
             }
         }
     }
@@ -79,21 +76,16 @@ private:
         const Function self{path, function["funcTitle"].toString(), function["funcIcon"].toString()};
         const Function first = m_functions.value(type, self);
         if (type > 0 && m_above.contains(type)) {
-            m_findings.append({{},
-                               {},
-                               path + "/funcType",
-                               '"' + key + "\" is the type of an entry that this one is nested in",
-                               "the pages of both are found for either, and a client that builds its menu by the "
-                               "types of parents comes to no end",
-                               "write another type, or move its pages to an entry that stands beside the other"});
+            m_findings.append(Finding::ofValue(
+                path + "/funcType", '"' + key + "\" is the type of an entry that this one is nested in",
+                "the pages of both are found for either, and a client that builds its menu by the "
+                "types of parents comes to no end",
+                "write another type, or move its pages to an entry that stands beside the other"));
         } else if (type > 0 && (first.title != self.title || first.icon != self.icon)) {
-            m_findings.append(
-                {{},
-                 {},
-                 path + "/funcType",
-                 '"' + key + "\" stands already at " + first.path + ", with another title or icon",
-                 QString("getFuncInfoData gives the first title and icon (%1, %2)").arg(first.title, first.icon),
-                 "write the title and icon of the first, or another type"});
+            m_findings.append(Finding::ofValue(
+                path + "/funcType", '"' + key + "\" stands already at " + first.path + ", with another title or icon",
+                QString("getFuncInfoData gives the first title and icon (%1, %2)").arg(first.title, first.icon),
+                "write the title and icon of the first, or another type"));
         }
         m_functions.insert(type, first);
         if (function.contains("subFunList")) {
@@ -122,14 +114,12 @@ private:
         const Page self{path, page["subFuncClassName"].toString()};
         const Page first = m_pages.value(type, self);
         if (type > 0 && first.path != path) {
-            m_findings.append({{},
-                               {},
-                               path + "/subFuncType",
-                               '"' + page["subFuncType"].toString() + "\" stands already at " + first.path,
-                               QString("a look-up by type finds the first: choosing this page opens the first one's "
-                                       "controller (%1)")
-                                   .arg(first.controller),
-                               "remove or disable one of them, or write another type"});
+            m_findings.append(Finding::ofValue(
+                path + "/subFuncType", '"' + page["subFuncType"].toString() + "\" stands already at " + first.path,
+                QString("a look-up by type finds the first: choosing this page opens the first one's "
+                        "controller (%1)")
+                    .arg(first.controller),
+                "remove or disable one of them, or write another type"));
         }
         m_pages.insert(type, first);
         const int parent = typeOf<Type>(page["realParentType"]);
@@ -151,7 +141,7 @@ const char *const nothingRead = "the plugin reads nothing, and the navigation is
 Findings checkBase64(const QString &file, const QByteArray &content, bool isRead)
 {
     const auto found = [&](int offset, const QString &problem, const QString &effect, const QString &advice) {
-        return Finding{file, placeAt(content, offset), {}, problem, effect, advice};
+        return Finding::atPlace(file, placeAt(content, offset), problem, effect, advice);
     };
     if (content.trimmed().isEmpty()) {
         return {found(0, "the file is empty", nothingRead,
@@ -193,43 +183,42 @@ Findings checkBase64(const QString &file, const QByteArray &content, bool isRead
 }
 
 /// Why the text that Base64 holds is no JSON.
-Finding checkNoJson(const QString &file, const QByteArray &decoded, const JsonText &text)
+Finding checkNoJson(const QString &file, const QByteArray &json, const JsonText &text)
 {
-    if (isUtf16(decoded)) {
-        return {file,        {1, 1},
-                {},          "not JSON: the text is UTF-16",
-                nothingRead, "save the JSON text as UTF-8, and encode that",
-                true};
+    if (isUtf16(json)) {
+        return Finding::atPlace(file, {1, 1}, "not JSON: the text is UTF-16", nothingRead,
+                                "save the JSON text as UTF-8, and encode that");
     }
-    if (Base64Text::firstWrong(decoded) < 0 && JsonText(Base64Text::decoded(decoded)).error().isEmpty()) {
-        return {file,        {1, 1},
-                {},          "not JSON: the text is encoded twice",
-                nothingRead, R"(put the text there that "tavctl catalogue decode" shows)",
-                true};
+    if (Base64Text::firstWrong(json) < 0 && JsonText(Base64Text::decoded(json)).error().isEmpty()) {
+        return Finding::atPlace(file, {1, 1}, "not JSON: the text is encoded twice", nothingRead,
+                                R"(put the text there that "tavctl catalogue decode" shows)");
     }
-    return {file,        text.errorPlace(),
-            {},          "not JSON: " + text.error(),
-            nothingRead, R"(correct the text that "tavctl catalogue decode" shows)",
-            true};
+    return Finding::atPlace(file, text.errorPlace(), "not JSON: " + text.error(), nothingRead,
+                            R"(correct the text that "tavctl catalogue decode" shows)");
+}
+
+/// @p findings as those of the text that the file holds in Base64.
+Findings decoded(Findings findings)
+{
+    for (Finding &finding : findings) {
+        finding.decoded = true;
+    }
+    return findings;
 }
 }
 
 Findings checkCatalogue(const QString &file, const QByteArray &content)
 {
-    const QByteArray decoded = Base64Text::decoded(content);
-    const JsonText text(decoded);
+    const QByteArray json = Base64Text::decoded(content);
+    const JsonText text(json);
     const bool isRead = text.error().isEmpty();
     const Findings findings = checkBase64(file, content, isRead);
     if (!isRead) {
-        return findings.isEmpty() ? Findings{checkNoJson(file, decoded, text)} : findings;
+        return findings.isEmpty() ? decoded({checkNoJson(file, json, text)}) : findings;
     }
     EntryCheck entries;
     entries.checkFunctions(text.document().toArray(), QString());
     entries.checkParents();
-    Findings inside
-        = located(checkAgainstSchema("funcTypeConfig.schema.json", text.document()) + entries.findings(), file, text);
-    for (Finding &finding : inside) {
-        finding.decoded = true;
-    }
-    return findings + inside;
+    const Findings inside = checkAgainstSchema("funcTypeConfig.schema.json", text.document()) + entries.findings();
+    return findings + decoded(located(inside, file, text));
 }
