@@ -90,3 +90,10 @@ Interface *tavObject(const char *interfaceName)
 {
     return qobject_cast<Interface *>(TavGlobalInfoMgr::getObjectMgr()->getObject(tavManagerKey(interfaceName)));
 }
+
+/// The same under the interface's own name, as the data plugin registers its managers: `tavObject<ITavAuditMgr>()`.
+template<class Interface>
+Interface *tavObject()
+{
+    return tavObject<Interface>(qobject_interface_iid<Interface *>());
+}

@@ -289,6 +289,16 @@ TEST(TavObject, FindsAManagerByItsInterface)
     TestMgr manager;
     registry->registerObject({-9999, QStringLiteral("ITestMgr_Tav_ORG")}, &manager, false);
     EXPECT_EQ(tavObject<ITestMgr>("ITestMgr"), static_cast<ITestMgr *>(&manager));
+    EXPECT_EQ(tavObject<ITestMgr>(), static_cast<ITestMgr *>(&manager));
+}
+
+TEST(TavObject, FindsAManagerUnderAnotherNameOnlyByThatName)
+{
+    RegistryInUse registry;
+    TestMgr manager;
+    registry->registerObject(tavManagerKey("IOtherMgr"), &manager, false);
+    EXPECT_EQ(tavObject<ITestMgr>("IOtherMgr"), static_cast<ITestMgr *>(&manager));
+    EXPECT_EQ(tavObject<ITestMgr>(), nullptr);
 }
 
 TEST(TavObject, IsNullWhenTheManagerIsAbsent)

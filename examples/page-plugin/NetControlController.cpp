@@ -43,7 +43,7 @@ STProtoDataContainer rowOf(const Tav::NetControl::NetDeviceInfo &device, int pos
 }
 
 NetControlController::NetControlController(QObject *parent)
-    : QObject(parent), m_model(tavObject<ITavNetControlMgr>("ITavNetControlMgr")), m_worker(new QObject)
+    : QObject(parent), m_model(tavObject<ITavNetControlMgr>()), m_worker(new QObject)
 {
     m_worker->moveToThread(&m_thread);
     // Deleted in its own thread, when that has left its event loop: no answer can be at work any more.

@@ -81,7 +81,7 @@ private slots:
         auto *const plugin = load<ITavDataPlugin>(TAV_PLUGIN_FILE);
         QVERIFY2(plugin, TAV_PLUGIN_FILE " is not installed; it is in the package tav-data-plugin");
         plugin->registerObj();
-        m_model = tavObject<ITavNetControlMgr>("ITavNetControlMgr");
+        m_model = tavObject<ITavNetControlMgr>();
         QVERIFY(m_model);
     }
 
@@ -240,7 +240,7 @@ private slots:
     {
         NetControlController controller;
         QSignalSpy changed(&controller, &NetControlController::changed);
-        auto *const selection = tavObject<ITavSelectFuncMgr>("ITavSelectFuncMgr");
+        auto *const selection = tavObject<ITavSelectFuncMgr>();
         selection->setCurSelType(CTavFuncTypeHeader::Func_SystemAudit, CTavSubFuncTypeHeader::SubFunc_LogAudit);
         selection->setCurSelType(CTavFuncTypeHeader::Func_HostInfo, CTavSubFuncTypeHeader::SubFunc_serverResourceInfo);
         QCOMPARE(changed.count(), 0); // never inside the call
@@ -253,8 +253,8 @@ private slots:
         for (int i = 0; i < 100; ++i) {
             NetControlController controller;
             controller.receiveAnswer(answer({{"eth0", 1}}));
-            tavObject<ITavSelectFuncMgr>("ITavSelectFuncMgr")
-                ->setCurSelType(CTavFuncTypeHeader::Func_HostInfo, CTavSubFuncTypeHeader::SubFunc_serverResourceInfo);
+            tavObject<ITavSelectFuncMgr>()->setCurSelType(CTavFuncTypeHeader::Func_HostInfo,
+                                                          CTavSubFuncTypeHeader::SubFunc_serverResourceInfo);
         }
         QCoreApplication::processEvents(); // what was posted to the dead must not be delivered
     }

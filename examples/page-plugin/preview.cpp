@@ -64,8 +64,8 @@ int main(int argc, char **argv)
         page->resize(480, 240);
         page->show();
         qobject_cast<IPage *>(page.get())->receiveAnswer(answer());
-        tavObject<ITavSelectFuncMgr>("ITavSelectFuncMgr")
-            ->setCurSelType(CTavFuncTypeHeader::Func_HostInfo, CTavSubFuncTypeHeader::SubFunc_serverResourceInfo);
+        tavObject<ITavSelectFuncMgr>()->setCurSelType(CTavFuncTypeHeader::Func_HostInfo,
+                                                      CTavSubFuncTypeHeader::SubFunc_serverResourceInfo);
         if (arguments.size() > 2) {
             QTimer::singleShot(500, page.get(), [&] { application.exit(page->grab().save(arguments[2]) ? 0 : 1); });
         }

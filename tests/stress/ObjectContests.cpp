@@ -24,8 +24,8 @@ Contest lookUp(PluginHost &host)
 {
     const char *const name = qobject_interface_iid<Interface *>();
     QObject *const object = host.managerObject(name);
-    return {name, {{"getObject", [name, object](int) {
-                        auto *const manager = tavObject<Interface>(name);
+    return {name, {{"getObject", [object](int) {
+                        auto *const manager = tavObject<Interface>();
                         return manager && manager->getObject() == object;
                     }}}};
 }

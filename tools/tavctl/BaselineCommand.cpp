@@ -20,7 +20,7 @@ namespace
 /// The items that the plugin holds, by id.
 QMap<int, STBLEnableConfig> itemsHeld()
 {
-    auto &model = *tavObject<ITavLineScanMgr>("ITavLineScanMgr");
+    auto &model = *tavObject<ITavLineScanMgr>();
     model.loadJsonConfig();
     QMap<int, STBLEnableConfig> items;
     const QVector<int> ids = BaselineList::idsOf(BaselineList::read());

@@ -28,7 +28,7 @@ ExitCode showCatalogue(const CheckOptions &options)
     root.put(InstallationPaths::catalogue(), content);
     const PluginClient client(options.pluginFile);
     TavNanolog::setLevel(0); // what the plugin would log, the check says better
-    tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr")->loadConfig();
+    tavObject<ITavFuncTypeMgr>()->loadConfig();
     const QVector<NavigationNode> tree = navigationTree();
     if (tree.isEmpty()) {
         throw ToolError(ExitCode::Usage,

@@ -27,7 +27,7 @@ QString rowText(const QVector<STProtoDataContainer> &rows, int position)
 
 Edit rowByKey()
 {
-    auto &model = *tavObject<ITavProtectMgr>("ITavProtectMgr");
+    auto &model = *tavObject<ITavProtectMgr>();
     Edit edit{"row by key", "ITavProtectMgr::updateUIItem", {}, {}};
     const QVector<STSystemProUIData> rows = model.getProtectUIData();
     if (!rows.isEmpty()) {
@@ -43,7 +43,7 @@ Edit rowByKey()
 
 Edit rowByIndex()
 {
-    auto &model = *tavObject<ITavCompleteProtectMgr>("ITavCompleteProtectMgr");
+    auto &model = *tavObject<ITavCompleteProtectMgr>();
     Edit edit{"row by stored index", "ITavCompleteProtectMgr::setCredibleImteUI", {}, {}};
     const QVector<STProtoDataContainer> rows = model.getCredibleVecUI();
     if (!rows.isEmpty()) {
@@ -58,7 +58,7 @@ Edit rowByIndex()
 
 Edit rowByPosition()
 {
-    auto &model = *tavObject<ITavNetControlMgr>("ITavNetControlMgr");
+    auto &model = *tavObject<ITavNetControlMgr>();
     Edit edit{"row by position", "ITavNetControlMgr::updateUIItem", {}, {}};
     const QVector<STProtoDataContainer> rows = model.getUIData();
     if (!rows.isEmpty()) {
@@ -74,7 +74,7 @@ Edit rowByPosition()
 
 Edit allChecks()
 {
-    auto &model = *tavObject<ITavNetControlMgr>("ITavNetControlMgr");
+    auto &model = *tavObject<ITavNetControlMgr>();
     Edit edit{"all checks", "ITavNetControlMgr::setAllCheck", {}, {}};
     const auto checked = [&model] {
         const QVector<STProtoDataContainer> rows = model.getUIData();
@@ -91,7 +91,7 @@ Edit allChecks()
 
 Edit deviceToggled()
 {
-    auto &model = *tavObject<ITavNetControlMgr>("ITavNetControlMgr");
+    auto &model = *tavObject<ITavNetControlMgr>();
     Edit edit{"device toggled", "ITavNetControlMgr::reverseDeviceState", {}, {}};
     const auto state = [&model] {
         const Tav::NetControl::NetDeviceInfos infos = model.getDeviceInfo();
@@ -110,7 +110,7 @@ Edit deviceToggled()
 
 Edit levelChecked()
 {
-    auto &model = *tavObject<ITavAccessControlMgr>("ITavAccessControlMgr");
+    auto &model = *tavObject<ITavAccessControlMgr>();
     Edit edit{"level checked", "ITavAccessControlMgr::updateUIPriData", {}, {}};
     const auto level = [&model] { return QString("checked level %1").arg(model.getCheckPriLevel()); };
     const QVector<STAccessSetUIData> levels = model.getUIPriData();

@@ -162,7 +162,7 @@ bool waitFor(const std::function<bool()> &done)
 
 void loadCatalogue()
 {
-    auto *const catalogue = tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr");
+    auto *const catalogue = tavObject<ITavFuncTypeMgr>();
     const QString file = TavCommonUtils::pathInSystemRoot(InstallationPaths::catalogue());
     catalogue->loadConfig();
     if (!catalogue->getSubFuncInfo().isEmpty()) {
@@ -180,7 +180,7 @@ void loadCatalogue()
 QVector<NavigationNode> navigationTree()
 {
     QSet<int> done;
-    return nodesUnder(CTavFuncTypeHeader::Func_None, *tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr"), done);
+    return nodesUnder(CTavFuncTypeHeader::Func_None, *tavObject<ITavFuncTypeMgr>(), done);
 }
 
 QVector<PageDelivery> walkPages()
@@ -194,9 +194,9 @@ QVector<PageDelivery> walkPages()
     PageSubscriber networkPage(QStringLiteral("network page"), &network);
     PageSubscriber *const subscribers[] = {&navigationBar, &auditPage, &networkPage};
 
-    auto *const selection = tavObject<ITavSelectFuncMgr>("ITavSelectFuncMgr");
+    auto *const selection = tavObject<ITavSelectFuncMgr>();
     QVector<PageDelivery> deliveries;
-    const QVector<TavSubFuncTypeData_> pages = tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr")->getSubFuncInfo();
+    const QVector<TavSubFuncTypeData_> pages = tavObject<ITavFuncTypeMgr>()->getSubFuncInfo();
     for (const TavSubFuncTypeData_ &page : pages) {
         for (PageSubscriber *const subscriber : subscribers) {
             subscriber->restart();

@@ -21,7 +21,7 @@ namespace
 template<class Interface>
 Interface &manager()
 {
-    return *tavObject<Interface>(qobject_interface_iid<Interface *>());
+    return *tavObject<Interface>();
 }
 
 QString text(const char *buffer)

@@ -22,9 +22,9 @@ QString sizeText(const QSize &size)
 
 QVector<IconPicture> loadIconPictures()
 {
-    auto &cache = *tavObject<ITavPicResourceMgr>("ITavPicResourceMgr");
+    auto &cache = *tavObject<ITavPicResourceMgr>();
     const QDir root(TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures()));
-    const QVector<TavFuncTypeData_> functions = tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr")->getFuncInfos();
+    const QVector<TavFuncTypeData_> functions = tavObject<ITavFuncTypeMgr>()->getFuncInfos();
     QStringList icons;
     for (const TavFuncTypeData_ &function : functions) {
         icons.append(function.funcIcon);

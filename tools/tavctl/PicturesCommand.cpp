@@ -42,7 +42,7 @@ QStringList existingDirectories(const QStringList &names)
 
 HeldPictures load(const QStringList &directories, const QVector<PictureFile> &files)
 {
-    auto &cache = *tavObject<ITavPicResourceMgr>("ITavPicResourceMgr");
+    auto &cache = *tavObject<ITavPicResourceMgr>();
     for (const QString &directory : directories) {
         cache.appendPicResourcePath(directory);
     }

@@ -21,7 +21,7 @@ constexpr int mostRows = 8;
 
 QVector<TavSubFuncTypeData_> pages()
 {
-    return tavObject<ITavFuncTypeMgr>("ITavFuncTypeMgr")->getSubFuncInfo();
+    return tavObject<ITavFuncTypeMgr>()->getSubFuncInfo();
 }
 
 TavSubFuncTypeData_ pageWithKey(const QString &key)

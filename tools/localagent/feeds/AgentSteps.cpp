@@ -24,9 +24,9 @@ namespace
 template<class Manager>
 AgentStep step(const QString &name, int (*feed)(const QString &, Manager &, ReadingNotes &))
 {
-    const char *const manager = qobject_interface_iid<Manager *>();
-    return {name, QLatin1String(manager), [manager, feed](const QString &root, ReadingNotes &notes) {
-                auto *const found = tavObject<Manager>(manager);
+    const QLatin1String manager(qobject_interface_iid<Manager *>());
+    return {name, manager, [feed](const QString &root, ReadingNotes &notes) {
+                auto *const found = tavObject<Manager>();
                 return found != nullptr ? std::optional<int>(feed(root, *found, notes)) : std::nullopt;
             }};
 }
