@@ -5,7 +5,7 @@
 #include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "ITavFuncTypeMgr.h"
-#include "Navigation.h"
+#include "NavigationReport.h"
 #include "PluginClient.h"
 #include "Presentation.h"
 #include "TavNanolog.h"

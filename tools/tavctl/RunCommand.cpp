@@ -1,23 +1,63 @@
 #include "RunCommand.h"
 
 #include "Backend.h"
-#include "Edits.h"
-#include "Navigation.h"
-#include "PageView.h"
-#include "Pictures.h"
+#include "InstallationPaths.h"
+#include "ITavFuncTypeMgr.h"
+#include "NavigationReport.h"
+#include "PageModels.h"
 #include "PluginClient.h"
 #include "Presentation.h"
+#include "RunReport.h"
+#include "TavCommonUtils.h"
 #include "TavObjectMgr.h"
 #include "ToolError.h"
 
-#include "ITavFuncTypeMgr.h"
-
-#include <QJsonArray>
+#include <QFileInfo>
 
 namespace
 {
 /// Rows of a long list that are shown while walking through all pages.
 constexpr int mostRows = 8;
+
+void loadCatalogue()
+{
+    auto &catalogue = *tavObject<ITavFuncTypeMgr>();
+    catalogue.loadConfig();
+    if (!catalogue.getSubFuncInfo().isEmpty()) {
+        return;
+    }
+    const QString file = TavCommonUtils::pathInSystemRoot(InstallationPaths::catalogue());
+    throw ToolError(ExitCode::NoConfiguration,
+                    file
+                        + (QFileInfo::exists(file)
+                               ? ": holds no page; it must be the Base64 text of a JSON array of functions"
+                               : ": there is no navigation catalogue; put one there or name another system root "
+                                 "with --root"));
+}
+
+QVector<PageDelivery> deliverPageChanges()
+{
+    const PageWalk walk = walkPages();
+    if (!walk.stoppedAt.isEmpty()) {
+        throw ToolError(ExitCode::NotDelivered,
+                        QString("%1: the page change did not reach every subscriber within %2 s")
+                            .arg(walk.stoppedAt)
+                            .arg(PageWalk::patience));
+    }
+    return walk.deliveries;
+}
+
+AgentReport feedManagers()
+{
+    const AgentReport report = feedFromThisMachine();
+    if (!report.complete) {
+        throw ToolError(ExitCode::BackendTooSlow,
+                        QString("this machine's state was not read within %1 s; some file "
+                                "below /proc, /sys or /etc does not answer")
+                            .arg(backendPatience));
+    }
+    return report;
+}
 
 QVector<TavSubFuncTypeData_> pages()
 {
@@ -54,7 +94,7 @@ QJsonObject pageJson(const TavSubFuncTypeData_ &page)
 void showPage(const RunOptions &options)
 {
     const TavSubFuncTypeData_ page = pageWithKey(options.page);
-    feedFromThisMachine();
+    feedManagers();
     if (options.json) {
         printJson(pageJson(page));
     } else {
@@ -68,8 +108,8 @@ void printEverything(const PluginClient &client)
     client.printRegistry();
     printNavigation(navigationTree());
     printPictures(loadIconPictures());
-    printDeliveries(walkPages());
-    printBackend(feedFromThisMachine());
+    printDeliveries(deliverPageChanges());
+    printBackend(feedManagers());
     const QVector<TavSubFuncTypeData_> all = pages();
     for (const TavSubFuncTypeData_ &page : all) {
         printPage(page, mostRows);
@@ -83,8 +123,8 @@ void printEverythingAsJson(const PluginClient &client)
                          {"registry", client.registryJson()},
                          {"navigation", navigationJson(navigationTree())},
                          {"pictures", picturesJson(loadIconPictures())},
-                         {"deliveries", deliveriesJson(walkPages())},
-                         {"backend", backendJson(feedFromThisMachine())}};
+                         {"deliveries", deliveriesJson(deliverPageChanges())},
+                         {"backend", backendJson(feedManagers())}};
     QJsonArray pageDocuments;
     const QVector<TavSubFuncTypeData_> all = pages();
     for (const TavSubFuncTypeData_ &page : all) {

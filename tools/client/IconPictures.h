@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QJsonArray>
 #include <QSize>
 #include <QString>
 #include <QVector>
@@ -12,9 +11,6 @@ struct IconPicture {
     QSize size; ///< in pixels; empty when there is no such picture
 };
 
-/// Appends every directory below /opt/tavsec/pictures of the system root to the picture cache and looks up the icons
-/// of the catalogue, each plain and with the endings "Hover" and "Pressed".
+/// Appends every picture directory of the installation to the picture cache and looks up the icons of the catalogue in
+/// each, plain and with the endings "Hover" and "Pressed".
 QVector<IconPicture> loadIconPictures();
-
-QJsonArray picturesJson(const QVector<IconPicture> &pictures);
-void printPictures(const QVector<IconPicture> &pictures);

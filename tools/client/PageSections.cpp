@@ -1,8 +1,6 @@
-#include "PageView.h"
+#include "PageSections.h"
 
-#include "Presentation.h"
-
-#include <QJsonArray>
+#include "CellText.h"
 
 namespace
 {
@@ -19,8 +17,8 @@ QString fieldText(const Message &message, const FieldDescriptor *field, int inde
         return QString::number(isList ? reflection.GetRepeatedInt32(message, field, index)
                                       : reflection.GetInt32(message, field));
     case FieldDescriptor::CPPTYPE_INT64: // in our messages always seconds since the epoch
-        return timeText(isList ? reflection.GetRepeatedInt64(message, field, index)
-                               : reflection.GetInt64(message, field));
+        return CellText::timeText(isList ? reflection.GetRepeatedInt64(message, field, index)
+                                         : reflection.GetInt64(message, field));
     case FieldDescriptor::CPPTYPE_UINT32:
         return QString::number(isList ? reflection.GetRepeatedUInt32(message, field, index)
                                       : reflection.GetUInt32(message, field));
@@ -75,7 +73,7 @@ PageSection listSection(const QString &title, const Message &message, const Fiel
             cells.append(cellText(reflection.GetRepeatedMessage(message, field, i), column));
         }
         if (!cells.join(QString()).isEmpty()) {
-            section.columns.append({titleOf(column), isNumber(column) ? TextTable::Right : TextTable::Left, 40});
+            section.columns.append({titleOf(column), isNumber(column) ? CellKind::Number : CellKind::Text, 40});
             for (int i = 0; i < size; ++i) {
                 section.rows[i].append(cells[i]);
             }
@@ -87,7 +85,7 @@ PageSection listSection(const QString &title, const Message &message, const Fiel
 
 PageSection factsOf(const QString &title, const QVector<QPair<QString, QString>> &facts)
 {
-    PageSection section{title, {{"name"}, {"value", TextTable::Left, 90}}, {}, false};
+    PageSection section{title, {{"name"}, {"value", CellKind::Text, 90}}, {}, false};
     for (const auto &[name, value] : facts) {
         section.rows.append({name, value});
     }
@@ -113,40 +111,11 @@ QVector<PageSection> messageSections(const QString &title, const Message &messag
     return sections + lists;
 }
 
-void printSections(const QVector<PageSection> &sections, int mostRows)
+PageSection rowsSection(const QString &title, const QVector<STProtoDataContainer> &rows)
 {
-    for (const PageSection &section : sections) {
-        if (section.rows.isEmpty()) {
-            printLine("  " + section.title + dimmed(": nothing"));
-            continue;
-        }
-        const bool isCut = section.isList && mostRows > 0 && section.rows.size() > mostRows;
-        const int shown = isCut ? mostRows : section.rows.size();
-        printLine("  " + section.title + (section.isList ? QString(" (%1)").arg(section.rows.size()) : QString()));
-        TextTable table(section.columns);
-        for (int i = 0; i < shown; ++i) {
-            table.addRow(section.rows[i]);
-        }
-        table.print(4);
-        if (isCut) {
-            printLine("    " + dimmed(QString("… and %1 more").arg(section.rows.size() - shown)));
-        }
-    }
-}
-
-QJsonArray sectionsJson(const QVector<PageSection> &sections)
-{
-    QJsonArray tables;
-    for (const PageSection &section : sections) {
-        QJsonArray rows;
-        for (const QStringList &cells : section.rows) {
-            QJsonObject row;
-            for (int column = 0; column < section.columns.size(); ++column) {
-                row.insert(section.columns[column].title, cells[column]);
-            }
-            rows.append(row);
-        }
-        tables.append(QJsonObject{{"title", section.title}, {"rows", rows}});
-    }
-    return tables;
+    return tableOf<>(
+        title, rows,
+        {{"", [](const auto &row) { return CellText::check(row.isChecked); }},
+         {"index", [](const auto &row) { return CellText::number(row.index); }, CellKind::Number},
+         {"payload bytes", [](const auto &row) { return CellText::number(row.protoData.size()); }, CellKind::Number}});
 }

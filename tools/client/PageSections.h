@@ -1,18 +1,29 @@
 #pragma once
 
-#include "CTavSubFuncTypeHeader.h"
-#include "TextTable.h"
+#include "STProtoDataContainer.h"
 
-#include <QJsonObject>
+#include <QStringList>
+#include <QVector>
 
 #include <google/protobuf/message.h>
 
 #include <functional>
 
+enum class CellKind {
+    Text,
+    Number, ///< aligned at its end
+};
+
 /// @brief One table of what a page's model holds.
 struct PageSection {
+    struct Column {
+        QString title;
+        CellKind kind = CellKind::Text;
+        int maximumWidth = 60; ///< in letters of a terminal's width; longer texts are cut where they are shown
+    };
+
     QString title;
-    QVector<TextTable::Column> columns;
+    QVector<Column> columns;
     QVector<QStringList> rows;
     bool isList = true; ///< false for names and values, which are few and never cut
 };
@@ -22,7 +33,7 @@ template<class Row>
 struct PageField {
     QString title;
     std::function<QString(const Row &)> text;
-    TextTable::Alignment alignment = TextTable::Left;
+    CellKind kind = CellKind::Text;
 };
 
 /// A table with one line for each of @p rows.
@@ -31,7 +42,7 @@ PageSection tableOf(const QString &title, const Rows &rows, const QVector<PageFi
 {
     PageSection section{title, {}, {}};
     for (const PageField<Row> &field : fields) {
-        section.columns.append({field.title, field.alignment});
+        section.columns.append({field.title, field.kind});
     }
     for (const Row &row : rows) {
         QStringList cells;
@@ -50,11 +61,5 @@ PageSection factsOf(const QString &title, const QVector<QPair<QString, QString>>
 /// Absent fields are left out; a message without any says that it is empty.
 QVector<PageSection> messageSections(const QString &title, const google::protobuf::Message &message);
 
-/// What the models behind @p page hold now, read through the managers' getters.
-QVector<PageSection> pageSections(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page);
-
-/// Prints @p sections; each list is cut after @p mostRows rows with a count of those left out, 0 for no limit.
-void printSections(const QVector<PageSection> &sections, int mostRows);
-
-/// The same as JSON: a list of objects with "title" and "rows", each row an object of texts by column title.
-QJsonArray sectionsJson(const QVector<PageSection> &sections);
+/// A table of a page's rows, whose payloads only their page can read.
+PageSection rowsSection(const QString &title, const QVector<STProtoDataContainer> &rows);

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QJsonArray>
 #include <QString>
 #include <QVector>
 
@@ -14,6 +13,3 @@ struct Edit {
 
 /// Makes one edit of each kind, as a page would: reads the list, calls the operation, reads it back.
 QVector<Edit> makeEdits();
-
-void printEdits(const QVector<Edit> &edits);
-QJsonArray editsJson(const QVector<Edit> &edits);

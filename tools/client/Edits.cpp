@@ -4,11 +4,7 @@
 #include "ITavCompleteProtectMgr.h"
 #include "ITavNetControlMgr.h"
 #include "ITavProtectMgr.h"
-#include "Presentation.h"
 #include "TavObjectMgr.h"
-#include "TextTable.h"
-
-#include <QJsonObject>
 
 #include <algorithm>
 
@@ -130,24 +126,4 @@ Edit levelChecked()
 QVector<Edit> makeEdits()
 {
     return {rowByKey(), rowByIndex(), rowByPosition(), allChecks(), deviceToggled(), levelChecked()};
-}
-
-void printEdits(const QVector<Edit> &edits)
-{
-    printHeading("Edits");
-    TextTable table({{"kind"}, {"operation"}, {"before"}, {"after"}});
-    for (const Edit &edit : edits) {
-        table.addRow({edit.kind, edit.operation, edit.before.isEmpty() ? "nothing to edit" : edit.before, edit.after});
-    }
-    table.print();
-}
-
-QJsonArray editsJson(const QVector<Edit> &edits)
-{
-    QJsonArray rows;
-    for (const Edit &edit : edits) {
-        rows.append(QJsonObject{
-            {"kind", edit.kind}, {"operation", edit.operation}, {"before", edit.before}, {"after", edit.after}});
-    }
-    return rows;
 }

@@ -1,24 +1,13 @@
-#include "Pictures.h"
+#include "IconPictures.h"
 
 #include "InstallationPaths.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavPicResourceMgr.h"
-#include "Presentation.h"
 #include "TavCommonUtils.h"
 #include "TavObjectMgr.h"
-#include "TextTable.h"
 
 #include <QDir>
 #include <QImage>
-#include <QJsonObject>
-
-namespace
-{
-QString sizeText(const QSize &size)
-{
-    return size.isEmpty() ? "missing" : QString("%1×%2").arg(size.width()).arg(size.height());
-}
-}
 
 QVector<IconPicture> loadIconPictures()
 {
@@ -42,26 +31,4 @@ QVector<IconPicture> loadIconPictures()
         }
     }
     return pictures;
-}
-
-QJsonArray picturesJson(const QVector<IconPicture> &pictures)
-{
-    QJsonArray rows;
-    for (const IconPicture &picture : pictures) {
-        rows.append(QJsonObject{{"directory", picture.directory},
-                                {"name", picture.name},
-                                {"width", picture.size.width()},
-                                {"height", picture.size.height()}});
-    }
-    return rows;
-}
-
-void printPictures(const QVector<IconPicture> &pictures)
-{
-    printHeading(QString("Pictures: %1 looked up").arg(pictures.size()));
-    TextTable table({{"directory"}, {"picture"}, {"pixels"}});
-    for (const IconPicture &picture : pictures) {
-        table.addRow({picture.directory, picture.name, sizeText(picture.size)});
-    }
-    table.print();
 }
