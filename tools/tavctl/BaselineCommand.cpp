@@ -63,12 +63,12 @@ QJsonArray itemsJson(const QMap<int, STBLEnableConfig> &items)
 }
 }
 
-ExitCode showBaseline(const CheckOptions &options)
+ExitCode showBaseline(const BaselineShowOptions &options)
 {
     const QByteArray content = WholeFile::read(options.file);
     TemporaryRoot root;
     root.put(InstallationPaths::baseline(), content);
-    const PluginClient client(options.pluginFile);
+    const PluginClient client(options.plugin);
     const QMap<int, STBLEnableConfig> items = itemsHeld();
     if (items.isEmpty()) {
         throw ToolError(ExitCode::Usage,
@@ -82,9 +82,9 @@ ExitCode showBaseline(const CheckOptions &options)
     return ExitCode::Success;
 }
 
-ExitCode checkBaselineFile(const CheckOptions &options)
+ExitCode checkBaselineFile(const BaselineCheckOptions &options)
 {
-    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.systemRoot);
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
     const Findings findings = checkBaseline(options.file, WholeFile::read(options.file));
     reportOn(options.file, findings, options.json);
     return exitCodeFor(findings);

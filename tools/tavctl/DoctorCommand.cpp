@@ -6,6 +6,7 @@
 #include "InstallationPaths.h"
 #include "PictureCheck.h"
 #include "PluginCheck.h"
+#include "PluginClient.h"
 #include "Presentation.h"
 #include "TavCommonUtils.h"
 #include "TavGlobalInfoMgr.h"
@@ -85,13 +86,16 @@ struct Plugin {
     QString origin; ///< why it is that one, where that is not plain
 };
 
-Plugin pluginFor(const CheckOptions &options)
+Plugin pluginFor(const DoctorOptions &options)
 {
-    if (options.pluginIsNamed || options.systemRoot == "/") {
-        return {options.pluginFile, {}};
+    if (!options.plugin.isEmpty()) {
+        return {options.plugin, {}};
+    }
+    if (options.root == "/") {
+        return {defaultPluginFile(), {}};
     }
     const QString installed = InstallationPaths::plugin();
-    return installed.isEmpty() ? Plugin{options.pluginFile, "none below " + options.systemRoot + "; beside tavctl"}
+    return installed.isEmpty() ? Plugin{defaultPluginFile(), "none below " + options.root + "; beside tavctl"}
                                : Plugin{installed, {}};
 }
 
@@ -130,9 +134,9 @@ QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const P
 }
 }
 
-ExitCode doctor(const CheckOptions &options)
+ExitCode doctor(const DoctorOptions &options)
 {
-    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.systemRoot);
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
     const Plugin plugin = pluginFor(options);
     const QVector<Part> parts{
         {"plugin", plugin.file, checkPlugin(plugin.file)},

@@ -105,12 +105,12 @@ QJsonArray picturesJson(const HeldPictures &pictures)
 }
 }
 
-ExitCode showPictures(const CheckOptions &options)
+ExitCode showPictures(const PicturesOptions &options)
 {
     const QStringList directories = existingDirectories(options.directories);
     const PictureFiles files = listPictures(directories);
     const Findings findings = checkPictures(files);
-    const PluginClient client(options.pluginFile);
+    const PluginClient client(options.plugin);
     const HeldPictures pictures = load(directories, files.files);
     if (options.json) {
         printJson(

@@ -5,12 +5,10 @@
 #include "ITavFuncTypeMgr.h"
 #include "NavigationReport.h"
 #include "PageModels.h"
-#include "PluginClient.h"
 #include "Presentation.h"
 #include "RunReport.h"
 #include "TavCommonUtils.h"
 #include "TavObjectMgr.h"
-#include "ToolError.h"
 
 #include <QFileInfo>
 
@@ -136,21 +134,22 @@ void printEverythingAsJson(const PluginClient &client)
 }
 }
 
-void showRegistry(const RunOptions &options)
+ExitCode showRegistry(const RegistryOptions &options)
 {
-    const PluginClient client(options.pluginFile);
+    const PluginClient client(options.plugin);
     if (options.json) {
         printJson({{"plugin", client.pluginJson()}, {"registry", client.registryJson()}});
     } else {
         client.printPlugin();
         client.printRegistry();
     }
+    return ExitCode::Success;
 }
 
-void run(const RunOptions &options)
+ExitCode run(const RunOptions &options)
 {
-    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.systemRoot);
-    const PluginClient client(options.pluginFile);
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
+    const PluginClient client(options.plugin);
     loadCatalogue();
     if (!options.page.isEmpty()) {
         showPage(options);
@@ -159,4 +158,5 @@ void run(const RunOptions &options)
     } else {
         printEverything(client);
     }
+    return ExitCode::Success;
 }
