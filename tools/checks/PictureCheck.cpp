@@ -39,7 +39,7 @@ public:
     }
 
 private:
-    /// The last entry first.
+    /// Appends the pictures below @p path to m_found, the last one first.
     void list(const QString &path)
     {
         const QDir directory(path);
@@ -53,7 +53,7 @@ private:
         for (auto entry = entries.crbegin(); entry != entries.crend(); ++entry) {
             if (entry->isDir()) {
                 list(entry->filePath());
-            } else if (!directory.isRoot()) { // whose files have no directory's name for their key
+            } else if (!directory.isRoot()) { // a file in "/" has no directory name for its key
                 m_found.append({directory.dirName().toUpper(), entry->baseName().toUpper(), entry->filePath()});
             }
         }
@@ -83,7 +83,7 @@ private:
         m_result.files = files;
     }
 
-    QSet<QString> m_scannedOrTold; // directories of which nothing is to be told, or not again
+    QSet<QString> m_scannedOrTold; // directories that are scanned anyway, or reported already
     QSet<QPair<QString, QString>> m_listed; // path and name, in the directory that is being appended
     QVector<PictureFile> m_found; // there, the last to be loaded first
     PictureFiles m_result;

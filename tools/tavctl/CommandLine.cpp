@@ -17,7 +17,7 @@
 
 namespace
 {
-/// Refuses an empty name, which no message could show.
+/// Refuses an empty name: a message about such a file would name nothing.
 CLI::Validator namedFile()
 {
     return {[](const std::string &name) { return std::string(name.empty() ? "the name is empty" : ""); }, ""};
@@ -207,7 +207,7 @@ void addCommands(CLI::App &app, Action &action)
         .looks(doctor, action);
 }
 
-/// The error of a word that stands where a command is expected and is none; empty when there is no such word.
+/// What is wrong with the first of @p words that stands where a command is expected and is none; empty when all are.
 std::string unknownCommand(const CLI::App &app, const QStringList &words)
 {
     const CLI::App *at = &app;

@@ -20,8 +20,8 @@ ExitCode flushed(ExitCode code)
     return ExitCode::Usage;
 }
 
-/// Keeps files that are opened later out of the places of standard streams that were closed; reading from what stands
-/// there then, and writing to it, fails as it does on a closed stream.
+/// Opens something in the place of each standard stream that is closed: otherwise the next file that is opened would
+/// become that stream. It is opened the wrong way round, so that using the stream fails as on a closed one.
 void occupyClosedStreams()
 {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
