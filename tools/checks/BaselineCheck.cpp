@@ -77,7 +77,7 @@ Findings checkScripts(const QJsonArray &items)
 
 Findings checkBaseline(const QString &file, const QByteArray &content)
 {
-    const JsonText text(content);
+    const TavJsonText text(content);
     if (!text.error().isEmpty()) {
         return {Finding::atPlace(file, text.errorPlace(), "not JSON: " + text.error(), "the plugin loads no check item",
                                  "correct the text")};

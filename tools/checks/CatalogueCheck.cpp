@@ -4,6 +4,7 @@
 #include "CTavFuncTypeHeader.h"
 #include "CTavSubFuncTypeHeader.h"
 #include "SchemaCheck.h"
+#include "TavJsonPath.h"
 
 #include <QHash>
 #include <QJsonArray>
@@ -27,7 +28,7 @@ public:
     {
         for (int i = 0; i < functions.size(); ++i) {
             const QJsonObject function = functions[i].toObject();
-            const QString functionPath = memberPath(path, QString::number(i));
+            const QString functionPath = TavJson::elementPath(path, i);
             if (function.contains("funcType")) {
                 checkFunction(function, functionPath);
             }
@@ -102,7 +103,7 @@ private:
         for (int i = 0; i < pages.size(); ++i) {
             const QJsonObject page = pages[i].toObject();
             if (!page["disable"].toBool()) {
-                checkPage(page, memberPath(path, QString::number(i)));
+                checkPage(page, TavJson::elementPath(path, i));
             }
         }
     }
@@ -183,13 +184,13 @@ Findings checkBase64(const QString &file, const QByteArray &content, bool isRead
 }
 
 /// Why the text that Base64 holds is no JSON.
-Finding checkNoJson(const QString &file, const QByteArray &json, const JsonText &text)
+Finding checkNoJson(const QString &file, const QByteArray &json, const TavJsonText &text)
 {
     if (isUtf16(json)) {
         return Finding::atPlace(file, {1, 1}, "not JSON: the text is UTF-16", nothingRead,
                                 "save the JSON text as UTF-8, and encode that");
     }
-    if (Base64Text::firstWrong(json) < 0 && JsonText(Base64Text::decoded(json)).error().isEmpty()) {
+    if (Base64Text::firstWrong(json) < 0 && TavJsonText(Base64Text::decoded(json)).error().isEmpty()) {
         return Finding::atPlace(file, {1, 1}, "not JSON: the text is encoded twice", nothingRead,
                                 R"(put the text there that "tavctl catalogue decode" shows)");
     }
@@ -210,7 +211,7 @@ Findings decoded(Findings findings)
 Findings checkCatalogue(const QString &file, const QByteArray &content)
 {
     const QByteArray json = Base64Text::decoded(content);
-    const JsonText text(json);
+    const TavJsonText text(json);
     const bool isRead = text.error().isEmpty();
     const Findings findings = checkBase64(file, content, isRead);
     if (!isRead) {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <tuple>
 
-Findings located(Findings findings, const QString &file, const JsonText &text)
+Findings located(Findings findings, const QString &file, const TavJsonText &text)
 {
     const QSet<QString> doubled = text.doubledKeys();
     for (const QString &path : doubled) {

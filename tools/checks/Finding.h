@@ -1,6 +1,6 @@
 #pragma once
 
-#include "JsonText.h"
+#include "TavJsonText.h"
 
 #include <QString>
 #include <QVector>
@@ -39,4 +39,4 @@ using Findings = QVector<Finding>;
 
 /// @p findings on values of the JSON text that @p file holds, each with its place in it, together with the keys that
 /// stand there twice; in the order of the text.
-Findings located(Findings findings, const QString &file, const JsonText &text);
+Findings located(Findings findings, const QString &file, const TavJsonText &text);

@@ -2,7 +2,8 @@
 
 #include "CTavFuncTypeHeader.h"
 #include "CTavSubFuncTypeHeader.h"
-#include "NearestText.h"
+#include "TavJsonPath.h"
+#include "TavNearestText.h"
 
 #include <QFile>
 #include <QHash>
@@ -162,10 +163,10 @@ private:
                 // One that is there already is not what this one was meant to be.
                 const QString nearest = nearestText(key, properties.keys());
                 if (nearest.isEmpty() || meant.contains(nearest)) {
-                    add(memberPath(path, key), "unknown key " + quoted(key), "the plugin does not read it",
+                    add(TavJson::memberPath(path, key), "unknown key " + quoted(key), "the plugin does not read it",
                         "remove it, or write " + anyOf(properties.keys()));
                 } else {
-                    add(memberPath(path, key), "unknown key " + quoted(key),
+                    add(TavJson::memberPath(path, key), "unknown key " + quoted(key),
                         "it is not read, and " + missing(properties[nearest].toObject()), "write " + quoted(nearest));
                     meant.insert(nearest, object[key]);
                 }
@@ -209,7 +210,7 @@ private:
         for (const QJsonValue &rule : rules) {
             if (!conforms(value, rule) && !conforms(meant, rule)) {
                 const QString member = rule["x-at"].toString();
-                add(member.isEmpty() ? path : memberPath(path, member), rule["x-problem"].toString(),
+                add(member.isEmpty() ? path : TavJson::memberPath(path, member), rule["x-problem"].toString(),
                     rule["x-effect"].toString().replace("{value}", cut(value.toString())), rule["x-advice"].toString());
             }
         }
@@ -218,14 +219,14 @@ private:
     void checkMembers(const QJsonObject &properties, const QJsonObject &object, const QString &path)
     {
         for (auto member = object.begin(); member != object.end(); ++member) {
-            check(properties[member.key()].toObject(), member.value(), memberPath(path, member.key()));
+            check(properties[member.key()].toObject(), member.value(), TavJson::memberPath(path, member.key()));
         }
     }
 
     void checkElements(const QJsonObject &elementSchema, const QJsonArray &array, const QString &path)
     {
         for (int index = 0; index < array.size(); ++index) {
-            check(elementSchema, array[index], memberPath(path, QString::number(index)));
+            check(elementSchema, array[index], TavJson::elementPath(path, index));
         }
     }
 

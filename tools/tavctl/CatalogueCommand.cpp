@@ -17,7 +17,7 @@ namespace
 {
 bool isJson(const QByteArray &text)
 {
-    return JsonText(text).error().isEmpty();
+    return TavJsonText(text).error().isEmpty();
 }
 }
 

@@ -3,10 +3,11 @@
 #include "BaselineCommand.h"
 #include "CatalogueCommand.h"
 #include "DoctorCommand.h"
-#include "NearestText.h"
+#include "OperationsCommand.h"
 #include "PicturesCommand.h"
 #include "PluginClient.h"
 #include "RunCommand.h"
+#include "TavNearestText.h"
 
 #include <CLI/CLI.hpp>
 
@@ -84,9 +85,34 @@ public:
         return *this;
     }
 
+    Command &manager(const std::string &description, bool required)
+    {
+        text("MANAGER", m_options->manager, description)->required(required);
+        return *this;
+    }
+
     Command &page()
     {
         text("--page", m_options->page, "show this page alone, in full, such as SubFunc_LogAudit")->type_name("KEY");
+        return *this;
+    }
+
+    Command &operation()
+    {
+        text("OPERATION", m_options->operation, "the operation's name")->required();
+        return *this;
+    }
+
+    /// Takes what remains: a list among the operands would be split at the commas of a value in brackets.
+    Command &jsonArguments()
+    {
+        m_command.allow_extras();
+        m_command.footer("JSON...: the arguments behind OPERATION, each a JSON value; or one object of them by name");
+        m_command.parse_complete_callback([options = m_options, &command = m_command] {
+            for (const std::string &value : command.remaining()) {
+                options->arguments.append(QByteArray::fromStdString(value));
+            }
+        });
         return *this;
     }
 
@@ -158,6 +184,16 @@ void addCommands(CLI::App &app, Action &action)
         .plugin()
         .json()
         .runs(showRegistry, action);
+    Command<OperationsOptions>(app, "operations", "list the managers' operations")
+        .manager("those of this manager alone, such as ITavAuditMgr", false)
+        .runs(showOperations, action);
+    Command<CallOptions>(app, "call", "load the plugin, call an operation and print its result as JSON")
+        .manager("the manager's interface, such as ITavAuditMgr", true)
+        .operation()
+        .jsonArguments()
+        .plugin()
+        .root("directory to take for \"/\" when configuration is read")
+        .runs(callOperation, action);
 
     CLI::App &catalogue = *app.add_subcommand("catalogue", "show, check, encode or decode a navigation catalogue");
     catalogue.require_subcommand(1);

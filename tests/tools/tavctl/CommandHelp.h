@@ -9,6 +9,8 @@ const QStringList commands[] = {
     {},
     {"run"},
     {"registry"},
+    {"operations"},
+    {"call"},
     {"catalogue"},
     {"catalogue", "show"},
     {"catalogue", "check"},

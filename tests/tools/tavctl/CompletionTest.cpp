@@ -29,7 +29,7 @@ TEST(Completion, OffersWhatTheHelpOfEachCommandNames)
     for (const QStringList &command : commands) {
         const QStringList words = wordsInHelp(command);
         const QStringList subcommands = words.filter(QRegularExpression("^[a-z]"));
-        EXPECT_GT(words.size(), 1) << command.join(' ').toStdString();
+        EXPECT_TRUE(words.contains("--help")) << command.join(' ').toStdString();
         EXPECT_EQ(offers(command + QStringList{"--"}), words.filter("--")) << command.join(' ').toStdString();
         if (!subcommands.isEmpty()) {
             EXPECT_EQ(offers(command + QStringList{""}), subcommands) << command.join(' ').toStdString();

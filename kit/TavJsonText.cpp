@@ -1,4 +1,6 @@
-#include "JsonText.h"
+#include "TavJsonText.h"
+
+#include "TavJsonPath.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -103,13 +105,7 @@ TextPlace placeAt(const QByteArray &text, int offset)
     return PlaceCounter(text).at(offset);
 }
 
-QString memberPath(const QString &path, const QString &key)
-{
-    QString escaped = key;
-    return path + '/' + escaped.replace('~', "~0").replace('/', "~1");
-}
-
-JsonText::JsonText(const QByteArray &text) : m_text(text), m_counter(text)
+TavJsonText::TavJsonText(const QByteArray &text) : m_text(text), m_counter(text)
 {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
@@ -127,7 +123,7 @@ JsonText::JsonText(const QByteArray &text) : m_text(text), m_counter(text)
 // The reading below relies on the text being JSON. The end of the text ends every loop all the same.
 
 /// Whether the next character that is no space is @p character.
-bool JsonText::isAt(char character)
+bool TavJsonText::isAt(char character)
 {
     while (m_position < m_text.size() && std::strchr(" \t\r\n", m_text[m_position])) {
         ++m_position;
@@ -135,7 +131,7 @@ bool JsonText::isAt(char character)
     return m_position >= m_text.size() || m_text[m_position] == character;
 }
 
-void JsonText::readValue(const QString &path)
+void TavJsonText::readValue(const QString &path)
 {
     if (isAt('{')) {
         readMembers(path);
@@ -152,14 +148,14 @@ void JsonText::readValue(const QString &path)
     }
 }
 
-void JsonText::readMembers(const QString &path)
+void TavJsonText::readMembers(const QString &path)
 {
     m_places.insert(path, m_counter.at(m_position++));
     QSet<QString> keys;
     while (!isAt('}')) {
         const QByteArray quoted = readString();
         const QString key = QJsonDocument::fromJson('[' + quoted + ']').array().first().toString();
-        const QString member = memberPath(path, key);
+        const QString member = TavJson::memberPath(path, key);
         if (keys.contains(key)) {
             m_doubledKeys.insert(member);
         }
@@ -175,11 +171,11 @@ void JsonText::readMembers(const QString &path)
     ++m_position;
 }
 
-void JsonText::readElements(const QString &path)
+void TavJsonText::readElements(const QString &path)
 {
     m_places.insert(path, m_counter.at(m_position++));
     for (int index = 0; !isAt(']'); ++index) {
-        readValue(memberPath(path, QString::number(index)));
+        readValue(TavJson::elementPath(path, index));
         if (isAt(',')) {
             ++m_position;
         }
@@ -188,7 +184,7 @@ void JsonText::readElements(const QString &path)
 }
 
 /// Goes past a string and returns it with its quotes.
-QByteArray JsonText::readString()
+QByteArray TavJsonText::readString()
 {
     const int start = m_position++;
     while (m_position < m_text.size() && m_text[m_position] != '"') {

@@ -33,14 +33,11 @@ TextPlace placeAt(const QByteArray &text, int offset);
 /// Whether a text that begins with plain letters is UTF-16: it has a mark, or every other byte is 0.
 bool isUtf16(const QByteArray &text);
 
-/// Path of the member or element @p key of the value at @p path: a JSON pointer.
-QString memberPath(const QString &path, const QString &key);
-
 /// @brief A JSON text as the plugin's own reader takes it, with the places of its values.
-class JsonText
+class TavJsonText
 {
 public:
-    explicit JsonText(const QByteArray &text);
+    explicit TavJsonText(const QByteArray &text);
 
     /// Why the text is not JSON; empty when it is.
     QString error() const
@@ -60,7 +57,7 @@ public:
         return m_document;
     }
 
-    /// Where the value at this JSON pointer begins; none when there is no such value.
+    /// Where the value at this JSON pointer (TavJsonPath.h) begins; none when there is no such value.
     TextPlace placeOf(const QString &path) const
     {
         return m_places.value(path);

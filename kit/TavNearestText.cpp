@@ -1,4 +1,4 @@
-#include "NearestText.h"
+#include "TavNearestText.h"
 
 #include <QVector>
 

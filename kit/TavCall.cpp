@@ -1,0 +1,240 @@
+// All calls of all operations are compiled here, and nowhere else: it takes a while.
+#include "TavCall.h"
+
+#include "TavJson.h"
+#include "TavNearestText.h"
+#include "TavOperations.h"
+
+#include <cxxabi.h>
+
+#include <cstdlib>
+
+namespace
+{
+using Prepare = TavCall::Call (*)(const QJsonArray &arguments, const QStringList &paths);
+
+/// The rows of operations(), and beside each what makes a call of it.
+struct CallTable {
+    QVector<TavCall::Operation> operations;
+    QVector<Prepare> prepare;
+};
+
+QString text(std::string_view view)
+{
+    return QString::fromUtf8(view.data(), static_cast<int>(view.size()));
+}
+
+template<class Type>
+QString typeName()
+{
+    const std::unique_ptr<char, decltype(&std::free)> name(
+        abi::__cxa_demangle(typeid(Type).name(), nullptr, nullptr, nullptr), &std::free);
+    return QString::fromUtf8(name.get());
+}
+
+template<class Values, std::size_t... i>
+Values valuesFromJson([[maybe_unused]] const QJsonArray &json, [[maybe_unused]] const QStringList &paths,
+                      std::index_sequence<i...>)
+{
+    return Values{TavJson::fromJson<std::tuple_element_t<i, Values>>(json[int(i)], paths[int(i)])...};
+}
+
+template<class Operation>
+TavCall::Call prepare(const QJsonArray &arguments, const QStringList &paths)
+{
+    using Interface = typename Operation::Interface;
+    using Values = typename Operation::Values;
+    constexpr auto indexes = std::make_index_sequence<Operation::argumentCount>();
+    return [values = valuesFromJson<Values>(arguments, paths, indexes)](QObject *object) mutable -> QJsonValue {
+        auto *const manager = qobject_cast<Interface *>(object);
+        if (!manager) {
+            throw TavCallError({},
+                               QString("%1 is not the manager %2")
+                                   .arg(object ? object->metaObject()->className() : "no object",
+                                        qobject_interface_iid<Interface *>()));
+        }
+        return std::apply(
+            [&](auto &...passed) -> QJsonValue {
+                if constexpr (std::is_void_v<typename Operation::Result>) {
+                    (manager->*Operation::member)(passed...);
+                    return QJsonValue::Null;
+                } else {
+                    return TavJson::toJson((manager->*Operation::member)(passed...));
+                }
+            },
+            values);
+    };
+}
+
+template<class Type>
+constexpr bool isObject = std::is_class_v<Type> && !TavJson::isList<Type> && !std::is_same_v<Type, QString>;
+
+template<class Values, std::size_t... i>
+QVector<TavCall::Argument> argumentsOf([[maybe_unused]] const std::array<std::string_view, sizeof...(i)> &names,
+                                       std::index_sequence<i...>)
+{
+    return {
+        {text(names[i]), typeName<std::tuple_element_t<i, Values>>(), isObject<std::tuple_element_t<i, Values>>}...};
+}
+
+const CallTable &table()
+{
+    static const CallTable all = [] {
+        CallTable table;
+        TavOperations::forEachOperation([&table](const auto &operation) {
+            using Operation = std::decay_t<decltype(operation)>;
+            constexpr auto indexes = std::make_index_sequence<Operation::argumentCount>();
+            table.operations.append({qobject_interface_iid<typename Operation::Interface *>(), text(operation.name),
+                                     argumentsOf<typename Operation::Values>(operation.argumentNames, indexes),
+                                     typeName<typename Operation::Result>(), operation.isIndeterminateAtFirst});
+            table.prepare.append(prepare<Operation>);
+        });
+        return table;
+    }();
+    return all;
+}
+
+QString oneOf(const QString &text, const QStringList &known)
+{
+    const QString nearest = nearestText(text, known);
+    return nearest.isEmpty() ? "there are: " + known.join(", ") : "nearest: " + nearest;
+}
+
+QStringList namesOf(const TavCall::Operation &operation)
+{
+    QStringList names;
+    for (const TavCall::Argument &argument : operation.arguments) {
+        names.append(argument.name);
+    }
+    return names;
+}
+
+/// The call of the operation at @p place in the table with @p arguments, which are an array or an object.
+TavCall::Call preparedAt(int place, const QJsonValue &arguments)
+{
+    const QStringList names = namesOf(table().operations[place]);
+    QJsonArray values;
+    QStringList paths;
+    if (arguments.isObject()) {
+        const QJsonObject members = arguments.toObject();
+        TavJson::refuseUnknownKeys(members, names, QString());
+        for (const QString &name : names) {
+            if (!members.contains(name)) {
+                throw TavCallError({}, QString("the argument \"%1\" is missing").arg(name));
+            }
+            values.append(members[name]);
+            paths.append(TavJson::memberPath(QString(), name));
+        }
+    } else {
+        values = TavJson::array(arguments, QString());
+        if (values.size() != names.size()) {
+            throw TavCallError({},
+                               QString("%1 takes %2 arguments, not %3")
+                                   .arg(table().operations[place].signature(), QString::number(names.size()))
+                                   .arg(values.size()));
+        }
+        for (int i = 0; i < values.size(); ++i) {
+            paths.append(TavJson::elementPath(QString(), i));
+        }
+    }
+    return table().prepare[place](values, paths);
+}
+
+/// Makes of what the message library throws, at a position that a list does not have, the error of a call.
+TavCall::Call guarded(const TavCall::Call &call, const QString &signature)
+{
+    return [call, signature](QObject *manager) {
+        try {
+            return call(manager);
+        } catch (const google::protobuf::FatalException &fatal) {
+            throw TavCallError({},
+                               QString("%1: the message library refused the call (%2); a position must be one of the "
+                                       "list's")
+                                   .arg(signature, fatal.what()));
+        }
+    };
+}
+}
+
+QString TavCall::Operation::signature() const
+{
+    QStringList declared;
+    for (const Argument &argument : arguments) {
+        declared.append(argument.type + ' ' + argument.name);
+    }
+    return name + '(' + declared.join(", ") + ')';
+}
+
+const QVector<TavCall::Operation> &TavCall::operations()
+{
+    return table().operations;
+}
+
+QStringList TavCall::managers()
+{
+    QStringList names;
+    TavOperations::Interfaces::forEach(
+        [&names](auto tag) { names.append(qobject_interface_iid<typename decltype(tag)::type *>()); });
+    return names;
+}
+
+QVector<TavCall::Operation> TavCall::operationsOf(const QString &manager)
+{
+    QVector<Operation> own;
+    for (const Operation &operation : operations()) {
+        if (operation.manager == manager) {
+            own.append(operation);
+        }
+    }
+    if (own.isEmpty()) {
+        throw TavCallError({}, QString("there is no manager \"%1\" (%2)").arg(manager, oneOf(manager, managers())));
+    }
+    return own;
+}
+
+TavCall::Call TavCall::prepared(const QString &manager, const QString &operation, const QJsonValue &arguments)
+{
+    QStringList names; // of the manager's operations
+    QVector<Operation> fitting;
+    Call call;
+    QStringList problems; // why the others do not fit
+    TavCallError last({}, QString());
+    for (int place = 0; place < operations().size(); ++place) {
+        const Operation &candidate = operations()[place];
+        if (candidate.manager != manager) {
+            continue;
+        }
+        names.append(candidate.name);
+        if (candidate.name != operation) {
+            continue;
+        }
+        try {
+            call = guarded(preparedAt(place, arguments), candidate.signature());
+            fitting.append(candidate);
+        } catch (const TavCallError &error) {
+            problems.append(candidate.signature() + ": " + QString::fromUtf8(error.what()));
+            last = error;
+        }
+    }
+    if (fitting.size() == 1) {
+        return call;
+    }
+    if (fitting.size() > 1) {
+        throw TavCallError({},
+                           QString("%1 and %2 both fit: give the arguments as an object by their names")
+                               .arg(fitting[0].signature(), fitting[1].signature()));
+    }
+    if (problems.size() == 1) {
+        throw last;
+    }
+    if (problems.size() > 1) {
+        throw TavCallError({}, "none of the operations fits: " + problems.join("; "));
+    }
+    operationsOf(manager); // throws when there is no such manager
+    throw TavCallError({}, QString("%1 has no operation \"%2\" (%3)").arg(manager, operation, oneOf(operation, names)));
+}
+
+QJsonValue TavCall::call(QObject *object, const QString &manager, const QString &operation, const QJsonValue &arguments)
+{
+    return prepared(manager, operation, arguments)(object);
+}

@@ -1,0 +1,186 @@
+#include "ExtremeValue.h"
+#include "PluginHost.h"
+#include "TavCall.h"
+#include "TavGlobalInfoMgr.h"
+#include "TavOperations.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <thread>
+
+namespace
+{
+class Call : public testing::Test
+{
+protected:
+    QJsonValue call(const char *manager, const char *operation, const QJsonValue &arguments = QJsonArray())
+    {
+        return TavCall::call(host.managerObject(manager), manager, operation, arguments);
+    }
+
+    std::string problem(const char *manager, const char *operation, const QJsonValue &arguments = QJsonArray())
+    {
+        try {
+            call(manager, operation, arguments);
+            return {};
+        } catch (const TavCallError &error) {
+            return error.what();
+        }
+    }
+
+    PluginHost host;
+};
+
+QStringList signatures(const char *manager)
+{
+    QStringList all;
+    for (const TavCall::Operation &operation : TavCall::operationsOf(manager)) {
+        all.append(operation.result + ' ' + operation.signature());
+    }
+    return all;
+}
+}
+
+TEST_F(Call, KnowsEveryManagerThatThePluginRegisters)
+{
+    QStringList registered;
+    for (const STObjectKey &key : TavGlobalInfoMgr::getObjectMgr()->getObjectKeys()) {
+        registered.append(QString(key.name).remove("_Tav_ORG"));
+    }
+    EXPECT_EQ(TavCall::managers(), registered);
+}
+
+TEST_F(Call, ListsOperationsWithTheirSignatures)
+{
+    EXPECT_EQ(TavCall::operations().size(), 203);
+    EXPECT_EQ(
+        signatures("ITavSelectFuncMgr"),
+        QStringList({"QObject* getObject()", "void setCurSelFuncType(CTavFuncTypeHeader::TavFuncTypeHeader_ funcType)",
+                     "CTavFuncTypeHeader::TavFuncTypeHeader_ getCurSelFuncType()",
+                     "void setCurSelSubFuncType(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ subFuncType)",
+                     "CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ getCurSelSubFuncType()",
+                     "void setCurSelType(CTavFuncTypeHeader::TavFuncTypeHeader_ funcType, "
+                     "CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ subFuncType)"}));
+    EXPECT_TRUE(signatures("ITavPicResourceMgr")
+                    .contains("std::shared_ptr<QImage> getImageRef(QString dirName, QString imageName)"));
+}
+
+TEST_F(Call, OfAGetterReturnsWhatItsSettersCallHasSet)
+{
+    TavOperations::forEachPair([this](const auto &setter, const auto &getter) {
+        using Getter = std::decay_t<decltype(getter)>;
+        const char *const manager = qobject_interface_iid<typename Getter::Interface *>();
+        for (int seed = 0; seed < ExtremeValue::seedCount; ++seed) {
+            const auto value = ExtremeValue::make<typename Getter::Result>(seed);
+            call(manager, setter.name.data(), QJsonArray{TavJson::toJson(value)});
+            const auto held = (host.manager<typename Getter::Interface>()->*Getter::member)();
+            EXPECT_TRUE(ExtremeValue::areEqual(held, value)) << setter.name << ", seed " << seed;
+            EXPECT_EQ(call(manager, getter.name.data()), TavJson::toJson(value)) << getter.name << ", seed " << seed;
+        }
+    });
+}
+
+TEST_F(Call, ReachesEveryOperation)
+{
+    TavGlobalInfoMgr::getInstance()->setSystemRoot("/nonexistent");
+    TavOperations::forEachOperation([this](const auto &operation) {
+        using Operation = std::decay_t<decltype(operation)>;
+        const char *const manager = qobject_interface_iid<typename Operation::Interface *>();
+        QJsonObject arguments;
+        std::size_t i = 0;
+        std::apply(
+            [&](const auto &...values) {
+                (arguments.insert(operation.argumentNames[i++].data(), TavJson::toJson(values)), ...);
+            },
+            typename Operation::Values());
+        // For reverseDeviceState(), which wants a device.
+        call("ITavNetControlMgr", "setDeviceInfo", QJsonArray{QJsonObject{{"devices", QJsonArray{QJsonObject()}}}});
+        EXPECT_EQ(problem(manager, operation.name.data(), arguments), "") << manager << ' ' << operation.name;
+    });
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(QString());
+}
+
+TEST_F(Call, TakesArgumentsByPositionOrByName)
+{
+    call("ITavAccessControlMgr", "setObjectCount", QJsonArray{7, true, 2});
+    EXPECT_EQ(call("ITavAccessControlMgr", "getObjectCount", QJsonObject{{"key", 2}, {"flag", true}}), QJsonValue(7));
+    EXPECT_EQ(problem("ITavAccessControlMgr", "setObjectCount", QJsonArray{7, true}),
+              "setObjectCount(int count, bool flag, int key) takes 3 arguments, not 2");
+    EXPECT_EQ(problem("ITavAccessControlMgr", "setObjectCount", QJsonObject{{"count", 7}, {"flag", true}}),
+              "the argument \"key\" is missing");
+    EXPECT_EQ(problem("ITavAccessControlMgr", "getObjectCount", QJsonObject{{"key", 2}, {"flg", true}}),
+              "/flg: unknown key (nearest: flag)");
+}
+
+TEST_F(Call, TellsOverloadsByTheNumberAndKindOfTheArguments)
+{
+    const QJsonObject row{{"isChecked", true}, {"index", 3}, {"protoData", "AAE="}};
+    call("ITavProExceptionMgr", "setUIData", QJsonArray{QJsonArray{QJsonObject{{"index", 3}}}});
+    call("ITavProExceptionMgr", "setUIData", QJsonArray{row});
+    EXPECT_EQ(call("ITavProExceptionMgr", "getUIData"), QJsonValue(QJsonArray{row}));
+
+    call("ITavAccessControlMgr", "updateUserDetail", QJsonArray{5, QJsonArray{QJsonObject{{"userName", "a"}}}});
+    EXPECT_EQ(call("ITavAccessControlMgr", "getUserDetail", QJsonArray{5}),
+              call("ITavAccessControlMgr", "getUserDetail"));
+}
+
+TEST_F(Call, TellsOverloadsByTheKeysOfEnumerationsOrByTheNameOfTheArgument)
+{
+    EXPECT_TRUE(call("ITavFuncTypeMgr", "getSubFuncInfo", QJsonArray{"Func_HostInfo"}).isArray());
+    EXPECT_TRUE(call("ITavFuncTypeMgr", "getSubFuncInfo", QJsonArray{"SubFunc_LogAudit"}).isObject());
+    EXPECT_TRUE(call("ITavFuncTypeMgr", "getSubFuncInfo", QJsonObject{{"subFuncType", -1}}).isObject());
+    EXPECT_THAT(problem("ITavFuncTypeMgr", "getSubFuncInfo", QJsonArray{-1}),
+                testing::EndsWith("both fit: give the arguments as an object by their names"));
+    EXPECT_THAT(problem("ITavFuncTypeMgr", "getSubFuncInfo", QJsonArray{"Func_HostInf"}),
+                testing::AllOf(testing::StartsWith("none of the operations fits: "),
+                               testing::HasSubstr("nearest: Func_HostInfo")));
+}
+
+TEST_F(Call, NamesWhatIsNearestToAnUnknownName)
+{
+    EXPECT_EQ(problem("ITavNetControlMgr", "getDeviceInfos"),
+              "ITavNetControlMgr has no operation \"getDeviceInfos\" (nearest: getDeviceInfo)");
+    EXPECT_EQ(problem("ITavNetControl", "getDeviceInfo"),
+              "there is no manager \"ITavNetControl\" (nearest: ITavNetControlMgr)");
+}
+
+TEST_F(Call, OfAPositionThatAListDoesNotHaveIsAnErrorAndLeavesTheManagerInOrder)
+{
+    EXPECT_THAT(problem("ITavNetControlMgr", "reverseDeviceState", QJsonArray{99}),
+                testing::AllOf(testing::StartsWith("reverseDeviceState(int index): the message library refused the "
+                                                   "call"),
+                               testing::EndsWith("a position must be one of the list's")));
+    call("ITavNetControlMgr", "setDeviceInfo", QJsonArray{QJsonObject{{"devices", QJsonArray{QJsonObject()}}}});
+    call("ITavNetControlMgr", "reverseDeviceState", QJsonArray{0});
+    EXPECT_EQ(call("ITavNetControlMgr", "getDeviceInfo")["devices"][0]["state"], QJsonValue(1));
+}
+
+TEST_F(Call, IsForTheManagerItIsMadeFor)
+{
+    const TavCall::Call getState = TavCall::prepared("ITavNetControlMgr", "getState", QJsonArray());
+    EXPECT_EQ(getState(host.managerObject("ITavNetControlMgr")), QJsonValue(QJsonObject{{"state", 0}}));
+    EXPECT_THROW(getState(host.managerObject("ITavAuditMgr")), TavCallError);
+    EXPECT_THROW(getState(nullptr), TavCallError);
+}
+
+TEST_F(Call, MayBeMadeOnAnyThread)
+{
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < 4; ++thread) {
+        threads.emplace_back([this, thread] {
+            for (int turn = 0; turn < 200; ++turn) {
+                call("ITavAccessControlMgr", "setObjectCount", QJsonArray{turn, true, thread});
+                EXPECT_EQ(call("ITavAccessControlMgr", "getObjectCount", QJsonArray{true, thread}), QJsonValue(turn));
+            }
+        });
+    }
+    for (std::thread &thread : threads) {
+        thread.join();
+    }
+}
+
+TEST_F(Call, OfGetObjectGivesTheNameOfTheClass)
+{
+    EXPECT_EQ(call("ITavAuditMgr", "getObject"), QJsonValue("TavAuditMgr"));
+}

@@ -1,0 +1,68 @@
+#include "abi/Slots.h"
+#include "MemberName.h"
+#include "TavOperations.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+#include <string>
+
+namespace
+{
+template<class Operation>
+std::string described(const Operation &operation)
+{
+    return std::string(qobject_interface_iid<typename Operation::Interface *>()) + " " + std::string(operation.name);
+}
+}
+
+TEST(Operations, StandInTheTableAtThePlaceThatTheirInterfaceGivesThem)
+{
+    TavOperations::Interfaces::forEach([](auto tag) {
+        using Interface = typename decltype(tag)::type;
+        int place = 0;
+        TavOperations::forEachOperation<Interface>([&place](const auto &operation) {
+            EXPECT_EQ(slotIndex(operation.member), place++)
+                << "an operation is missing in the table, or stands elsewhere; next there: " << described(operation);
+        });
+        EXPECT_EQ(slotCount<Interface>(), place)
+            << qobject_interface_iid<Interface *>() << ": the last operations are missing in the table";
+    });
+}
+
+TEST(Operations, BearTheNamesOfTheirMembers)
+{
+    TavOperations::forEachOperation([](const auto &operation) {
+        EXPECT_EQ(operation.name, memberName<std::decay_t<decltype(operation)>::member>()) << described(operation);
+    });
+}
+
+TEST(Operations, NameEachOfTheirArgumentsDifferently)
+{
+    TavOperations::forEachOperation([](const auto &operation) {
+        const std::set<std::string_view> names(operation.argumentNames.begin(), operation.argumentNames.end());
+        EXPECT_EQ(names.size(), operation.argumentNames.size()) << described(operation);
+        EXPECT_EQ(names.count(""), 0u) << described(operation);
+    });
+}
+
+TEST(Operations, ArePairedWhenOneReturnsWhatTheOtherReplaces)
+{
+    int count = 0;
+    TavOperations::forEachPair([&count](const auto &setter, const auto &getter) {
+        ++count;
+        EXPECT_EQ(setter.name.substr(setter.name.front() == 's' ? 3 : 6), getter.name.substr(3));
+    });
+    EXPECT_EQ(count, 75);
+}
+
+TEST(Operations, AreMarkedWhenTheirFirstResultIsIndeterminate)
+{
+    std::set<std::string> marked;
+    TavOperations::forEachOperation([&marked](const auto &operation) {
+        if (operation.isIndeterminateAtFirst) {
+            marked.insert(described(operation));
+        }
+    });
+    EXPECT_EQ(marked, std::set<std::string>({"ITavHostInfoMgr getResourceInfo"}));
+}

@@ -1,0 +1,123 @@
+#include "OperationsCommand.h"
+
+#include "Presentation.h"
+#include "TavCall.h"
+#include "TavJsonText.h"
+#include "TextTable.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <algorithm>
+
+namespace
+{
+void printOperations(const QString &manager)
+{
+    printLine(manager);
+    constexpr int widest = 200; // nothing is cut
+    TextTable table({{"operation", TextTable::Left, widest}, {"result", TextTable::Left, widest}});
+    for (const TavCall::Operation &operation : TavCall::operationsOf(manager)) {
+        table.addRow({operation.signature(), operation.result});
+    }
+    table.print(2);
+}
+
+/// The JSON value that stands on the command line as argument @p number.
+QJsonValue valueOf(const QByteArray &argument, int number)
+{
+    if (argument.startsWith("--")) {
+        throw ToolError(ExitCode::Usage, QString("call: there is no option \"%1\"").arg(QString::fromUtf8(argument)));
+    }
+    // In brackets, since the reader takes arrays and objects only.
+    const TavJsonText text('[' + argument + ']');
+    const QString place = QString("argument %1: ").arg(number);
+    if (!text.error().isEmpty()) {
+        throw ToolError(ExitCode::Usage,
+                        QString(R"(%1%2 at character %3; a text has its own quotes: '"text"')")
+                            .arg(place, text.error())
+                            .arg(std::max(1, text.errorPlace().column - 1)));
+    }
+    const QJsonArray values = text.document().toArray();
+    if (values.size() != 1) {
+        throw ToolError(ExitCode::Usage, place + "one JSON value is expected");
+    }
+    if (!text.doubledKeys().isEmpty()) {
+        throw ToolError(
+            ExitCode::Usage,
+            QString("%1%2: the key stands more than once").arg(place, text.doubledKeys().values().first().mid(2)));
+    }
+    return values.first();
+}
+
+/// The arguments as an array by position; as an object by name when there is only that and no operation of this name
+/// takes a single object.
+QJsonValue argumentsOf(const CallOptions &options)
+{
+    QJsonArray values;
+    for (const QByteArray &argument : options.arguments) {
+        values.append(valueOf(argument, values.size() + 1));
+    }
+    const QVector<TavCall::Operation> operations = TavCall::operationsOf(options.manager);
+    const bool takesObject
+        = std::any_of(operations.begin(), operations.end(), [&](const TavCall::Operation &operation) {
+              return operation.name == options.operation && operation.arguments.size() == 1
+                  && operation.arguments.first().isObject;
+          });
+    const bool isByName = values.size() == 1 && values.first().isObject() && !takesObject;
+    return isByName ? values.first() : QJsonValue(values);
+}
+
+void printValue(const QJsonValue &value)
+{
+    if (value.isObject()) {
+        printJson(value.toObject());
+        return;
+    }
+    // The document's own text holds arrays and objects only.
+    const QJsonDocument list(value.isArray() ? value.toArray() : QJsonArray{value});
+    const QByteArray text = value.isArray() ? list.toJson() : list.toJson(QJsonDocument::Compact);
+    printLine(QString::fromUtf8(value.isArray() ? text.chopped(1) : text.mid(1).chopped(1)));
+}
+
+bool isIndeterminate(const CallOptions &options)
+{
+    const QVector<TavCall::Operation> operations = TavCall::operationsOf(options.manager);
+    return std::any_of(operations.begin(), operations.end(), [&](const TavCall::Operation &operation) {
+        return operation.name == options.operation && operation.isIndeterminateAtFirst;
+    });
+}
+}
+
+ExitCode showOperations(const OperationsOptions &options)
+{
+    try {
+        const QStringList managers = options.manager.isEmpty() ? TavCall::managers() : QStringList{options.manager};
+        for (const QString &name : managers) {
+            printOperations(name);
+        }
+        return ExitCode::Success;
+    } catch (const TavCallError &error) {
+        throw ToolError(ExitCode::Usage, error.what());
+    }
+}
+
+ExitCode callOperation(const CallOptions &options)
+{
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
+    try {
+        const TavCall::Call call = TavCall::prepared(options.manager, options.operation, argumentsOf(options));
+        if (isIndeterminate(options)) {
+            throw TavCallError({},
+                               "returns whatever the memory holds until its setter has been called, and the plugin "
+                               "is loaded afresh");
+        }
+        const PluginClient client(options.plugin);
+        const STObjectKey key = tavManagerKey(options.manager.toUtf8().constData());
+        printValue(call(TavGlobalInfoMgr::getObjectMgr()->getObject(key)));
+        return ExitCode::Success;
+    } catch (const TavCallError &error) {
+        throw ToolError(ExitCode::Usage, options.manager + ' ' + options.operation + ": " + error.what());
+    }
+}
