@@ -1,16 +1,10 @@
 #pragma once
 
 #include "Finding.h"
+#include "TavPluginError.h"
 
-/// @brief What a plugin's file says about itself; a text that it does not hold is empty.
-struct PluginFacts {
-    QString identifier;
-    QString qtVersion; ///< the Qt that it was built with
-    QString machine; ///< the architecture that it was built for
-};
-
-PluginFacts pluginFacts(const QString &file);
-
-/// What keeps a client from taking @p file for its data plugin: that it is no such plugin, or was built for another
-/// machine or another Qt, or lacks a library. Loads the plugin when nothing else speaks against it.
+/// What keeps a client from taking @p file for its data plugin. Loads the plugin when nothing speaks against it.
 Findings checkPlugin(const QString &file);
+
+/// What a user of this program is to do about @p error.
+QString pluginAdvice(const TavPluginError &error);

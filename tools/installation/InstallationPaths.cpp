@@ -3,6 +3,7 @@
 #include "TavCommonUtils.h"
 #include "TavGlobalInfoMgr.h"
 
+#include <QCoreApplication>
 #include <QDir>
 #include <QFileInfo>
 
@@ -55,4 +56,9 @@ QString InstallationPaths::plugin()
         }
     }
     return {};
+}
+
+QString InstallationPaths::pluginBesideProgram()
+{
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + "/" TAV_PLUGIN_FROM_PROGRAM);
 }

@@ -13,4 +13,7 @@ QString pictures(); ///< directory of the picture directories
 /// The plugin that is installed below the system root, by its absolute path outside of it; empty when there is
 /// none.
 QString plugin();
+
+/// Where the plugin lies beside this program, in its build tree or its installation; outside of the system root.
+QString pluginBesideProgram();
 }

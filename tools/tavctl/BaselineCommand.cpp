@@ -5,7 +5,7 @@
 #include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "ITavLineScanMgr.h"
-#include "PluginClient.h"
+#include "PluginView.h"
 #include "Presentation.h"
 #include "TavGlobalInfoMgr.h"
 #include "TavObjectMgr.h"
@@ -68,7 +68,7 @@ ExitCode showBaseline(const BaselineShowOptions &options)
     const QByteArray content = WholeFile::read(options.file);
     TemporaryRoot root;
     root.put(InstallationPaths::baseline(), content);
-    const PluginClient client(options.plugin);
+    const TavPluginHost host = loadPlugin(options.plugin);
     const QMap<int, STBLEnableConfig> items = itemsHeld();
     if (items.isEmpty()) {
         throw ToolError(ExitCode::Usage,

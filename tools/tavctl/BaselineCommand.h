@@ -1,11 +1,11 @@
 #pragma once
 
-#include "PluginClient.h"
+#include "InstallationPaths.h"
 #include "ToolError.h"
 
 struct BaselineShowOptions {
     QString file; ///< "-" for standard input
-    QString plugin = defaultPluginFile(); ///< the one that loads the items
+    QString plugin = InstallationPaths::pluginBesideProgram(); ///< the one that loads the items
     bool json = false; ///< print one JSON document instead of text
 };
 

@@ -6,7 +6,7 @@
 #include "InstallationPaths.h"
 #include "ITavFuncTypeMgr.h"
 #include "NavigationReport.h"
-#include "PluginClient.h"
+#include "PluginView.h"
 #include "Presentation.h"
 #include "TavNanolog.h"
 #include "TavObjectMgr.h"
@@ -26,7 +26,7 @@ ExitCode showCatalogue(const CatalogueShowOptions &options)
     const QByteArray content = WholeFile::read(options.file);
     TemporaryRoot root;
     root.put(InstallationPaths::catalogue(), content);
-    const PluginClient client(options.plugin);
+    const TavPluginHost host = loadPlugin(options.plugin);
     TavNanolog::setLevel(0); // what the plugin would log, the check says better
     tavObject<ITavFuncTypeMgr>()->loadConfig();
     const QVector<NavigationNode> tree = navigationTree();

@@ -1,11 +1,11 @@
 #pragma once
 
-#include "PluginClient.h"
+#include "InstallationPaths.h"
 #include "ToolError.h"
 
 struct CatalogueShowOptions {
     QString file; ///< "-" for standard input, as everywhere here
-    QString plugin = defaultPluginFile(); ///< the one that builds the navigation
+    QString plugin = InstallationPaths::pluginBesideProgram(); ///< the one that builds the navigation
     bool json = false; ///< print one JSON document instead of text
 };
 

@@ -3,9 +3,9 @@
 #include "BaselineCommand.h"
 #include "CatalogueCommand.h"
 #include "DoctorCommand.h"
+#include "InstallationPaths.h"
 #include "OperationsCommand.h"
 #include "PicturesCommand.h"
-#include "PluginClient.h"
 #include "RunCommand.h"
 #include "TavNearestText.h"
 
@@ -118,10 +118,9 @@ public:
 
     Command &plugin()
     {
-        // Absolute, since the loader looks for any other name in the directories of libraries. The default is shown
-        // also where it holds only for an installation that has no plugin.
+        // Absolute, as it is shown. So is the default, also where it holds only for an installation without a plugin.
         text("--plugin", m_options->plugin, "the plugin's file")
-            ->default_str(defaultPluginFile().toStdString())
+            ->default_str(InstallationPaths::pluginBesideProgram().toStdString())
             ->type_name("FILE")
             ->check(namedFile())
             ->transform([](const std::string &name) {

@@ -6,10 +6,10 @@
 #include "InstallationPaths.h"
 #include "PictureCheck.h"
 #include "PluginCheck.h"
-#include "PluginClient.h"
 #include "Presentation.h"
 #include "TavCommonUtils.h"
 #include "TavGlobalInfoMgr.h"
+#include "TavPluginHost.h"
 #include "TextTable.h"
 #include "WholeFile.h"
 
@@ -92,14 +92,15 @@ Plugin pluginFor(const DoctorOptions &options)
         return {options.plugin, {}};
     }
     if (options.root == "/") {
-        return {defaultPluginFile(), {}};
+        return {InstallationPaths::pluginBesideProgram(), {}};
     }
     const QString installed = InstallationPaths::plugin();
-    return installed.isEmpty() ? Plugin{defaultPluginFile(), "none below " + options.root + "; beside tavctl"}
-                               : Plugin{installed, {}};
+    return installed.isEmpty()
+        ? Plugin{InstallationPaths::pluginBesideProgram(), "none below " + options.root + "; beside tavctl"}
+        : Plugin{installed, {}};
 }
 
-void print(const QVector<Part> &parts, const Plugin &chosen, const PluginFacts &plugin, const Findings &findings)
+void print(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin, const Findings &findings)
 {
     printHeading("Installation");
     TextTable table({{"part"}, {"place", TextTable::Left, 120}, {"state"}});
@@ -116,7 +117,7 @@ void print(const QVector<Part> &parts, const Plugin &chosen, const PluginFacts &
     printLine(summaryOf(parts, findings));
 }
 
-QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const PluginFacts &plugin,
+QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin,
                        const Findings &findings)
 {
     QJsonArray rows;
@@ -148,7 +149,7 @@ ExitCode doctor(const DoctorOptions &options)
     for (const Part &part : parts) {
         findings += part.findings;
     }
-    const PluginFacts facts = pluginFacts(plugin.file);
+    const TavPluginFacts facts = TavPluginHost::factsOf(plugin.file);
     if (options.json) {
         printJson(documentOf(parts, plugin, facts, findings));
     } else {

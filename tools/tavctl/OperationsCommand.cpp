@@ -1,5 +1,6 @@
 #include "OperationsCommand.h"
 
+#include "PluginView.h"
 #include "Presentation.h"
 #include "TavCall.h"
 #include "TavJsonText.h"
@@ -113,7 +114,7 @@ ExitCode callOperation(const CallOptions &options)
                                "returns whatever the memory holds until its setter has been called, and the plugin "
                                "is loaded afresh");
         }
-        const PluginClient client(options.plugin);
+        const TavPluginHost host = loadPlugin(options.plugin);
         const STObjectKey key = tavManagerKey(options.manager.toUtf8().constData());
         printValue(call(TavGlobalInfoMgr::getObjectMgr()->getObject(key)));
         return ExitCode::Success;

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "PluginClient.h"
+#include "InstallationPaths.h"
 #include "ToolError.h"
 
 #include <QByteArray>
@@ -17,7 +17,7 @@ struct CallOptions {
     QString manager; ///< name of the interface
     QString operation;
     QVector<QByteArray> arguments; ///< JSON texts, each a value; or a single one, an object of values by name
-    QString plugin = defaultPluginFile(); ///< the one to load
+    QString plugin = InstallationPaths::pluginBesideProgram(); ///< the one to load
     QString root = "/"; ///< directory taken for "/"
 };
 

@@ -3,7 +3,7 @@
 #include "FindingReport.h"
 #include "ITavPicResourceMgr.h"
 #include "PictureCheck.h"
-#include "PluginClient.h"
+#include "PluginView.h"
 #include "Presentation.h"
 #include "TavObjectMgr.h"
 #include "TextTable.h"
@@ -110,7 +110,7 @@ ExitCode showPictures(const PicturesOptions &options)
     const QStringList directories = existingDirectories(options.directories);
     const PictureFiles files = listPictures(directories);
     const Findings findings = checkPictures(files);
-    const PluginClient client(options.plugin);
+    const TavPluginHost host = loadPlugin(options.plugin);
     const HeldPictures pictures = load(directories, files.files);
     if (options.json) {
         printJson(

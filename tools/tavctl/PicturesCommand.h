@@ -1,13 +1,13 @@
 #pragma once
 
-#include "PluginClient.h"
+#include "InstallationPaths.h"
 #include "ToolError.h"
 
 #include <QStringList>
 
 struct PicturesOptions {
     QStringList directories; ///< in the order of loading
-    QString plugin = defaultPluginFile(); ///< the one that loads the pictures
+    QString plugin = InstallationPaths::pluginBesideProgram(); ///< the one that loads the pictures
     bool json = false; ///< print one JSON document instead of text
 };
 

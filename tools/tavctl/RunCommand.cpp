@@ -5,6 +5,7 @@
 #include "ITavFuncTypeMgr.h"
 #include "NavigationReport.h"
 #include "PageModels.h"
+#include "PluginView.h"
 #include "Presentation.h"
 #include "RunReport.h"
 #include "TavCommonUtils.h"
@@ -100,10 +101,10 @@ void showPage(const RunOptions &options)
     }
 }
 
-void printEverything(const PluginClient &client)
+void printEverything(const TavPluginHost &host)
 {
-    client.printPlugin();
-    client.printRegistry();
+    printPlugin(host);
+    printRegistry(host);
     printNavigation(navigationTree());
     printPictures(loadIconPictures());
     printDeliveries(deliverPageChanges());
@@ -115,10 +116,10 @@ void printEverything(const PluginClient &client)
     printEdits(makeEdits());
 }
 
-void printEverythingAsJson(const PluginClient &client)
+void printEverythingAsJson(const TavPluginHost &host)
 {
-    QJsonObject document{{"plugin", client.pluginJson()},
-                         {"registry", client.registryJson()},
+    QJsonObject document{{"plugin", pluginJson(host)},
+                         {"registry", registryJson(host)},
                          {"navigation", navigationJson(navigationTree())},
                          {"pictures", picturesJson(loadIconPictures())},
                          {"deliveries", deliveriesJson(deliverPageChanges())},
@@ -136,12 +137,12 @@ void printEverythingAsJson(const PluginClient &client)
 
 ExitCode showRegistry(const RegistryOptions &options)
 {
-    const PluginClient client(options.plugin);
+    const TavPluginHost host = loadPlugin(options.plugin);
     if (options.json) {
-        printJson({{"plugin", client.pluginJson()}, {"registry", client.registryJson()}});
+        printJson({{"plugin", pluginJson(host)}, {"registry", registryJson(host)}});
     } else {
-        client.printPlugin();
-        client.printRegistry();
+        printPlugin(host);
+        printRegistry(host);
     }
     return ExitCode::Success;
 }
@@ -149,14 +150,14 @@ ExitCode showRegistry(const RegistryOptions &options)
 ExitCode run(const RunOptions &options)
 {
     TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
-    const PluginClient client(options.plugin);
+    const TavPluginHost host = loadPlugin(options.plugin);
     loadCatalogue();
     if (!options.page.isEmpty()) {
         showPage(options);
     } else if (options.json) {
-        printEverythingAsJson(client);
+        printEverythingAsJson(host);
     } else {
-        printEverything(client);
+        printEverything(host);
     }
     return ExitCode::Success;
 }

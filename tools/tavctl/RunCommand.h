@@ -1,10 +1,10 @@
 #pragma once
 
-#include "PluginClient.h"
+#include "InstallationPaths.h"
 #include "ToolError.h"
 
 struct RegistryOptions {
-    QString plugin = defaultPluginFile(); ///< the file to load
+    QString plugin = InstallationPaths::pluginBesideProgram(); ///< the file to load
     bool json = false; ///< print one JSON document instead of text
 };
 
@@ -12,7 +12,7 @@ struct RegistryOptions {
 ExitCode showRegistry(const RegistryOptions &options);
 
 struct RunOptions {
-    QString plugin = defaultPluginFile();
+    QString plugin = InstallationPaths::pluginBesideProgram();
     QString root = "/"; ///< directory taken for "/"
     QString page; ///< key of the one page to show in full; empty for all of them
     bool json = false;

@@ -11,7 +11,7 @@ enum class ExitCode {
     Usage = 2, ///< the command line is not understood, or the output cannot be written
     NoPluginFile = 3, ///< there is no file at the plugin's path
     NotLoadable = 4, ///< the file is no plugin that this Qt can load
-    OtherPlugin = 5, ///< it is a Qt plugin, but not the data plugin
+    OtherPlugin = 5, ///< it is a Qt plugin, but not the data plugin with all its managers
     NoConfiguration = 6, ///< the navigation catalogue is missing or holds no page
     NotDelivered = 7, ///< a page change did not reach every subscriber in time
     BackendTooSlow = 8, ///< the state of this machine could not be read in time

@@ -49,7 +49,7 @@ TEST_F(CommandLine, EndsWithTwoAndOneLineWhenItCannotRun)
          broken
              + "/baseline/no-items.json: the plugin loads no check item from it; \"tavctl baseline check\" says why"},
         {{"baseline", "show", item, "--plugin", "/nowhere"},
-         "/nowhere: there is no such file; build the plugin first or name its file with --plugin"},
+         "/nowhere: there is no such file; install the plugin, or name its file with --plugin"},
         {{"catalogue"}, "A subcommand is required; \"tavctl --help\" tells what there is"},
         {{"pictures"}, "DIR is required; \"tavctl --help\" tells what there is"},
         {{"doctor", "--root", "/nowhere"},

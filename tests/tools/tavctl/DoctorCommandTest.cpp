@@ -155,6 +155,10 @@ TEST_F(DoctorCommand, SaysWhatIsWrongWithAPluginFile)
                  .replace("libstdc++.so.6", "libstdc--.so.6")),
          "cannot be loaded: it lacks libTavComm0n.so.1, libstdc--.so.6" + noManagers + "install what it lacks"},
         {"/tmp", "not a regular file" + noManagers + name},
+        {put("cut.so", plugin.left(plugin.size() - 1)),
+         "cut off: it ends before what its headers announce" + noManagers + "install the plugin again"},
+        {TAV_NO_MANAGERS_PLUGIN_FILE,
+         "registers no managers; pages do not find what they look up; install the plugin that belongs to this client"},
     };
     for (const auto &row : rows) {
         const Tavctl run({"doctor", "--root", demoRoot, "--json", "--plugin", row.file});

@@ -1,0 +1,254 @@
+#include "TavPluginHost.h"
+
+#include "ElfFile.h"
+#include "ITavDataPlugin.h"
+#include "NeededLibraries.h"
+#include "TavManagerNames.h"
+
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QJsonObject>
+#include <QPluginLoader>
+#include <QVersionNumber>
+
+#include <cerrno>
+#include <cstdlib>
+#include <cxxabi.h>
+#include <dlfcn.h>
+#include <iterator>
+#include <sys/stat.h>
+
+using Kind = TavPluginError::Kind;
+
+namespace
+{
+/// That the file is there, whole, and a library for this machine.
+void checkFile(const QString &file)
+{
+    struct stat status = {};
+    if (stat(QFile::encodeName(file).constData(), &status) != 0) {
+        const int error = errno;
+        throw error == ENOENT || error == ENOTDIR
+            ? TavPluginError(Kind::NoSuchFile, file, "there is no such file")
+            : TavPluginError(Kind::NotReadable, file, "cannot be read: " + qt_error_string(error));
+    }
+    if (!S_ISREG(status.st_mode)) {
+        throw TavPluginError(Kind::NotAFile, file, "not a regular file");
+    }
+    const ElfFile library(file);
+    if (!library.isReadable()) {
+        throw TavPluginError(Kind::NotReadable, file, "cannot be read: " + library.errorString());
+    }
+    if (!library.hasMark()) {
+        throw TavPluginError(Kind::NotALibrary, file, "not a shared library");
+    }
+    if (library.isCutOff()) {
+        throw TavPluginError(Kind::CutOff, file, "cut off: it ends before what its headers announce");
+    }
+    const ElfFile::Machine machine = library.machine();
+    const ElfFile::Machine own = ElfFile::ownMachine();
+    if (machine.number != own.number || machine.isBigEndian != own.isBigEndian) {
+        throw TavPluginError(Kind::OtherMachine, file,
+                             QString("built for %1, but this program for %2").arg(machine.name(), own.name()));
+    }
+    if (machine.bits != own.bits) {
+        throw TavPluginError(
+            Kind::OtherWordSize, file,
+            QString("built for words of %1 bits, but this program for %2").arg(machine.bits).arg(own.bits));
+    }
+    if (!library.isSharedLibrary()) {
+        throw TavPluginError(Kind::NotALibrary, file, "not a shared library");
+    }
+}
+
+/// The Qt version that a plugin's own data names.
+QVersionNumber qtVersionIn(const QJsonObject &metaData)
+{
+    const int version = metaData["version"].toInt();
+    return {version >> 16, version >> 8 & 0xff, version & 0xff};
+}
+
+/// That the file's own data call it the data plugin, for this Qt.
+void checkMetaData(const QString &file, const QJsonObject &metaData)
+{
+    const QString identifier = metaData["IID"].toString();
+    const QString expected = qobject_interface_iid<ITavDataPlugin *>();
+    if (identifier.isEmpty()) {
+        throw TavPluginError(Kind::NotAPlugin, file, "not a Qt plugin");
+    }
+    if (identifier != expected) {
+        throw TavPluginError(
+            Kind::OtherPlugin, file,
+            QString(R"(another plugin: its identifier is "%1" and not "%2")").arg(identifier, expected));
+    }
+    const QVersionNumber built = qtVersionIn(metaData);
+    const QVersionNumber running = QVersionNumber::fromString(qVersion());
+    if (built.majorVersion() != running.majorVersion() || built.minorVersion() > running.minorVersion()) {
+        throw TavPluginError(Kind::OtherQt, file,
+                             QString("built with Qt %1, but this is Qt %2").arg(built.toString(), running.toString()));
+    }
+}
+
+/// A C++ symbol as it stands in the source.
+QString demangled(const QString &symbol)
+{
+    char *const text = abi::__cxa_demangle(symbol.toUtf8().constData(), nullptr, nullptr, nullptr);
+    const QString found = text ? QString::fromUtf8(text) : symbol;
+    std::free(text); // NOLINT(cppcoreguidelines-no-malloc): the runtime library allocates it so
+    return found;
+}
+
+/// Loads the library into the process, for good. By the linker itself, whose reason Qt would wrap into a sentence of
+/// its own, and with all symbols at once: a missing function would otherwise end the process when it is called.
+void loadLibrary(const QString &file, const QString &path)
+{
+    if (dlopen(QFile::encodeName(path).constData(), RTLD_NOW | RTLD_NODELETE)) {
+        return;
+    }
+    const QString reason = QString::fromLocal8Bit(dlerror()); // NOLINT(concurrency-mt-unsafe): glibc's is the thread's
+    const QString symbol = reason.section(": undefined symbol: ", 1).section(',', 0, 0);
+    if (!symbol.isEmpty()) {
+        throw TavPluginError(Kind::UndefinedSymbol, file, "cannot be loaded: it lacks the symbol " + demangled(symbol));
+    }
+    // The linker names the first library that is missing, and no other.
+    const QStringList missing = missingLibraries(path);
+    if (!missing.isEmpty()) {
+        throw TavPluginError(Kind::MissingLibrary, file, "cannot be loaded: it lacks " + missing.join(", "));
+    }
+    throw TavPluginError(Kind::NotLoadable, file, "cannot be loaded: " + reason);
+}
+
+/// @brief The current registry for as long as it lives: notes what is registered and passes it on.
+class Recorder final : public ITavObjectMgr
+{
+public:
+    explicit Recorder(TavObjectMgr &registry) : m_registry(registry)
+    {
+        TavGlobalInfoMgr::setObjectMgr(this);
+        m_sinceLastRegistration.start();
+    }
+
+    ~Recorder()
+    {
+        TavGlobalInfoMgr::setObjectMgr(m_before);
+    }
+
+    Q_DISABLE_COPY(Recorder) // it stands in the place of the registry
+
+    QVector<TavRegistration> registrations() const
+    {
+        return m_registrations;
+    }
+
+    void registerObject(const STObjectKey &key, QObject *object, const bool &owned) override
+    {
+        if (object) { // the registry takes no other
+            m_registrations.append({key, object, m_sinceLastRegistration.nsecsElapsed()});
+        }
+        m_registry.registerObject(key, object, owned);
+        m_sinceLastRegistration.start();
+    }
+
+    QObject *getObject(const STObjectKey &key) override
+    {
+        return m_registry.getObject(key);
+    }
+
+    QVector<STObjectKey> getObjectKeys() override
+    {
+        return m_registry.getObjectKeys();
+    }
+
+private:
+    ITavObjectMgr *const m_before = TavGlobalInfoMgr::getObjectMgr();
+    TavObjectMgr &m_registry;
+    QElapsedTimer m_sinceLastRegistration;
+    QVector<TavRegistration> m_registrations;
+};
+
+QVector<TavRegistration> registerManagers(ITavDataPlugin &plugin, TavObjectMgr &registry)
+{
+    Recorder recorder(registry);
+    plugin.registerObj();
+    return recorder.registrations();
+}
+
+/// That every manager is there and has its interface. More of them are no mistake: a later plugin may have them.
+void checkManagers(const QString &file, TavObjectMgr &registry)
+{
+    QVector<STObjectKey> unknown = registry.getObjectKeys();
+    if (unknown.isEmpty()) {
+        throw TavPluginError(Kind::WrongManagers, file, "registers no managers");
+    }
+    QStringList mistakes;
+    for (const char *const name : tavManagerNames) {
+        const STObjectKey key = tavManagerKey(name);
+        QObject *const object = registry.getObject(key);
+        unknown.removeAll(key);
+        if (!object) {
+            mistakes.append(QString("%1 is missing").arg(name));
+        } else if (!object->qt_metacast(name)) {
+            mistakes.append(QString("%1 is a %2 without that interface").arg(name, object->metaObject()->className()));
+        }
+    }
+    if (mistakes.isEmpty()) {
+        return;
+    }
+    // A manager that is missing may stand under one of these.
+    for (const STObjectKey &key : qAsConst(unknown)) {
+        mistakes.append(QString("\"%1\" with the number %2 is none of them").arg(key.name).arg(key.id));
+    }
+    throw TavPluginError(Kind::WrongManagers, file,
+                         QString("registers other managers than the %1: ").arg(std::size(tavManagerNames))
+                             + mistakes.join(", "));
+}
+}
+
+TavPluginHost::TavPluginHost(const QString &file) : m_file(file)
+{
+    checkFile(file);
+    const QString path = QFileInfo(file).canonicalFilePath();
+    QPluginLoader loader(path);
+    checkMetaData(file, loader.metaData());
+
+    QElapsedTimer timer;
+    timer.start();
+    loadLibrary(file, path);
+    QObject *const root = loader.instance();
+    m_loadNanoseconds = timer.nsecsElapsed();
+    auto *const plugin = qobject_cast<ITavDataPlugin *>(root);
+    if (!plugin) {
+        throw TavPluginError(
+            Kind::NoInterface, file,
+            root
+                ? QString("its root object, a %1, has no interface ITavDataPlugin").arg(root->metaObject()->className())
+                : "it has no root object");
+    }
+    m_registrations = registerManagers(*plugin, m_registry);
+    checkManagers(file, m_registry);
+    TavGlobalInfoMgr::setObjectMgr(&m_registry);
+}
+
+TavPluginHost::~TavPluginHost()
+{
+    if (TavGlobalInfoMgr::getObjectMgr() == &m_registry) {
+        TavGlobalInfoMgr::setObjectMgr(nullptr);
+    }
+}
+
+QObject *TavPluginHost::managerObject(const char *interfaceName)
+{
+    return m_registry.getObject(tavManagerKey(interfaceName));
+}
+
+TavPluginFacts TavPluginHost::factsOf(const QString &file)
+{
+    if (!QFileInfo(file).isFile()) {
+        return {};
+    }
+    const ElfFile library(file);
+    const QJsonObject metaData = QPluginLoader(QFileInfo(file).canonicalFilePath()).metaData();
+    return {metaData["IID"].toString(), metaData["className"].toString(),
+            metaData.isEmpty() ? QString() : qtVersionIn(metaData).toString(),
+            library.hasMark() ? library.machine().name() : QString()};
+}

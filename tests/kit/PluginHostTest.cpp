@@ -1,0 +1,423 @@
+#include "TavPluginHost.h"
+
+#include "ITavAuditMgr.h"
+#include "SpecialFile.h"
+#include "TavManagerNames.h"
+#include "TextFile.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QPointer>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <iterator>
+#include <optional>
+#include <unistd.h>
+
+using Kind = TavPluginError::Kind;
+
+namespace
+{
+const QString pluginFile(QStringLiteral(TAV_PLUGIN_FILE));
+
+QString fixture(const QString &name)
+{
+    return QString(TAV_FIXTURE_DIR "/lib%1.so").arg(name);
+}
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
+    return file.readAll();
+}
+
+/// Why the file is refused; fails the test when it is not.
+TavPluginError errorOf(const QString &file)
+{
+    try {
+        TavPluginHost host(file);
+    } catch (const TavPluginError &error) {
+        return error;
+    }
+    ADD_FAILURE() << qPrintable(file) << " is taken for the data plugin";
+    return {Kind::NotLoadable, file, {}};
+}
+
+/// That the file is refused for this one reason, in these words.
+void expectRefused(const QString &file, Kind kind, const QString &problem, const QString &advice)
+{
+    const TavPluginError error = errorOf(file);
+    EXPECT_EQ(int(error.kind()), int(kind)) << error.what();
+    EXPECT_EQ(error.problem(), problem);
+    EXPECT_EQ(error.advice(), advice);
+    EXPECT_EQ(error.file(), file);
+    EXPECT_EQ(QString(error.what()), file + ": " + problem + "; " + advice);
+}
+
+const QString nameIt("name libTavDataPlugin.so");
+
+class PluginHost : public testing::Test
+{
+protected:
+    /// A copy of the built plugin with some bytes changed.
+    QString patched(const QVector<QPair<int, int>> &bytes)
+    {
+        QByteArray content = contentOf(pluginFile);
+        for (const auto &[at, value] : bytes) {
+            content[at] = char(value);
+        }
+        return copy(content);
+    }
+
+    QString copy(const QByteArray &content)
+    {
+        const QString path = directory.filePath(QString("%1.so").arg(++copies));
+        writeFile(path, content);
+        return path;
+    }
+
+    const QTemporaryDir directory;
+    int copies = 0;
+};
+
+/// @brief For as long as it lives this process has the rights of somebody who owns nothing.
+class RightsOfNobody
+{
+public:
+    RightsOfNobody()
+    {
+        isNobody = geteuid() != 0 || seteuid(65534) == 0;
+    }
+
+    ~RightsOfNobody()
+    {
+        EXPECT_EQ(seteuid(m_before), 0);
+    }
+
+    Q_DISABLE_COPY(RightsOfNobody)
+
+    bool isNobody;
+
+private:
+    const uid_t m_before = geteuid();
+};
+
+// Of the header of an ELF file.
+constexpr int classAt = 4;
+constexpr int byteOrderAt = 5;
+constexpr int typeAt = 16;
+constexpr int machineAt = 18;
+constexpr int x86 = 3;
+constexpr int x86_64 = 62;
+constexpr int aarch64 = 183;
+
+#ifdef __aarch64__
+constexpr int otherMachine = x86_64;
+const QString ownName("AArch64");
+const QString otherName("x86-64");
+#else
+constexpr int otherMachine = aarch64;
+const QString ownName("x86-64");
+const QString otherName("AArch64");
+#endif
+}
+
+TEST_F(PluginHost, NeedsNoApplicationObject)
+{
+    ASSERT_EQ(QCoreApplication::instance(), nullptr);
+    TavPluginHost host(pluginFile);
+    EXPECT_NE(host.manager<ITavAuditMgr>(), nullptr);
+}
+
+TEST_F(PluginHost, IsTheClientsRegistryAsLongAsItLives)
+{
+    ITavObjectMgr *const builtIn = TavGlobalInfoMgr::getObjectMgr();
+    QPointer<QObject> manager;
+    {
+        TavPluginHost host(pluginFile);
+        EXPECT_NE(TavGlobalInfoMgr::getObjectMgr(), builtIn);
+        EXPECT_EQ(tavObject<ITavAuditMgr>(), host.manager<ITavAuditMgr>());
+        manager = host.managerObject("ITavAuditMgr");
+        EXPECT_FALSE(manager.isNull());
+    }
+    EXPECT_EQ(TavGlobalInfoMgr::getObjectMgr(), builtIn);
+    EXPECT_EQ(tavObject<ITavAuditMgr>(), nullptr);
+    EXPECT_TRUE(manager.isNull());
+}
+
+TEST_F(PluginHost, HasFreshManagersEachTime)
+{
+    for (int i = 0; i < 3; ++i) {
+        TavPluginHost host(pluginFile);
+        auto *const manager = host.manager<ITavAuditMgr>();
+        ASSERT_NE(manager, nullptr);
+        EXPECT_EQ(manager->getAuditCount().count, 0);
+        manager->setAuditCount({7});
+    }
+}
+
+TEST_F(PluginHost, LeavesTheRegistryOfANewerHostInPlace)
+{
+    std::optional<TavPluginHost> older(pluginFile);
+    TavPluginHost newer(pluginFile);
+    EXPECT_NE(older->managerObject("ITavAuditMgr"), newer.managerObject("ITavAuditMgr"));
+    older.reset();
+    EXPECT_EQ(tavObject<ITavAuditMgr>(), newer.manager<ITavAuditMgr>());
+}
+
+TEST_F(PluginHost, LeavesTheRegistryInPlaceWhenItRefusesAFile)
+{
+    TavPluginHost host(pluginFile);
+    for (const char *const name : {"OtherPlugin", "NoInterfacePlugin", "NoManagersPlugin", "FourteenManagersPlugin"}) {
+        errorOf(fixture(name));
+        EXPECT_EQ(tavObject<ITavAuditMgr>(), host.manager<ITavAuditMgr>()) << name;
+    }
+}
+
+TEST_F(PluginHost, TellsWhatThePluginRegisteredAndInWhichOrder)
+{
+    TavPluginHost host(pluginFile);
+    EXPECT_EQ(host.file(), pluginFile);
+    EXPECT_GT(host.loadNanoseconds(), 0);
+    ASSERT_EQ(host.registrations().size(), int(std::size(tavManagerNames)));
+    for (int i = 0; i < host.registrations().size(); ++i) {
+        const TavRegistration &registration = host.registrations()[i];
+        EXPECT_EQ(registration.key, tavManagerKey(tavManagerNames[i]));
+        EXPECT_EQ(registration.object, host.managerObject(tavManagerNames[i]));
+        EXPECT_GT(registration.nanoseconds, 0);
+    }
+}
+
+TEST_F(PluginHost, TakesWhatPagesRegisterLaterAndDoesNotCallItThePlugins)
+{
+    TavPluginHost host(pluginFile);
+    auto *const controller = new QObject;
+    TavGlobalInfoMgr::getObjectMgr()->registerObject(tavManagerKey("IPageController"), controller, true);
+    EXPECT_EQ(host.managerObject("IPageController"), controller);
+    EXPECT_EQ(host.registrations().size(), int(std::size(tavManagerNames)));
+}
+
+TEST_F(PluginHost, FindsAFileByARelativeNameAndBehindALink)
+{
+    ASSERT_TRUE(QFile::link(pluginFile, directory.filePath("link.so")));
+    const QString before = QDir::currentPath();
+    ASSERT_TRUE(QDir::setCurrent(directory.path()));
+    TavPluginHost host("link.so");
+    ASSERT_TRUE(QDir::setCurrent(before));
+    EXPECT_NE(host.manager<ITavAuditMgr>(), nullptr);
+}
+
+TEST_F(PluginHost, TakesALaterPluginWithMoreManagers)
+{
+    TavPluginHost host(fixture("SixteenManagersPlugin"));
+    EXPECT_EQ(host.registrations().size(), 16);
+}
+
+TEST_F(PluginHost, TellsTheFactsOfAFile)
+{
+    const TavPluginFacts facts = TavPluginHost::factsOf(pluginFile);
+    EXPECT_EQ(facts.identifier, "Tav_ORG_ITavDtaPlugin");
+    EXPECT_EQ(facts.className, "TavDataPlugin");
+    EXPECT_EQ(facts.qtVersion, QString("%1.%2.0").arg(QT_VERSION_MAJOR).arg(QT_VERSION_MINOR));
+    EXPECT_EQ(facts.machine, ownName);
+    const TavPluginFacts others = TavPluginHost::factsOf(fixture("OtherPlugin"));
+    EXPECT_EQ(others.identifier, "org.example.OtherPlugin");
+    EXPECT_EQ(others.className, "OtherPlugin");
+}
+
+TEST_F(PluginHost, TellsNoFactsWhereThereAreNone)
+{
+    ASSERT_TRUE(SpecialFile::makePipe(directory.filePath("pipe")));
+    for (const QString &file : {directory.filePath("none"), directory.path(), directory.filePath("pipe"), copy("")}) {
+        const TavPluginFacts facts = TavPluginHost::factsOf(file);
+        EXPECT_EQ(facts.identifier + facts.className + facts.qtVersion + facts.machine, "") << qPrintable(file);
+    }
+}
+
+TEST_F(PluginHost, NamesAFileThatIsNotThere)
+{
+    for (const QString &file : {directory.filePath("none.so"), pluginFile + "/none.so", QString()}) {
+        expectRefused(file, Kind::NoSuchFile, "there is no such file", "install the plugin, or name its file");
+    }
+}
+
+TEST_F(PluginHost, DoesNotTakeAnotherFileForOneThatIsNotThere)
+{
+    // Qt's loader would find it under the name without "lib" and ".so".
+    ASSERT_TRUE(QFile::link(pluginFile, directory.filePath("libplugin.so")));
+    expectRefused(directory.filePath("plugin"), Kind::NoSuchFile, "there is no such file",
+                  "install the plugin, or name its file");
+    EXPECT_EQ(TavPluginHost::factsOf(directory.filePath("plugin")).identifier, "");
+}
+
+TEST_F(PluginHost, NamesWhatIsNoRegularFile)
+{
+    ASSERT_TRUE(SpecialFile::makePipe(directory.filePath("pipe")));
+    for (const QString &file : {directory.path(), directory.filePath("pipe"), QString("/dev/null")}) {
+        expectRefused(file, Kind::NotAFile, "not a regular file", nameIt);
+    }
+}
+
+TEST_F(PluginHost, NamesTheRightThatIsMissing)
+{
+    const QString file = copy(contentOf(pluginFile));
+    const QString inside = directory.filePath("locked/plugin.so");
+    writeFile(inside, contentOf(pluginFile));
+    ASSERT_TRUE(QFile::setPermissions(file, {}));
+    ASSERT_TRUE(QFile::setPermissions(directory.filePath("locked"), {}));
+    ASSERT_TRUE(QFile::setPermissions(
+        directory.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
+    {
+        const RightsOfNobody rights;
+        ASSERT_TRUE(rights.isNobody);
+        for (const QString &locked : {file, inside}) {
+            expectRefused(locked, Kind::NotReadable, "cannot be read: Permission denied", "let this user read it");
+        }
+    }
+    ASSERT_TRUE(QFile::setPermissions(directory.filePath("locked"),
+                                      QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner)); // so that it can go
+}
+
+TEST_F(PluginHost, NamesWhatIsNoSharedLibrary)
+{
+    for (const QString &file : {QString(TAV_SOURCE_DIR "/CMakeLists.txt"), copy(""), copy("\177EL"),
+                                patched({{typeAt, 1}}), patched({{typeAt, 2}})}) {
+        expectRefused(file, Kind::NotALibrary, "not a shared library", nameIt);
+    }
+}
+
+TEST_F(PluginHost, NamesALibraryThatIsCutOff)
+{
+    const QByteArray whole = contentOf(pluginFile);
+    for (const int size : {4, 19, 20, 63, 64, 200, 4096, whole.size() / 2, whole.size() - 4096, whole.size() - 1}) {
+        SCOPED_TRACE(size);
+        expectRefused(copy(whole.left(size)), Kind::CutOff, "cut off: it ends before what its headers announce",
+                      "install the plugin again");
+    }
+}
+
+TEST_F(PluginHost, NamesTheMachineThatALibraryWasBuiltFor)
+{
+    const struct {
+        QString file;
+        QString machine;
+    } rows[] = {
+        {patched({{machineAt, otherMachine}}), otherName},
+        {patched({{classAt, 1}, {machineAt, x86}}), "x86"},
+        {patched({{byteOrderAt, 2}, {machineAt, 0}, {machineAt + 1, aarch64}}), "big-endian AArch64"},
+        {patched({{machineAt, 22}}), "machine 22"},
+    };
+    for (const auto &row : rows) {
+        expectRefused(row.file, Kind::OtherMachine,
+                      QString("built for %1, but this program for %2").arg(row.machine, ownName),
+                      "install the plugin for " + ownName);
+        EXPECT_EQ(errorOf(row.file).effect(), "no client for " + ownName + " can load it");
+    }
+}
+
+TEST_F(PluginHost, NamesTheWordSizeThatALibraryWasBuiltFor)
+{
+    expectRefused(patched({{classAt, 1}}), Kind::OtherWordSize, "built for words of 32 bits, but this program for 64",
+                  "install the plugin for " + ownName);
+}
+
+TEST_F(PluginHost, NamesALibraryThatIsNoPlugin)
+{
+    expectRefused(TAV_COMMON_FILE, Kind::NotAPlugin, "not a Qt plugin", nameIt);
+}
+
+TEST_F(PluginHost, NamesAnotherPluginAndRunsNothingOfIt)
+{
+    expectRefused(fixture("OtherPlugin"), Kind::OtherPlugin,
+                  R"(another plugin: its identifier is "org.example.OtherPlugin" and not "Tav_ORG_ITavDtaPlugin")",
+                  nameIt);
+}
+
+TEST_F(PluginHost, NamesTheQtThatAPluginWasBuiltWith)
+{
+    // Behind the mark stand a format, the major and the minor version.
+    const int mark = contentOf(pluginFile).indexOf("QTMETADATA !");
+    ASSERT_GT(mark, 0);
+    const QString advice = "build the plugin with Qt " + QString(qVersion()).section('.', 0, 1);
+    const QString problem = "built with Qt %1, but this is Qt " + QString(qVersion());
+    expectRefused(patched({{mark + 14, 99}}), Kind::OtherQt, problem.arg("5.99.0"), advice);
+    expectRefused(patched({{mark + 13, 6}, {mark + 14, 0}}), Kind::OtherQt, problem.arg("6.0.0"), advice);
+    EXPECT_EQ(errorOf(patched({{mark + 14, 99}})).effect(),
+              "Qt refuses to load it: it takes plugins of its own or an earlier minor version");
+}
+
+TEST_F(PluginHost, TakesAPluginOfAnEarlierQt)
+{
+    TavPluginHost host(patched({{contentOf(pluginFile).indexOf("QTMETADATA !") + 14, 9}}));
+    EXPECT_NE(host.manager<ITavAuditMgr>(), nullptr);
+}
+
+TEST_F(PluginHost, NamesTheLibraryThatIsMissing)
+{
+    expectRefused(fixture("MissingLibraryPlugin"), Kind::MissingLibrary, "cannot be loaded: it lacks libTavAbsent.so",
+                  "install what it lacks");
+}
+
+TEST_F(PluginHost, NamesAllLibrariesThatAreMissing)
+{
+    const QString file = copy(contentOf(pluginFile)
+                                  .replace("libTavCommon.so.1", "libTavComm0n.so.1")
+                                  .replace("libstdc++.so.6", "libstdc--.so.6"));
+    expectRefused(file, Kind::MissingLibrary, "cannot be loaded: it lacks libTavComm0n.so.1, libstdc--.so.6",
+                  "install what it lacks");
+}
+
+TEST_F(PluginHost, NamesTheSymbolThatIsUndefined)
+{
+    expectRefused(fixture("UndefinedSymbolPlugin"), Kind::UndefinedSymbol,
+                  "cannot be loaded: it lacks the symbol tavNowhere(int)",
+                  "install the libraries that it was built with");
+}
+
+TEST_F(PluginHost, PassesOnAnyOtherReasonOfTheLoader)
+{
+    const QString file = copy(contentOf(pluginFile).replace(QByteArray("\0Qt_5\0", 6), QByteArray("\0Qt_9\0", 6)));
+    const TavPluginError error = errorOf(file);
+    EXPECT_EQ(int(error.kind()), int(Kind::NotLoadable));
+    EXPECT_TRUE(error.problem().startsWith("cannot be loaded: ")) << error.what();
+    EXPECT_TRUE(error.problem().contains("version `Qt_9' not found")) << error.what();
+}
+
+TEST_F(PluginHost, NamesARootObjectWithoutTheInterface)
+{
+    expectRefused(fixture("NoInterfacePlugin"), Kind::NoInterface,
+                  "its root object, a NoInterfacePlugin, has no interface ITavDataPlugin", nameIt);
+}
+
+TEST_F(PluginHost, NamesAPluginThatRegistersNothing)
+{
+    expectRefused(fixture("NoManagersPlugin"), Kind::WrongManagers, "registers no managers",
+                  "install the plugin that belongs to this client");
+}
+
+TEST_F(PluginHost, NamesTheManagerThatIsMissing)
+{
+    expectRefused(fixture("FourteenManagersPlugin"), Kind::WrongManagers,
+                  "registers other managers than the 15: ITavAuditMgr is missing, "
+                  "\"MisspeltITavAuditMgr_Tav_ORG\" with the number -9999 is none of them, "
+                  "\"ITavLaterMgr_Tav_ORG\" with the number -9999 is none of them",
+                  "install the plugin that belongs to this client");
+}
+
+TEST_F(PluginHost, NamesAnObjectThatIsNotTheManagerOfItsKey)
+{
+    expectRefused(fixture("OtherManagerPlugin"), Kind::WrongManagers,
+                  "registers other managers than the 15: ITavNetControlMgr is a QObject without that interface, "
+                  "\"ITavLaterMgr_Tav_ORG\" with the number -9999 is none of them",
+                  "install the plugin that belongs to this client");
+}
+
+/// Without an application object, which the host is to do without.
+int main(int argc, char **argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    return RUN_ALL_TESTS();
+}

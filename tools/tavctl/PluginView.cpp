@@ -1,0 +1,110 @@
+#include "PluginView.h"
+
+#include "PluginCheck.h"
+#include "Presentation.h"
+#include "TextTable.h"
+#include "ToolError.h"
+
+#include <QDir>
+
+namespace
+{
+const QLatin1String suffix("_Tav_ORG");
+
+QString interfaceName(const STObjectKey &key)
+{
+    return key.name.endsWith(suffix) ? key.name.chopped(suffix.size()) : key.name;
+}
+
+/// The interface's name when the object really has it, which pages rely on.
+QString interfaceOf(const TavRegistration &manager)
+{
+    const QString name = interfaceName(manager.key);
+    return manager.object->qt_metacast(name.toUtf8().constData()) ? name : QStringLiteral("-");
+}
+
+ExitCode exitCodeFor(TavPluginError::Kind kind)
+{
+    using Kind = TavPluginError::Kind;
+    switch (kind) {
+    case Kind::NoSuchFile:
+    case Kind::NotAFile:
+        return ExitCode::NoPluginFile;
+    case Kind::OtherPlugin:
+    case Kind::WrongManagers:
+        return ExitCode::OtherPlugin;
+    default:
+        return ExitCode::NotLoadable;
+    }
+}
+
+QString addressOf(const QObject *object)
+{
+    return QStringLiteral("0x%1").arg(reinterpret_cast<quintptr>(object), 0, 16);
+}
+}
+
+TavPluginHost loadPlugin(const QString &file)
+{
+    try {
+        return TavPluginHost(file);
+    } catch (const TavPluginError &error) {
+        throw ToolError(exitCodeFor(error.kind()),
+                        QString("%1: %2; %3").arg(file, error.problem(), pluginAdvice(error)));
+    }
+}
+
+QJsonObject pluginJson(const TavPluginHost &host)
+{
+    const TavPluginFacts facts = TavPluginHost::factsOf(host.file());
+    return {
+        {QStringLiteral("file"), host.file()},
+        {QStringLiteral("identifier"), facts.identifier},
+        {QStringLiteral("className"), facts.className},
+        {QStringLiteral("qtVersion"), QLatin1String(qVersion())},
+        {QStringLiteral("loadMicroseconds"), static_cast<double>(host.loadNanoseconds()) / 1000},
+    };
+}
+
+QJsonArray registryJson(const TavPluginHost &host)
+{
+    QJsonArray rows;
+    for (const TavRegistration &manager : host.registrations()) {
+        rows.append(QJsonObject{
+            {QStringLiteral("order"), rows.size() + 1},
+            {QStringLiteral("key"), manager.key.name},
+            {QStringLiteral("id"), manager.key.id},
+            {QStringLiteral("class"), QLatin1String(manager.object->metaObject()->className())},
+            {QStringLiteral("interface"), interfaceOf(manager)},
+            {QStringLiteral("address"), addressOf(manager.object)},
+            {QStringLiteral("microseconds"), static_cast<double>(manager.nanoseconds) / 1000},
+        });
+    }
+    return rows;
+}
+
+void printPlugin(const TavPluginHost &host)
+{
+    const TavPluginFacts facts = TavPluginHost::factsOf(host.file());
+    printHeading(QStringLiteral("Plugin"));
+    printLine(QStringLiteral("%1\n%2, class %3, loaded by Qt %4 in %5 µs")
+                  .arg(QDir::cleanPath(host.file()), facts.identifier, facts.className, QLatin1String(qVersion()),
+                       microseconds(host.loadNanoseconds())));
+}
+
+void printRegistry(const TavPluginHost &host)
+{
+    printHeading(QStringLiteral("Registry: %1 managers").arg(host.registrations().size()));
+    TextTable table({{QStringLiteral("#"), TextTable::Right},
+                     {QStringLiteral("key")},
+                     {QStringLiteral("class")},
+                     {QStringLiteral("interface")},
+                     {QStringLiteral("address")},
+                     {QStringLiteral("µs to create"), TextTable::Right}});
+    for (const TavRegistration &manager : host.registrations()) {
+        table.addRow({QString::number(table.rowCount() + 1), manager.key.name,
+                      QLatin1String(manager.object->metaObject()->className()), interfaceOf(manager),
+                      addressOf(manager.object), microseconds(manager.nanoseconds)});
+    }
+    table.print();
+}
