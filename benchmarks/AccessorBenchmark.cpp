@@ -1,11 +1,9 @@
 // Getters and setters against the bare lock and copy of the same type.
 
 #include "Comparison.h"
-#include "ITavDevCtlMgr.h"
-#include "ITavHostInfoMgr.h"
-#include "ITavNetControlMgr.h"
 #include "LoadedPlugin.h"
 #include "SampleMessages.h"
+#include "TavOperations.h"
 
 #include <QMutex>
 
@@ -42,11 +40,15 @@ struct Bare {
     }
 };
 
-/// The rows for one accessor pair of @p Manager, called with a value that @p makeValue makes. The pair is known when
-/// this is compiled, as in a page: a call through a pointer would cost more.
-template<class Manager, class T, T (Manager::*getter)(), void (Manager::*setter)(const T &)>
-void addAccessorRows(const std::string &kind, T (*makeValue)())
+/// The rows for one accessor pair, called with a value that @p makeValue makes. The pair is known when this is
+/// compiled, as in a page: a call through a pointer would cost more.
+template<class Setter, class Getter>
+void addPairRows(const std::string &kind, typename Getter::Result (*makeValue)())
 {
+    using Manager = typename Getter::Interface;
+    using T = typename Getter::Result;
+    constexpr auto setter = Setter::member;
+    constexpr auto getter = Getter::member;
     struct Fixture {
         LoadedPlugin plugin;
         Manager *manager = plugin.manager<Manager>();
@@ -73,6 +75,18 @@ void addAccessorRows(const std::string &kind, T (*makeValue)())
         };
         return Row{manyCalls([=] { (fixture->manager->*setter)(fixture->value); }),
                    {{"bare lock and copy", manyCalls(bareSet), goal}}};
+    });
+}
+
+/// The rows for the pair of @p Manager that holds a value of type @p T.
+template<class Manager, class T>
+void addAccessorRows(const std::string &kind, T (*makeValue)())
+{
+    TavOperations::forEachPair<Manager>([&](const auto &setter, const auto &getter) {
+        using Getter = std::decay_t<decltype(getter)>;
+        if constexpr (std::is_same_v<typename Getter::Result, T>) {
+            addPairRows<std::decay_t<decltype(setter)>, Getter>(kind, makeValue);
+        }
     });
 }
 
@@ -105,13 +119,11 @@ void addListLengthRow()
 
 void Comparison::addRows()
 {
-    addAccessorRows<ITavNetControlMgr, Tav::Base::CommandStateAsr, &ITavNetControlMgr::getState,
-                    &ITavNetControlMgr::setState>("small message", smallMessage);
-    addAccessorRows<ITavDevCtlMgr, Tav::DevControl::DevUsbInfoList, &ITavDevCtlMgr::getUsbInfoList,
-                    &ITavDevCtlMgr::setUsbInfoList>("message of 1,000 entries", [] { return messageOfEntries(1000); });
-    addAccessorRows<ITavHostInfoMgr, STResourceInfoAsr, &ITavHostInfoMgr::getResourceInfo,
-                    &ITavHostInfoMgr::setResourceInfo>("plain record", resourceInfo);
-    addAccessorRows<ITavNetControlMgr, QVector<STProtoDataContainer>, &ITavNetControlMgr::getUIData,
-                    &ITavNetControlMgr::setUIData>("list of 100,000 rows", [] { return rowsOf(100000); });
+    addAccessorRows<ITavNetControlMgr, Tav::Base::CommandStateAsr>("small message", smallMessage);
+    addAccessorRows<ITavDevCtlMgr, Tav::DevControl::DevUsbInfoList>("message of 1,000 entries",
+                                                                    [] { return messageOfEntries(1000); });
+    addAccessorRows<ITavHostInfoMgr, STResourceInfoAsr>("plain record", resourceInfo);
+    addAccessorRows<ITavNetControlMgr, QVector<STProtoDataContainer>>("list of 100,000 rows",
+                                                                      [] { return rowsOf(100000); });
     addListLengthRow();
 }

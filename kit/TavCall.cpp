@@ -4,10 +4,7 @@
 #include "TavJson.h"
 #include "TavNearestText.h"
 #include "TavOperations.h"
-
-#include <cxxabi.h>
-
-#include <cstdlib>
+#include "TavTypeName.h"
 
 namespace
 {
@@ -22,14 +19,6 @@ struct CallTable {
 QString text(std::string_view view)
 {
     return QString::fromUtf8(view.data(), static_cast<int>(view.size()));
-}
-
-template<class Type>
-QString typeName()
-{
-    const std::unique_ptr<char, decltype(&std::free)> name(
-        abi::__cxa_demangle(typeid(Type).name(), nullptr, nullptr, nullptr), &std::free);
-    return QString::fromUtf8(name.get());
 }
 
 template<class Values, std::size_t... i>
@@ -73,8 +62,8 @@ template<class Values, std::size_t... i>
 QVector<TavCall::Argument> argumentsOf([[maybe_unused]] const std::array<std::string_view, sizeof...(i)> &names,
                                        std::index_sequence<i...>)
 {
-    return {
-        {text(names[i]), typeName<std::tuple_element_t<i, Values>>(), isObject<std::tuple_element_t<i, Values>>}...};
+    return {{text(names[i]), tavTypeName(typeid(std::tuple_element_t<i, Values>)),
+             isObject<std::tuple_element_t<i, Values>>}...};
 }
 
 const CallTable &table()
@@ -86,7 +75,8 @@ const CallTable &table()
             constexpr auto indexes = std::make_index_sequence<Operation::argumentCount>();
             table.operations.append({qobject_interface_iid<typename Operation::Interface *>(), text(operation.name),
                                      argumentsOf<typename Operation::Values>(operation.argumentNames, indexes),
-                                     typeName<typename Operation::Result>(), operation.isIndeterminateAtFirst});
+                                     tavTypeName(typeid(typename Operation::Result)),
+                                     operation.isIndeterminateAtFirst});
             table.prepare.append(prepare<Operation>);
         });
         return table;

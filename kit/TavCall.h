@@ -19,7 +19,7 @@ namespace TavCall
 {
 /// @brief One argument of an operation.
 struct Argument {
-    QString name;
+    QString name; ///< as an object of arguments names it
     QString type; ///< without const and reference, such as "QVector<STPriDetailAsr>"
     bool isObject; ///< its JSON is an object: a record or a message
 };
@@ -27,8 +27,8 @@ struct Argument {
 /// @brief One operation.
 struct Operation {
     QString manager; ///< name of the interface
-    QString name;
-    QVector<Argument> arguments;
+    QString name; ///< shared by overloads
+    QVector<Argument> arguments; ///< in their order
     QString result; ///< its type; "void" for none
     bool isIndeterminateAtFirst; ///< returns whatever the memory held until its setter has been called once
 

@@ -8,6 +8,7 @@
 class TavCallError : public std::runtime_error
 {
 public:
+    /// Says that @p problem is what is wrong at @p path.
     TavCallError(const QString &path, const QString &problem)
         : std::runtime_error((path.isEmpty() ? problem : path + QLatin1String(": ") + problem).toStdString())
         , m_path(path)

@@ -58,11 +58,21 @@ struct Operation : Signature<decltype(Member)> {
     std::string_view name;
     std::array<std::string_view, argumentCount> argumentNames;
     bool isIndeterminateAtFirst = false; ///< returns whatever the memory held until the setter has been called once
+    std::string_view editedList = {}; ///< name of the getter of the list of which it overwrites one row; empty for none
+    std::string_view foundBy = {}; ///< the fields by which it finds that row
 
     constexpr Operation indeterminateAtFirst() const
     {
         Operation marked = *this;
         marked.isIndeterminateAtFirst = true;
+        return marked;
+    }
+
+    constexpr Operation overwritesRowOf(std::string_view getter, std::string_view key) const
+    {
+        Operation marked = *this;
+        marked.editedList = getter;
+        marked.foundBy = key;
         return marked;
     }
 };
@@ -135,7 +145,7 @@ struct Table<ITavAccessControlMgr> {
         op<&I::getSystemUsers>("getSystemUsers"),
         op<&I::updateUIUsers>("updateUIUsers", "users"),
         op<&I::getUIUsers>("getUIUsers"),
-        op<&I::updateUIUser>("updateUIUser", "user"),
+        op<&I::updateUIUser>("updateUIUser", "user").overwritesRowOf("getUIUsers", "userName"),
         op<&I::uncheckAllUIUsers>("uncheckAllUIUsers"),
         op<&I::getCheckObjectLevel>("getCheckObjectLevel"),
         op<&I::updateUserDetail>("updateUserDetail", "key", "details"),
@@ -144,17 +154,19 @@ struct Table<ITavAccessControlMgr> {
         op<&I::getCheckPriLevel>("getCheckPriLevel"),
         op<&I::hasUserDetail>("hasUserDetail", "userName"),
         op<overload<void(const QVector<STAccessSetUIData> &)>(&I::updateUIPriData)>("updateUIPriData", "levels"),
-        op<overload<void(const STAccessSetUIData &)>(&I::updateUIPriData)>("updateUIPriData", "level"),
+        op<overload<void(const STAccessSetUIData &)>(&I::updateUIPriData)>("updateUIPriData", "level")
+            .overwritesRowOf("getUIPriData", "level"),
         op<&I::getUIPriData>("getUIPriData"),
         op<&I::updateObjectDetail>("updateObjectDetail", "key", "flag", "details"),
         op<overload<QVector<STObjectDetailAsr>(int, bool)>(&I::getObjectDetail)>("getObjectDetail", "key", "flag"),
         op<overload<QVector<STObjectDetailAsr>()>(&I::getObjectDetail)>("getObjectDetail"),
         op<overload<void(const QVector<STAccessSetUIData> &)>(&I::updateUIObjectData)>("updateUIObjectData", "levels"),
-        op<overload<void(const STAccessSetUIData &)>(&I::updateUIObjectData)>("updateUIObjectData", "level"),
+        op<overload<void(const STAccessSetUIData &)>(&I::updateUIObjectData)>("updateUIObjectData", "level")
+            .overwritesRowOf("getUIObjectData", "level"),
         op<&I::getUIObjectData>("getUIObjectData"),
         op<&I::updateUIFiles>("updateUIFiles", "files"),
         op<&I::getUIFiles>("getUIFiles"),
-        op<&I::updateUIFile>("updateUIFile", "file"),
+        op<&I::updateUIFile>("updateUIFile", "file").overwritesRowOf("getUIFiles", "fileName and filePath"),
         op<&I::setObjectCount>("setObjectCount", "count", "flag", "key"),
         op<&I::getObjectCount>("getObjectCount", "flag", "key"),
         op<&I::setModeConfig>("setModeConfig", "config"),
@@ -198,7 +210,7 @@ struct Table<ITavCompleteProtectMgr> {
         op<&I::getCredibleMode>("getCredibleMode"),
         op<&I::setCredibleVecUI>("setCredibleVecUI", "rows"),
         op<&I::getCredibleVecUI>("getCredibleVecUI"),
-        op<&I::setCredibleImteUI>("setCredibleImteUI", "item"),
+        op<&I::setCredibleImteUI>("setCredibleImteUI", "item").overwritesRowOf("getCredibleVecUI", "index"),
     };
 };
 
@@ -249,7 +261,7 @@ struct Table<ITavProtectMgr> {
         op<&I::getSoftUnloadContent>("getSoftUnloadContent"),
         op<&I::setSoftUnloadMode>("setSoftUnloadMode", "mode"),
         op<&I::getSoftUnloadMode>("getSoftUnloadMode"),
-        op<&I::updateUIItem>("updateUIItem", "item"),
+        op<&I::updateUIItem>("updateUIItem", "item").overwritesRowOf("getProtectUIData", "itemKey"),
         op<&I::setUIAllCheck>("setUIAllCheck", "check"),
     };
 };
@@ -339,7 +351,7 @@ struct Table<ITavNetControlMgr> {
         op<&I::getDeviceInfo>("getDeviceInfo"),
         op<&I::setRuleInfo>("setRuleInfo", "info"),
         op<&I::getRuleInfo>("getRuleInfo"),
-        op<&I::updateUIItem>("updateUIItem", "item"),
+        op<&I::updateUIItem>("updateUIItem", "item").overwritesRowOf("getUIData", "index, the position in the list"),
         op<&I::setAllCheck>("setAllCheck", "check"),
         op<&I::reverseDeviceState>("reverseDeviceState", "index"),
         op<&I::reverseDevicesState>("reverseDevicesState"),
@@ -387,7 +399,8 @@ struct Table<ITavProExceptionMgr> {
         op<&I::getPriException>("getPriException"),
         op<overload<void(const QVector<STProtoDataContainer> &)>(&I::setUIData)>("setUIData", "rows"),
         op<&I::getUIData>("getUIData"),
-        op<overload<void(const STProtoDataContainer &)>(&I::setUIData)>("setUIData", "item"),
+        op<overload<void(const STProtoDataContainer &)>(&I::setUIData)>("setUIData", "item")
+            .overwritesRowOf("getUIData", "index"),
     };
 };
 

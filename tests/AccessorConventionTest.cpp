@@ -2,9 +2,6 @@
 #include "PluginHost.h"
 #include "SideBySide.h"
 
-#include "ITavFuncTypeMgr.h"
-#include "ITavPicResourceMgr.h"
-
 #include <gtest/gtest.h>
 
 #include <malloc.h>
@@ -169,10 +166,9 @@ protected:
     Manager *const manager = host.manager<Manager>();
 };
 
-using Managers
-    = testing::Types<ITavAccessControlMgr, ITavAuditMgr, ITavAuthInfoMgr, ITavCompleteProtectMgr, ITavDevCtlMgr,
-                     ITavFuncTypeMgr, ITavHostInfoMgr, ITavLineScanMgr, ITavNetControlMgr, ITavOneReinforceMgr,
-                     ITavPicResourceMgr, ITavProExceptionMgr, ITavProtectMgr, ITavSelectFuncMgr, ITavSystemConfigMgr>;
+template<class... Interfaces>
+testing::Types<Interfaces...> typesOf(TavTypeList<Interfaces...>);
+using Managers = decltype(typesOf(TavOperations::Interfaces()));
 TYPED_TEST_SUITE(ManagerConvention, Managers, ); // the comma is for clang, which wants the macro's last argument
 
 TYPED_TEST(ManagerConvention, GetObjectReturnsTheManagerItself)

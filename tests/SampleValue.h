@@ -1,11 +1,6 @@
 #pragma once
 
-#include "STAccessSetUIData.h"
-#include "STObjectAddUIData.h"
-#include "STPriAddUIData.h"
-#include "STProtoDataContainer.h"
-#include "STStateInfo.h"
-#include "STSystemProUIData.h"
+#include "TavFields.h"
 
 #include <QString>
 #include <QVector>
@@ -89,50 +84,47 @@ inline void fillMessage(google::protobuf::Message &message, int seed)
     }
 }
 
-inline void fill(STPriAddUIData &row, int seed)
+inline void fill(bool &flag, int seed)
 {
-    row = {seed % 2 != 0, text(seed), seed, text(-seed)};
+    flag = seed % 2 != 0;
 }
 
-inline void fill(STAccessSetUIData &row, int seed)
+inline void fill(QString &value, int seed)
 {
-    row = {seed, {text(seed), text(-seed)}, seed % 2 == 0, seed % 2 != 0};
+    value = text(seed);
 }
 
-inline void fill(STObjectAddUIData &row, int seed)
+inline void fill(std::string &bytes, int seed)
 {
-    row = {seed % 2 != 0, text(seed), text(-seed)};
+    bytes = std::string(40, '\0') + std::to_string(seed);
 }
 
-inline void fill(STSystemProUIData &row, int seed)
-{
-    row = {seed % 2 != 0, text(seed), text(-seed), text(1000 + seed), seed % 2 == 0};
-}
+template<class T>
+void fill(QVector<T> &list, int seed);
 
-inline void fill(STProtoDataContainer &row, int seed)
-{
-    row = {seed % 2 != 0, seed, std::string(40, '\0') + std::to_string(seed)};
-}
-
-inline void fill(STStateInfo &row, int seed)
-{
-    row = {text(seed), text(-seed)};
-}
-
-/// Messages, plain records and enumerations.
+/// Messages, records, numbers and enumerations.
 template<class T>
 void fill(T &value, int seed)
 {
     if constexpr (isMessage<T>) {
         fillMessage(value, seed);
-    } else {
-        static_assert(std::is_trivially_copyable_v<T>);
+    } else if constexpr (std::is_integral_v<T>) {
+        value = seed;
+    } else if constexpr (std::is_trivially_copyable_v<T>) {
         std::array<char, sizeof(T)> bytes;
         int next = 37 * seed;
         for (char &byte : bytes) {
             byte = static_cast<char>(next++);
         }
         std::memcpy(&value, bytes.data(), sizeof(T));
+    } else {
+        int own = seed;
+        TavFields::forEachField<T>([&](const auto &field) {
+            typename std::decay_t<decltype(field)>::Type content{};
+            fill(content, own);
+            value.*field.member = content;
+            own += 1001; // odd, so that of two flags one is set
+        });
     }
 }
 
@@ -171,46 +163,23 @@ inline std::string content(const QString &text)
 template<class T>
 std::string content(const QVector<T> &list);
 
-inline std::string content(const STPriAddUIData &row)
-{
-    return content(row.checked) + content(row.userName) + std::to_string(row.userNumber) + ' ' + content(row.userText);
-}
-
-inline std::string content(const STAccessSetUIData &row)
-{
-    return std::to_string(row.level) + ' ' + content(row.labels) + content(row.extraFlag) + content(row.checked);
-}
-
-inline std::string content(const STObjectAddUIData &row)
-{
-    return content(row.checked) + content(row.fileName) + content(row.filePath);
-}
-
-inline std::string content(const STSystemProUIData &row)
-{
-    return content(row.isChecked) + content(row.title) + content(row.itemKey) + content(row.detail)
-        + content(row.status);
-}
-
-inline std::string content(const STProtoDataContainer &row)
-{
-    return content(row.isChecked) + std::to_string(row.index) + ' ' + content(row.protoData);
-}
-
-inline std::string content(const STStateInfo &row)
-{
-    return content(row.itemText) + content(row.stateText);
-}
-
-/// Messages, plain records and enumerations.
+/// Messages, records, numbers and enumerations.
 template<class T>
 std::string content(const T &value)
 {
     if constexpr (isMessage<T>) {
         return value.SerializeAsString();
-    } else {
-        static_assert(std::is_trivially_copyable_v<T>);
+    } else if constexpr (std::is_integral_v<T>) {
+        return std::to_string(value) + ' ';
+    } else if constexpr (std::is_trivially_copyable_v<T>) {
         return std::string(reinterpret_cast<const char *>(&value), sizeof(T));
+    } else {
+        std::string all;
+        TavFields::forEachField<T>([&](const auto &field) {
+            const auto copy = value.*field.member; // packed records misalign their fields
+            all += content(copy);
+        });
+        return all;
     }
 }
 

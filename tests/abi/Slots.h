@@ -1,14 +1,9 @@
 #pragma once
 
-#include <QString>
-
-#include <cxxabi.h>
+#include "TavTypeName.h"
 
 #include <cstdint>
-#include <cstdlib>
 #include <cstring>
-#include <memory>
-#include <typeinfo>
 #include <vector>
 
 /// @brief One virtual operation: the place that the compiler gave it, and its declaration.
@@ -46,9 +41,7 @@ int slotIndex(Operation operation)
 template<class Function>
 QString declaration(const char *name)
 {
-    const std::unique_ptr<char, decltype(&std::free)> type(
-        abi::__cxa_demangle(typeid(Function).name(), nullptr, nullptr, nullptr), &std::free);
-    const QString text = QString::fromUtf8(type.get());
+    const QString text = tavTypeName(typeid(Function));
     const int arguments = text.indexOf(" (");
     return text.left(arguments) + ' ' + name + text.mid(arguments + 1);
 }

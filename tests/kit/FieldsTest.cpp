@@ -1,19 +1,7 @@
 #include "MemberName.h"
-#include "TavFields.h"
+#include "TavFieldValues.h"
 
 #include <gtest/gtest.h>
-
-#include <algorithm>
-
-namespace
-{
-template<class Field>
-std::size_t offsetOf(const Field &field)
-{
-    static const typename Field::Record record{};
-    return reinterpret_cast<const char *>(&(record.*field.member)) - reinterpret_cast<const char *>(&record);
-}
-}
 
 TEST(Fields, BearTheNamesOfTheirMembers)
 {
@@ -23,35 +11,41 @@ TEST(Fields, BearTheNamesOfTheirMembers)
     });
 }
 
-TEST(Fields, LeaveNoGapInTheirRecordThatAlignmentDoesNotExplain)
-{
-    TavFields::Records::forEach([](auto tag) {
-        using Record = typename decltype(tag)::type;
-        std::size_t end = 0;
-        TavFields::forEachField<Record>([&end](const auto &field) {
-            using Field = std::decay_t<decltype(field)>;
-            const std::size_t alignment = std::min(alignof(typename Field::Type), alignof(Record));
-            EXPECT_TRUE(offsetOf(field) >= end && offsetOf(field) - end < alignment)
-                << typeid(Record).name() << ": a field is missing in the table before " << field.name;
-            end = offsetOf(field) + sizeof(typename Field::Type);
-        });
-        EXPECT_TRUE(sizeof(Record) >= end && sizeof(Record) - end < alignof(Record))
-            << typeid(Record).name() << ": the last field is missing in the table";
-    });
-}
-
 TEST(Fields, HaveTheKindOfTheirTypeUnlessTheTableNamesAnother)
 {
     using TavFields::Kind;
-    const auto &[level, labels, extraFlag, checked] = TavFields::Table<STAccessSetUIData>::list;
-    EXPECT_EQ(level.kind, Kind::Number);
-    EXPECT_EQ(labels.kind, Kind::Texts);
-    EXPECT_EQ(extraFlag.kind, Kind::Flag);
-    EXPECT_EQ(checked.kind, Kind::CheckMark);
-    EXPECT_EQ(std::get<2>(TavFields::Table<STProtoDataContainer>::list).kind, Kind::Bytes);
-    EXPECT_EQ(std::get<2>(TavFields::Table<TavFuncTypeData_>::list).kind, Kind::Enumeration);
-    EXPECT_EQ(std::get<0>(TavFields::Table<STStaticCurPathAsr>::list).kind, Kind::Text);
-    EXPECT_EQ(std::get<0>(TavFields::Table<STStaticCurPathAsr>::list).bufferSize, TavTextLimits::Path);
+    EXPECT_EQ(TavFields::fieldOf<&STAccessSetUIData::level>().kind, Kind::Number);
+    EXPECT_EQ(TavFields::fieldOf<&STAccessSetUIData::labels>().kind, Kind::Texts);
+    EXPECT_EQ(TavFields::fieldOf<&STAccessSetUIData::extraFlag>().kind, Kind::Flag);
+    EXPECT_EQ(TavFields::fieldOf<&STAccessSetUIData::checked>().kind, Kind::CheckMark);
+    EXPECT_EQ(TavFields::fieldOf<&STProtoDataContainer::protoData>().kind, Kind::Bytes);
+    EXPECT_EQ(TavFields::fieldOf<&TavFuncTypeData_::funcType>().kind, Kind::Enumeration);
+    EXPECT_EQ(TavFields::fieldOf<&STStaticCurPathAsr::path>().kind, Kind::Text);
+    EXPECT_EQ(TavFields::fieldOf<&STStaticCurPathAsr::path>().bufferSize, TavTextLimits::Path);
+}
+
+TEST(Fields, AreReadFromARecord)
+{
+    STProProtectContentAsr process{};
+    process.startTime = 5;
+    std::memset(process.name, 'x', sizeof(process.name)); // without NUL
+    std::strcpy(process.path, "路径");
+    EXPECT_EQ(TavFields::valueOf(TavFields::fieldOf<&STProProtectContentAsr::startTime>(), process), QVariant(5));
+    EXPECT_EQ(TavFields::valueOf(TavFields::fieldOf<&STProProtectContentAsr::name>(), process),
+              QVariant(QString(16, 'x')));
+    EXPECT_EQ(TavFields::valueOf(TavFields::fieldOf<&STProProtectContentAsr::path>(), process), QVariant("路径"));
+
+    const STAccessSetUIData level{7, {"a", "b"}, false, true};
+    QVariantList values;
+    QStringList names;
+    for (const auto &field : TavFields::fieldsOf<STAccessSetUIData>()) {
+        names.append(field.name);
+        values.append(field.value(level));
+    }
+    EXPECT_EQ(names, QStringList({"level", "labels", "extraFlag", "checked"}));
+    EXPECT_EQ(values, QVariantList({7, QStringList{"a", "b"}, false, true}));
+    const STProtoDataContainer row{true, 1, std::string("\0\xff", 2)};
+    EXPECT_EQ(TavFields::fieldsOf<STProtoDataContainer>().last().value(row), QVariant(QByteArray("\0\xff", 2)));
 }
 
 TEST(Fields, HaveAUnitWhereTheirKindIsAMeasure)

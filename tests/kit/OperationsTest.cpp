@@ -9,6 +9,16 @@
 
 namespace
 {
+template<class List>
+struct RowOf {
+    using type = void;
+};
+
+template<class Row>
+struct RowOf<QVector<Row>> {
+    using type = Row;
+};
+
 template<class Operation>
 std::string described(const Operation &operation)
 {
@@ -54,6 +64,24 @@ TEST(Operations, ArePairedWhenOneReturnsWhatTheOtherReplaces)
         EXPECT_EQ(setter.name.substr(setter.name.front() == 's' ? 3 : 6), getter.name.substr(3));
     });
     EXPECT_EQ(count, 75);
+}
+
+TEST(Operations, ThatOverwriteARowNameTheListThatHoldsIt)
+{
+    TavOperations::Interfaces::forEach([](auto tag) {
+        using Interface = typename decltype(tag)::type;
+        TavOperations::forEachOperation<Interface>([](const auto &edit) {
+            using Edit = std::decay_t<decltype(edit)>;
+            bool isOfItsList = edit.editedList.empty();
+            TavOperations::forEachOperation<Interface>([&](const auto &getter) {
+                using List = typename std::decay_t<decltype(getter)>::Result;
+                if constexpr (std::is_same_v<typename Edit::Values, std::tuple<typename RowOf<List>::type>>) {
+                    isOfItsList = isOfItsList || (edit.editedList == getter.name && !edit.foundBy.empty());
+                }
+            });
+            EXPECT_TRUE(isOfItsList) << described(edit);
+        });
+    });
 }
 
 TEST(Operations, AreMarkedWhenTheirFirstResultIsIndeterminate)
