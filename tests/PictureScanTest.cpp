@@ -3,7 +3,7 @@
 
 #include "GlobalStateGuard.h"
 #include "ITavPicResourceMgr.h"
-#include "PluginHost.h"
+#include "TavPluginHost.h"
 
 #include <QDir>
 #include <QFile>
@@ -205,7 +205,7 @@ TEST(PictureScan, FindsWhatThePlainScanFindsInTreesWithLinks)
             if (!expected) {
                 continue;
             }
-            PluginHost host;
+            TavPluginHost host{TAV_PLUGIN_FILE};
             auto &mgr = *host.manager<ITavPicResourceMgr>();
             mgr.appendPicResourcePath(way);
             ASSERT_EQ(textOf(picturesOf(mgr, QDir(tree.root()).dirName())), textOf(*expected)) << seed << ' ' << qPrintable(way);

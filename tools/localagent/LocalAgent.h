@@ -42,6 +42,6 @@ private:
     AgentReport run() const;
 
     const QString m_root;
-    QObject m_worker; ///< lives in the thread, and so has calls made there
+    QObject m_worker; ///< lives in the thread: what is invoked on it runs there
     QThread m_thread;
 };

@@ -1,11 +1,12 @@
 #include "BaselineCommand.h"
 
 #include "BaselineCheck.h"
+#include "BaselineList.h"
+#include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "ITavLineScanMgr.h"
 #include "PluginView.h"
 #include "Presentation.h"
-#include "TavCommonUtils.h"
 #include "TavGlobalInfoMgr.h"
 #include "TavObjectMgr.h"
 #include "TemporaryRoot.h"
@@ -16,16 +17,14 @@
 
 namespace
 {
-/// The items that the plugin holds, by id. It answers for one id only, so the file says which there are.
+/// The items that the plugin holds, by id.
 QMap<int, STBLEnableConfig> itemsHeld()
 {
     auto &model = *tavObject<ITavLineScanMgr>();
     model.loadJsonConfig();
     QMap<int, STBLEnableConfig> items;
-    const QJsonArray elements
-        = TavCommonUtils::readJsonFromFile(InstallationPaths::baseline())["enableConfig"].toArray();
-    for (const QJsonValue &element : elements) {
-        const int id = element["itemId"].toInt();
+    const QVector<int> ids = BaselineList::idsOf(BaselineList::read());
+    for (const int id : ids) {
         items.insert(id, model.getItemConfig(id));
     }
     return items;
@@ -64,12 +63,12 @@ QJsonArray itemsJson(const QMap<int, STBLEnableConfig> &items)
 }
 }
 
-ExitCode showBaseline(const CheckOptions &options)
+ExitCode showBaseline(const BaselineShowOptions &options)
 {
     const QByteArray content = WholeFile::read(options.file);
     TemporaryRoot root;
     root.put(InstallationPaths::baseline(), content);
-    const TavPluginHost host = loadPlugin(options.pluginFile);
+    const TavPluginHost host = loadPlugin(options.plugin);
     const QMap<int, STBLEnableConfig> items = itemsHeld();
     if (items.isEmpty()) {
         throw ToolError(ExitCode::Usage,
@@ -83,10 +82,10 @@ ExitCode showBaseline(const CheckOptions &options)
     return ExitCode::Success;
 }
 
-ExitCode checkBaselineFile(const CheckOptions &options)
+ExitCode checkBaselineFile(const BaselineCheckOptions &options)
 {
-    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.systemRoot);
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
     const Findings findings = checkBaseline(options.file, WholeFile::read(options.file));
-    report(findings, options);
+    reportOn(options.file, findings, options.json);
     return exitCodeFor(findings);
 }

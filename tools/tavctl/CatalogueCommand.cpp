@@ -2,9 +2,10 @@
 
 #include "Base64Text.h"
 #include "CatalogueCheck.h"
+#include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "ITavFuncTypeMgr.h"
-#include "Navigation.h"
+#include "NavigationReport.h"
 #include "PluginView.h"
 #include "Presentation.h"
 #include "TavNanolog.h"
@@ -20,12 +21,12 @@ bool isJson(const QByteArray &text)
 }
 }
 
-ExitCode showCatalogue(const CheckOptions &options)
+ExitCode showCatalogue(const CatalogueShowOptions &options)
 {
     const QByteArray content = WholeFile::read(options.file);
     TemporaryRoot root;
     root.put(InstallationPaths::catalogue(), content);
-    const TavPluginHost host = loadPlugin(options.pluginFile);
+    const TavPluginHost host = loadPlugin(options.plugin);
     TavNanolog::setLevel(0); // what the plugin would log, the check says better
     tavObject<ITavFuncTypeMgr>()->loadConfig();
     const QVector<NavigationNode> tree = navigationTree();
@@ -42,24 +43,24 @@ ExitCode showCatalogue(const CheckOptions &options)
     return ExitCode::Success;
 }
 
-ExitCode checkCatalogueFile(const CheckOptions &options)
+ExitCode checkCatalogueFile(const CatalogueCheckOptions &options)
 {
     const Findings findings = checkCatalogue(options.file, WholeFile::read(options.file));
-    report(findings, options);
+    reportOn(options.file, findings, options.json);
     return exitCodeFor(findings);
 }
 
-ExitCode encodeCatalogue(const CheckOptions &options)
+ExitCode encodeCatalogue(const CatalogueEncodeOptions &options)
 {
     const QByteArray content = WholeFile::read(options.file);
     if (Base64Text::firstWrong(content) < 0 && isJson(Base64Text::decoded(content))) {
         throw ToolError(ExitCode::Usage, options.file + ": this is the Base64 text of JSON already");
     }
-    WholeFile::write(options.output, Base64Text::encoded(content, options.lineLength));
+    WholeFile::write(options.output, Base64Text::encoded(content, options.wrap));
     return ExitCode::Success;
 }
 
-ExitCode decodeCatalogue(const CheckOptions &options)
+ExitCode decodeCatalogue(const CatalogueDecodeOptions &options)
 {
     const QByteArray content = WholeFile::read(options.file);
     const int wrong = Base64Text::firstWrong(content);

@@ -2,6 +2,7 @@
 
 #include "BaselineCheck.h"
 #include "CatalogueCheck.h"
+#include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "PictureCheck.h"
 #include "PluginCheck.h"
@@ -35,7 +36,9 @@ Part checkFile(const QString &name, const QString &path, FileCheck check, const 
     if (error.isEmpty()) {
         return {name, file, check(file, content)};
     }
-    return {name, file, {{file, {}, {}, error, effectOfNone, "put it there, or name another system root with --root"}}};
+    return {name,
+            file,
+            {Finding::ofFile(file, error, effectOfNone, "put it there, or name another system root with --root")}};
 }
 
 /// Pictures that lie beside the picture directories.
@@ -44,13 +47,11 @@ Findings checkStrayPictures(const QDir &pictures)
     Findings findings;
     const QFileInfoList files = pictures.entryInfoList({"*.png"}, QDir::Files, QDir::Name);
     for (const QFileInfo &file : files) {
-        findings.append({file.filePath(),
-                         {},
-                         {},
-                         "a picture outside of every picture directory",
-                         QString("the plugin holds it only for a client that loads %1 itself, under the key %2/%3")
-                             .arg(pictures.path(), pictures.dirName().toUpper(), file.baseName().toUpper()),
-                         "move it into a picture directory"});
+        findings.append(
+            Finding::ofFile(file.filePath(), "a picture outside of every picture directory",
+                            QString("the plugin holds it only for a client that loads %1 itself, under the key %2/%3")
+                                .arg(pictures.path(), pictures.dirName().toUpper(), file.baseName().toUpper()),
+                            "move it into a picture directory"));
     }
     return findings;
 }
@@ -61,12 +62,10 @@ Part checkPictureDirectories()
     const QDir directory(path);
     const QStringList names = directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
     if (names.isEmpty()) {
-        const Findings none{{path,
-                             {},
-                             {},
-                             directory.exists() ? "there is no directory in it" : "there is no such directory",
-                             "the pages have no pictures",
-                             "put the picture directories there, or name another system root with --root"}};
+        const Findings none{
+            Finding::ofFile(path, directory.exists() ? "there is no directory in it" : "there is no such directory",
+                            "the pages have no pictures",
+                            "put the picture directories there, or name another system root with --root")};
         return {"pictures", path, none + checkStrayPictures(directory)};
     }
     QStringList directories;
@@ -87,14 +86,18 @@ struct Plugin {
     QString origin; ///< why it is that one, where that is not plain
 };
 
-Plugin pluginFor(const CheckOptions &options)
+Plugin pluginFor(const DoctorOptions &options)
 {
-    if (options.pluginIsNamed || options.systemRoot == "/") {
-        return {options.pluginFile, {}};
+    if (!options.plugin.isEmpty()) {
+        return {options.plugin, {}};
+    }
+    if (options.root == "/") {
+        return {InstallationPaths::pluginBesideProgram(), {}};
     }
     const QString installed = InstallationPaths::plugin();
-    return installed.isEmpty() ? Plugin{options.pluginFile, "none below " + options.systemRoot + "; beside tavctl"}
-                               : Plugin{installed, {}};
+    return installed.isEmpty()
+        ? Plugin{InstallationPaths::pluginBesideProgram(), "none below " + options.root + "; beside tavctl"}
+        : Plugin{installed, {}};
 }
 
 void print(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin, const Findings &findings)
@@ -110,7 +113,7 @@ void print(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFact
                                 .arg(chosen.origin.isEmpty() ? QString() : chosen.origin + ": ", plugin.identifier,
                                      plugin.qtVersion, plugin.machine)));
     }
-    printFindingsWithHeading(findings);
+    printFindings(findings);
     printLine(summaryOf(parts, findings));
 }
 
@@ -132,9 +135,9 @@ QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const T
 }
 }
 
-ExitCode doctor(const CheckOptions &options)
+ExitCode doctor(const DoctorOptions &options)
 {
-    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.systemRoot);
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
     const Plugin plugin = pluginFor(options);
     const QVector<Part> parts{
         {"plugin", plugin.file, checkPlugin(plugin.file)},

@@ -1,7 +1,13 @@
 #pragma once
 
-#include "CheckOptions.h"
+#include "ToolError.h"
+
+struct DoctorOptions {
+    QString root = "/"; ///< directory taken for "/"
+    QString plugin; ///< empty for the one of the installation, or beside this program when that has none
+    bool json = false; ///< print one JSON document instead of text
+};
 
 /// Checks everything that an installation consists of: the plugin, its catalogue, its check items and scripts, its
 /// picture directories.
-ExitCode doctor(const CheckOptions &options);
+ExitCode doctor(const DoctorOptions &options);

@@ -5,7 +5,6 @@
 #include "TavCall.h"
 #include "TavJsonText.h"
 #include "TextTable.h"
-#include "ToolError.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -92,21 +91,22 @@ bool isIndeterminate(const CallOptions &options)
 }
 }
 
-void showOperations(const QString &manager)
+ExitCode showOperations(const OperationsOptions &options)
 {
     try {
-        const QStringList managers = manager.isEmpty() ? TavCall::managers() : QStringList{manager};
+        const QStringList managers = options.manager.isEmpty() ? TavCall::managers() : QStringList{options.manager};
         for (const QString &name : managers) {
             printOperations(name);
         }
+        return ExitCode::Success;
     } catch (const TavCallError &error) {
         throw ToolError(ExitCode::Usage, error.what());
     }
 }
 
-void callOperation(const CallOptions &options)
+ExitCode callOperation(const CallOptions &options)
 {
-    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.systemRoot);
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
     try {
         const TavCall::Call call = TavCall::prepared(options.manager, options.operation, argumentsOf(options));
         if (isIndeterminate(options)) {
@@ -114,8 +114,9 @@ void callOperation(const CallOptions &options)
                                "returns whatever the memory holds until its setter has been called, and the plugin "
                                "is loaded afresh");
         }
-        TavPluginHost host = loadPlugin(options.pluginFile);
+        TavPluginHost host = loadPlugin(options.plugin);
         printValue(call(host.managerObject(options.manager.toUtf8().constData())));
+        return ExitCode::Success;
     } catch (const TavCallError &error) {
         throw ToolError(ExitCode::Usage, options.manager + ' ' + options.operation + ": " + error.what());
     }

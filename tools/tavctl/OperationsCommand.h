@@ -1,20 +1,25 @@
 #pragma once
 
+#include "InstallationPaths.h"
+#include "ToolError.h"
+
 #include <QByteArray>
-#include <QString>
 #include <QVector>
 
-/// Prints the operations of the interface @p manager, or of all when it is empty. Throws ToolError.
-void showOperations(const QString &manager);
+struct OperationsOptions {
+    QString manager; ///< name of the interface; empty for all
+};
 
-/// @brief What "tavctl call" is asked to do.
+/// Prints the operations of the managers. Throws ToolError.
+ExitCode showOperations(const OperationsOptions &options);
+
 struct CallOptions {
-    QString pluginFile; ///< the plugin to load
-    QString systemRoot; ///< directory taken for "/"
     QString manager; ///< name of the interface
     QString operation;
     QVector<QByteArray> arguments; ///< JSON texts, each a value; or a single one, an object of values by name
+    QString plugin = InstallationPaths::pluginBesideProgram(); ///< the one to load
+    QString root = "/"; ///< directory taken for "/"
 };
 
 /// Loads the plugin, calls the operation once and prints its result as JSON. Throws ToolError.
-void callOperation(const CallOptions &options);
+ExitCode callOperation(const CallOptions &options);

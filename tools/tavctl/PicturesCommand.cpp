@@ -1,5 +1,6 @@
 #include "PicturesCommand.h"
 
+#include "FindingReport.h"
 #include "ITavPicResourceMgr.h"
 #include "PictureCheck.h"
 #include "PluginView.h"
@@ -104,19 +105,19 @@ QJsonArray picturesJson(const HeldPictures &pictures)
 }
 }
 
-ExitCode showPictures(const CheckOptions &options)
+ExitCode showPictures(const PicturesOptions &options)
 {
     const QStringList directories = existingDirectories(options.directories);
     const PictureFiles files = listPictures(directories);
     const Findings findings = checkPictures(files);
-    const TavPluginHost host = loadPlugin(options.pluginFile);
+    const TavPluginHost host = loadPlugin(options.plugin);
     const HeldPictures pictures = load(directories, files.files);
     if (options.json) {
         printJson(
             {{"pictures", picturesJson(pictures)}, {"bytes", bytesOf(pictures)}, {"findings", findingsJson(findings)}});
     } else {
         printPictures(pictures);
-        printFindingsWithHeading(findings);
+        printFindings(findings);
         printLine(countText(findings));
     }
     return exitCodeFor(findings);

@@ -1,6 +1,15 @@
 #pragma once
 
-#include "CheckOptions.h"
+#include "InstallationPaths.h"
+#include "ToolError.h"
+
+#include <QStringList>
+
+struct PicturesOptions {
+    QStringList directories; ///< in the order of loading
+    QString plugin = InstallationPaths::pluginBesideProgram(); ///< the one that loads the pictures
+    bool json = false; ///< print one JSON document instead of text
+};
 
 /// Shows the pictures that the plugin holds of the directories, and reports the mistakes in them. Throws ToolError.
-ExitCode showPictures(const CheckOptions &options);
+ExitCode showPictures(const PicturesOptions &options);

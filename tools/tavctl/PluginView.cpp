@@ -5,7 +5,6 @@
 #include "TextTable.h"
 #include "ToolError.h"
 
-#include <QCoreApplication>
 #include <QDir>
 
 namespace
@@ -108,9 +107,4 @@ void printRegistry(const TavPluginHost &host)
                       addressOf(manager.object), microseconds(manager.nanoseconds)});
     }
     table.print();
-}
-
-QString defaultPluginFile()
-{
-    return QDir::cleanPath(QCoreApplication::applicationDirPath() + QStringLiteral("/" TAV_PLUGIN_FROM_PROGRAM));
 }

@@ -12,6 +12,3 @@ QJsonObject pluginJson(const TavPluginHost &host); ///< file, identifier, class,
 QJsonArray registryJson(const TavPluginHost &host); ///< order, key, class, interface, address, time to create
 void printPlugin(const TavPluginHost &host);
 void printRegistry(const TavPluginHost &host);
-
-/// Where the plugin lies beside this program, in its build tree or its installation.
-QString defaultPluginFile();

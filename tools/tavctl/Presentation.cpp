@@ -1,6 +1,5 @@
 #include "Presentation.h"
 
-#include <QDateTime>
 #include <QJsonDocument>
 
 #include <iostream>
@@ -39,10 +38,4 @@ QString dimmed(const QString &text)
 QString microseconds(qint64 nanoseconds)
 {
     return QString::number(static_cast<double>(nanoseconds) / 1000, 'f', 1);
-}
-
-QString timeText(qint64 secondsSinceEpoch)
-{
-    return secondsSinceEpoch == 0 ? "-"
-                                  : QDateTime::fromSecsSinceEpoch(secondsSinceEpoch).toString("yyyy-MM-dd HH:mm:ss");
 }

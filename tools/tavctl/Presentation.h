@@ -17,6 +17,3 @@ QString dimmed(const QString &text);
 
 /// @p nanoseconds as microseconds with one decimal.
 QString microseconds(qint64 nanoseconds);
-
-/// A time as the user's clock shows it; "-" for 0, which records use for "not known" or "not running".
-QString timeText(qint64 secondsSinceEpoch);

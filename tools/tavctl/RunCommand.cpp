@@ -1,23 +1,62 @@
 #include "RunCommand.h"
 
 #include "Backend.h"
-#include "Edits.h"
-#include "Navigation.h"
-#include "PageView.h"
-#include "Pictures.h"
+#include "InstallationPaths.h"
+#include "ITavFuncTypeMgr.h"
+#include "NavigationReport.h"
+#include "PageModels.h"
 #include "PluginView.h"
 #include "Presentation.h"
+#include "RunReport.h"
+#include "TavCommonUtils.h"
 #include "TavObjectMgr.h"
-#include "ToolError.h"
 
-#include "ITavFuncTypeMgr.h"
-
-#include <QJsonArray>
+#include <QFileInfo>
 
 namespace
 {
 /// Rows of a long list that are shown while walking through all pages.
 constexpr int mostRows = 8;
+
+void loadCatalogue()
+{
+    auto &catalogue = *tavObject<ITavFuncTypeMgr>();
+    catalogue.loadConfig();
+    if (!catalogue.getSubFuncInfo().isEmpty()) {
+        return;
+    }
+    const QString file = TavCommonUtils::pathInSystemRoot(InstallationPaths::catalogue());
+    throw ToolError(ExitCode::NoConfiguration,
+                    file
+                        + (QFileInfo::exists(file)
+                               ? ": holds no page; it must be the Base64 text of a JSON array of functions"
+                               : ": there is no navigation catalogue; put one there or name another system root "
+                                 "with --root"));
+}
+
+QVector<PageDelivery> deliverPageChanges()
+{
+    const PageWalk walk = walkPages();
+    if (!walk.stoppedAt.isEmpty()) {
+        throw ToolError(ExitCode::NotDelivered,
+                        QString("%1: the page change did not reach every subscriber within %2 s")
+                            .arg(walk.stoppedAt)
+                            .arg(PageWalk::patience));
+    }
+    return walk.deliveries;
+}
+
+AgentReport feedManagers()
+{
+    const AgentReport report = feedFromThisMachine();
+    if (!report.complete) {
+        throw ToolError(ExitCode::BackendTooSlow,
+                        QString("this machine's state was not read within %1 s; some file "
+                                "below /proc, /sys or /etc does not answer")
+                            .arg(backendPatience));
+    }
+    return report;
+}
 
 QVector<TavSubFuncTypeData_> pages()
 {
@@ -54,7 +93,7 @@ QJsonObject pageJson(const TavSubFuncTypeData_ &page)
 void showPage(const RunOptions &options)
 {
     const TavSubFuncTypeData_ page = pageWithKey(options.page);
-    feedFromThisMachine();
+    feedManagers();
     if (options.json) {
         printJson(pageJson(page));
     } else {
@@ -68,8 +107,8 @@ void printEverything(const TavPluginHost &host)
     printRegistry(host);
     printNavigation(navigationTree());
     printPictures(loadIconPictures());
-    printDeliveries(walkPages());
-    printBackend(feedFromThisMachine());
+    printDeliveries(deliverPageChanges());
+    printBackend(feedManagers());
     const QVector<TavSubFuncTypeData_> all = pages();
     for (const TavSubFuncTypeData_ &page : all) {
         printPage(page, mostRows);
@@ -83,8 +122,8 @@ void printEverythingAsJson(const TavPluginHost &host)
                          {"registry", registryJson(host)},
                          {"navigation", navigationJson(navigationTree())},
                          {"pictures", picturesJson(loadIconPictures())},
-                         {"deliveries", deliveriesJson(walkPages())},
-                         {"backend", backendJson(feedFromThisMachine())}};
+                         {"deliveries", deliveriesJson(deliverPageChanges())},
+                         {"backend", backendJson(feedManagers())}};
     QJsonArray pageDocuments;
     const QVector<TavSubFuncTypeData_> all = pages();
     for (const TavSubFuncTypeData_ &page : all) {
@@ -96,21 +135,22 @@ void printEverythingAsJson(const TavPluginHost &host)
 }
 }
 
-void showRegistry(const RunOptions &options)
+ExitCode showRegistry(const RegistryOptions &options)
 {
-    const TavPluginHost host = loadPlugin(options.pluginFile);
+    const TavPluginHost host = loadPlugin(options.plugin);
     if (options.json) {
         printJson({{"plugin", pluginJson(host)}, {"registry", registryJson(host)}});
     } else {
         printPlugin(host);
         printRegistry(host);
     }
+    return ExitCode::Success;
 }
 
-void run(const RunOptions &options)
+ExitCode run(const RunOptions &options)
 {
-    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.systemRoot);
-    const TavPluginHost host = loadPlugin(options.pluginFile);
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
+    const TavPluginHost host = loadPlugin(options.plugin);
     loadCatalogue();
     if (!options.page.isEmpty()) {
         showPage(options);
@@ -119,4 +159,5 @@ void run(const RunOptions &options)
     } else {
         printEverything(host);
     }
+    return ExitCode::Success;
 }

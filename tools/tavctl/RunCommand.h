@@ -1,18 +1,23 @@
 #pragma once
 
-#include <QString>
+#include "InstallationPaths.h"
+#include "ToolError.h"
 
-/// @brief What "tavctl run" and "tavctl registry" are asked to do.
-struct RunOptions {
-    QString pluginFile; ///< the plugin to load
-    QString systemRoot; ///< directory taken for "/"
-    QString page; ///< key of the one page to show in full; empty for all of them
+struct RegistryOptions {
+    QString plugin = InstallationPaths::pluginBesideProgram(); ///< the file to load
     bool json = false; ///< print one JSON document instead of text
 };
 
 /// Loads the plugin and prints what it registered. Throws ToolError.
-void showRegistry(const RunOptions &options);
+ExitCode showRegistry(const RegistryOptions &options);
+
+struct RunOptions {
+    QString plugin = InstallationPaths::pluginBesideProgram();
+    QString root = "/"; ///< directory taken for "/"
+    QString page; ///< key of the one page to show in full; empty for all of them
+    bool json = false;
+};
 
 /// Is the client for a while: loads the plugin and the catalogue, selects every page, has the managers fed with this
 /// machine's state, shows what each page's model then holds and edits some of it. Throws ToolError.
-void run(const RunOptions &options);
+ExitCode run(const RunOptions &options);

@@ -5,7 +5,7 @@
 
 namespace
 {
-/// The tables of objects: files stand in the one for true, directories and devices in the other.
+/// The manager keeps two tables of objects and tells them by a flag: true for files, false for all other objects.
 constexpr bool filesTable = true;
 constexpr qint32 fileType = 1;
 
@@ -43,7 +43,7 @@ int ManagerFeeds::feedUsers(const QString &root, ITavAccessControlMgr &manager, 
     manager.updateUIUsers(rowsOf(users));
     manager.updateUIPriData(AccessReader::principalLevels());
 
-    // The details are kept by level.
+    // The manager takes details one level at a time.
     const auto status = HostFile::status(root, "/etc/passwd");
     const QVector<STPriDetailAsr> principals = AccessReader::principals(users, status ? status->st_mtim.tv_sec : 0);
     for (int level = 0; level <= AccessReader::maxLevel; ++level) {

@@ -64,7 +64,7 @@ QVector<AgentStep> agentSteps()
 
 namespace
 {
-/// The notes, each once: one step may come to the same file more than once.
+/// Each note once, since a step may read one file several times.
 ReadingNotes withoutRepetition(const ReadingNotes &notes)
 {
     ReadingNotes once;

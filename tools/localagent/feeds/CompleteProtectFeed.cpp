@@ -9,7 +9,7 @@
 
 namespace
 {
-/// Measures the programs one after the other, and shows the page which one it is at.
+/// Measures the programs one after the other, and tells the page which one is being measured.
 Tav::Measure::ImaContentAsr measurePrograms(const QString &root, ITavCompleteProtectMgr &manager, ReadingNotes &notes)
 {
     const QHash<QByteArray, QByteArray> digests
@@ -45,7 +45,7 @@ STSystemScanStateAsr scanStateOf(const Tav::Measure::CompleteMeasureAsr &result)
     return state;
 }
 
-/// What the local agent does not do: the scan of single objects and the dynamic scan, and acting on the list.
+/// Sets what the local agent never does to "off": scanning single objects, the dynamic scan, acting on the list.
 void feedIdleStates(ITavCompleteProtectMgr &manager)
 {
     manager.setSingleScanId({0});

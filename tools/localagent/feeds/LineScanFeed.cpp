@@ -1,21 +1,20 @@
+#include "BaselineList.h"
 #include "BaselineReader.h"
+#include "InstallationPaths.h"
 #include "ITavLineScanMgr.h"
 #include "ManagerFeeds.h"
-#include "TavCommonUtils.h"
-
-#include <QJsonObject>
 
 int ManagerFeeds::feedBaseline(const QString &, ITavLineScanMgr &manager, ReadingNotes &notes)
 {
     manager.loadJsonConfig();
-    const QJsonObject config = TavCommonUtils::readJsonFromFile(BaselineReader::configPath());
+    const QJsonObject config = BaselineList::read();
     if (config.isEmpty()) {
-        notes.append({BaselineReader::configPath(), QStringLiteral("cannot be read or holds no items")});
+        notes.append({InstallationPaths::baseline(), QStringLiteral("cannot be read or holds no items")});
     }
 
     // The checks are not run: every item stands there as not checked.
     Tav::Reinforce::LineScanContentAsr content;
-    const QVector<int> ids = BaselineReader::itemIds(config);
+    const QVector<int> ids = BaselineList::idsOf(config);
     for (const int id : ids) {
         auto *const item = content.add_items();
         item->set_item_id(id);

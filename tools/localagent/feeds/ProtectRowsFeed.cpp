@@ -8,7 +8,7 @@ namespace
 {
 constexpr qint32 missing = 3;
 
-/// A row that is not protected; @p present becomes its second flag.
+/// The row of something that is not protected; @p present, whether the host has it, becomes its status.
 STSystemProUIData rowOf(const QString &kind, const QString &title, const QString &identity, const QString &detail,
                         bool present)
 {

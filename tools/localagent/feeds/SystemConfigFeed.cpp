@@ -7,7 +7,7 @@
 
 int ManagerFeeds::feedServer(const QString &root, ITavSystemConfigMgr &manager, ReadingNotes &notes)
 {
-    // The agent is in this very process: it is its own server, always reached, and there is no port.
+    // The agent runs in this process: its server is this machine, which is always reachable and has no port.
     const auto hostName = HostFile::readOrNote(root, "/proc/sys/kernel/hostname", notes);
     const std::string address = TextBuffer::message(hostName.value_or(QByteArray()).trimmed());
     Tav::SystemConfig::SystemServerInfo info;

@@ -37,6 +37,6 @@ QVector<STObjectDetailAsr> readObjects(const QString &root, const QHash<quint32,
 QVector<STAccessSetUIData> principalLevels();
 QVector<STAccessSetUIData> objectLevels();
 
-/// The mode: that of the security module that goes farthest.
+/// The access mode: that of the security module that restricts most.
 Tav::AccessControl::AccessModeConfig readMode(const QString &root, ReadingNotes &notes);
 }

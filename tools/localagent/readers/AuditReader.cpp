@@ -204,7 +204,7 @@ AuditReader::Audit AuditReader::readAudit(const QString &root, qint64 now, Readi
                        QStringLiteral("%1 older events are not listed").arg(events.size() - maxEntries));
         events.resize(maxEntries);
     }
-    ReadingNotes userNotes; // They belong to the reading of the users; a user that is not found is unknown here.
+    ReadingNotes userNotes; // not handed on: the reading of the users has noted the same
     audit.content = recordsOf(events, UserReader::readUsers(root, userNotes));
     return audit;
 }

@@ -49,6 +49,6 @@ Audit readAudit(const QString &root, qint64 now, ReadingNotes &notes);
 /// taken for the newest possible before @p now.
 std::optional<Event> parseLine(const QByteArray &line, qint64 now);
 
-/// The numbers of the @p times by month, the last @ref months up to that of @p now; older ones are not counted.
+/// How many of the @p times lie in each month, the last @ref months up to that of @p now; older ones are not counted.
 QVector<STAuditMonthCountAsr> countByMonth(const QVector<qint64> &times, qint64 now);
 }

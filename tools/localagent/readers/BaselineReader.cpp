@@ -1,9 +1,10 @@
 #include "BaselineReader.h"
 
+#include "BaselineList.h"
+#include "BaselineScript.h"
+#include "InstallationPaths.h"
 #include "STBLEnableConfig.h"
-#include "TavCommonUtils.h"
 
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonObject>
 
@@ -34,44 +35,31 @@ void checkKey(const QJsonObject &item, int itemId, const QString &key, QJsonValu
 void checkScript(const QString &script, int itemId, Tav::Reinforce::LineScanItemConfigErr &faults)
 {
     const QString key = QStringLiteral("checkValueScript");
-    const QFileInfo file(TavCommonUtils::pathInSystemRoot(script));
-    if (!file.isFile()) {
+    switch (scriptState(script)) {
+    case ScriptState::Runnable:
+        break;
+    case ScriptState::Missing:
+    case ScriptState::NotAFile:
         addFault(faults, itemId, ScriptMissing, key, QStringLiteral("there is no %1").arg(script));
-    } else if (!file.isExecutable()) {
+        break;
+    case ScriptState::NotExecutable:
         addFault(faults, itemId, ScriptNotExecutable, key, QStringLiteral("%1 is not executable").arg(script));
+        break;
     }
 }
-}
-
-QString BaselineReader::configPath()
-{
-    return QStringLiteral("/etc/tavsec.d/baselineConfig/baseline.json");
-}
-
-QVector<int> BaselineReader::itemIds(const QJsonObject &config)
-{
-    QVector<int> ids;
-    const QJsonArray items = config.value(QStringLiteral("enableConfig")).toArray();
-    for (const QJsonValue &item : items) {
-        const int id = item.toObject().value(QStringLiteral("itemId")).toInt();
-        if (!ids.contains(id)) {
-            ids.append(id);
-        }
-    }
-    return ids;
 }
 
 Tav::Reinforce::LineScanItemConfigErr BaselineReader::faultsOf(const QJsonObject &config,
                                                                const std::function<STBLEnableConfig(int)> &itemOf)
 {
     Tav::Reinforce::LineScanItemConfigErr faults;
-    faults.set_path(configPath().toStdString());
+    faults.set_path(InstallationPaths::baseline().toStdString());
     checkKey(config, 0, QStringLiteral("enableConfig"), QJsonValue::Array, faults);
     QVector<int> seen;
-    const QJsonArray values = config.value(QStringLiteral("enableConfig")).toArray();
+    const QJsonArray values = BaselineList::itemsOf(config);
     for (const QJsonValue &value : values) {
         const QJsonObject item = value.toObject();
-        const int id = item.value(QStringLiteral("itemId")).toInt();
+        const int id = BaselineList::idOf(item);
         checkKey(item, id, QStringLiteral("itemId"), QJsonValue::Double, faults);
         checkKey(item, id, QStringLiteral("name"), QJsonValue::String, faults);
         checkKey(item, id, QStringLiteral("standardValue"), QJsonValue::String, faults);

@@ -3,9 +3,6 @@
 #include "ReadingNote.h"
 #include "Reinforce.pb.h"
 
-#include <QString>
-#include <QVector>
-
 #include <functional>
 
 class QJsonObject;
@@ -18,12 +15,6 @@ struct STBLEnableConfig;
  */
 namespace BaselineReader
 {
-/// Path of the configuration, for the user and for TavCommonUtils.
-QString configPath();
-
-/// The ids of the items, each once, in the order of the file.
-QVector<int> itemIds(const QJsonObject &config);
-
 /// The faults of the configuration; @p itemOf gives the item that the manager holds for an id.
 Tav::Reinforce::LineScanItemConfigErr faultsOf(const QJsonObject &config,
                                                const std::function<STBLEnableConfig(int)> &itemOf);

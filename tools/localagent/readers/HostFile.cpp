@@ -46,7 +46,7 @@ private:
 template<class Take>
 int readBlocks(const QByteArray &path, Take take)
 {
-    // Asked first, since opening a device may already do something; asked again of what has really been opened.
+    // Asked before, since opening a device may already have an effect, and again of the file that was really opened.
     struct stat status {
     };
     if (::stat(path.constData(), &status) != 0) {

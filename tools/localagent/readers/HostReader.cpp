@@ -77,8 +77,8 @@ void readDisks(const QString &root, STResourceInfoAsr &info, ReadingNotes &notes
     if (!mounts) {
         return;
     }
-    // A server or a program behind a file system could keep the call waiting: block devices only, and no image that
-    // is full by its nature.
+    // Block devices only, since a server or a program behind a file system could keep the call waiting; and no
+    // read-only images, which are always full.
     static const QVector<QByteArray> images{"squashfs", "iso9660", "erofs", "udf", "fuse"};
     QSet<QByteArray> devices;
     const QList<QByteArray> lines = mounts->split('\n');
@@ -196,7 +196,7 @@ void readSecureBoot(const QString &root, Tav::HostInfo::SystemFileStateAsr &stat
         state.set_secure_boot(-1);
         return;
     }
-    // A variable's content is behind four bytes of attributes.
+    // The file of an EFI variable begins with four bytes of attributes.
     const QByteArray directory = "/sys/firmware/efi/efivars/";
     const QByteArray vendor = "-8be4df61-93ca-11d2-aa0d-00e098032b8c";
     const auto secureBoot = HostFile::readOrNote(root, directory + "SecureBoot" + vendor, notes);
@@ -298,7 +298,7 @@ std::optional<int> HostReader::cpuUsage(const QByteArray &before, const QByteArr
     if (first.total == 0 || total <= 0) {
         return std::nullopt;
     }
-    // The time waiting for a disk may run backwards.
+    // The kernel may correct the time spent waiting for disks downwards.
     const qint64 idle = std::clamp<qint64>(second.idle - first.idle, 0, total);
     return static_cast<int>((total - idle) * 1000 / total);
 }
@@ -346,7 +346,7 @@ Tav::HostInfo::SystemFileStateAsr HostReader::readKernelState(const QString &roo
 
 QByteArray HostReader::taintLetters(quint64 taint)
 {
-    // Bit 0 is P when set. Newer kernels have more bits than letters stand here: those are left out.
+    // Bit 0 is shown as P. Bits that only newer kernels know have no letter here and are left out.
     static const QByteArray letters = "PFSRMBUDAWCIOELKXTNJ";
     QByteArray found;
     for (int bit = 0; bit < letters.size(); ++bit) {

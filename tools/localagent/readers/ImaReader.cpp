@@ -10,7 +10,7 @@ namespace
 const QByteArray imaDirectory = QByteArrayLiteral("/sys/kernel/security/ima");
 constexpr qint32 violation = 4;
 
-/// "path signature" without the signature, which is hexadecimal and of version 3 or 2.
+/// The path of "PATH SIGNATURE" or "PATH". A signature is hexadecimal and begins with its version, 03 or 02.
 QByteArray withoutSignature(const QByteArray &text)
 {
     const int blank = text.lastIndexOf(' ');
@@ -91,7 +91,7 @@ STImaStateAsr ImaReader::readState(const QString &root, ReadingNotes &notes)
     if (!count) {
         return state;
     }
-    // A measuring kernel has at least the entry of its own boot.
+    // A kernel that measures has at least the entry of its own boot; an empty list means that it does not.
     if (count->trimmed().toLongLong() > 0) {
         const QByteArray commandLine = ' ' + HostFile::attribute(root, "/proc/cmdline") + ' ';
         state.state = 1;

@@ -26,7 +26,7 @@ QVector<QByteArray> presentPrograms(const QString &root, const QHash<QByteArray,
 Tav::Measure::ImaContent measure(const QString &root, const QByteArray &path,
                                  const QHash<QByteArray, QByteArray> &packageDigests, qint64 now, ReadingNotes &notes);
 
-/// How the entries are spread.
+/// How many entries are in which state.
 Tav::Measure::ImaCountAsr countsOf(const Tav::Measure::ImaContentAsr &list);
 
 /// Result of the measurement: 2 when nothing differs, 3 when something does, 4 when nothing could be measured.

@@ -31,7 +31,7 @@ QHash<QByteArray, std::string> readGateways(const QString &root)
     HostFile::read(root, "/proc/net/route", routes);
     const QList<QByteArray> lines = routes.split('\n');
     for (const QByteArray &line : lines) {
-        // device destination gateway flags ..., the addresses as the machine's own words in network order
+        // device destination gateway flags ...: an address is the number that its four bytes make on this machine
         const QList<QByteArray> fields = line.simplified().split(' ');
         bool ok = false;
         const in_addr gateway{fields.size() >= 4 ? fields.at(2).toUInt(&ok, 16) : 0};

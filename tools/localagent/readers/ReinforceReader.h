@@ -10,8 +10,8 @@
 /** @brief Reads the kernel parameters that hardening is about, and what they would have to be. */
 namespace ReinforceReader
 {
-/// The security switches: one per kernel parameter, then SELinux and AppArmor. A parameter that cannot be read is not
-/// supported and has no current value; that it cannot be read though it is there is noted.
+/// The security switches: one per kernel parameter, then SELinux and AppArmor. A parameter that cannot be read
+/// counts as not supported and has no current value; a note says so when the kernel has it all the same.
 Tav::Reinforce::SecswitchAsr readSwitches(const QString &root, ReadingNotes &notes);
 
 /// The policy behind the switches: one measure per switch that the host has.

@@ -17,7 +17,7 @@ SecurityModuleReader::SecurityModules SecurityModuleReader::read(const QString &
         modules.selinux = *enforce == 1 ? Enforced : LogOnly;
     }
     if (HostFile::attribute(root, "/sys/module/apparmor/parameters/enabled") == "Y") {
-        // Only the administrator may read the mode; without a word on it profiles are enforced.
+        // The mode is for the administrator to read. Where it cannot be read it is taken for the usual one.
         modules.apparmor
             = HostFile::attribute(root, "/sys/module/apparmor/parameters/mode") == "complain" ? LogOnly : Enforced;
     }

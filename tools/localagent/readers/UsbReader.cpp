@@ -94,11 +94,11 @@ Tav::DevControl::DevUsbInfo readDevice(const QString &root, const QByteArray &na
 
 /// How one kind of device is recognised.
 struct Kind {
-    int id; ///< as in the message
+    int id; ///< `func_id` in the message
     const char *name;
-    const char *directory; ///< below /sys: its entries are the devices; null: told by the USB interfaces
-    const char *prefix; ///< of the entries that count
-    int usbClass; ///< USB interface class; -1: told by the directory
+    const char *directory; ///< has one entry for each device; null for kinds that are told by their USB interface class
+    const char *prefix; ///< what the names of the devices' entries begin with
+    int usbClass; ///< USB interface class; -1 for kinds that have a directory
     QVector<QByteArray> modules; ///< the usual drivers
 };
 

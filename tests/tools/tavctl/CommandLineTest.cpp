@@ -1,0 +1,117 @@
+#include "PrintQString.h"
+#include "Tavctl.h"
+#include "TestFiles.h"
+
+#include <gtest/gtest.h>
+
+#include <sys/stat.h>
+
+using CommandLine = TestFiles;
+
+TEST_F(CommandLine, EndsWithTwoAndOneLineWhenItCannotRun)
+{
+    const QString item = broken + "/baseline/no-name.json";
+    const QString pipe = directory.filePath("pipe");
+    ASSERT_EQ(mkfifo(pipe.toUtf8().constData(), 0600), 0);
+    struct {
+        QStringList arguments;
+        QString error;
+    } const rows[] = {
+        {{"catalogue", "check", "/nowhere"}, "/nowhere: there is no such file"},
+        {{"catalogue", "check", "/now\033here"}, "/now�here: there is no such file"},
+        {{"catalogue", "check", "--json", "/nowhere"}, "/nowhere: there is no such file"},
+        {{"catalogue", "check", "/tmp"}, "/tmp: not a regular file"},
+        {{"catalogue", "show", pipe}, pipe + ": not a regular file"},
+        {{"baseline", "check", pipe}, pipe + ": not a regular file"},
+        {{"catalogue", "encode", item, "-o", "/nowhere/x"}, "/nowhere/x: cannot be written: No such file or directory"},
+        {{"catalogue", "encode", item, "-o", "/dev/full"}, "/dev/full: cannot be written: No space left on device"},
+        {{"catalogue", "decode", item}, item + ":1:1: not Base64; this is JSON already"},
+        {{"catalogue", "encode", demoRoot + "/etc/tavsec.d/funcTypeConfig.json"},
+         demoRoot + "/etc/tavsec.d/funcTypeConfig.json: this is the Base64 text of JSON already"},
+        {{"catalogue", "check", "/proc/self/mem"}, "/proc/self/mem: cannot be read: Input/output error"},
+        {{"pictures", "/nowhere"}, "/nowhere: there is no such directory"},
+        {{"pictures", item}, item + ": not a directory"},
+        {{"catalogue", "checks", "x"},
+         "there is no command \"checks\" (nearest: check); \"tavctl --help\" tells what there is"},
+        {{"fly"},
+         "there is no command \"fly\" (there are: run, registry, operations, call, catalogue, baseline, pictures, "
+         "doctor); "
+         "\"tavctl --help\" tells what there is"},
+        {{"catalogue", "check", ""}, "FILE: the name is empty; \"tavctl --help\" tells what there is"},
+        {{"catalogue", "encode", item, "-o", ""}, "--output: the name is empty; \"tavctl --help\" tells what there is"},
+        {{"pictures", demoRoot, ""}, "DIR: the name is empty; \"tavctl --help\" tells what there is"},
+        {{"doctor", "--plugin", ""}, "--plugin: the name is empty; \"tavctl --help\" tells what there is"},
+        {{"baseline", "show", item, "--plugin", "/tmp"},
+         "/tmp: not a regular file; name libTavDataPlugin.so with --plugin"},
+        {{"catalogue", "show", item},
+         item + ": the plugin builds no navigation from it; \"tavctl catalogue check\" says why"},
+        {{"baseline", "show", broken + "/baseline/no-items.json"},
+         broken
+             + "/baseline/no-items.json: the plugin loads no check item from it; \"tavctl baseline check\" says why"},
+        {{"baseline", "show", item, "--plugin", "/nowhere"},
+         "/nowhere: there is no such file; install the plugin, or name its file with --plugin"},
+        {{"catalogue"}, "A subcommand is required; \"tavctl --help\" tells what there is"},
+        {{"pictures"}, "DIR is required; \"tavctl --help\" tells what there is"},
+        {{"doctor", "--root", "/nowhere"},
+         "--root: Directory does not exist: /nowhere; \"tavctl --help\" tells what there is"},
+    };
+    for (const auto &row : rows) {
+        const Tavctl run(row.arguments);
+        EXPECT_EQ(run.exitCode, 2) << row.arguments.join(' ').toStdString();
+        EXPECT_EQ(run.errors, "tavctl: " + row.error + '\n');
+        EXPECT_EQ(run.output, "");
+    }
+}
+
+TEST_F(CommandLine, DoesNotTakeAnUnreadableStandardInputForAnEmptyFile)
+{
+    const Tavctl ofDirectory({"catalogue", "check", "-"}, "/tmp");
+    EXPECT_EQ(ofDirectory.exitCode, 2);
+    EXPECT_EQ(ofDirectory.errors, "tavctl: -: cannot be read: Is a directory\n");
+    const Program closed(QStringList{"sh", "-c", "exec \"$@\" <&-", "sh"} + tavctlCommand({"catalogue", "check", "-"}));
+    EXPECT_EQ(closed.exitCode, 2);
+    EXPECT_EQ(closed.errors, "tavctl: -: cannot be read: Bad file descriptor\n");
+}
+
+TEST_F(CommandLine, DoesNotCallLostOutputSuccess)
+{
+    const QString item = broken + "/baseline/no-name.json";
+    for (const QStringList &arguments :
+         {QStringList{"--help"}, QStringList{"registry"}, QStringList{"baseline", "check", item}}) {
+        for (const char *const redirected : {"exec \"$@\" >/dev/full", "exec \"$@\" >&-"}) {
+            const Program run(QStringList{"sh", "-c", redirected, "sh"} + tavctlCommand(arguments));
+            EXPECT_EQ(run.exitCode, 2) << redirected << arguments.join(' ').toStdString();
+            EXPECT_EQ(run.errors, "tavctl: standard output: cannot be written\n");
+        }
+    }
+}
+
+TEST_F(CommandLine, UseNoColoursWhenPiped)
+{
+    const QStringList commands[] = {
+        {"catalogue", "show", demoRoot + "/etc/tavsec.d/funcTypeConfig.json"},
+        {"catalogue", "check", broken + "/catalogue/no-icon.json"},
+        {"baseline", "show", demoRoot + "/etc/tavsec.d/baselineConfig/baseline.json"},
+        {"baseline", "check", broken + "/baseline/no-name.json"},
+        {"pictures", broken + "/pictures/undecodable"},
+        {"doctor", "--root", brokenRoot},
+    };
+    for (const QStringList &command : commands) {
+        const Tavctl run(command);
+        EXPECT_FALSE(run.output.isEmpty());
+        EXPECT_FALSE(run.output.contains('\033')) << command.join(' ').toStdString();
+    }
+}
+
+TEST_F(CommandLine, TellsItsVersion)
+{
+    EXPECT_EQ(Tavctl({"--version"}).output, "tavctl " TAV_VERSION "\n");
+}
+
+TEST_F(CommandLine, AWrongCommandLineEndsWithTwo)
+{
+    EXPECT_EQ(Tavctl({}).exitCode, 2);
+    EXPECT_EQ(Tavctl({"fly"}).exitCode, 2);
+    EXPECT_EQ(Tavctl({"run", "--root", "/nowhere"}).exitCode, 2);
+    EXPECT_EQ(Tavctl({"--help"}).exitCode, 0);
+}

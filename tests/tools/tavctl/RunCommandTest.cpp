@@ -1,0 +1,160 @@
+#include "PrintQString.h"
+#include "Tavctl.h"
+#include "TestFiles.h"
+#include "TextsOf.h"
+
+#include <QJsonArray>
+#include <QSet>
+#include <QSysInfo>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+class RunCommand : public TestFiles
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        const Tavctl run({"run", "--root", demoRoot, "--json"});
+        ASSERT_EQ(run.exitCode, 0) << run.errors.toStdString();
+        demo = run.json();
+    }
+
+    inline static QJsonObject demo; ///< what a walk through the demo shows
+};
+}
+
+TEST_F(RunCommand, ShowsTheNavigationWithNestedGroupDisabledPageAndRealParents)
+{
+    const QJsonArray functions = demo["navigation"].toArray();
+    EXPECT_EQ(textsOf(functions, "title"), QStringList({"主机信息", "加固方案", "完整性度量", "访问控制", "系统保护"}));
+    const QJsonArray nested = functions.last()["nested"].toArray();
+    EXPECT_EQ(textsOf(nested, "title"), QStringList({"系统审计"}));
+    EXPECT_EQ(textsOf(nested.first()["pages"].toArray(), "title"), QStringList({"审计日志"}));
+    const QJsonArray access = functions[3].toObject()["pages"].toArray();
+    EXPECT_EQ(textsOf(access, "type"),
+              QStringList(
+                  {"SubFunc_PrincipalSettings", "SubFunc_ObjectSetting", "SubFunc_PrincipalAdd", "SubFunc_ObjectAdd"}));
+    EXPECT_EQ(textsOf(access, "realParent"),
+              QStringList({"SubFunc_None", "SubFunc_None", "SubFunc_PrincipalSettings", "SubFunc_ObjectSetting"}));
+}
+
+TEST_F(RunCommand, DeliversEveryPageOnceToEachOfThreeThreads)
+{
+    const QJsonArray deliveries = demo["deliveries"].toArray();
+    EXPECT_EQ(deliveries.size(), 3 * 14);
+    QSet<QString> seen;
+    for (const QJsonValue &delivery : deliveries) {
+        seen.insert(delivery["page"].toString() + delivery["thread"].toString());
+        EXPECT_GT(delivery["microseconds"].toDouble(), 0);
+    }
+    EXPECT_EQ(seen.size(), 3 * 14);
+}
+
+TEST_F(RunCommand, PrintsTitlesInChineseAndAligned)
+{
+    const Tavctl run({"run", "--root", demoRoot});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_TRUE(run.output.contains("└─ 服务器详情      SubFunc_serverResourceInfo"));
+    EXPECT_TRUE(run.output.contains("├─ 关键目录防篡改  SubFunc_KeyDirAmperProof"));
+    EXPECT_FALSE(run.output.contains('\033')) << "colours belong on a terminal only";
+}
+
+TEST_F(RunCommand, ShowsTheModelOfEveryPageFedByThisMachine)
+{
+    const QJsonArray pages = demo["pages"].toArray();
+    EXPECT_EQ(pages.size(), 14);
+    for (const QJsonValue &page : pages) {
+        EXPECT_FALSE(page["sections"].toArray().isEmpty()) << page["type"].toString().toStdString();
+    }
+    for (const QJsonValue &reading : demo["backend"].toArray()) {
+        EXPECT_TRUE(reading["fed"].toBool()) << reading["reading"].toString().toStdString();
+    }
+}
+
+TEST_F(RunCommand, ShowsThisHostsOwnNameAndUsers)
+{
+    QStringList hostFacts;
+    QStringList users;
+    for (const QJsonValue &page : demo["pages"].toArray()) {
+        for (const QJsonValue &section : page["sections"].toArray()) {
+            if (section["title"] == "Host") {
+                hostFacts = textsOf(section["rows"].toArray(), "value");
+            } else if (section["title"] == "System users") {
+                users = textsOf(section["rows"].toArray(), "name");
+            }
+        }
+    }
+    EXPECT_TRUE(hostFacts.contains(QSysInfo::machineHostName()));
+    EXPECT_TRUE(users.contains("root"));
+}
+
+TEST_F(RunCommand, MakesOneEditOfEachKindAndShowsItsEffect)
+{
+    const QJsonArray edits = demo["edits"].toArray();
+    EXPECT_EQ(textsOf(edits, "kind"),
+              QStringList({"row by key", "row by stored index", "row by position", "all checks", "device toggled",
+                           "level checked"}));
+    for (const QJsonValue &edit : edits) {
+        EXPECT_FALSE(edit["before"].toString().isEmpty()) << edit["kind"].toString().toStdString();
+        EXPECT_NE(edit["before"], edit["after"]) << edit["kind"].toString().toStdString();
+    }
+}
+
+TEST_F(RunCommand, FindsEveryPictureOfTheDemo)
+{
+    const QJsonArray pictures = demo["pictures"].toArray();
+    EXPECT_EQ(pictures.size(), 2 * 6 * 3);
+    for (const QJsonValue &picture : pictures) {
+        EXPECT_EQ(picture["width"].toInt(), picture["directory"] == "navigation" ? 48 : 96)
+            << picture["name"].toString().toStdString();
+    }
+}
+
+TEST_F(RunCommand, CutsLongListsAndShowsAPageAskedForInFull)
+{
+    const Tavctl all({"run", "--root", demoRoot});
+    const Tavctl page({"run", "--root", demoRoot, "--page", "SubFunc_BaselineScan"});
+    EXPECT_TRUE(all.output.contains("Check items (44)"));
+    EXPECT_TRUE(all.output.contains("… and 36 more"));
+    EXPECT_FALSE(all.output.contains("日志分区使用率")) << "one of the last items, which the cut leaves out";
+    EXPECT_EQ(page.exitCode, 0);
+    EXPECT_FALSE(page.output.contains("… and"));
+    EXPECT_FALSE(page.output.contains("Registry"));
+    EXPECT_TRUE(page.output.contains("日志分区使用率"));
+}
+
+TEST_F(RunCommand, ShowsOnePageAsJson)
+{
+    const QJsonObject page = Tavctl({"run", "--root", demoRoot, "--page", "SubFunc_BaselineScan", "--json"}).json();
+    EXPECT_EQ(page["title"].toString(), "基线扫描");
+    EXPECT_EQ(page["sections"].toArray().first()["rows"].toArray().size(), 44);
+}
+
+TEST_F(RunCommand, APageThatTheCatalogueDoesNotHaveIsNamed)
+{
+    const Tavctl run({"run", "--root", demoRoot, "--page", "SubFunc_LogAudi"});
+    EXPECT_EQ(run.exitCode, 2);
+    EXPECT_TRUE(run.errors.startsWith("tavctl: --page: the catalogue has no page \"SubFunc_LogAudi\"; it has "));
+    EXPECT_TRUE(run.errors.contains("SubFunc_LogAudit"));
+}
+
+TEST_F(RunCommand, AMissingCatalogueIsNamed)
+{
+    const Tavctl run({"run", "--root", directory.path()});
+    EXPECT_EQ(run.exitCode, 6);
+    EXPECT_TRUE(
+        run.errors.endsWith("tavctl: " + directory.filePath("etc/tavsec.d/funcTypeConfig.json")
+                            + ": there is no navigation catalogue; put one there or name another system root with "
+                              "--root\n"));
+}
+
+TEST_F(RunCommand, ACatalogueWithoutPagesIsNamed)
+{
+    const QString file = put("etc/tavsec.d/funcTypeConfig.json", QByteArray("[]").toBase64());
+    const Tavctl run({"run", "--root", directory.path()});
+    EXPECT_EQ(run.exitCode, 6);
+    EXPECT_EQ(run.errors,
+              "tavctl: " + file + ": holds no page; it must be the Base64 text of a JSON array of functions\n");
+}

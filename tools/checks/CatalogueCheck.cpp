@@ -1,0 +1,225 @@
+#include "CatalogueCheck.h"
+
+#include "Base64Text.h"
+#include "CTavFuncTypeHeader.h"
+#include "CTavSubFuncTypeHeader.h"
+#include "SchemaCheck.h"
+#include "TavJsonPath.h"
+
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QMetaEnum>
+
+namespace
+{
+/// The value that a type's key has; 0, which stands for no function or page, also for what is no key.
+template<class Enum>
+int typeOf(const QJsonValue &key)
+{
+    return qMax(0, QMetaEnum::fromType<Enum>().keyToValue(key.toString().toUtf8().constData()));
+}
+
+/// @brief Goes through the entries as the plugin does, and finds those that stand in each other's way.
+class EntryCheck
+{
+public:
+    void checkFunctions(const QJsonArray &functions, const QString &path)
+    {
+        for (int i = 0; i < functions.size(); ++i) {
+            const QJsonObject function = functions[i].toObject();
+            const QString functionPath = TavJson::elementPath(path, i);
+            if (function.contains("funcType")) {
+                checkFunction(function, functionPath);
+            }
+        }
+    }
+
+    /// To be called when all functions have been gone through.
+    void checkParents()
+    {
+        for (const Parent &parent : qAsConst(m_parents)) {
+            if (!m_pages.contains(parent.type)) {
+                m_findings.append(Finding::ofValue(parent.path, '"' + parent.key + "\" is a parent that does not exist",
+                                                   "the plugin stores the type, under which the catalogue has no page",
+                                                   "name a page of the catalogue, or add this one"));
+            }
+        }
+    }
+
+    Findings findings() const
+    {
+        return m_findings;
+    }
+
+private:
+    struct Function {
+        QString path;
+        QString title;
+        QString icon;
+    };
+
+    struct Page {
+        QString path;
+        QString controller;
+    };
+
+    struct Parent {
+        QString path;
+        QString key;
+        int type;
+    };
+
+    void checkFunction(const QJsonObject &function, const QString &path)
+    {
+        const QString key = function["funcType"].toString();
+        const int type = typeOf<CTavFuncTypeHeader::TavFuncTypeHeader_>(key);
+        const Function self{path, function["funcTitle"].toString(), function["funcIcon"].toString()};
+        const Function first = m_functions.value(type, self);
+        if (type > 0 && m_above.contains(type)) {
+            m_findings.append(Finding::ofValue(
+                path + "/funcType", '"' + key + "\" is the type of an entry that this one is nested in",
+                "the pages of both are found for either, and a client that builds its menu by the "
+                "types of parents comes to no end",
+                "write another type, or move its pages to an entry that stands beside the other"));
+        } else if (type > 0 && (first.title != self.title || first.icon != self.icon)) {
+            m_findings.append(Finding::ofValue(
+                path + "/funcType", '"' + key + "\" stands already at " + first.path + ", with another title or icon",
+                QString("getFuncInfoData gives the first title and icon (%1, %2)").arg(first.title, first.icon),
+                "write the title and icon of the first, or another type"));
+        }
+        m_functions.insert(type, first);
+        if (function.contains("subFunList")) {
+            checkPages(function["subFunList"].toArray(), path + "/subFunList");
+        } else {
+            m_above.append(type);
+            checkFunctions(function["funcList"].toArray(), path + "/funcList");
+            m_above.removeLast();
+        }
+    }
+
+    void checkPages(const QJsonArray &pages, const QString &path)
+    {
+        for (int i = 0; i < pages.size(); ++i) {
+            const QJsonObject page = pages[i].toObject();
+            if (!page["disable"].toBool()) {
+                checkPage(page, TavJson::elementPath(path, i));
+            }
+        }
+    }
+
+    void checkPage(const QJsonObject &page, const QString &path)
+    {
+        using Type = CTavSubFuncTypeHeader::TavSubFuncTypeHeader_;
+        const int type = typeOf<Type>(page["subFuncType"]);
+        const Page self{path, page["subFuncClassName"].toString()};
+        const Page first = m_pages.value(type, self);
+        if (type > 0 && first.path != path) {
+            m_findings.append(Finding::ofValue(
+                path + "/subFuncType", '"' + page["subFuncType"].toString() + "\" stands already at " + first.path,
+                QString("a look-up by type finds the first: choosing this page opens the first one's "
+                        "controller (%1)")
+                    .arg(first.controller),
+                "remove or disable one of them, or write another type"));
+        }
+        m_pages.insert(type, first);
+        const int parent = typeOf<Type>(page["realParentType"]);
+        if (parent > 0 && page.contains("subFuncHasParent") && !page["subFuncHasParent"].toBool()) {
+            m_parents.append({path + "/realParentType", page["realParentType"].toString(), parent});
+        }
+    }
+
+    QHash<int, Function> m_functions; // the first entry of each type
+    QHash<int, Page> m_pages; // the first page of each type
+    QVector<int> m_above; // types of the functions that the current one is nested in
+    QVector<Parent> m_parents;
+    Findings m_findings;
+};
+
+const char *const nothingRead = "the plugin reads nothing, and the navigation is empty";
+
+/// What is wrong with the Base64 text; @p isRead tells whether the plugin finds JSON in it all the same.
+Findings checkBase64(const QString &file, const QByteArray &content, bool isRead)
+{
+    const auto found = [&](int offset, const QString &problem, const QString &effect, const QString &advice) {
+        return Finding::atPlace(file, placeAt(content, offset), problem, effect, advice);
+    };
+    if (content.trimmed().isEmpty()) {
+        return {found(0, "the file is empty", nothingRead,
+                      R"(write it with "tavctl catalogue encode" from the JSON text of a catalogue)")};
+    }
+    if (isUtf16(content)) {
+        return {found(0, "not Base64: the file is UTF-16", nothingRead, "save the file as UTF-8 or ASCII")};
+    }
+    Findings findings;
+    const int nul = content.indexOf('\0');
+    const QByteArray text = content.mid(0, nul); // all of it when there is none
+    const int wrong = Base64Text::firstWrong(text);
+    const QByteArray character = text.mid(wrong, 1);
+    const bool isPlain = content.trimmed().startsWith('[') || content.trimmed().startsWith('{');
+    const QString again = isRead
+        ? R"(write what "tavctl catalogue decode --lenient" shows with "tavctl catalogue encode")"
+        : isPlain
+        ? R"(encode the JSON text with "tavctl catalogue encode")"
+        : R"(correct what "tavctl catalogue decode --lenient" shows, and write that with "tavctl catalogue encode")";
+    if (wrong == text.size()) {
+        findings.append(found(wrong, "not Base64: the text ends too early",
+                              isRead ? "the plugin leaves the last character out and reads the rest" : nothingRead,
+                              again));
+    } else if (wrong >= 0 && (character == "-" || character == "_")) {
+        findings.append(found(wrong, "not Base64: this character is of the alphabet for URLs",
+                              isRead ? "the plugin leaves it out and reads the rest" : nothingRead,
+                              R"(write "+" for each "-" and "/" for each "_")"));
+    } else if (wrong >= 0) {
+        findings.append(found(wrong, "not Base64: this character does not belong there",
+                              isRead ? "the plugin leaves it out and reads the rest" : nothingRead, again));
+    }
+    if (nul >= 0) {
+        findings.append(found(nul, "not Base64: a NUL byte",
+                              isRead ? "the plugin reads only what stands before it"
+                                     : "the plugin reads only what stands before it, and the navigation is empty",
+                              again));
+    }
+    return findings;
+}
+
+/// Why the text that Base64 holds is no JSON.
+Finding checkNoJson(const QString &file, const QByteArray &json, const TavJsonText &text)
+{
+    if (isUtf16(json)) {
+        return Finding::atPlace(file, {1, 1}, "not JSON: the text is UTF-16", nothingRead,
+                                "save the JSON text as UTF-8, and encode that");
+    }
+    if (Base64Text::firstWrong(json) < 0 && TavJsonText(Base64Text::decoded(json)).error().isEmpty()) {
+        return Finding::atPlace(file, {1, 1}, "not JSON: the text is encoded twice", nothingRead,
+                                R"(put the text there that "tavctl catalogue decode" shows)");
+    }
+    return Finding::atPlace(file, text.errorPlace(), "not JSON: " + text.error(), nothingRead,
+                            R"(correct the text that "tavctl catalogue decode" shows)");
+}
+
+/// @p findings as those of the text that the file holds in Base64.
+Findings decoded(Findings findings)
+{
+    for (Finding &finding : findings) {
+        finding.decoded = true;
+    }
+    return findings;
+}
+}
+
+Findings checkCatalogue(const QString &file, const QByteArray &content)
+{
+    const QByteArray json = Base64Text::decoded(content);
+    const TavJsonText text(json);
+    const bool isRead = text.error().isEmpty();
+    const Findings findings = checkBase64(file, content, isRead);
+    if (!isRead) {
+        return findings.isEmpty() ? decoded({checkNoJson(file, json, text)}) : findings;
+    }
+    EntryCheck entries;
+    entries.checkFunctions(text.document().toArray(), QString());
+    entries.checkParents();
+    const Findings inside = checkAgainstSchema("funcTypeConfig.schema.json", text.document()) + entries.findings();
+    return findings + decoded(located(inside, file, text));
+}

@@ -1,0 +1,252 @@
+#include "SchemaCheck.h"
+
+#include "CTavFuncTypeHeader.h"
+#include "CTavSubFuncTypeHeader.h"
+#include "TavJsonPath.h"
+#include "TavNearestText.h"
+
+#include <QFile>
+#include <QHash>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+#include <QMetaEnum>
+#include <QRegularExpression>
+
+#include <valijson/adapters/qtjson_adapter.hpp>
+#include <valijson/schema.hpp>
+#include <valijson/schema_parser.hpp>
+#include <valijson/validator.hpp>
+
+#include <memory>
+#include <utility>
+
+namespace
+{
+bool conforms(const QJsonValue &value, const QJsonValue &schema)
+{
+    // Compiling takes much longer than asking, and the elements of a long list are all asked the same.
+    static QHash<QByteArray, std::shared_ptr<valijson::Schema>> compiled;
+    std::shared_ptr<valijson::Schema> &own = compiled[QJsonDocument(schema.toObject()).toJson(QJsonDocument::Compact)];
+    if (!own) {
+        own = std::make_shared<valijson::Schema>();
+        valijson::SchemaParser().populateSchema(valijson::adapters::QtJsonAdapter(schema), *own);
+    }
+    return valijson::Validator().validate(*own, valijson::adapters::QtJsonAdapter(value), nullptr);
+}
+
+/// The keys of the type with this title, as the plugin reads them.
+QMetaEnum keysOf(const QString &type)
+{
+    return type == QLatin1String("function type") ? QMetaEnum::fromType<CTavFuncTypeHeader::TavFuncTypeHeader_>()
+                                                  : QMetaEnum::fromType<CTavSubFuncTypeHeader::TavSubFuncTypeHeader_>();
+}
+
+QString cut(const QString &text)
+{
+    constexpr int mostLetters = 40;
+    return text.size() > mostLetters ? text.left(mostLetters) + "…" : text;
+}
+
+QString quoted(const QString &text)
+{
+    return '"' + cut(text) + '"';
+}
+
+/// A list of texts, such as: "a", "b" or "c".
+QString anyOf(QStringList texts)
+{
+    texts.replaceInStrings(QRegularExpression("^|$"), "\"");
+    const QString last = texts.takeLast();
+    return texts.isEmpty() ? last : texts.join(", ") + " or " + last;
+}
+
+/// What a schema's type stands for, for people.
+QString expected(const QString &type)
+{
+    static const QHash<QString, QString> names{
+        {"array", "an array"},  {"object", "an object"},      {"integer", "a whole number of 32 bits"},
+        {"string", "a string"}, {"boolean", "true or false"},
+    };
+    return names.value(type);
+}
+
+QString described(const QJsonValue &value)
+{
+    if (value.isArray() || value.isObject()) {
+        return value.isArray() ? "an array" : "an object";
+    }
+    QString text = QString::fromUtf8(QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact));
+    text = cut(text.mid(1, text.size() - 2));
+    return (value.isString() ? "the string " : value.isDouble() ? "the number " : "") + text;
+}
+
+/// @brief Walks through a document beside its schema. Whether a value conforms is valijson's to say; what that means
+/// is the schema's, in the annotations that its "$comment" explains.
+class SchemaWalk
+{
+public:
+    explicit SchemaWalk(QJsonObject schema) : m_schema(std::move(schema))
+    {
+    }
+
+    void check(const QJsonObject &written, const QJsonValue &value, const QString &path)
+    {
+        const QJsonObject schema = resolved(written, value);
+        if (schema.isEmpty()) {
+            return;
+        }
+        if (!conforms(value, only({"type", "minimum", "maximum"}, schema))) {
+            const QString type = expected(schema["type"].toString());
+            add(path, described(value) + " where " + type + " is expected", schema["x-wrong"], "write " + type);
+        } else if (!conforms(value, only({"enum"}, schema))) {
+            addWrongKey(schema, value.toString(), path);
+        } else if (value.isObject()) {
+            checkRules(schema, value, withKeysAsMeant(schema, value.toObject(), path), path);
+            checkMembers(schema["properties"].toObject(), value.toObject(), path);
+        } else {
+            checkRules(schema, value, value, path);
+            checkElements(schema["items"].toObject(), value.toArray(), path);
+        }
+    }
+
+    Findings findings() const
+    {
+        return m_findings;
+    }
+
+private:
+    static QJsonObject only(const QStringList &keywords, const QJsonObject &schema)
+    {
+        QJsonObject part;
+        for (const QString &keyword : keywords) {
+            if (schema.contains(keyword)) {
+                part.insert(keyword, schema[keyword]);
+            }
+        }
+        return part;
+    }
+
+    /// The text to write for a mistyped one: the nearest, or any.
+    static QString known(const QString &text, const QStringList &texts)
+    {
+        const QString nearest = nearestText(text, texts);
+        return nearest.isEmpty() ? anyOf(texts) : quoted(nearest);
+    }
+
+    /// The schema for @p value that @p schema refers to, with the annotations that stand beside the reference.
+    QJsonObject resolved(const QJsonObject &schema, const QJsonValue &value) const
+    {
+        if (schema.contains("$ref")) {
+            QJsonObject merged = m_schema["definitions"][schema["$ref"].toString().section('/', -1)].toObject();
+            for (auto annotation = schema.begin(); annotation != schema.end(); ++annotation) {
+                if (annotation.key() != "$ref") {
+                    merged.insert(annotation.key(), annotation.value());
+                }
+            }
+            return resolved(merged, value);
+        }
+        if (schema.contains("if")) {
+            return resolved(schema[conforms(value, schema["if"]) ? "then" : "else"].toObject(), value);
+        }
+        return schema;
+    }
+
+    /// The object as it is probably meant: a mistyped key is one mistake, and not a missing key as well.
+    QJsonObject withKeysAsMeant(const QJsonObject &schema, const QJsonObject &object, const QString &path)
+    {
+        const QJsonObject properties = schema["properties"].toObject();
+        QJsonObject meant = object;
+        const QStringList keys = object.keys();
+        for (const QString &key : keys) {
+            if (!properties.isEmpty() && !properties.contains(key)) {
+                // One that is there already is not what this one was meant to be.
+                const QString nearest = nearestText(key, properties.keys());
+                if (nearest.isEmpty() || meant.contains(nearest)) {
+                    add(TavJson::memberPath(path, key), "unknown key " + quoted(key), "the plugin does not read it",
+                        "remove it, or write " + anyOf(properties.keys()));
+                } else {
+                    add(TavJson::memberPath(path, key), "unknown key " + quoted(key),
+                        "it is not read, and " + missing(properties[nearest].toObject()), "write " + quoted(nearest));
+                    meant.insert(nearest, object[key]);
+                }
+            }
+        }
+        const QStringList required = schema["required"].toVariant().toStringList();
+        for (const QString &key : required) {
+            if (!meant.contains(key)) {
+                add(path, "the key " + quoted(key) + " is missing", missing(properties[key].toObject()),
+                    "add " + quoted(key));
+            }
+        }
+        return meant;
+    }
+
+    /// A text that is none of the keys of a type. The plugin may know it all the same.
+    void addWrongKey(const QJsonObject &schema, const QString &key, const QString &path)
+    {
+        const QString type = schema["title"].toString();
+        const QStringList keys = schema["enum"].toVariant().toStringList();
+        const int value = keysOf(type).keyToValue(key.toUtf8().constData());
+        if (value > 0) {
+            const QString plain = quoted(keysOf(type).valueToKey(value));
+            add(path, quoted(key) + " is not the plain key of a " + type, "the plugin reads it as " + plain,
+                "write " + plain);
+        } else {
+            add(path, quoted(key) + " is no " + type, schema[value == 0 ? "x-none" : "x-wrong"],
+                "write " + (value == 0 ? anyOf(keys) : known(key, keys)));
+        }
+    }
+
+    static QString missing(const QJsonObject &property)
+    {
+        return property[property.contains("x-missing") ? "x-missing" : "x-wrong"].toString();
+    }
+
+    /// A rule that only @p value breaks, or only the value as it is @p meant, is a matter of the mistyped key alone.
+    void checkRules(const QJsonObject &schema, const QJsonValue &value, const QJsonValue &meant, const QString &path)
+    {
+        const QJsonArray rules = schema["allOf"].toArray();
+        for (const QJsonValue &rule : rules) {
+            if (!conforms(value, rule) && !conforms(meant, rule)) {
+                const QString member = rule["x-at"].toString();
+                add(member.isEmpty() ? path : TavJson::memberPath(path, member), rule["x-problem"].toString(),
+                    rule["x-effect"].toString().replace("{value}", cut(value.toString())), rule["x-advice"].toString());
+            }
+        }
+    }
+
+    void checkMembers(const QJsonObject &properties, const QJsonObject &object, const QString &path)
+    {
+        for (auto member = object.begin(); member != object.end(); ++member) {
+            check(properties[member.key()].toObject(), member.value(), TavJson::memberPath(path, member.key()));
+        }
+    }
+
+    void checkElements(const QJsonObject &elementSchema, const QJsonArray &array, const QString &path)
+    {
+        for (int index = 0; index < array.size(); ++index) {
+            check(elementSchema, array[index], TavJson::elementPath(path, index));
+        }
+    }
+
+    void add(const QString &path, const QString &problem, const QJsonValue &effect, const QString &advice)
+    {
+        m_findings.append(Finding::ofValue(path, problem, effect.toString(), advice));
+    }
+
+    QJsonObject m_schema;
+    Findings m_findings;
+};
+}
+
+Findings checkAgainstSchema(const QString &schemaName, const QJsonValue &document)
+{
+    Q_INIT_RESOURCE(schemas); // which a static library does not do by itself
+    QFile file(":/schemas/" + schemaName);
+    file.open(QIODevice::ReadOnly);
+    const QJsonObject schema = QJsonDocument::fromJson(file.readAll()).object();
+    SchemaWalk walk(schema);
+    walk.check(schema, document, QString());
+    return walk.findings();
+}

@@ -1,0 +1,9 @@
+#include "Backend.h"
+
+#include "LocalAgent.h"
+
+AgentReport feedFromThisMachine()
+{
+    LocalAgent agent;
+    return agent.feedAndWait(backendPatience * 1000);
+}

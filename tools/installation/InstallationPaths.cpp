@@ -1,0 +1,64 @@
+#include "InstallationPaths.h"
+
+#include "TavCommonUtils.h"
+#include "TavGlobalInfoMgr.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
+
+namespace
+{
+const QLatin1String pluginInLibraries("/tavsec/plugins/libTavDataPlugin.so");
+}
+
+QString InstallationPaths::catalogue()
+{
+    return TavGlobalInfoMgr::getInstance()->getAppPath().configPath + "/funcTypeConfig.json";
+}
+
+QString InstallationPaths::baseline()
+{
+    return "/etc/tavsec.d/baselineConfig/baseline.json";
+}
+
+QString InstallationPaths::scripts()
+{
+    return "/opt/tavsec/script/baselineScript";
+}
+
+QString InstallationPaths::pictures()
+{
+    return "/opt/tavsec/pictures";
+}
+
+QString InstallationPaths::plugin()
+{
+    // First the client's own directory. Then, as packages have it, where this build would install it, and below the
+    // other names that the directory of libraries has.
+    QStringList files{TavGlobalInfoMgr::getInstance()->getAppPath().pluginPath + "/libTavDataPlugin.so"};
+    for (const char *const prefix : {"/usr", "/usr/local"}) {
+        files.append(QDir::cleanPath(prefix + QString("/bin/" TAV_PLUGIN_FROM_PROGRAM)));
+        for (const char *const libraries : {"/lib", "/lib64"}) {
+            const QString directory = QString(prefix) + libraries;
+            files.append(directory + pluginInLibraries);
+            const QStringList machines
+                = QDir(TavCommonUtils::pathInSystemRoot(directory)).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+            for (const QString &machine : machines) {
+                files.append(directory + '/' + machine + pluginInLibraries);
+            }
+        }
+    }
+    for (const QString &file : qAsConst(files)) {
+        const QFileInfo inRoot(TavCommonUtils::pathInSystemRoot(file));
+        if (inRoot.isFile()) {
+            return inRoot.absoluteFilePath();
+        }
+    }
+    return {};
+}
+
+QString InstallationPaths::pluginBesideProgram()
+{
+    return QDir::cleanPath(QCoreApplication::applicationDirPath() + "/" TAV_PLUGIN_FROM_PROGRAM);
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QString>
+
+/// Where an installation keeps what the plugin reads, as absolute paths within the system root.
+namespace InstallationPaths
+{
+QString catalogue(); ///< the navigation catalogue, in Base64
+QString baseline(); ///< the list of baseline check items
+QString scripts(); ///< directory of the scripts that the check items name
+QString pictures(); ///< directory of the picture directories
+
+/// The plugin that is installed below the system root, by its absolute path outside of it; empty when there is
+/// none.
+QString plugin();
+
+/// Where the plugin lies beside this program, in its build tree or its installation; outside of the system root.
+QString pluginBesideProgram();
+}

@@ -1,0 +1,289 @@
+#include "CommandLine.h"
+
+#include "BaselineCommand.h"
+#include "CatalogueCommand.h"
+#include "DoctorCommand.h"
+#include "InstallationPaths.h"
+#include "OperationsCommand.h"
+#include "PicturesCommand.h"
+#include "RunCommand.h"
+#include "TavNearestText.h"
+
+#include <CLI/CLI.hpp>
+
+#include <QCoreApplication>
+#include <QFileInfo>
+
+#include <limits>
+
+namespace
+{
+/// Refuses an empty name: a message about such a file would name nothing.
+CLI::Validator namedFile()
+{
+    return {[](const std::string &name) { return std::string(name.empty() ? "the name is empty" : ""); }, ""};
+}
+
+/// @brief Declares one command: each of its options is read into the member of that name of the command's own Options.
+template<class Options>
+class Command
+{
+public:
+    Command(CLI::App &parent, const std::string &name, const std::string &description)
+        : m_command(*parent.add_subcommand(name, description))
+    {
+    }
+
+    Command &file()
+    {
+        text("FILE", m_options->file, "the file; - for standard input")->required()->check(namedFile());
+        return *this;
+    }
+
+    Command &directories()
+    {
+        m_command
+            .add_option_function<std::vector<std::string>>(
+                "DIR",
+                [options = m_options](const std::vector<std::string> &names) {
+                    for (const std::string &name : names) {
+                        options->directories.append(QString::fromStdString(name));
+                    }
+                },
+                "picture directories, in the order of loading")
+            ->required()
+            ->check(namedFile());
+        return *this;
+    }
+
+    Command &output()
+    {
+        text("-o,--output", m_options->output, "the file to write; - for standard output")
+            ->type_name("FILE")
+            ->check(namedFile());
+        return *this;
+    }
+
+    Command &wrap()
+    {
+        m_command.add_option("--wrap", m_options->wrap, "characters in a line; 0 for one line that is not ended")
+            ->capture_default_str()
+            ->type_name("N")
+            ->check(CLI::Range(0, std::numeric_limits<int>::max()));
+        return *this;
+    }
+
+    Command &lenient()
+    {
+        m_command.add_flag("--lenient", m_options->lenient, "leave out what is no Base64, as the plugin does");
+        return *this;
+    }
+
+    Command &root(const std::string &description)
+    {
+        text("--root", m_options->root, description)->type_name("DIR")->check(CLI::ExistingDirectory);
+        return *this;
+    }
+
+    Command &manager(const std::string &description, bool required)
+    {
+        text("MANAGER", m_options->manager, description)->required(required);
+        return *this;
+    }
+
+    Command &page()
+    {
+        text("--page", m_options->page, "show this page alone, in full, such as SubFunc_LogAudit")->type_name("KEY");
+        return *this;
+    }
+
+    Command &operation()
+    {
+        text("OPERATION", m_options->operation, "the operation's name")->required();
+        return *this;
+    }
+
+    /// Takes what remains: a list among the operands would be split at the commas of a value in brackets.
+    Command &jsonArguments()
+    {
+        m_command.allow_extras();
+        m_command.footer("JSON...: the arguments behind OPERATION, each a JSON value; or one object of them by name");
+        m_command.parse_complete_callback([options = m_options, &command = m_command] {
+            for (const std::string &value : command.remaining()) {
+                options->arguments.append(QByteArray::fromStdString(value));
+            }
+        });
+        return *this;
+    }
+
+    Command &plugin()
+    {
+        // Absolute, as it is shown. So is the default, also where it holds only for an installation without a plugin.
+        text("--plugin", m_options->plugin, "the plugin's file")
+            ->default_str(InstallationPaths::pluginBesideProgram().toStdString())
+            ->type_name("FILE")
+            ->check(namedFile())
+            ->transform([](const std::string &name) {
+                return QFileInfo(QString::fromStdString(name)).absoluteFilePath().toStdString();
+            });
+        return *this;
+    }
+
+    Command &json()
+    {
+        m_command.add_flag("--json", m_options->json, "print one JSON document, for scripts");
+        return *this;
+    }
+
+    /// Makes @p run the action when this command is called.
+    void runs(ExitCode (*run)(const Options &), Action &action)
+    {
+        m_command.callback([run, options = m_options, &action] { action = [run, options] { return run(*options); }; });
+    }
+
+    /// As runs(), for a command that ends with what it has found: whatever keeps it from looking is a matter of usage.
+    void looks(ExitCode (*look)(const Options &), Action &action)
+    {
+        m_command.callback([look, options = m_options, &action] {
+            action = [look, options] {
+                try {
+                    return look(*options);
+                } catch (const ToolError &error) {
+                    throw ToolError(ExitCode::Usage, QString::fromUtf8(error.what()));
+                }
+            };
+        });
+    }
+
+private:
+    /// An option for a text. @p value is a member of the command's options; what it holds before is the default.
+    CLI::Option *text(const std::string &name, QString &value, const std::string &description)
+    {
+        return m_command
+            .add_option_function<std::string>(
+                name,
+                [options = m_options, &value](const std::string &given) { value = QString::fromStdString(given); },
+                description)
+            ->default_str(value.toStdString());
+    }
+
+    CLI::App &m_command;
+    std::shared_ptr<Options> m_options = std::make_shared<Options>();
+};
+
+void addCommands(CLI::App &app, Action &action)
+{
+    Command<RunOptions>(app, "run", "load the plugin, show the navigation and walk through every page")
+        .plugin()
+        .json()
+        .root("directory to take for \"/\" when configuration is read")
+        .page()
+        .runs(run, action);
+    Command<RegistryOptions>(app, "registry", "load the plugin and show what it registered")
+        .plugin()
+        .json()
+        .runs(showRegistry, action);
+    Command<OperationsOptions>(app, "operations", "list the managers' operations")
+        .manager("those of this manager alone, such as ITavAuditMgr", false)
+        .runs(showOperations, action);
+    Command<CallOptions>(app, "call", "load the plugin, call an operation and print its result as JSON")
+        .manager("the manager's interface, such as ITavAuditMgr", true)
+        .operation()
+        .jsonArguments()
+        .plugin()
+        .root("directory to take for \"/\" when configuration is read")
+        .runs(callOperation, action);
+
+    CLI::App &catalogue = *app.add_subcommand("catalogue", "show, check, encode or decode a navigation catalogue");
+    catalogue.require_subcommand(1);
+    Command<CatalogueShowOptions>(catalogue, "show", "show the navigation that the plugin builds from the file")
+        .file()
+        .plugin()
+        .json()
+        .looks(showCatalogue, action);
+    Command<CatalogueCheckOptions>(catalogue, "check", "report the mistakes in the file")
+        .file()
+        .json()
+        .looks(checkCatalogueFile, action);
+    Command<CatalogueEncodeOptions>(catalogue, "encode", "write the file in Base64, as the plugin reads it")
+        .file()
+        .output()
+        .wrap()
+        .looks(encodeCatalogue, action);
+    Command<CatalogueDecodeOptions>(catalogue, "decode", "write what the Base64 text of the file holds")
+        .file()
+        .output()
+        .lenient()
+        .looks(decodeCatalogue, action);
+
+    CLI::App &baseline = *app.add_subcommand("baseline", "show or check a list of baseline check items");
+    baseline.require_subcommand(1);
+    Command<BaselineShowOptions>(baseline, "show", "show the items that the plugin holds of the file")
+        .file()
+        .plugin()
+        .json()
+        .looks(showBaseline, action);
+    Command<BaselineCheckOptions>(baseline, "check", "report the mistakes in the file and in the scripts that it names")
+        .file()
+        .root("directory to take for \"/\"")
+        .json()
+        .looks(checkBaselineFile, action);
+
+    Command<PicturesOptions>(app, "pictures",
+                             "show the pictures of directories as the plugin holds them; report mistakes")
+        .directories()
+        .plugin()
+        .json()
+        .looks(showPictures, action);
+    Command<DoctorOptions>(app, "doctor", "check a whole installation: plugin, catalogue, check items, pictures")
+        .root("directory to take for \"/\"")
+        .plugin()
+        .json()
+        .looks(doctor, action);
+}
+
+/// What is wrong with the first of @p words that stands where a command is expected and is none; empty when all are.
+std::string unknownCommand(const CLI::App &app, const QStringList &words)
+{
+    const CLI::App *at = &app;
+    for (const QString &word : words) {
+        QStringList names;
+        for (const CLI::App *const command : at->get_subcommands([](const CLI::App *) { return true; })) {
+            names.append(QString::fromStdString(command->get_name()));
+        }
+        if (names.isEmpty()) {
+            break; // what follows are arguments
+        }
+        if (names.contains(word)) {
+            at = at->get_subcommand(word.toStdString());
+        } else if (!word.startsWith('-')) {
+            const QString nearest = nearestText(word, names);
+            return QString("there is no command \"%1\" (%2)")
+                .arg(word, nearest.isEmpty() ? "there are: " + names.join(", ") : "nearest: " + nearest)
+                .toStdString();
+        }
+    }
+    return {};
+}
+}
+
+Action actionOf(int argc, char **argv)
+{
+    CLI::App app("Stands in for the desktop client: loads its data plugin and shows what it holds.", "tavctl");
+    app.require_subcommand(1);
+    app.set_version_flag("--version", "tavctl " TAV_VERSION);
+    app.failure_message([&app](const CLI::App *, const CLI::Error &error) {
+        const std::string wrongWord = unknownCommand(app, QCoreApplication::arguments().mid(1));
+        return "tavctl: " + (wrongWord.empty() ? error.what() : wrongWord)
+            + "; \"tavctl --help\" tells what there is\n";
+    });
+    Action action;
+    addCommands(app, action);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError &error) {
+        const ExitCode code = app.exit(error) == 0 ? ExitCode::Success : ExitCode::Usage;
+        return [code] { return code; };
+    }
+    return action;
+}
