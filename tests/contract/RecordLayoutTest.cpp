@@ -1,4 +1,4 @@
-#include "abi/Golden.h"
+#include "Golden.h"
 #include "TavFields.h"
 #include "TavTypeName.h"
 

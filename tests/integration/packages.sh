@@ -15,7 +15,7 @@ fail() {
 [[ $# -ge 1 && $# -le 2 ]] || { sed -n '2,7p' "$0" | sed 's/^# \{0,1\}//'; exit 2; }
 [[ $(id -u) -eq 0 ]] || fail "takes root's rights"
 packages_dir=$(cd "$1" && pwd)
-broken_root=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)/data/broken-root
+broken_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../data/broken-root" && pwd)
 architecture=$(dpkg --print-architecture)
 packages=("$packages_dir"/*_"$architecture".deb)
 [[ -f ${packages[0]} ]] || fail "$packages_dir holds no package for $architecture; build them with ./dev package"

@@ -33,7 +33,7 @@ std::string described(const std::vector<RecordLayout> &records)
 
 std::string golden(const char *fileName)
 {
-    QFile file(QString(TAV_SOURCE_DIR "/tests/abi/") + fileName);
+    QFile file(QString(TAV_SOURCE_DIR "/tests/contract/") + fileName);
     file.open(QIODevice::ReadOnly);
     QString text;
     while (!file.atEnd()) {

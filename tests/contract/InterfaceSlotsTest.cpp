@@ -1,5 +1,5 @@
-#include "abi/Golden.h"
-#include "abi/Slots.h"
+#include "Golden.h"
+#include "Slots.h"
 #include "ITavDataPlugin.h"
 #include "TavOperations.h"
 
