@@ -59,6 +59,6 @@ private:
     QMap<int, int> objectCountsOff;
     QMap<int, int> objectCountsOn;
     Tav::AccessControl::AccessModeConfig modeConfig;
-    QMutex mutex;
+    QMutex mutex; // guards the state behind it, too: the order is that of the client's class
     Tav::Base::CommandStateAsr state;
 };

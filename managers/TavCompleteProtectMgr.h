@@ -45,7 +45,7 @@ public:
     void setCredibleImteUI(const STProtoDataContainer &item) override;
 
 private:
-    QMutex mutex{QMutex::Recursive};
+    QMutex mutex{QMutex::Recursive}; // recursive as the client's own class has it; nothing here takes it twice
     STStaticCurPathAsr curPathState = {};
     STSystemScanStateAsr systemScanState = {};
     STImaCountAsr imaCount = {};

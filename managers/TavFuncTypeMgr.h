@@ -31,5 +31,5 @@ private:
 
     QVector<TavFuncTypeData_> funcList;
     QVector<TavSubFuncTypeData_> subFuncList;
-    QMutex mutex{QMutex::Recursive};
+    QMutex mutex{QMutex::Recursive}; // the parsers take it again, each for the lists nested in its own
 };

@@ -21,6 +21,6 @@ public:
 
 private:
     QMutex mutex;
-    STResourceInfoAsr resourceInfo;
+    STResourceInfoAsr resourceInfo; // no initial value: controllers set it before pages read it
     Tav::HostInfo::SystemFileStateAsr kernelSigState;
 };

@@ -64,7 +64,7 @@ private:
     /// What the getters return before the first answer. The odd 28 is what pages expect there, and is kept.
     static constexpr STStateAsr unknownState = {28, 0};
 
-    QMutex mutex{QMutex::Recursive};
+    QMutex mutex{QMutex::Recursive}; // recursive as the client's own class has it; nothing here takes it twice
     STStateAsr selfState = unknownState;
     STStateAsr kernelState = unknownState;
     STProtectCountAsr kernelCount = {};

@@ -60,6 +60,7 @@ void TavDataPlugin::registerObj()
     for (const Registration &registration : registrations) {
         // Asked anew each time: the client may put another registry in place between two registrations.
         ITavObjectMgr *const registry = TavGlobalInfoMgr::getObjectMgr();
+        // Composed here: tavManagerKey() is of this project's edition of the library, which the client may replace.
         const QString name = QString::fromUtf8(registration.interfaceName) + QLatin1String("_Tav_ORG");
         const STObjectKey key{-9999, name};
         registry->registerObject(key, registration.create(), true);

@@ -1,5 +1,6 @@
 #include "AccessorPairs.h"
 #include "SideBySide.h"
+#include "TavJson.h"
 #include "TavPluginHost.h"
 
 #include <gtest/gtest.h>
@@ -128,6 +129,25 @@ TEST_P(AccessorConvention, ASetChangesNoOtherPairOfItsManager)
     for (const AccessorPair &other : others) {
         EXPECT_EQ(other.content(other.get(manager)), other.content(other.sample(3))) << other.name;
     }
+}
+
+TEST(AccessorConventionOfLists, AListIsSharedInAndOutAndNeverCopied)
+{
+    TavPluginHost host{TAV_PLUGIN_FILE};
+    int lists = 0;
+    TavOperations::forEachPair([&](const auto &setter, const auto &getter) {
+        using Getter = std::decay_t<decltype(getter)>;
+        using Value = typename Getter::Result;
+        if constexpr (TavJson::isList<Value>) {
+            auto *const manager = host.manager<typename Getter::Interface>();
+            const auto list = SampleValue::sample<Value>(1);
+            ASSERT_FALSE(list.isEmpty()) << getter.name;
+            (manager->*std::decay_t<decltype(setter)>::member)(list);
+            EXPECT_EQ((manager->*Getter::member)().constData(), list.constData()) << getter.name;
+            ++lists;
+        }
+    });
+    EXPECT_GT(lists, 10);
 }
 
 TEST_P(AccessorConvention, AValueIsNeverReadHalfCopied)
