@@ -233,7 +233,7 @@ QString TavJson::qStringFromJson(const QJsonValue &json, const QString &path)
         return json.toString();
     }
     const QByteArray bytes = textFromJson(json, path);
-    const QString text = QString::fromUtf8('x' + bytes).mid(1); // a byte order mark is only kept behind another letter
+    QString text = QString::fromUtf8('x' + bytes).mid(1); // a byte order mark is only kept behind another letter
     if (text.toUtf8() != bytes) {
         throw TavCallError(memberPath(path, "bytes"), "the bytes are not UTF-8, and this text is made of characters");
     }
@@ -271,7 +271,7 @@ QJsonValue TavJson::bytesToJson(const QByteArray &bytes)
 QByteArray TavJson::bytesFromJson(const QJsonValue &json, const QString &path)
 {
     const QByteArray text = json.toString().toUtf8();
-    const QByteArray bytes = QByteArray::fromBase64(text);
+    QByteArray bytes = QByteArray::fromBase64(text);
     if (!json.isString() || bytes.toBase64() != text) {
         refuse(path, "bytes in Base64, padded with = to a multiple of four", json);
     }

@@ -115,7 +115,7 @@ QJsonValue toJson(const Type &value)
         return qStringToJson(value);
     } else if constexpr (std::is_enum_v<Type>) {
         return enumToJson(QMetaEnum::fromType<Type>(), value);
-    } else if constexpr (std::is_integral_v<Type> && sizeof(Type) == sizeof(qint64)) {
+    } else if constexpr (std::is_same_v<Type, qint64> || std::is_same_v<Type, quint64>) {
         return QString::number(value);
     } else if constexpr (std::is_integral_v<Type>) {
         return static_cast<qint64>(value);

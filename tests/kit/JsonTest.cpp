@@ -136,7 +136,6 @@ TEST(Json, OfAnEnumerationIsItsKey)
 
 TEST(Json, TellsTextThatIsNotUtf8ByItsBytes)
 {
-    STStateInfo row{"text", QString()};
     Tav::Base::CommandStateAsr message;
     message.set_message("\xff");
     const QJsonObject bytes{{"bytes", "/w=="}};
