@@ -1,9 +1,9 @@
 // Getters and setters against the bare lock and copy of the same type.
 
 #include "Comparison.h"
-#include "LoadedPlugin.h"
 #include "SampleMessages.h"
 #include "TavOperations.h"
+#include "TavPluginHost.h"
 
 #include <QMutex>
 
@@ -50,7 +50,7 @@ void addPairRows(const std::string &kind, typename Getter::Result (*makeValue)()
     constexpr auto setter = Setter::member;
     constexpr auto getter = Getter::member;
     struct Fixture {
-        LoadedPlugin plugin;
+        TavPluginHost plugin{TAV_PLUGIN_FILE};
         Manager *manager = plugin.manager<Manager>();
         Bare<T> bare;
         T value;
@@ -107,7 +107,7 @@ void addListLengthRow()
 {
     addRow("get, list of 100,000 rows or 10", rounds, [] {
         const auto withRows = [](int count) {
-            const auto plugin = std::make_shared<LoadedPlugin>();
+            const auto plugin = std::make_shared<TavPluginHost>(TAV_PLUGIN_FILE);
             auto *const manager = plugin->manager<ITavNetControlMgr>();
             manager->setUIData(rowsOf(count));
             return manyCalls([=, keep = plugin] { benchmark::DoNotOptimize(manager->getUIData()); });

@@ -3,7 +3,7 @@
 #include "Comparison.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavLineScanMgr.h"
-#include "LoadedPlugin.h"
+#include "TavPluginHost.h"
 
 #include <QDir>
 #include <QFile>
@@ -35,10 +35,10 @@ public:
     }
 
     /// Makes it the managers' root and @p plugin's managers fresh, since they keep what they have loaded.
-    void enter(std::unique_ptr<LoadedPlugin> &plugin) const
+    void enter(std::unique_ptr<TavPluginHost> &plugin) const
     {
         TavGlobalInfoMgr::getInstance()->setSystemRoot(m_directory.path());
-        plugin = std::make_unique<LoadedPlugin>();
+        plugin = std::make_unique<TavPluginHost>(TAV_PLUGIN_FILE);
     }
 
     QByteArray content() const
@@ -124,7 +124,7 @@ public:
 
 private:
     std::unique_ptr<SystemRoot> m_root;
-    std::unique_ptr<LoadedPlugin> m_plugin;
+    std::unique_ptr<TavPluginHost> m_plugin;
     ITavFuncTypeMgr *m_manager = nullptr;
 };
 
@@ -161,7 +161,7 @@ public:
 
 private:
     std::unique_ptr<SystemRoot> m_root;
-    std::unique_ptr<LoadedPlugin> m_plugin;
+    std::unique_ptr<TavPluginHost> m_plugin;
     ITavLineScanMgr *m_manager = nullptr;
     int m_count;
 };

@@ -2,8 +2,8 @@
 
 #include "Comparison.h"
 #include "ITavSelectFuncMgr.h"
-#include "LoadedPlugin.h"
 #include "TavEvents.h"
+#include "TavPluginHost.h"
 
 #include <QCoreApplication>
 #include <QSemaphore>
@@ -123,7 +123,7 @@ public:
 private:
     int m_count;
     bool m_inEmittingThread;
-    LoadedPlugin m_plugin;
+    TavPluginHost m_plugin{TAV_PLUGIN_FILE};
     ITavSelectFuncMgr *m_manager = m_plugin.manager<ITavSelectFuncMgr>();
     Arrivals m_arrivals;
     std::unique_ptr<QThread> m_thread;

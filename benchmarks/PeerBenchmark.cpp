@@ -3,8 +3,8 @@
 #include "Comparison.h"
 #include "ITavDevCtlMgr.h"
 #include "ITavNetControlMgr.h"
-#include "LoadedPlugin.h"
 #include "SampleMessages.h"
+#include "TavPluginHost.h"
 
 #include <QMutex>
 #include <QReadWriteLock>
@@ -42,7 +42,7 @@ public:
     }
 
 private:
-    LoadedPlugin m_plugin;
+    TavPluginHost m_plugin{TAV_PLUGIN_FILE};
     Manager *m_manager = m_plugin.manager<Manager>();
 };
 

@@ -2,7 +2,7 @@
 
 #include "Comparison.h"
 #include "ITavPicResourceMgr.h"
-#include "LoadedPlugin.h"
+#include "TavPluginHost.h"
 
 #include <QDir>
 #include <QMap>
@@ -63,7 +63,7 @@ public:
 
 struct Fixture {
     PictureDirectory directory;
-    std::unique_ptr<LoadedPlugin> plugin;
+    std::unique_ptr<TavPluginHost> plugin;
     ITavPicResourceMgr *manager = nullptr;
     QVector<QImage> images;
     QMap<QPair<QString, QString>, std::shared_ptr<QImage>> map;
@@ -72,7 +72,7 @@ struct Fixture {
     void refresh()
     {
         images.clear();
-        plugin = std::make_unique<LoadedPlugin>();
+        plugin = std::make_unique<TavPluginHost>(TAV_PLUGIN_FILE);
         manager = plugin->manager<ITavPicResourceMgr>();
     }
 

@@ -3,7 +3,7 @@
 #include "ITavCompleteProtectMgr.h"
 #include "ITavNetControlMgr.h"
 #include "ITavProtectMgr.h"
-#include "LoadedPlugin.h"
+#include "TavPluginHost.h"
 
 #include <QMutex>
 #include <QStandardItemModel>
@@ -61,7 +61,7 @@ protected:
         return QStringLiteral("/lib/modules/kernel/drivers/%1.ko").arg(index, 7, 10, QLatin1Char('0'));
     }
 
-    LoadedPlugin plugin;
+    TavPluginHost plugin{TAV_PLUGIN_FILE};
     ITavProtectMgr *manager = plugin.manager<ITavProtectMgr>();
 };
 
@@ -177,7 +177,7 @@ protected:
         model.setData(index, QByteArray::fromStdString(item.protoData), PayloadRole);
     }
 
-    LoadedPlugin plugin;
+    TavPluginHost plugin{TAV_PLUGIN_FILE};
     Record item;
 };
 

@@ -15,3 +15,13 @@ void TavBaseEvent::run() const
 {
     m_func();
 }
+
+void TavBaseEvent::setDeletedLater()
+{
+    m_isDeletedLater = true;
+}
+
+bool TavBaseEvent::isDeletedLater() const
+{
+    return m_isDeletedLater;
+}

@@ -24,6 +24,12 @@ public:
     /// empty function raises std::bad_function_call.
     void run() const;
 
+    /// Has the bus delete this event in the application's event loop, when it finds that it cannot be run, and not
+    /// within addEventNotify: for callers that hold a lock which the destructors of what the function owns may want.
+    void setDeletedLater();
+    bool isDeletedLater() const;
+
 private:
     std::function<void()> m_func;
+    bool m_isDeletedLater = false;
 };

@@ -14,19 +14,19 @@ namespace
 {
 QByteArray readBytes(const QString &path)
 {
-    // Its place is held first, which waits for nothing, so that what is looked at is what is then opened, whatever
-    // somebody puts there in between.
-    const int place = open(QFile::encodeName(TavCommonUtils::pathInSystemRoot(path)).constData(), O_PATH | O_CLOEXEC);
+    // Opening waits for nobody, be it a pipe or a device: what it is is seen afterwards.
+    const QByteArray name = QFile::encodeName(TavCommonUtils::pathInSystemRoot(path));
+    const int descriptor = open(name.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
     struct stat status = {};
     QByteArray bytes;
-    if (fstat(place, &status) == 0 && S_ISREG(status.st_mode)) {
-        QFile file(QStringLiteral("/proc/self/fd/%1").arg(place));
-        if (file.open(QIODevice::ReadOnly)) {
+    if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) {
+        QFile file;
+        if (file.open(descriptor, QIODevice::ReadOnly)) {
             bytes = file.readAll();
         }
     }
-    if (place >= 0) {
-        close(place);
+    if (descriptor >= 0) {
+        close(descriptor);
     }
     return bytes;
 }

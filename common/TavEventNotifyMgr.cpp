@@ -26,6 +26,8 @@ struct TavEventNotifyMgr::Disposal {
 /// Keeps the events of one thread. It lives in that thread and is deleted, with all that was not run, when the thread
 /// ends.
 ///
+/// An event that belongs to another thread has only come here to be deleted.
+///
 /// Posting wakes a thread up, which costs more than all the rest. So not every event is posted: one call makes the
 /// thread run all that have come in until then.
 class TavEventNotifyMgr::Mailbox : public QObject
@@ -37,10 +39,10 @@ public:
     }
 
     /// Called with the bus's mutex held.
-    void add(OwnedEvent event)
+    void add(OwnedEvent &&event)
     {
+        call(); // first, for it may throw; the thread waits for the mutex before it looks
         m_added.push_back(std::move(event));
-        call();
     }
 
     bool event(QEvent *event) override
@@ -60,23 +62,32 @@ public:
             if (!m_due.empty()) {
                 call(); // the function may start a loop, which has to get at the rest
             }
-            run(*next);
+            if (next->thread() == thread()) {
+                run(*next);
+            }
         }
         return true;
     }
 
 private:
-    /// What is posted. It may end unheard, with the application, and others have to follow it then too.
+    /// What is posted: it sets the flag of its mailbox for as long as it is under way, unless another one has. It may
+    /// end unheard, with the application or because it could not be posted, and others have to follow it then too.
     class Call : public QEvent
     {
     public:
-        explicit Call(std::atomic<bool> &isUnderWay) : QEvent(QEvent::User), m_isUnderWay(&isUnderWay)
+        explicit Call(std::atomic<bool> &isUnderWay)
+            : QEvent(QEvent::User), m_isUnderWay(isUnderWay.exchange(true) ? nullptr : &isUnderWay)
         {
         }
 
         ~Call() override
         {
             end();
+        }
+
+        bool isTheOne() const
+        {
+            return m_isUnderWay;
         }
 
         void end()
@@ -93,8 +104,11 @@ private:
     /// Has the thread's loop call event(). One call at a time is enough.
     void call()
     {
-        if (!m_isCallUnderWay.exchange(true)) {
-            QCoreApplication::postEvent(this, new Call(m_isCallUnderWay));
+        if (!m_isCallUnderWay) {
+            auto call = std::make_unique<Call>(m_isCallUnderWay);
+            if (call->isTheOne()) {
+                QCoreApplication::postEvent(this, call.release());
+            }
         }
     }
 
@@ -137,12 +151,14 @@ void TavEventNotifyMgr::addEventNotify(TavBaseEvent *event)
     }
     event->setParent(nullptr); // or its parent would delete it too
     ++m_pending;
-    OwnedEvent owned(event);
-    if (QThread *const thread = event->thread()) {
-        QMutexLocker lock(&m_mutex);
-        if (Mailbox *const mailbox = mailboxOf(thread)) {
-            mailbox->add(std::move(owned));
-        }
+    OwnedEvent owned(event); // ends after the lock
+    QMutexLocker lock(&m_mutex);
+    Mailbox *mailbox = mailboxOf(event->thread());
+    if (!mailbox && event->isDeletedLater() && QCoreApplication::instance()) {
+        mailbox = mailboxOf(QCoreApplication::instance()->thread());
+    }
+    if (mailbox) {
+        mailbox->add(std::move(owned));
     }
 }
 
@@ -151,32 +167,47 @@ int TavEventNotifyMgr::pendingCount() const
     return m_pending;
 }
 
-/// Null when the thread has ended. Called with the mutex held.
+// What becomes of a thread's mailbox. All of it happens with the mutex held, so that each line is whole for the others.
+//
+//   the thread            the bus is asked for its mailbox       the thread emits finished()   the object is destroyed
+//   not met before        connects to it, then as below          -                             -
+//   unstarted, running    gives the mailbox, makes it if needed  takes the mailbox away        forgets the thread
+//   announcing its end    gives the mailbox there is, no new one takes the mailbox away        forgets the thread
+//   finished              gives none                             -                             forgets the thread
+//
+// A thread that is not announcing its end yet will announce it, and the connection was made before it was asked: each
+// mailbox that is made is taken away. The thread itself is the context of the connections: any other object could be
+// destroyed by this thread while that one is calling through it.
+
+/// Null when @p thread is null or has ended. Called with the mutex held.
 TavEventNotifyMgr::Mailbox *TavEventNotifyMgr::mailboxOf(QThread *thread)
 {
-    if (Mailbox *const mailbox = m_mailboxes.value(thread)) {
-        return mailbox;
-    }
-    if (thread->isFinished()) {
+    if (!thread) {
         return nullptr;
     }
-    // The thread is the context: one that this thread ends could end while the other announces its end to it.
-    const auto close = [this, thread] { closeMailbox(thread); };
-    QObject::connect(thread, &QThread::finished, thread, close, Qt::DirectConnection);
-    QObject::connect(thread, &QObject::destroyed, thread, close, Qt::DirectConnection);
-    // Asked again after connecting: a thread that ends from here on closes the mailbox, as soon as the mutex is free.
-    if (thread->isFinished()) {
-        return nullptr;
+    if (!m_mailboxes.contains(thread)) {
+        m_mailboxes.insert(thread, nullptr);
+        const auto close = [this, thread] { closeMailbox(thread); };
+        const auto forget = [this, thread] {
+            closeMailbox(thread);
+            QMutexLocker lock(&m_mutex);
+            m_mailboxes.remove(thread);
+        };
+        QObject::connect(thread, &QThread::finished, thread, close, Qt::DirectConnection);
+        QObject::connect(thread, &QObject::destroyed, thread, forget, Qt::DirectConnection);
     }
-    auto *const mailbox = new Mailbox;
-    mailbox->moveToThread(thread);
-    return *m_mailboxes.insert(thread, mailbox);
+    Mailbox *&mailbox = m_mailboxes[thread];
+    if (!mailbox && !thread->isFinished()) {
+        mailbox = new Mailbox;
+        mailbox->moveToThread(thread);
+    }
+    return mailbox;
 }
 
 void TavEventNotifyMgr::closeMailbox(QThread *thread)
 {
     QMutexLocker lock(&m_mutex);
-    Mailbox *const mailbox = m_mailboxes.take(thread);
+    Mailbox *const mailbox = std::exchange(m_mailboxes[thread], nullptr);
     lock.unlock();
     // Without the mutex: the functions that die unrun here may use the bus.
     delete mailbox;

@@ -41,6 +41,6 @@ private:
     void closeMailbox(QThread *thread);
 
     QMutex m_mutex;
-    QHash<QThread *, Mailbox *> m_mailboxes;
+    QHash<QThread *, Mailbox *> m_mailboxes; // of all threads met that have not been destroyed; null when closed
     std::atomic<int> m_pending = 0;
 };

@@ -1,7 +1,8 @@
 // Sequences of operations on the access-control manager, each followed by a look at everything it tells.
 #include "AccessControlModel.h"
 #include "InputBytes.h"
-#include "LoadedPlugin.h"
+#include "Require.h"
+#include "TavPluginHost.h"
 
 namespace
 {
@@ -215,8 +216,8 @@ void requireSame(ITavAccessControlMgr &manager, const AccessControlModel &model)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    LoadedPlugin plugin;
-    auto &manager = plugin.manager<ITavAccessControlMgr>();
+    TavPluginHost plugin{TAV_PLUGIN_FILE};
+    auto &manager = *plugin.manager<ITavAccessControlMgr>();
     require(manager.getObject() != nullptr, "the manager gives itself");
     AccessControlModel model;
     requireSame(manager, model);

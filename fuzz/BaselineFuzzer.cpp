@@ -1,7 +1,8 @@
 // The baseline's file: any bytes.
 #include "ITavLineScanMgr.h"
-#include "LoadedPlugin.h"
+#include "Require.h"
 #include "ScratchFile.h"
+#include "TavPluginHost.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -71,9 +72,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const QByteArray input(reinterpret_cast<const char *>(data), static_cast<int>(size));
     file.write(input);
 
-    LoadedPlugin plugin;
+    TavPluginHost plugin{TAV_PLUGIN_FILE};
     TavGlobalInfoMgr::getInstance()->setSystemRoot(file.root());
-    auto &manager = plugin.manager<ITavLineScanMgr>();
+    auto &manager = *plugin.manager<ITavLineScanMgr>();
     const std::map<int, QJsonObject> items = itemsOf(input);
     require(manager.loadJsonConfig(), "loadJsonConfig returns true");
     requireItems(manager, items);

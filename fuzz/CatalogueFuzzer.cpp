@@ -1,7 +1,8 @@
 // The catalogue's file: any bytes, and any bytes as the JSON that the file holds in Base64.
 #include "ITavFuncTypeMgr.h"
-#include "LoadedPlugin.h"
+#include "Require.h"
 #include "ScratchFile.h"
+#include "TavPluginHost.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -146,11 +147,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const bool isWholeFile = data[0] == 'F'; // otherwise the JSON inside
     file.write(isWholeFile ? input : input.toBase64());
 
-    LoadedPlugin plugin;
+    TavPluginHost plugin{TAV_PLUGIN_FILE};
     STAppPathInfo appPath;
     appPath.configPath = file.directory();
     TavGlobalInfoMgr::getInstance()->setAppPath(appPath);
-    auto &manager = plugin.manager<ITavFuncTypeMgr>();
+    auto &manager = *plugin.manager<ITavFuncTypeMgr>();
     require(!manager.loadConfig(), "loadConfig returns false");
     requireQueriesAgree(manager);
     if (!isWholeFile) {

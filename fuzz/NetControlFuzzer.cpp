@@ -1,8 +1,9 @@
 // Sequences of operations on the network-control manager, each followed by a look at everything it tells.
 #include "InputBytes.h"
 #include "ITavNetControlMgr.h"
-#include "LoadedPlugin.h"
 #include "ModelValues.h"
+#include "Require.h"
+#include "TavPluginHost.h"
 
 #include <optional>
 #include <tuple>
@@ -174,8 +175,8 @@ void requireSame(ITavNetControlMgr &manager, const Model &model)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    LoadedPlugin plugin;
-    auto &manager = plugin.manager<ITavNetControlMgr>();
+    TavPluginHost plugin{TAV_PLUGIN_FILE};
+    auto &manager = *plugin.manager<ITavNetControlMgr>();
     require(manager.getObject() != nullptr, "the manager gives itself");
     Model model;
     requireSame(manager, model);

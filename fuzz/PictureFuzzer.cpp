@@ -1,7 +1,8 @@
 // One picture's file: any bytes under a name that ends in ".png".
 #include "ITavPicResourceMgr.h"
-#include "LoadedPlugin.h"
+#include "Require.h"
 #include "ScratchFile.h"
+#include "TavPluginHost.h"
 
 #include <QImageReader>
 
@@ -25,8 +26,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     if (declaresAHugePicture(file.path())) {
         return 0;
     }
-    LoadedPlugin plugin;
-    auto &manager = plugin.manager<ITavPicResourceMgr>();
+    TavPluginHost plugin{TAV_PLUGIN_FILE};
+    auto &manager = *plugin.manager<ITavPicResourceMgr>();
     const QString pages = QStringLiteral("pages");
     const QString x = QStringLiteral("x");
     require(!manager.getImageRef(pages, x), "nothing is found before a directory is appended");

@@ -1,8 +1,9 @@
 // Sequences of operations on the system-protection manager, each followed by a look at everything it tells.
 #include "InputBytes.h"
 #include "ITavProtectMgr.h"
-#include "LoadedPlugin.h"
 #include "ModelValues.h"
+#include "Require.h"
+#include "TavPluginHost.h"
 
 #include <functional>
 #include <tuple>
@@ -192,8 +193,8 @@ void requireSame(ITavProtectMgr &manager, const std::vector<Held> &held, const M
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    LoadedPlugin plugin;
-    auto &manager = plugin.manager<ITavProtectMgr>();
+    TavPluginHost plugin{TAV_PLUGIN_FILE};
+    auto &manager = *plugin.manager<ITavProtectMgr>();
     require(manager.getObject() != nullptr, "the manager gives itself");
     const std::vector<Held> held = heldValues(manager);
     Model model;

@@ -8,6 +8,7 @@
 #include <iterator>
 #include <vector>
 
+extern "C" int LLVMFuzzerInitialize(int *argc, char ***argv);
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
 
 namespace
@@ -28,6 +29,7 @@ int main(int argc, char **argv)
         std::fprintf(stderr, "usage: %s CORPUS_DIRECTORY...\n", argv[0]);
         return 2;
     }
+    LLVMFuzzerInitialize(&argc, &argv);
     for (int i = 1; i < argc; ++i) {
         int count = 0;
         for (const auto &entry : std::filesystem::directory_iterator(argv[i])) {

@@ -31,7 +31,8 @@ QString ElfFile::Machine::name() const
 
 ElfFile::ElfFile(const QString &path) : m_file(path)
 {
-    m_file.open(QIODevice::ReadOnly);
+    m_file.open(QIODevice::ReadOnly | QIODevice::Unbuffered); // a few bytes here and there
+    m_size = quint64(m_file.size());
 }
 
 bool ElfFile::hasMark() const
@@ -119,8 +120,7 @@ Record ElfFile::at(quint64 offset) const
 
 bool ElfFile::isWithin(quint64 offset, quint64 size) const
 {
-    const auto fileSize = quint64(m_file.size());
-    return offset <= fileSize && size <= fileSize - offset;
+    return offset <= m_size && size <= m_size - offset;
 }
 
 QVector<ElfW(Phdr)> ElfFile::segments() const
@@ -141,5 +141,5 @@ quint64 ElfFile::offsetOf(quint64 address) const
             return address - segment.p_vaddr + segment.p_offset;
         }
     }
-    return quint64(m_file.size()); // nowhere
+    return m_size; // nowhere
 }

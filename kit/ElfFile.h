@@ -65,4 +65,5 @@ private:
     quint64 offsetOf(quint64 address) const;
 
     mutable QFile m_file; // reading moves its position
+    quint64 m_size = 0;
 };

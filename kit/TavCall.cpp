@@ -162,10 +162,8 @@ const QVector<TavCall::Operation> &TavCall::operations()
 
 QStringList TavCall::managers()
 {
-    QStringList names;
-    TavOperations::Interfaces::forEach(
-        [&names](auto tag) { names.append(qobject_interface_iid<typename decltype(tag)::type *>()); });
-    return names;
+    const std::vector<const char *> names = TavOperations::interfaceNames();
+    return QStringList(names.begin(), names.end());
 }
 
 QVector<TavCall::Operation> TavCall::operationsOf(const QString &manager)

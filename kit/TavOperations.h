@@ -22,6 +22,7 @@
 #include <tuple>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 /**
  * @brief Every operation of every manager, each once: its member, its name, the names of its arguments.
@@ -409,6 +410,14 @@ using Interfaces
     = TavTypeList<ITavFuncTypeMgr, ITavPicResourceMgr, ITavSelectFuncMgr, ITavAccessControlMgr, ITavCompleteProtectMgr,
                   ITavProtectMgr, ITavAuditMgr, ITavHostInfoMgr, ITavOneReinforceMgr, ITavLineScanMgr,
                   ITavNetControlMgr, ITavAuthInfoMgr, ITavSystemConfigMgr, ITavDevCtlMgr, ITavProExceptionMgr>;
+
+/// The names of all interfaces, in the same order.
+inline std::vector<const char *> interfaceNames()
+{
+    std::vector<const char *> names;
+    Interfaces::forEach([&](auto tag) { names.push_back(qobject_interface_iid<typename decltype(tag)::type *>()); });
+    return names;
+}
 
 /// Calls @p visit with each Operation of @p Interface, in the interface's order.
 template<class Interface, class Visitor>

@@ -3,7 +3,7 @@
 #include "ElfFile.h"
 #include "ITavDataPlugin.h"
 #include "NeededLibraries.h"
-#include "TavManagerNames.h"
+#include "TavOperations.h"
 
 #include <QElapsedTimer>
 #include <QFileInfo>
@@ -92,9 +92,12 @@ void checkMetaData(const QString &file, const QJsonObject &metaData)
 /// A C++ symbol as it stands in the source.
 QString demangled(const QString &symbol)
 {
+    if (!symbol.startsWith("_Z")) {
+        return symbol; // one of C; the demangler would take "f" for "float"
+    }
     char *const text = abi::__cxa_demangle(symbol.toUtf8().constData(), nullptr, nullptr, nullptr);
-    const QString found = text ? QString::fromUtf8(text) : symbol;
-    std::free(text); // NOLINT(cppcoreguidelines-no-malloc): the runtime library allocates it so
+    QString found = text ? QString::fromUtf8(text) : symbol;
+    std::free(text);
     return found;
 }
 
@@ -173,47 +176,58 @@ QVector<TavRegistration> registerManagers(ITavDataPlugin &plugin, TavObjectMgr &
     return recorder.registrations();
 }
 
-/// That every manager is there and has its interface. More of them are no mistake: a later plugin may have them.
-void checkManagers(const QString &file, TavObjectMgr &registry)
+/// What is wrong with the managers that were registered. More of them are no mistake: a later plugin may have them.
+QStringList mistakesIn(TavObjectMgr &registry)
 {
-    QVector<STObjectKey> unknown = registry.getObjectKeys();
-    if (unknown.isEmpty()) {
-        throw TavPluginError(Kind::WrongManagers, file, "registers no managers");
-    }
     QStringList mistakes;
-    for (const char *const name : tavManagerNames) {
-        const STObjectKey key = tavManagerKey(name);
-        QObject *const object = registry.getObject(key);
-        unknown.removeAll(key);
+    for (const char *const name : TavOperations::interfaceNames()) {
+        QObject *const object = registry.getObject(tavManagerKey(name));
         if (!object) {
             mistakes.append(QString("%1 is missing").arg(name));
         } else if (!object->qt_metacast(name)) {
             mistakes.append(QString("%1 is a %2 without that interface").arg(name, object->metaObject()->className()));
         }
     }
+    return mistakes;
+}
+
+/// The keys under which a manager that is missing may stand.
+QStringList unknownKeys(TavObjectMgr &registry)
+{
+    QVector<STObjectKey> keys = registry.getObjectKeys();
+    for (const char *const name : TavOperations::interfaceNames()) {
+        keys.removeAll(tavManagerKey(name));
+    }
+    QStringList texts;
+    for (const STObjectKey &key : qAsConst(keys)) {
+        texts.append(QString("\"%1\" with the number %2 is none of them").arg(key.name).arg(key.id));
+    }
+    return texts;
+}
+
+void checkManagers(const QString &file, TavObjectMgr &registry)
+{
+    const QStringList mistakes = mistakesIn(registry);
     if (mistakes.isEmpty()) {
         return;
     }
-    // A manager that is missing may stand under one of these.
-    for (const STObjectKey &key : qAsConst(unknown)) {
-        mistakes.append(QString("\"%1\" with the number %2 is none of them").arg(key.name).arg(key.id));
-    }
     throw TavPluginError(Kind::WrongManagers, file,
-                         QString("registers other managers than the %1: ").arg(std::size(tavManagerNames))
-                             + mistakes.join(", "));
+                         registry.getObjectKeys().isEmpty()
+                             ? QString("registers no managers")
+                             : QString("registers other managers than the %1: ").arg(TavOperations::interfaceNames().size())
+                                 + (mistakes + unknownKeys(registry)).join(", "));
 }
 }
 
 TavPluginHost::TavPluginHost(const QString &file) : m_file(file)
 {
     checkFile(file);
-    const QString path = QFileInfo(file).canonicalFilePath();
-    QPluginLoader loader(path);
+    QPluginLoader loader(QFileInfo(file).absoluteFilePath()); // or it would look in the directories of libraries
     checkMetaData(file, loader.metaData());
 
     QElapsedTimer timer;
     timer.start();
-    loadLibrary(file, path);
+    loadLibrary(file, loader.fileName());
     QObject *const root = loader.instance();
     m_loadNanoseconds = timer.nsecsElapsed();
     auto *const plugin = qobject_cast<ITavDataPlugin *>(root);
@@ -247,7 +261,7 @@ TavPluginFacts TavPluginHost::factsOf(const QString &file)
         return {};
     }
     const ElfFile library(file);
-    const QJsonObject metaData = QPluginLoader(QFileInfo(file).canonicalFilePath()).metaData();
+    const QJsonObject metaData = QPluginLoader(QFileInfo(file).absoluteFilePath()).metaData();
     return {metaData["IID"].toString(), metaData["className"].toString(),
             metaData.isEmpty() ? QString() : qtVersionIn(metaData).toString(),
             library.hasMark() ? library.machine().name() : QString()};

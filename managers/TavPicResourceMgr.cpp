@@ -1,13 +1,10 @@
 #include "TavPicResourceMgr.h"
 
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QPair>
 #include <QSet>
 #include <QVector>
-
-#include <fcntl.h>
 
 namespace
 {
@@ -18,8 +15,17 @@ struct _PngInfo { // NOLINT(bugprone-reserved-identifier): the client's own name
     QString dirName; ///< name of the parent directory as it stands in filePath, upper-cased
 };
 
-/// Directories already listed in one append, each with the name under which it was reached. A directory that is
-/// reached again under the same name, as through a link to its own parent, holds no new key.
+/// The name of the directory that holds the file at @p filePath, upper-cased: what stands between its last two slashes.
+/// Null when it has fewer.
+QString dirNameOf(const QString &filePath)
+{
+    const int lastSlash = filePath.lastIndexOf(QLatin1Char('/'));
+    const int slashBefore = filePath.leftRef(lastSlash).lastIndexOf(QLatin1Char('/'));
+    return slashBefore < 0 ? QString() : filePath.mid(slashBefore + 1, lastSlash - slashBefore - 1).toUpper();
+}
+
+/// Directories already listed in one append, each with the name that its files got. A directory that is reached again
+/// under the same name, as through a link to its own parent, holds no new key.
 using Listed = QSet<QPair<QString, QString>>;
 
 /// Adds the files under @p path to @p found, the last of the listing first: where two ways lead to one directory, the
@@ -29,40 +35,27 @@ void scan(const QString &path, Listed &listed, QVector<_PngInfo> &found)
     // The name filter holds for directories too: a subdirectory is entered only when its own name ends in ".png".
     // "." and ".." never match it.
     const QDir dir(path, QStringLiteral("*.png"), QDir::Name | QDir::IgnoreCase, QDir::Dirs | QDir::Files);
-    const QPair<QString, QString> identity(dir.canonicalPath(), dir.dirName().toUpper());
+    const QString dirName = dirNameOf(dir.filePath(QStringLiteral("x.png")));
+    const QPair<QString, QString> identity(dir.canonicalPath(), dirName);
     if (!dir.exists() || listed.contains(identity)) {
         return;
     }
     listed.insert(identity);
     const QFileInfoList entries = dir.entryInfoList();
     for (auto entry = entries.crbegin(); entry != entries.crend(); ++entry) {
-        const QString filePath = entry->filePath();
         if (entry->isDir()) {
-            scan(filePath, listed, found);
-            continue;
-        }
-        // A path with fewer than two slashes names no parent directory; such a file is not cached.
-        const int lastSlash = filePath.lastIndexOf(QLatin1Char('/'));
-        const int slashBefore = filePath.leftRef(lastSlash).lastIndexOf(QLatin1Char('/'));
-        if (slashBefore >= 0) {
-            const QString dirName = filePath.mid(slashBefore + 1, lastSlash - slashBefore - 1);
-            found.append({filePath, entry->baseName().toUpper(), dirName.toUpper()});
+            scan(entry->filePath(), listed, found);
+        } else if (!dirName.isNull()) {
+            found.append({entry->filePath(), entry->baseName().toUpper(), dirName});
         }
     }
 }
 
-/// Null when the file cannot be read or decoded. A link may name a pipe or a device: not opened. Nor does a pipe that
-/// takes the file's place after that look block.
+/// A null image when the file cannot be read or decoded. What a link names may be a pipe, which is not opened: nobody
+/// may ever write it.
 std::shared_ptr<QImage> load(const QString &filePath)
 {
-    auto image = std::make_shared<QImage>();
-    if (QFileInfo(filePath).isFile()) {
-        QFile file; // reads as empty when there is nothing to open any more
-        file.open(open(QFile::encodeName(filePath).constData(), O_RDONLY | O_NONBLOCK | O_CLOEXEC), QIODevice::ReadOnly,
-                  QFileDevice::AutoCloseHandle);
-        image->load(&file, nullptr);
-    }
-    return image;
+    return QFileInfo(filePath).isFile() ? std::make_shared<QImage>(filePath) : std::make_shared<QImage>();
 }
 }
 

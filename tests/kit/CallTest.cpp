@@ -1,5 +1,5 @@
 #include "ExtremeValue.h"
-#include "PluginHost.h"
+#include "TavPluginHost.h"
 #include "TavCall.h"
 #include "TavGlobalInfoMgr.h"
 #include "TavOperations.h"
@@ -29,7 +29,7 @@ protected:
         }
     }
 
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
 };
 
 QStringList signatures(const char *manager)

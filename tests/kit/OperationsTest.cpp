@@ -1,4 +1,4 @@
-#include "abi/Slots.h"
+#include "Slots.h"
 #include "MemberName.h"
 #include "TavOperations.h"
 

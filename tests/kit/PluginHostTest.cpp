@@ -2,7 +2,7 @@
 
 #include "ITavAuditMgr.h"
 #include "SpecialFile.h"
-#include "TavManagerNames.h"
+#include "TavOperations.h"
 #include "TextFile.h"
 
 #include <QCoreApplication>
@@ -111,11 +111,10 @@ constexpr int byteOrderAt = 5;
 constexpr int typeAt = 16;
 constexpr int machineAt = 18;
 constexpr int x86 = 3;
-constexpr int x86_64 = 62;
 constexpr int aarch64 = 183;
 
 #ifdef __aarch64__
-constexpr int otherMachine = x86_64;
+constexpr int otherMachine = 62;
 const QString ownName("AArch64");
 const QString otherName("x86-64");
 #else
@@ -182,11 +181,12 @@ TEST_F(PluginHost, TellsWhatThePluginRegisteredAndInWhichOrder)
     TavPluginHost host(pluginFile);
     EXPECT_EQ(host.file(), pluginFile);
     EXPECT_GT(host.loadNanoseconds(), 0);
-    ASSERT_EQ(host.registrations().size(), int(std::size(tavManagerNames)));
+    ASSERT_EQ(host.registrations().size(), int(TavOperations::interfaceNames().size()));
+    const std::vector<const char *> names = TavOperations::interfaceNames();
     for (int i = 0; i < host.registrations().size(); ++i) {
         const TavRegistration &registration = host.registrations()[i];
-        EXPECT_EQ(registration.key, tavManagerKey(tavManagerNames[i]));
-        EXPECT_EQ(registration.object, host.managerObject(tavManagerNames[i]));
+        EXPECT_EQ(registration.key, tavManagerKey(names[i]));
+        EXPECT_EQ(registration.object, host.managerObject(names[i]));
         EXPECT_GT(registration.nanoseconds, 0);
     }
 }
@@ -197,7 +197,7 @@ TEST_F(PluginHost, TakesWhatPagesRegisterLaterAndDoesNotCallItThePlugins)
     auto *const controller = new QObject;
     TavGlobalInfoMgr::getObjectMgr()->registerObject(tavManagerKey("IPageController"), controller, true);
     EXPECT_EQ(host.managerObject("IPageController"), controller);
-    EXPECT_EQ(host.registrations().size(), int(std::size(tavManagerNames)));
+    EXPECT_EQ(host.registrations().size(), int(TavOperations::interfaceNames().size()));
 }
 
 TEST_F(PluginHost, FindsAFileByARelativeNameAndBehindALink)

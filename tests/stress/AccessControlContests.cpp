@@ -183,7 +183,7 @@ Contest objectCounts(ITavAccessControlMgr *manager, Clearing clearing)
 }
 }
 
-std::vector<Contest> Contests::accessControl(PluginHost &host, Clearing clearing)
+std::vector<Contest> Contests::accessControl(TavPluginHost &host, Clearing clearing)
 {
     auto *const manager = host.manager<ITavAccessControlMgr>();
     std::vector<Contest> contests;

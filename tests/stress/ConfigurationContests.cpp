@@ -119,7 +119,7 @@ Contest checkItems(ITavLineScanMgr *manager, const TwoSystemRoots &roots)
 }
 }
 
-std::vector<Contest> Contests::configurations(PluginHost &host, const TwoSystemRoots &roots)
+std::vector<Contest> Contests::configurations(TavPluginHost &host, const TwoSystemRoots &roots)
 {
     return {catalogue(host.manager<ITavFuncTypeMgr>(), roots), checkItems(host.manager<ITavLineScanMgr>(), roots)};
 }

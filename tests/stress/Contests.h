@@ -2,7 +2,7 @@
 
 #include "Contest.h"
 
-#include "PluginHost.h"
+#include "TavPluginHost.h"
 
 class TwoSystemRoots;
 
@@ -16,26 +16,26 @@ namespace Contests
 enum class Clearing { No, Yes };
 
 /// The setters and getters of the values that are only held.
-std::vector<Contest> heldValues(PluginHost &host);
+std::vector<Contest> heldValues(TavPluginHost &host);
 
 /// The pages' lists, replaced as a whole and edited by the row.
-std::vector<Contest> rows(PluginHost &host);
+std::vector<Contest> rows(TavPluginHost &host);
 
 /// The lists and tables of the access-control pages.
-std::vector<Contest> accessControl(PluginHost &host, Clearing clearing);
+std::vector<Contest> accessControl(TavPluginHost &host, Clearing clearing);
 
 /// The network devices and the reversal of their states.
-std::vector<Contest> devices(PluginHost &host);
+std::vector<Contest> devices(TavPluginHost &host);
 
 /// The selected page, without anybody who wants to hear of it.
-std::vector<Contest> selection(PluginHost &host);
+std::vector<Contest> selection(TavPluginHost &host);
 
 /// The catalogue and the check items, loaded from files again and again.
-std::vector<Contest> configurations(PluginHost &host, const TwoSystemRoots &roots);
+std::vector<Contest> configurations(TavPluginHost &host, const TwoSystemRoots &roots);
 
 /// Images, looked up only: that manager has no lock, and appending is one thread's business.
-std::vector<Contest> pictures(PluginHost &host);
+std::vector<Contest> pictures(TavPluginHost &host);
 
 /// Every manager asked for itself.
-std::vector<Contest> objects(PluginHost &host);
+std::vector<Contest> objects(TavPluginHost &host);
 }

@@ -18,7 +18,7 @@ std::string contentButStates(Tav::NetControl::NetDeviceInfos info)
 }
 }
 
-std::vector<Contest> Contests::devices(PluginHost &host)
+std::vector<Contest> Contests::devices(TavPluginHost &host)
 {
     using Infos = Tav::NetControl::NetDeviceInfos;
     auto *const manager = host.manager<ITavNetControlMgr>();

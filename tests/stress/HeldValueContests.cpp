@@ -33,7 +33,7 @@ constexpr bool hasOwnContest<QVector<Row>> = std::apply(
 
 /// What is read is one of the values set, to the last byte.
 template<class Setter, class Getter>
-Contest contest(PluginHost &host, const Setter &, const Getter &getter)
+Contest contest(TavPluginHost &host, const Setter &, const Getter &getter)
 {
     using Value = typename Getter::Result;
     auto *const manager = host.manager<typename Getter::Interface>();
@@ -62,7 +62,7 @@ Contest contest(PluginHost &host, const Setter &, const Getter &getter)
 }
 }
 
-std::vector<Contest> Contests::heldValues(PluginHost &host)
+std::vector<Contest> Contests::heldValues(TavPluginHost &host)
 {
     std::vector<Contest> contests;
     TavOperations::forEachPair([&](const auto &setter, const auto &getter) {

@@ -5,8 +5,8 @@
 #include "GlobalStateGuard.h"
 #include "ITavSelectFuncMgr.h"
 #include "LoopThread.h"
-#include "PluginHost.h"
 #include "TavEvents.h"
+#include "TavPluginHost.h"
 
 #include <QCoreApplication>
 
@@ -76,7 +76,7 @@ TEST(LoopStress, EachSelectionReachesEachSubscriberOnceAndInItsThread)
 {
     ASSERT_EQ(pendingEvents(), 0);
     const GlobalStateGuard guard;
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     auto *const manager = host.manager<ITavSelectFuncMgr>();
     const auto token = std::make_shared<char>();
     {
@@ -127,7 +127,7 @@ TEST(LoopStress, SubscribersMayUseTheManagerThatAnnounces)
 {
     ASSERT_EQ(pendingEvents(), 0);
     const GlobalStateGuard guard;
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     auto *const manager = host.manager<ITavSelectFuncMgr>();
     std::atomic<int> calls = 0;
     LoopThread loop;

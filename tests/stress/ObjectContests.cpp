@@ -20,7 +20,7 @@ namespace
 {
 /// The manager is looked up in the registry each time, and gives itself.
 template<class Interface>
-Contest lookUp(PluginHost &host)
+Contest lookUp(TavPluginHost &host)
 {
     const char *const name = qobject_interface_iid<Interface *>();
     QObject *const object = host.managerObject(name);
@@ -31,13 +31,13 @@ Contest lookUp(PluginHost &host)
 }
 
 template<class... Interfaces>
-std::vector<Contest> lookUps(PluginHost &host)
+std::vector<Contest> lookUps(TavPluginHost &host)
 {
     return {lookUp<Interfaces>(host)...};
 }
 }
 
-std::vector<Contest> Contests::objects(PluginHost &host)
+std::vector<Contest> Contests::objects(TavPluginHost &host)
 {
     return lookUps<ITavAccessControlMgr, ITavAuditMgr, ITavAuthInfoMgr, ITavCompleteProtectMgr, ITavDevCtlMgr,
                    ITavFuncTypeMgr, ITavHostInfoMgr, ITavLineScanMgr, ITavNetControlMgr, ITavOneReinforceMgr,

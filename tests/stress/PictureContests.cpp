@@ -2,7 +2,7 @@
 
 #include "ITavPicResourceMgr.h"
 
-std::vector<Contest> Contests::pictures(PluginHost &host)
+std::vector<Contest> Contests::pictures(TavPluginHost &host)
 {
     auto *const manager = host.manager<ITavPicResourceMgr>();
     manager->appendPicResourcePath(QStringLiteral(TAV_SOURCE_DIR "/share/demo/opt/tavsec/pictures/navigation"));

@@ -49,7 +49,7 @@ Contest exceptionRows(ITavProExceptionMgr *manager)
 }
 }
 
-std::vector<Contest> Contests::rows(PluginHost &host)
+std::vector<Contest> Contests::rows(TavPluginHost &host)
 {
     return {protectRows(host.manager<ITavProtectMgr>()), netRows(host.manager<ITavNetControlMgr>()),
             credibleRows(host.manager<ITavCompleteProtectMgr>()), exceptionRows(host.manager<ITavProExceptionMgr>())};

@@ -19,7 +19,7 @@ bool isType(int value)
 }
 }
 
-std::vector<Contest> Contests::selection(PluginHost &host)
+std::vector<Contest> Contests::selection(TavPluginHost &host)
 {
     auto *const manager = host.manager<ITavSelectFuncMgr>();
     manager->setCurSelType(static_cast<FuncType>(type(0)), static_cast<SubFuncType>(type(0)));

@@ -36,7 +36,7 @@ SoakDay::SoakDay(const TwoSystemRoots &roots, std::array<QThread *, 3> loops) : 
 
 void SoakDay::run()
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     appendPictures(host);
     std::vector<Contest> all;
     for (const auto &contests : {Contests::heldValues(host),
@@ -68,7 +68,7 @@ void SoakDay::run()
     ++days;
 }
 
-Contest SoakDay::selecting(PluginHost &host)
+Contest SoakDay::selecting(TavPluginHost &host)
 {
     auto *const manager = host.manager<ITavSelectFuncMgr>();
     const auto select = [this, manager](int seed) {
@@ -106,7 +106,7 @@ Contest SoakDay::selecting(PluginHost &host)
             {{"setCurSelType", select}, {"a page that opens and closes", openAndClose}, {"set again", selectAgain}}};
 }
 
-void SoakDay::appendPictures(PluginHost &host)
+void SoakDay::appendPictures(TavPluginHost &host)
 {
     auto *const manager = host.manager<ITavPicResourceMgr>();
     const std::shared_ptr<QImage> held = manager->getImageRef("navigationLarge", "hostIcon");

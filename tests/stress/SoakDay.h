@@ -10,7 +10,7 @@
 #include <memory>
 #include <mutex>
 
-class PluginHost;
+class TavPluginHost;
 class TwoSystemRoots;
 
 /**
@@ -39,8 +39,8 @@ private:
         bool mistaken = false;
     };
 
-    Contest selecting(PluginHost &host);
-    void appendPictures(PluginHost &host);
+    Contest selecting(TavPluginHost &host);
+    void appendPictures(TavPluginHost &host);
     void fail(const std::string &what);
 
     const TwoSystemRoots &m_roots;

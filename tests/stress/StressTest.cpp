@@ -26,7 +26,7 @@ protected:
     }
 
     GlobalStateGuard guard;
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     TwoSystemRoots roots;
 };
 }

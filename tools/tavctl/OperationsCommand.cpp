@@ -114,9 +114,8 @@ ExitCode callOperation(const CallOptions &options)
                                "returns whatever the memory holds until its setter has been called, and the plugin "
                                "is loaded afresh");
         }
-        const TavPluginHost host = loadPlugin(options.plugin);
-        const STObjectKey key = tavManagerKey(options.manager.toUtf8().constData());
-        printValue(call(TavGlobalInfoMgr::getObjectMgr()->getObject(key)));
+        TavPluginHost host = loadPlugin(options.plugin);
+        printValue(call(host.managerObject(options.manager.toUtf8().constData())));
         return ExitCode::Success;
     } catch (const TavCallError &error) {
         throw ToolError(ExitCode::Usage, options.manager + ' ' + options.operation + ": " + error.what());

@@ -13,7 +13,7 @@
 #include "ITavProtectMgr.h"
 #include "ITavSystemConfigMgr.h"
 #include "PlantedHost.h"
-#include "PluginHost.h"
+#include "TavPluginHost.h"
 
 #include <QEventLoop>
 #include <QThread>
@@ -77,7 +77,7 @@ const AgentReading &readingOf(const AgentReport &report, const char *name)
 
 TEST(LocalAgent, TheManagersHoldWhatItReports)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     TavGlobalInfoMgr::getInstance()->setSystemRoot(QStringLiteral(TAV_SOURCE_DIR "/share/demo"));
     LocalAgent agent;
     const AgentReport report = agent.feedAndWait(patience);
@@ -176,7 +176,7 @@ TEST(LocalAgent, TheManagersHoldWhatItReports)
 
 TEST(LocalAgent, FeedsOnItsOwnThread)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     ThreadWitness witness;
     // Of two objects under one key the newest is found: the witness stands before the real manager.
     TavGlobalInfoMgr::getObjectMgr()->registerObject(tavManagerKey("ITavHostInfoMgr"), &witness, false);
@@ -189,7 +189,7 @@ TEST(LocalAgent, FeedsOnItsOwnThread)
 
 TEST(LocalAgent, AnEmptyHostGivesNotesAndNoEntries)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     const PlantedHost empty;
     LocalAgent agent(empty.root());
     const AgentReport report = agent.feedAndWait(patience);
@@ -223,7 +223,7 @@ TEST(LocalAgent, ManagersThatAreNotThereAreReported)
 
 TEST(LocalAgent, TellsWhenItHasFinished)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     const PlantedHost empty;
     LocalAgent agent(empty.root());
     QEventLoop loop;
@@ -243,7 +243,7 @@ TEST(LocalAgent, TellsWhenItHasFinished)
 
 TEST(LocalAgent, ADeadlineGivesAnIncompleteReport)
 {
-    PluginHost host;
+    TavPluginHost host{TAV_PLUGIN_FILE};
     LocalAgent agent;
     EXPECT_FALSE(agent.feedAndWait(0).complete);
 }

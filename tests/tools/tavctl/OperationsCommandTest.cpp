@@ -25,7 +25,7 @@ std::string problem(const QStringList &arguments)
 TEST(OperationsCommand, ListsEveryOperationOfTheGoldenList)
 {
     QStringList expected;
-    QFile goldenList(TAV_SOURCE_DIR "/tests/abi/slots.txt");
+    QFile goldenList(TAV_SOURCE_DIR "/tests/contract/slots.txt");
     ASSERT_TRUE(goldenList.open(QIODevice::ReadOnly));
     QString manager;
     while (!goldenList.atEnd()) {

@@ -1,0 +1,119 @@
+#!/usr/bin/env bash
+# usage: packages.sh PACKAGES_DIR [ROOT]      as root
+#
+# Tries the packages of PACKAGES_DIR on a bare system: installs them with apt, runs tavctl, copies the example page
+# plugin from the installed documentation, builds it as its author would and runs its test. ROOT is a bare Debian to do
+# it in: a tarball, which is unpacked and thrown away again, or a directory, which is used and left as it is then.
+# Without ROOT one is made with mmdebstrap from this machine's own apt sources.
+set -euo pipefail
+
+fail() {
+    echo "packages: $*" >&2
+    exit 1
+}
+
+[[ $# -ge 1 && $# -le 2 ]] || { sed -n '2,7p' "$0" | sed 's/^# \{0,1\}//'; exit 2; }
+[[ $(id -u) -eq 0 ]] || fail "takes root's rights"
+packages_dir=$(cd "$1" && pwd)
+broken_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../data/broken-root" && pwd)
+architecture=$(dpkg --print-architecture)
+packages=("$packages_dir"/*_"$architecture".deb)
+[[ -f ${packages[0]} ]] || fail "$packages_dir holds no package for $architecture; build them with ./dev package"
+
+work=$(mktemp -d)
+root=$work/root
+mounted=()
+finish() {
+    local i
+    for ((i = ${#mounted[@]} - 1; i >= 0; --i)); do
+        umount -R "${mounted[i]}" || { echo "packages: left mounted: ${mounted[i]}" >&2; return; }
+    done
+    rm -rf --one-file-system "$work"
+}
+trap finish EXIT
+
+if [[ -d ${2:-} ]]; then
+    root=$(cd "$2" && pwd)
+elif [[ -n ${2:-} ]]; then
+    mkdir "$root"
+    tar -C "$root" --exclude='./dev/*' -xf "$2"
+else
+    command -v mmdebstrap >/dev/null || fail "mmdebstrap is not installed"
+    release=$(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release)
+    sources=()
+    for file in /etc/apt/sources.list /etc/apt/sources.list.d/*.{list,sources}; do
+        if [[ -s $file ]]; then
+            sources+=("$file")
+        fi
+    done
+    mmdebstrap --quiet --variant=minbase --include=ca-certificates --aptopt='APT::Install-Recommends "false"' \
+        "$release" "$root" "${sources[@]}"
+fi
+# The way to the mirrors is this machine's.
+cp -an /etc/apt/apt.conf.d/. "$root/etc/apt/apt.conf.d/"
+cp /etc/resolv.conf /etc/hosts "$root/etc/"
+mount -t proc proc "$root/proc"
+mounted+=("$root/proc")
+mount --rbind /dev "$root/dev"
+mounted+=("$root/dev")
+mount --make-rslave "$root/dev"
+
+# inside COMMAND...: runs it in the bare system, with nothing of this machine's environment but its proxies.
+inside() {
+    chroot "$root" /usr/bin/env -i HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin LANG=C.UTF-8 \
+        DEBIAN_FRONTEND=noninteractive QT_QPA_PLATFORM=offscreen \
+        ${http_proxy:+http_proxy="$http_proxy"} ${https_proxy:+https_proxy="$https_proxy"} "$@"
+}
+
+rm -rf "$root/root/packages" "$root/root/page-plugin"
+mkdir -p "$root/root/packages"
+cp "${packages[@]}" "$root/root/packages/"
+
+inside apt-get update -q
+# First the tool alone: what it pulls in must be all that it needs to run.
+inside sh -c 'apt-get install -y -q --no-install-recommends /root/packages/tavctl_*.deb \
+    /root/packages/tav-data-plugin_*.deb /root/packages/libtavcommon1_*.deb'
+inside tavctl registry
+inside tavctl run --root /usr/share/tavsec/demo >"$work/run.txt" || fail "tavctl run has failed: $(tail -n 5 "$work/run.txt")"
+grep -q SubFunc_LogAudit "$work/run.txt" || fail "tavctl run does not show the pages of the demo"
+echo "packages: tavctl run: $(wc -l <"$work/run.txt") lines"
+
+# An integrator's check: clean on the demo, every planted mistake on the broken root (the tool's own tests say which).
+inside tavctl doctor --root /usr/share/tavsec/demo || fail "tavctl doctor finds fault with the demo"
+rm -rf "$root/root/broken-root"
+cp -r "$broken_root" "$root/root/broken-root"
+status=0
+inside tavctl doctor --root /root/broken-root >"$work/doctor.txt" || status=$?
+cat "$work/doctor.txt"
+[[ $status -eq 1 && $(tail -n 1 "$work/doctor.txt") == "4 parts checked, 33 findings" ]] ||
+    fail "tavctl doctor does not find the planted mistakes"
+# shellcheck disable=SC2016  # that shell expands it
+[[ $(inside bash -c 'source /usr/share/bash-completion/completions/tavctl
+    COMP_WORDS=(tavctl doc) COMP_CWORD=1; _tavctl; echo "${COMPREPLY[*]}"') == doctor ]] || fail "no completion in bash"
+
+# Then what a page author types.
+inside sh -c 'apt-get install -y -q --no-install-recommends g++ cmake make pkgconf /root/packages/*.deb'
+inside cp -r /usr/share/doc/tav-data-plugin-dev/examples/page-plugin /root/page-plugin ||
+    fail "the example is not installed; does this system's dpkg leave /usr/share/doc out?"
+for page in page-plugin-guide compatibility architecture; do
+    inside test -s "/usr/share/doc/tav-data-plugin-dev/$page.md" || fail "$page.md is not installed"
+done
+inside cmake -S /root/page-plugin -B /root/page-plugin/build -DCMAKE_BUILD_TYPE=Release
+inside cmake --build /root/page-plugin/build --parallel "$(nproc)"
+inside ctest --test-dir /root/page-plugin/build --output-on-failure --no-tests=error
+inside /root/page-plugin/build/page-preview /root/page-plugin/build/libNetControlPagePlugin.so /root/page-plugin/page.png
+[[ -s $root/root/page-plugin/page.png ]] || fail "the preview has drawn nothing"
+inside sh -c 'cd /root/page-plugin && sh build-without-cmake.sh'
+inside /root/page-plugin/build/page-preview /root/page-plugin/libNetControlPagePlugin.so /root/page-plugin/pkg-config.png
+[[ -s $root/root/page-plugin/pkg-config.png ]] || fail "the page built with pkg-config has drawn nothing"
+[[ $(inside pkg-config --cflags tav-data-plugin) == *-UNDEBUG* ]] || fail "pkg-config does not pass -UNDEBUG on"
+
+# What was installed goes without a trace.
+names=(tavctl tav-data-plugin tav-data-plugin-dev libtavcommon1)
+mapfile -t installed < <(inside dpkg -L "${names[@]}" | grep -i tav)
+[[ ${#installed[@]} -gt 50 ]] || fail "the packages hold ${#installed[@]} files"
+inside apt-get purge -y -q "${names[@]}"
+for file in "${installed[@]}"; do
+    [[ ! -e $root$file ]] || fail "left behind: $file"
+done
+echo "packages: installed, used and removed on a bare $(sed -n 's/^PRETTY_NAME=//p' "$root/etc/os-release")"
