@@ -14,7 +14,7 @@
 
 namespace
 {
-/// Of items with one id, only the last is left. The id is what the plugin reads: 0 for what is none.
+/// Of several items with one id the plugin keeps the last alone. Ids are what the plugin reads: 0 for what is none.
 Findings checkIds(const QJsonArray &items)
 {
     QHash<int, QString> winners;
@@ -36,7 +36,7 @@ Findings checkIds(const QJsonArray &items)
     return findings;
 }
 
-/// Why the script that an item names so cannot be run, and what to do; two empty texts when it can.
+/// Why the script with this name cannot be run, and what to do; two empty texts when it can.
 QPair<QString, QString> scriptFault(const QString &name)
 {
     const QString path = InstallationPaths::scripts() + name;

@@ -13,7 +13,7 @@
 
 namespace
 {
-/// The value that a type's key has; 0, which stands for no function or page, also for what is no key.
+/// The value of a type's key; 0, the value for no function or page, for what is no key.
 template<class Enum>
 int typeOf(const QJsonValue &key)
 {
@@ -183,7 +183,7 @@ Findings checkBase64(const QString &file, const QByteArray &content, bool isRead
     return findings;
 }
 
-/// Why the text that Base64 holds is no JSON.
+/// Why the decoded text is no JSON.
 Finding checkNoJson(const QString &file, const QByteArray &json, const TavJsonText &text)
 {
     if (isUtf16(json)) {

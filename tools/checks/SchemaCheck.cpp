@@ -25,7 +25,7 @@ namespace
 {
 bool conforms(const QJsonValue &value, const QJsonValue &schema)
 {
-    // Compiling takes much longer than asking, and the elements of a long list are all asked the same.
+    // Kept: compiling a schema takes much longer than validating, and the elements of a list share one.
     static QHash<QByteArray, std::shared_ptr<valijson::Schema>> compiled;
     std::shared_ptr<valijson::Schema> &own = compiled[QJsonDocument(schema.toObject()).toJson(QJsonDocument::Compact)];
     if (!own) {
@@ -35,7 +35,7 @@ bool conforms(const QJsonValue &value, const QJsonValue &schema)
     return valijson::Validator().validate(*own, valijson::adapters::QtJsonAdapter(value), nullptr);
 }
 
-/// The keys of the type with this title, as the plugin reads them.
+/// The keys that the plugin reads for the type with this title in the schema.
 QMetaEnum keysOf(const QString &type)
 {
     return type == QLatin1String("function type") ? QMetaEnum::fromType<CTavFuncTypeHeader::TavFuncTypeHeader_>()
@@ -81,8 +81,8 @@ QString described(const QJsonValue &value)
     return (value.isString() ? "the string " : value.isDouble() ? "the number " : "") + text;
 }
 
-/// @brief Walks through a document beside its schema. Whether a value conforms is valijson's to say; what that means
-/// is the schema's, in the annotations that its "$comment" explains.
+/// @brief Walks through a document beside its schema. valijson says whether a value conforms; the schema's own
+/// annotations, which its "$comment" explains, say what the plugin makes of one that does not.
 class SchemaWalk
 {
 public:
@@ -127,7 +127,7 @@ private:
         return part;
     }
 
-    /// The text to write for a mistyped one: the nearest, or any.
+    /// What to write instead of @p text: the nearest of @p texts, or any of them.
     static QString known(const QString &text, const QStringList &texts)
     {
         const QString nearest = nearestText(text, texts);
@@ -152,7 +152,8 @@ private:
         return schema;
     }
 
-    /// The object as it is probably meant: a mistyped key is one mistake, and not a missing key as well.
+    /// Reports unknown and missing keys. Returns the object with mistyped keys as they are probably meant, so that such
+    /// a key is not reported as missing, too.
     QJsonObject withKeysAsMeant(const QJsonObject &schema, const QJsonObject &object, const QString &path)
     {
         const QJsonObject properties = schema["properties"].toObject();
@@ -160,7 +161,7 @@ private:
         const QStringList keys = object.keys();
         for (const QString &key : keys) {
             if (!properties.isEmpty() && !properties.contains(key)) {
-                // One that is there already is not what this one was meant to be.
+                // A key that is there already cannot be what was meant.
                 const QString nearest = nearestText(key, properties.keys());
                 if (nearest.isEmpty() || meant.contains(nearest)) {
                     add(TavJson::memberPath(path, key), "unknown key " + quoted(key), "the plugin does not read it",
@@ -182,7 +183,7 @@ private:
         return meant;
     }
 
-    /// A text that is none of the keys of a type. The plugin may know it all the same.
+    /// Reports a text that is none of a type's keys. The plugin may read it all the same: it takes qualified keys, too.
     void addWrongKey(const QJsonObject &schema, const QString &key, const QString &path)
     {
         const QString type = schema["title"].toString();
@@ -203,7 +204,8 @@ private:
         return property[property.contains("x-missing") ? "x-missing" : "x-wrong"].toString();
     }
 
-    /// A rule that only @p value breaks, or only the value as it is @p meant, is a matter of the mistyped key alone.
+    /// Reports the rules that are broken by @p value and by the value as it is @p meant: what breaks only one of them
+    /// follows from a mistyped key, which is reported already.
     void checkRules(const QJsonObject &schema, const QJsonValue &value, const QJsonValue &meant, const QString &path)
     {
         const QJsonArray rules = schema["allOf"].toArray();

@@ -3,24 +3,62 @@
 #include <QDateTime>
 #include <QLocale>
 
-QString CellText::text(const char *buffer)
+namespace
 {
-    return QString::fromUtf8(buffer);
+QString permissions(int bits)
+{
+    return QString(bits & 4 ? "r" : "-") + (bits & 2 ? "w" : "-") + (bits & 1 ? "x" : "-");
 }
 
-QString CellText::number(qint64 value)
+QString duration(qint64 seconds)
 {
-    return QString::number(value);
+    return QString("%1 d %2:%3:%4")
+        .arg(seconds / 86400)
+        .arg(seconds / 3600 % 24, 2, 10, QLatin1Char('0'))
+        .arg(seconds / 60 % 60, 2, 10, QLatin1Char('0'))
+        .arg(seconds % 60, 2, 10, QLatin1Char('0'));
+}
 }
 
-QString CellText::check(bool checked)
+QString CellText::ofKind(TavFields::Kind kind, const QVariant &value)
 {
-    return checked ? "☑" : "☐";
-}
-
-QString CellText::bytes(quint64 count)
-{
-    return QLocale::c().formattedDataSize(static_cast<qint64>(count));
+    using TavFields::Kind;
+    switch (kind) {
+    case Kind::Percent:
+        return QString("%1 %").arg(value.toInt());
+    case Kind::Permille:
+        return QString("%1 %").arg(value.toInt() / 10.0);
+    case Kind::Hundredths:
+        return QString::number(value.toInt() / 100.0, 'f', 2);
+    case Kind::Size:
+        return QLocale::c().formattedDataSize(static_cast<qint64>(value.toULongLong()));
+    case Kind::Duration:
+        return duration(value.toLongLong());
+    case Kind::Time:
+        return timeText(value.toLongLong());
+    case Kind::Permissions:
+        return permissions(value.toInt());
+    case Kind::FileMode:
+        return QString::number(value.toUInt(), 8);
+    case Kind::Flag:
+        return value.toInt() ? "yes" : "no";
+    case Kind::FlagOrUnknown:
+        return value.toInt() < 0 ? "?" : value.toInt() ? "yes" : "no";
+    case Kind::Success:
+        return value.toInt() ? "ok" : "failed";
+    case Kind::CheckMark:
+        return value.toBool() ? "☑" : "☐";
+    case Kind::Texts:
+        return value.toStringList().join(", ");
+    case Kind::Digest:
+        return value.toString().left(16); // enough to tell two of them apart
+    case Kind::Number:
+    case Kind::Enumeration:
+    case Kind::Text:
+    case Kind::Bytes:
+        break;
+    }
+    return value.toString();
 }
 
 QString CellText::timeText(qint64 secondsSinceEpoch)

@@ -1,16 +1,20 @@
 #pragma once
 
-#include <QString>
+#include "TavFieldValues.h"
 
 /// Values as the tables of a page show them.
 namespace CellText
 {
-QString text(const char *buffer);
-QString number(qint64 value);
-QString check(bool checked);
+/// A field's value, by what it means.
+QString ofKind(TavFields::Kind kind, const QVariant &value);
 
-/// A size in the unit that suits it, such as "1.50 KiB".
-QString bytes(quint64 count);
+/// The field of this member in @p record: `of<&STStateAsr::stateValue>(state)`.
+template<auto Member>
+QString of(const typename TavFields::Field<Member>::Record &record)
+{
+    constexpr auto field = TavFields::fieldOf<Member>();
+    return ofKind(field.kind, TavFields::valueOf(field, record));
+}
 
 /// A time as the user's clock shows it; "-" for 0, which records use for "not known" or "not running".
 QString timeText(qint64 secondsSinceEpoch);

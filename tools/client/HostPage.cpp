@@ -1,6 +1,5 @@
 #include "AreaPages.h"
 
-#include "CellText.h"
 #include "ITavAuthInfoMgr.h"
 #include "ITavDevCtlMgr.h"
 #include "ITavHostInfoMgr.h"
@@ -9,43 +8,28 @@
 #include "PageSections.h"
 #include "TavObjectMgr.h"
 
-using namespace CellText;
-
-namespace
-{
-QString duration(qint64 seconds)
-{
-    return QString("%1 d %2:%3:%4")
-        .arg(seconds / 86400)
-        .arg(seconds / 3600 % 24, 2, 10, QLatin1Char('0'))
-        .arg(seconds / 60 % 60, 2, 10, QLatin1Char('0'))
-        .arg(seconds % 60, 2, 10, QLatin1Char('0'));
-}
-
-QString load(qint32 hundredths)
-{
-    return QString::number(hundredths / 100.0, 'f', 2);
-}
-}
+using CellText::of;
 
 QVector<PageSection> AreaPages::hostPage()
 {
-    const STResourceInfoAsr host = tavObject<ITavHostInfoMgr>()->getResourceInfo();
+    using Host = STResourceInfoAsr;
+    const Host host = tavObject<ITavHostInfoMgr>()->getResourceInfo();
     QVector<PageSection> sections{factsOf(
         "Host",
-        {{"host name", text(host.hostName)},
-         {"system", text(host.osName)},
-         {"kernel", text(host.kernelRelease) + " " + text(host.machine)},
-         {"uptime", duration(host.uptime)},
-         {"processor", QString("%1 × %2").arg(host.cpuCores).arg(text(host.cpuModel))},
-         {"processor load", QString("%1 %").arg(host.cpuUsage / 10.0)},
-         {"load averages", load(host.loadAverage1) + ", " + load(host.loadAverage5) + ", " + load(host.loadAverage15)},
-         {"processes", number(host.processCount)},
-         {"memory", bytes(host.memoryAvailable) + " available of " + bytes(host.memoryTotal)},
-         {"swap", bytes(host.swapFree) + " free of " + bytes(host.swapTotal)},
-         {"root disk", bytes(host.rootDiskFree) + " free of " + bytes(host.rootDiskTotal)},
-         {"all disks", bytes(host.diskFree) + " free of " + bytes(host.diskTotal)},
-         {"taken at", timeText(host.sampleTime)}})};
+        {{"host name", of<&Host::hostName>(host)},
+         {"system", of<&Host::osName>(host)},
+         {"kernel", of<&Host::kernelRelease>(host) + " " + of<&Host::machine>(host)},
+         {"uptime", of<&Host::uptime>(host)},
+         {"processor", of<&Host::cpuCores>(host) + " × " + of<&Host::cpuModel>(host)},
+         {"processor load", of<&Host::cpuUsage>(host)},
+         {"load averages",
+          of<&Host::loadAverage1>(host) + ", " + of<&Host::loadAverage5>(host) + ", " + of<&Host::loadAverage15>(host)},
+         {"processes", of<&Host::processCount>(host)},
+         {"memory", of<&Host::memoryAvailable>(host) + " available of " + of<&Host::memoryTotal>(host)},
+         {"swap", of<&Host::swapFree>(host) + " free of " + of<&Host::swapTotal>(host)},
+         {"root disk", of<&Host::rootDiskFree>(host) + " free of " + of<&Host::rootDiskTotal>(host)},
+         {"all disks", of<&Host::diskFree>(host) + " free of " + of<&Host::diskTotal>(host)},
+         {"taken at", of<&Host::sampleTime>(host)}})};
     sections += messageSections("Kernel signature", tavObject<ITavHostInfoMgr>()->getKernelSigState());
     sections += messageSections("Server", tavObject<ITavSystemConfigMgr>()->getServerInfo());
     sections += messageSections("Online state", tavObject<ITavSystemConfigMgr>()->getOnlineState());

@@ -1,43 +1,42 @@
 #include "AreaPages.h"
 
-#include "CellText.h"
 #include "ITavCompleteProtectMgr.h"
 #include "PageSections.h"
 #include "TavObjectMgr.h"
 
-using namespace CellText;
+using CellText::of;
 
 QVector<PageSection> AreaPages::staticMeasurementPage()
 {
     auto &model = *tavObject<ITavCompleteProtectMgr>();
-    const STSystemScanStateAsr scan = model.getSystemScanState();
-    const STImaStateAsr ima = model.getImaState();
+    using Scan = STSystemScanStateAsr;
+    using Ima = STImaStateAsr;
+    const Scan scan = model.getSystemScanState();
+    const Ima ima = model.getImaState();
     return {factsOf("Scan",
-                    {{"run", number(scan.scanId)},
-                     {"state", number(scan.state)},
+                    {{"run", of<&Scan::scanId>(scan)},
+                     {"state", of<&Scan::state>(scan)},
                      {"progress",
                       QString("%1 %, %2 of %3 files, %4 differ")
                           .arg(scan.progress)
                           .arg(scan.scannedCount)
                           .arg(scan.totalCount)
                           .arg(scan.abnormalCount)},
-                     {"started", timeText(scan.startTime)},
-                     {"ended", timeText(scan.endTime)},
-                     {"current path", text(model.getCurPathState().path)},
-                     {"single scan", number(model.getSingleScanId().scanId)}}),
+                     {"started", of<&Scan::startTime>(scan)},
+                     {"ended", of<&Scan::endTime>(scan)},
+                     {"current path", of<&STStaticCurPathAsr::path>(model.getCurPathState())},
+                     {"single scan", QString::number(model.getSingleScanId().scanId)}}),
             factsOf("Kernel measurement",
-                    {{"mode", number(ima.mode)},
-                     {"state", number(ima.state)},
-                     {"initialised", number(model.getImaInitState().initState)},
-                     {"violations", number(ima.violations)},
-                     {"TPM", ima.hasTpm ? "yes" : "no"},
-                     {"entries", number(model.getImaCount().count)}}),
+                    {{"mode", of<&Ima::mode>(ima)},
+                     {"state", of<&Ima::state>(ima)},
+                     {"initialised", QString::number(model.getImaInitState().initState)},
+                     {"violations", of<&Ima::violations>(ima)},
+                     {"TPM", of<&Ima::hasTpm>(ima)},
+                     {"entries", QString::number(model.getImaCount().count)}}),
             tableOf<>("Measurements", model.getImaList(),
-                      {{"register", [](const auto &row) { return number(row.pcr); }, CellKind::Number},
-                       {"state", [](const auto &row) { return number(row.state); }, CellKind::Number},
-                       {"algorithm", [](const auto &row) { return text(row.algorithm); }},
-                       {"digest", [](const auto &row) { return text(row.fileDigest).left(16); }},
-                       {"path", [](const auto &row) { return text(row.path); }}})};
+                      {column<&STImaContentAsr::pcr>("register"), column<&STImaContentAsr::state>("state"),
+                       column<&STImaContentAsr::algorithm>("algorithm"), column<&STImaContentAsr::fileDigest>("digest"),
+                       column<&STImaContentAsr::path>("path")})};
 }
 
 QVector<PageSection> AreaPages::dynamicMeasurementPage()

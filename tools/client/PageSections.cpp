@@ -1,7 +1,5 @@
 #include "PageSections.h"
 
-#include "CellText.h"
-
 namespace
 {
 using google::protobuf::FieldDescriptor;
@@ -115,7 +113,7 @@ PageSection rowsSection(const QString &title, const QVector<STProtoDataContainer
 {
     return tableOf<>(
         title, rows,
-        {{"", [](const auto &row) { return CellText::check(row.isChecked); }},
-         {"index", [](const auto &row) { return CellText::number(row.index); }, CellKind::Number},
-         {"payload bytes", [](const auto &row) { return CellText::number(row.protoData.size()); }, CellKind::Number}});
+        {column<&STProtoDataContainer::isChecked>(""),
+         column<&STProtoDataContainer::index>("index"),
+         {"payload bytes", [](const auto &row) { return QString::number(row.protoData.size()); }, CellKind::Number}});
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "STProtoDataContainer.h"
+#include "CellText.h"
 
 #include <QStringList>
 #include <QVector>
@@ -28,13 +28,23 @@ struct PageSection {
     bool isList = true; ///< false for names and values, which are few and never cut
 };
 
-/// @brief How one field of a record is shown: its column, and its text in a row.
+/// @brief A column of a table of records: its text for a row.
 template<class Row>
 struct PageField {
     QString title;
     std::function<QString(const Row &)> text;
     CellKind kind = CellKind::Text;
 };
+
+/// The column of a field, shown by what its value means: `column<&STStateInfo::itemText>("item")`.
+template<auto Member>
+PageField<typename TavFields::Field<Member>::Record> column(const QString &title)
+{
+    using TavFields::Kind;
+    constexpr Kind kind = TavFields::fieldOf<Member>().kind;
+    constexpr bool isNumber = kind == Kind::Number || kind == Kind::Size || kind == Kind::FileMode;
+    return {title, CellText::of<Member>, isNumber ? CellKind::Number : CellKind::Text};
+}
 
 /// A table with one line for each of @p rows.
 template<class Rows, class Row = typename Rows::value_type>

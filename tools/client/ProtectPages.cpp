@@ -1,12 +1,9 @@
 #include "AreaPages.h"
 
-#include "CellText.h"
 #include "ITavProExceptionMgr.h"
 #include "ITavProtectMgr.h"
 #include "PageSections.h"
 #include "TavObjectMgr.h"
-
-using namespace CellText;
 
 namespace
 {
@@ -19,15 +16,14 @@ QPair<QString, QString> stateFact(const QString &name, const STStateAsr &state)
 QVector<PageSection> AreaPages::selfProtectPage()
 {
     auto &model = *tavObject<ITavProtectMgr>();
-    QVector<PageSection> sections{factsOf("States",
-                                          {stateFact("self protection", model.getSelfState()),
-                                           stateFact("removal of software", model.getSoftUnloadMode())}),
-                                  tableOf<>("Protections", model.getProtectUIData(),
-                                            {{"", [](const auto &row) { return check(row.isChecked); }},
-                                             {"key", [](const auto &row) { return row.itemKey; }},
-                                             {"title", [](const auto &row) { return row.title; }},
-                                             {"detail", [](const auto &row) { return row.detail; }},
-                                             {"status", [](const auto &row) { return row.status ? "yes" : "no"; }}})};
+    QVector<PageSection> sections{
+        factsOf("States",
+                {stateFact("self protection", model.getSelfState()),
+                 stateFact("removal of software", model.getSoftUnloadMode())}),
+        tableOf<>("Protections", model.getProtectUIData(),
+                  {column<&STSystemProUIData::isChecked>(""), column<&STSystemProUIData::itemKey>("key"),
+                   column<&STSystemProUIData::title>("title"), column<&STSystemProUIData::detail>("detail"),
+                   column<&STSystemProUIData::status>("status")})};
     sections += messageSections("Protected software count", model.getSoftUnloadCount());
     sections += messageSections("Protected software", model.getSoftUnloadContent());
     return sections;
@@ -38,13 +34,13 @@ QVector<PageSection> AreaPages::processProtectPage()
     auto &model = *tavObject<ITavProtectMgr>();
     QVector<PageSection> sections{
         factsOf("State",
-                {stateFact("process protection", model.getProState()), {"entries", number(model.getProCount().count)}}),
+                {stateFact("process protection", model.getProState()),
+                 {"entries", QString::number(model.getProCount().count)}}),
         tableOf<>("Processes", model.getProContentList(),
-                  {{"pid", [](const auto &row) { return number(row.pid); }, CellKind::Number},
-                   {"name", [](const auto &row) { return text(row.name); }},
-                   {"user", [](const auto &row) { return text(row.userName); }},
-                   {"started", [](const auto &row) { return timeText(row.startTime); }},
-                   {"path", [](const auto &row) { return text(row.path); }}})};
+                  {column<&STProProtectContentAsr::pid>("pid"), column<&STProProtectContentAsr::name>("name"),
+                   column<&STProProtectContentAsr::userName>("user"),
+                   column<&STProProtectContentAsr::startTime>("started"),
+                   column<&STProProtectContentAsr::path>("path")})};
     sections += messageSections("Process exceptions", tavObject<ITavProExceptionMgr>()->getPriException());
     return sections << rowsSection("Exception rows", tavObject<ITavProExceptionMgr>()->getUIData());
 }
@@ -56,13 +52,11 @@ QVector<PageSection> AreaPages::kernelProtectPage()
         factsOf("State",
                 {stateFact("kernel protection", model.getKernelState()),
                  stateFact("blocking of modules", model.getKernelBlkMode()),
-                 {"entries", number(model.getKernelCount().count)}}),
+                 {"entries", QString::number(model.getKernelCount().count)}}),
         tableOf<>("Kernel modules", model.getKernelContent(),
-                  {{"name", [](const auto &row) { return text(row.name); }},
-                   {"size", [](const auto &row) { return bytes(row.size); }, CellKind::Number},
-                   {"users", [](const auto &row) { return number(row.refCount); }, CellKind::Number},
-                   {"loaded", [](const auto &row) { return row.loaded ? "yes" : "no"; }},
-                   {"path", [](const auto &row) { return text(row.path); }}})};
+                  {column<&STKernelContentAsr::name>("name"), column<&STKernelContentAsr::size>("size"),
+                   column<&STKernelContentAsr::refCount>("users"), column<&STKernelContentAsr::loaded>("loaded"),
+                   column<&STKernelContentAsr::path>("path")})};
     sections += messageSections("Blocked modules", model.getKernelBlkContent());
     return sections;
 }
@@ -74,19 +68,17 @@ QVector<PageSection> AreaPages::directoryPage()
         factsOf("States",
                 {stateFact("directory protection", model.getDirState()),
                  stateFact("file protection", model.getFileState()),
-                 {"directories", number(model.getDirCount().count)},
-                 {"files", number(model.getFileCount().count)}}),
+                 {"directories", QString::number(model.getDirCount().count)},
+                 {"files", QString::number(model.getFileCount().count)}}),
         tableOf<>("Directories", model.getDirContent(),
-                  {{"path", [](const auto &row) { return text(row.path); }},
-                   {"state", [](const auto &row) { return number(row.state); }, CellKind::Number},
-                   {"files", [](const auto &row) { return number(row.fileCount); }, CellKind::Number},
-                   {"changed", [](const auto &row) { return timeText(row.updateTime); }}}),
+                  {column<&STDirProtectContentAsr::path>("path"), column<&STDirProtectContentAsr::state>("state"),
+                   column<&STDirProtectContentAsr::fileCount>("files"),
+                   column<&STDirProtectContentAsr::updateTime>("changed")}),
         tableOf<>("Files", model.getFileContent(),
-                  {{"path", [](const auto &row) { return text(row.path); }},
-                   {"mode", [](const auto &row) { return QString::number(row.mode, 8); }, CellKind::Number},
-                   {"size", [](const auto &row) { return bytes(row.size); }, CellKind::Number},
-                   {"changed", [](const auto &row) { return timeText(row.modifyTime); }},
-                   {"digest", [](const auto &row) { return text(row.digest).left(16); }}})};
+                  {column<&STFileProtectContentAsr::path>("path"), column<&STFileProtectContentAsr::mode>("mode"),
+                   column<&STFileProtectContentAsr::size>("size"),
+                   column<&STFileProtectContentAsr::modifyTime>("changed"),
+                   column<&STFileProtectContentAsr::digest>("digest")})};
     sections += messageSections("Protected objects", model.getProtoCount());
     sections += messageSections("File destruction", model.getFileSmash());
     return sections;

@@ -1,13 +1,10 @@
 #include "AreaPages.h"
 
 #include "BaselineList.h"
-#include "CellText.h"
 #include "ITavLineScanMgr.h"
 #include "ITavOneReinforceMgr.h"
 #include "PageSections.h"
 #include "TavObjectMgr.h"
-
-using namespace CellText;
 
 QVector<PageSection> AreaPages::hardeningPage()
 {
@@ -19,8 +16,7 @@ QVector<PageSection> AreaPages::hardeningPage()
     sections += messageSections("Finish state", model.getReforceFinishState());
     sections += messageSections("Security switches", model.getSecswitchContent());
     return sections << tableOf<>("States", model.getStateInfo(),
-                                 {{"item", [](const auto &row) { return row.itemText; }},
-                                  {"state", [](const auto &row) { return row.stateText; }}});
+                                 {column<&STStateInfo::itemText>("item"), column<&STStateInfo::stateText>("state")});
 }
 
 QVector<PageSection> AreaPages::baselinePage()
@@ -31,14 +27,11 @@ QVector<PageSection> AreaPages::baselinePage()
     for (const int id : ids) {
         items.append(model.getItemConfig(id));
     }
-    QVector<PageSection> sections{
-        tableOf<>("Check items", items,
-                  {{"id", [](const auto &item) { return number(item.itemId); }, CellKind::Number},
-                   {"name", [](const auto &item) { return item.name; }},
-                   {"standard", [](const auto &item) { return item.standardValue; }},
-                   {"type", [](const auto &item) { return number(item.type); }, CellKind::Number},
-                   {"button", [](const auto &item) { return item.btntext; }},
-                   {"script", [](const auto &item) { return item.checkValueScript; }}})};
+    QVector<PageSection> sections{tableOf<>(
+        "Check items", items,
+        {column<&STBLEnableConfig::itemId>("id"), column<&STBLEnableConfig::name>("name"),
+         column<&STBLEnableConfig::standardValue>("standard"), column<&STBLEnableConfig::type>("type"),
+         column<&STBLEnableConfig::btntext>("button"), column<&STBLEnableConfig::checkValueScript>("script")})};
     sections += messageSections("Scan state", model.getscanState());
     sections += messageSections("Scan counts", model.getLineCount());
     sections += messageSections("Scan content", model.getLineScanContent());

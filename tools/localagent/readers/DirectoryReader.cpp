@@ -20,6 +20,27 @@ int countFiles(const QString &root, const QByteArray &directory, ReadingNotes &n
     }
     return count;
 }
+
+/// One record for each of @p paths; @p describe adds what there is to tell of one that the host has.
+template<class Record, class Describe>
+QVector<Record> recordsOf(const QVector<QByteArray> &paths, const QString &root, ReadingNotes &notes, Describe describe)
+{
+    QVector<Record> records(paths.size());
+    for (int i = 0; i < paths.size(); ++i) {
+        Record &record = records[i];
+        record.id = i + 1;
+        TextBuffer::copy(record.path, paths.at(i));
+        int error = 0;
+        if (const auto status = HostFile::status(root, paths.at(i), &error)) {
+            record.state = notProtected;
+            describe(paths.at(i), *status, record);
+        } else {
+            record.state = error == ENOENT ? missing : notProtected;
+            HostFile::note(notes, paths.at(i), HostFile::errorText(error));
+        }
+    }
+    return records;
+}
 }
 
 QVector<QByteArray> DirectoryReader::keyDirectories()
@@ -36,53 +57,27 @@ QVector<QByteArray> DirectoryReader::keyFiles()
 
 QVector<STDirProtectContentAsr> DirectoryReader::readDirectories(const QString &root, ReadingNotes &notes)
 {
-    const QVector<QByteArray> paths = keyDirectories();
-    QVector<STDirProtectContentAsr> records(paths.size());
-    for (int i = 0; i < paths.size(); ++i) {
-        STDirProtectContentAsr &record = records[i];
-        record.id = i + 1;
-        TextBuffer::copy(record.path, paths.at(i));
-        int error = 0;
-        const auto status = HostFile::status(root, paths.at(i), &error);
-        if (!status) {
-            record.state = error == ENOENT ? missing : notProtected;
-            HostFile::note(notes, paths.at(i), HostFile::errorText(error));
-            continue;
-        }
-        record.state = notProtected;
-        record.updateTime = status->st_mtim.tv_sec;
-        record.fileCount = countFiles(root, paths.at(i), notes);
-    }
-    return records;
+    const auto describe = [&](const QByteArray &path, const struct stat &status, STDirProtectContentAsr &record) {
+        record.updateTime = status.st_mtim.tv_sec;
+        record.fileCount = countFiles(root, path, notes);
+    };
+    return recordsOf<STDirProtectContentAsr>(keyDirectories(), root, notes, describe);
 }
 
 QVector<STFileProtectContentAsr> DirectoryReader::readFiles(const QString &root, ReadingNotes &notes)
 {
-    const QVector<QByteArray> paths = keyFiles();
-    QVector<STFileProtectContentAsr> records(paths.size());
-    for (int i = 0; i < paths.size(); ++i) {
-        STFileProtectContentAsr &record = records[i];
-        record.id = i + 1;
-        TextBuffer::copy(record.path, paths.at(i));
-        int error = 0;
-        const auto status = HostFile::status(root, paths.at(i), &error);
-        if (!status) {
-            record.state = error == ENOENT ? missing : notProtected;
-            HostFile::note(notes, paths.at(i), HostFile::errorText(error));
-            continue;
-        }
-        record.state = notProtected;
-        record.size = static_cast<quint64>(status->st_size);
-        record.modifyTime = status->st_mtim.tv_sec;
-        record.uid = status->st_uid;
-        record.gid = status->st_gid;
-        record.mode = status->st_mode & 07777U;
-        if (const auto digests = HostFile::digestsOrNote(root, paths.at(i), notes)) {
+    const auto describe = [&](const QByteArray &path, const struct stat &status, STFileProtectContentAsr &record) {
+        record.size = static_cast<quint64>(status.st_size);
+        record.modifyTime = status.st_mtim.tv_sec;
+        record.uid = status.st_uid;
+        record.gid = status.st_gid;
+        record.mode = status.st_mode & 07777U;
+        if (const auto digests = HostFile::digestsOrNote(root, path, notes)) {
             TextBuffer::copy(record.algorithm, "sha256");
             TextBuffer::copy(record.digest, digests->sha256);
         }
-    }
-    return records;
+    };
+    return recordsOf<STFileProtectContentAsr>(keyFiles(), root, notes, describe);
 }
 
 QByteArray DirectoryReader::modeText(quint32 mode)

@@ -77,8 +77,8 @@ void readDisks(const QString &root, STResourceInfoAsr &info, ReadingNotes &notes
     if (!mounts) {
         return;
     }
-    // Block devices only, since a server or a program behind a file system could keep the call waiting; and no
-    // read-only images, which are always full.
+    // Block devices only, and no FUSE: a server or a program behind a file system could keep the call waiting.
+    // Read-only images are always full.
     static const QVector<QByteArray> images{"squashfs", "iso9660", "erofs", "udf", "fuse"};
     QSet<QByteArray> devices;
     const QList<QByteArray> lines = mounts->split('\n');

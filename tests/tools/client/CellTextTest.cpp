@@ -1,0 +1,50 @@
+#include "CellText.h"
+#include "PrintQString.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iterator>
+
+using TavFields::Kind;
+
+TEST(CellText, ShowsAValueByWhatItMeans)
+{
+    const struct {
+        Kind kind;
+        QVariant value;
+        QString text;
+    } rows[] = {
+        {Kind::Number, -7, "-7"},
+        {Kind::Number, Q_UINT64_C(18446744073709551615), "18446744073709551615"},
+        {Kind::Percent, 50, "50 %"},
+        {Kind::Permille, 505, "50.5 %"},
+        {Kind::Hundredths, 105, "1.05"},
+        {Kind::Size, Q_UINT64_C(1536), "1.50 KiB"},
+        {Kind::Duration, 90061, "1 d 01:01:01"},
+        {Kind::Time, 0, "-"},
+        {Kind::Permissions, 5, "r-x"},
+        {Kind::FileMode, 04640U, "4640"},
+        {Kind::Flag, true, "yes"},
+        {Kind::Flag, 0, "no"},
+        {Kind::FlagOrUnknown, -1, "?"},
+        {Kind::FlagOrUnknown, 1, "yes"},
+        {Kind::Success, 1, "ok"},
+        {Kind::Success, 0, "failed"},
+        {Kind::CheckMark, true, "☑"},
+        {Kind::CheckMark, false, "☐"},
+        {Kind::Texts, QStringList({"a", "b"}), "a, b"},
+        {Kind::Digest, QString(64, 'f'), QString(16, 'f')},
+        {Kind::Text, "审计", "审计"},
+    };
+    for (const auto &row : rows) {
+        EXPECT_EQ(CellText::ofKind(row.kind, row.value), row.text);
+    }
+}
+
+TEST(CellText, ReadsABufferUpToItsEnd)
+{
+    STStaticCurPathAsr full;
+    std::fill(std::begin(full.path), std::end(full.path), 'x'); // without NUL
+    EXPECT_EQ(CellText::of<&STStaticCurPathAsr::path>(full), QString(sizeof(full.path), 'x'));
+}
