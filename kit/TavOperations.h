@@ -95,6 +95,9 @@ constexpr auto overload(Function Class::*member)
 template<class Interface>
 struct Table;
 
+// One entry a line, in short tables, too.
+// clang-format off
+
 template<>
 struct Table<ITavFuncTypeMgr> {
     using I = ITavFuncTypeMgr;
@@ -362,8 +365,10 @@ template<>
 struct Table<ITavAuthInfoMgr> {
     using I = ITavAuthInfoMgr;
     static constexpr auto list = std::tuple{
-        op<&I::getObject>("getObject"),         op<&I::setLoginCheck>("setLoginCheck", "answer"),
-        op<&I::getLoginCheck>("getLoginCheck"), op<&I::setPwdChange>("setPwdChange", "answer"),
+        op<&I::getObject>("getObject"),
+        op<&I::setLoginCheck>("setLoginCheck", "answer"),
+        op<&I::getLoginCheck>("getLoginCheck"),
+        op<&I::setPwdChange>("setPwdChange", "answer"),
         op<&I::getPwdChange>("getPwdChange"),
     };
 };
@@ -372,8 +377,10 @@ template<>
 struct Table<ITavSystemConfigMgr> {
     using I = ITavSystemConfigMgr;
     static constexpr auto list = std::tuple{
-        op<&I::getObject>("getObject"),           op<&I::setServerInfo>("setServerInfo", "info"),
-        op<&I::getServerInfo>("getServerInfo"),   op<&I::setOnlineState>("setOnlineState", "state"),
+        op<&I::getObject>("getObject"),
+        op<&I::setServerInfo>("setServerInfo", "info"),
+        op<&I::getServerInfo>("getServerInfo"),
+        op<&I::setOnlineState>("setOnlineState", "state"),
         op<&I::getOnlineState>("getOnlineState"),
     };
 };
@@ -403,6 +410,8 @@ struct Table<ITavProExceptionMgr> {
             .overwritesRowOf("getUIData", "index"),
     };
 };
+
+// clang-format on
 
 /// All interfaces, in the order in which the plugin registers their managers.
 using Interfaces
