@@ -118,6 +118,9 @@ constexpr Field<Member> field(std::string_view name, Kind kind = kindOf<typename
 template<class Record>
 struct Table;
 
+// One entry a line, in short tables, too.
+// clang-format off
+
 template<>
 struct Table<STAccessSetUIData> {
     using R = STAccessSetUIData;
@@ -176,9 +179,14 @@ template<>
 struct Table<STBLEnableConfig> {
     using R = STBLEnableConfig;
     static constexpr auto list = std::tuple{
-        field<&R::name>("name"),           field<&R::itemId>("itemId"), field<&R::standardValue>("standardValue"),
-        field<&R::extraText>("extraText"), field<&R::desc>("desc"),     field<&R::checkValueScript>("checkValueScript"),
-        field<&R::btntext>("btntext"),     field<&R::type>("type"),
+        field<&R::name>("name"),
+        field<&R::itemId>("itemId"),
+        field<&R::standardValue>("standardValue"),
+        field<&R::extraText>("extraText"),
+        field<&R::desc>("desc"),
+        field<&R::checkValueScript>("checkValueScript"),
+        field<&R::btntext>("btntext"),
+        field<&R::type>("type"),
     };
 };
 
@@ -462,9 +470,12 @@ template<>
 struct Table<TavFuncTypeData_> {
     using R = TavFuncTypeData_;
     static constexpr auto list = std::tuple{
-        field<&R::funcTitle>("funcTitle"),     field<&R::funcIcon>("funcIcon"),
-        field<&R::funcType>("funcType"),       field<&R::parentFuncType>("parentFuncType"),
-        field<&R::funcEnabled>("funcEnabled"), field<&R::usrList>("usrList"),
+        field<&R::funcTitle>("funcTitle"),
+        field<&R::funcIcon>("funcIcon"),
+        field<&R::funcType>("funcType"),
+        field<&R::parentFuncType>("parentFuncType"),
+        field<&R::funcEnabled>("funcEnabled"),
+        field<&R::usrList>("usrList"),
     };
 };
 
@@ -472,12 +483,18 @@ template<>
 struct Table<TavSubFuncTypeData_> {
     using R = TavSubFuncTypeData_;
     static constexpr auto list = std::tuple{
-        field<&R::subFuncTitle>("subFuncTitle"),         field<&R::funcType>("funcType"),
-        field<&R::subFuncType>("subFuncType"),           field<&R::realParentType>("realParentType"),
-        field<&R::subFuncClassName>("subFuncClassName"), field<&R::subFuncHelp>("subFuncHelp"),
-        field<&R::subFuncHasParent>("subFuncHasParent"), field<&R::subFuncEnabled>("subFuncEnabled"),
+        field<&R::subFuncTitle>("subFuncTitle"),
+        field<&R::funcType>("funcType"),
+        field<&R::subFuncType>("subFuncType"),
+        field<&R::realParentType>("realParentType"),
+        field<&R::subFuncClassName>("subFuncClassName"),
+        field<&R::subFuncHelp>("subFuncHelp"),
+        field<&R::subFuncHasParent>("subFuncHasParent"),
+        field<&R::subFuncEnabled>("subFuncEnabled"),
     };
 };
+
+// clang-format on
 
 /// All records.
 using Records

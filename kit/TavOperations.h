@@ -96,6 +96,9 @@ constexpr auto overload(Function Class::*member)
 template<class Interface>
 struct Table;
 
+// One entry a line, in short tables, too.
+// clang-format off
+
 template<>
 struct Table<ITavFuncTypeMgr> {
     using I = ITavFuncTypeMgr;
@@ -363,8 +366,10 @@ template<>
 struct Table<ITavAuthInfoMgr> {
     using I = ITavAuthInfoMgr;
     static constexpr auto list = std::tuple{
-        op<&I::getObject>("getObject"),         op<&I::setLoginCheck>("setLoginCheck", "answer"),
-        op<&I::getLoginCheck>("getLoginCheck"), op<&I::setPwdChange>("setPwdChange", "answer"),
+        op<&I::getObject>("getObject"),
+        op<&I::setLoginCheck>("setLoginCheck", "answer"),
+        op<&I::getLoginCheck>("getLoginCheck"),
+        op<&I::setPwdChange>("setPwdChange", "answer"),
         op<&I::getPwdChange>("getPwdChange"),
     };
 };
@@ -373,8 +378,10 @@ template<>
 struct Table<ITavSystemConfigMgr> {
     using I = ITavSystemConfigMgr;
     static constexpr auto list = std::tuple{
-        op<&I::getObject>("getObject"),           op<&I::setServerInfo>("setServerInfo", "info"),
-        op<&I::getServerInfo>("getServerInfo"),   op<&I::setOnlineState>("setOnlineState", "state"),
+        op<&I::getObject>("getObject"),
+        op<&I::setServerInfo>("setServerInfo", "info"),
+        op<&I::getServerInfo>("getServerInfo"),
+        op<&I::setOnlineState>("setOnlineState", "state"),
         op<&I::getOnlineState>("getOnlineState"),
     };
 };
@@ -404,6 +411,8 @@ struct Table<ITavProExceptionMgr> {
             .overwritesRowOf("getUIData", "index"),
     };
 };
+
+// clang-format on
 
 /// All interfaces, in the order in which the plugin registers their managers.
 using Interfaces
