@@ -52,13 +52,6 @@ Slot slot(const char *name, Result (Class::*operation)(Arguments...))
     return {slotIndex(operation), declaration<Result(Arguments...)>(name)};
 }
 
-/// For an operation that shares its name: the function type chooses.
-template<class Function, class Class>
-Slot overload(const char *name, Function Class::*operation)
-{
-    return {slotIndex(operation), declaration<Function>(name)};
-}
-
 /// The number of places in the table of @p Class: the next virtual operation of a derived class gets that place.
 template<class Class>
 int slotCount()
