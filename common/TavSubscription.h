@@ -11,10 +11,16 @@
 /**
  * @brief A subscription that ends with this object, and never calls a receiver that is gone.
  *
- * The callback runs in the thread in which the receiver lives. A delivery that was posted already is dropped when,
- * at its turn, the receiver is destroyed or the subscription has ended. Hold it as a member of the receiver, or end it
- * in the receiver's thread: then nothing is called from that moment on. Ended in another thread, it may meet a
- * callback that is running. The receiver must stay in its thread, and the signal must outlive the subscription.
+ * The callback runs in the thread in which the receiver lives.
+ *
+ * | at its turn, a delivery that was posted before finds | and the callback |
+ * |---|---|
+ * | receiver and subscription alive | is called |
+ * | the subscription ended in the receiver's thread, or with the receiver | is not called |
+ * | the subscription being ended in another thread | is called or not; the end does not wait for it |
+ *
+ * Hold it as a member of the receiver, the last one: it ends first. The receiver must stay in its thread, and the
+ * signal must outlive the subscription.
  *
  * An emission that is under way may still post to the receiver's thread after the end: the QThread object must outlive
  * every emission that began before. And the plugin whose code the callback is must never be unloaded: lists in use and

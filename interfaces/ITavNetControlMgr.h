@@ -53,7 +53,13 @@ public:
     virtual void setAllCheck(bool check) = 0;
 
     /**
-     * @brief Toggles the state of the device at this position, in the client's copy: 1 becomes 0, anything else 1.
+     * @brief Toggles the state of the device at this position, in the client's copy.
+     *
+     * | state before | state after |
+     * |---|---|
+     * | 1 | 0 |
+     * | 0, any other value | 1 |
+     * | absent | 1, present |
      *
      * The position must be one of the held list; any other is fatal to the process. Looking for the position and
      * toggling are two steps, which cannot be made one from outside. So one plugin sets a manager's devices and toggles
