@@ -15,7 +15,6 @@
 #include <cstddef>
 #include <functional>
 #include <memory>
-#include <type_traits>
 
 #ifndef __has_feature
 #define __has_feature(feature) 0
@@ -27,14 +26,6 @@ extern "C" std::size_t __sanitizer_get_current_allocated_bytes();
 
 using SampleValue::content;
 using SampleValue::sample;
-
-static_assert(sizeof(void *) != 8 || sizeof(STPriAddUIData) == 21);
-static_assert(sizeof(void *) != 8 || sizeof(STAccessSetUIData) == 14);
-static_assert(sizeof(void *) != 8 || sizeof(STObjectAddUIData) == 17);
-static_assert(std::is_trivially_copyable_v<STLookUsersAsr>);
-static_assert(std::is_trivially_copyable_v<STPriDetailAsr>);
-static_assert(std::is_trivially_copyable_v<STObjectDetailAsr>);
-static_assert(offsetof(STPriDetailAsr, userName) == 0);
 
 namespace
 {
@@ -544,8 +535,8 @@ TEST_F(AccessControlMgr, AUsersDetailIsFoundByTheWholeNameInItsCase)
 TEST(AccessControlMgrClass, LooksForAUserInWhatItsOwnOperationGives)
 {
     struct KnowsAnna : TavAccessControlMgr {
-        using TavAccessControlMgr::TavAccessControlMgr;
         using TavAccessControlMgr::getUserDetail;
+        using TavAccessControlMgr::TavAccessControlMgr;
         UserDetails getUserDetail() override
         {
             return {detailOf("anna")};

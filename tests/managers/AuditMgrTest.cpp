@@ -5,15 +5,7 @@
 
 #include <gtest/gtest.h>
 
-#include <type_traits>
-
 using SampleValue::content;
-
-static_assert(sizeof(STAuditCountAsr) == 4);
-static_assert(std::is_trivially_copyable_v<STAuditCountAsr>);
-static_assert(std::is_trivially_copyable_v<STAuditContentAsr>);
-static_assert(std::is_trivially_copyable_v<STAuditTypeCountAsr>);
-static_assert(std::is_trivially_copyable_v<STAuditMonthCountAsr>);
 
 namespace
 {

@@ -7,20 +7,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
-#include <type_traits>
 
 using SampleValue::content;
-
-static_assert(sizeof(STImaCountAsr) == 4);
-static_assert(sizeof(STImaInitStateAsr) == 4);
-static_assert(sizeof(STSingleScanAsr) == 4);
-static_assert(std::is_trivially_copyable_v<STStaticCurPathAsr>);
-static_assert(std::is_trivially_copyable_v<STSystemScanStateAsr>);
-static_assert(std::is_trivially_copyable_v<STImaCountAsr>);
-static_assert(std::is_trivially_copyable_v<STImaStateAsr>);
-static_assert(std::is_trivially_copyable_v<STImaInitStateAsr>);
-static_assert(std::is_trivially_copyable_v<STImaContentAsr>);
-static_assert(std::is_trivially_copyable_v<STSingleScanAsr>);
 
 namespace
 {

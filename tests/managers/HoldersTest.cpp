@@ -12,12 +12,9 @@
 #include <cstring>
 #include <new>
 #include <string>
-#include <type_traits>
 
 using SampleValue::content;
 using SampleValue::sample;
-
-static_assert(std::is_trivially_copyable_v<STResourceInfoAsr>);
 
 // In this program new memory holds a pattern, so that it shows what a constructor leaves as it was.
 constexpr unsigned char pattern = 0xa5;

@@ -146,9 +146,11 @@ private:
     void addLinks(const QString &top)
     {
         for (int links = below(4); links > 0; --links) {
-            const QString link = m_paths[below(m_paths.size())] + '/' + anyOf({"l.png", "k.png", "common.png", "y.png"});
-            const QString target = below(3) == 0 ? QString(".") : below(2) == 0 ? QString("..")
-                                                                                : m_paths[below(m_paths.size())];
+            const QString link
+                = m_paths[below(m_paths.size())] + '/' + anyOf({"l.png", "k.png", "common.png", "y.png"});
+            const QString target = below(3) == 0 ? QString(".")
+                : below(2) == 0                  ? QString("..")
+                                                 : m_paths[below(m_paths.size())];
             // A link that leads above the tree would lead into those of other programs.
             if (!(target == ".." && QFileInfo(link).path() == top)) {
                 QFile::link(target, link);
@@ -208,7 +210,8 @@ TEST(PictureScan, FindsWhatThePlainScanFindsInTreesWithLinks)
             TavPluginHost host{TAV_PLUGIN_FILE};
             auto &mgr = *host.manager<ITavPicResourceMgr>();
             mgr.appendPicResourcePath(way);
-            ASSERT_EQ(textOf(picturesOf(mgr, QDir(tree.root()).dirName())), textOf(*expected)) << seed << ' ' << qPrintable(way);
+            ASSERT_EQ(textOf(picturesOf(mgr, QDir(tree.root()).dirName())), textOf(*expected))
+                << seed << ' ' << qPrintable(way);
             ++compared;
             withPictures += !expected->empty();
         }

@@ -6,19 +6,7 @@
 
 #include <gtest/gtest.h>
 
-#include <type_traits>
-
 using SampleValue::content;
-
-static_assert(sizeof(void *) != 8 || sizeof(STSystemProUIData) == 26);
-static_assert(sizeof(STStateAsr) == 8);
-static_assert(sizeof(STProtectCountAsr) == 4);
-static_assert(std::is_trivially_copyable_v<STStateAsr>);
-static_assert(std::is_trivially_copyable_v<STProtectCountAsr>);
-static_assert(std::is_trivially_copyable_v<STKernelContentAsr>);
-static_assert(std::is_trivially_copyable_v<STProProtectContentAsr>);
-static_assert(std::is_trivially_copyable_v<STDirProtectContentAsr>);
-static_assert(std::is_trivially_copyable_v<STFileProtectContentAsr>);
 
 namespace
 {
