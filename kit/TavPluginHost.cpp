@@ -211,11 +211,12 @@ void checkManagers(const QString &file, TavObjectMgr &registry)
     if (mistakes.isEmpty()) {
         return;
     }
-    throw TavPluginError(Kind::WrongManagers, file,
-                         registry.getObjectKeys().isEmpty()
-                             ? QString("registers no managers")
-                             : QString("registers other managers than the %1: ").arg(TavOperations::interfaceNames().size())
-                                 + (mistakes + unknownKeys(registry)).join(", "));
+    throw TavPluginError(
+        Kind::WrongManagers, file,
+        registry.getObjectKeys().isEmpty()
+            ? QString("registers no managers")
+            : QString("registers other managers than the %1: ").arg(TavOperations::interfaceNames().size())
+                + (mistakes + unknownKeys(registry)).join(", "));
 }
 }
 

@@ -111,9 +111,9 @@ TEST_F(CommonUtils, ReadsWhereNoSystemFilesAreMounted)
 TEST_F(CommonUtils, LeavesNoFileOpen)
 {
     ASSERT_EQ(mkfifo(QFile::encodeName(path("pipe")).constData(), 0600), 0);
-    const QString paths[] = {file("f", "text"), file("empty", ""),     path("pipe"),
-                             path("."),         path("missing"),       QStringLiteral("/dev/null"),
-                             QString(),         QStringLiteral("/proc/self/mem")};
+    const QString paths[]
+        = {file("f", "text"), file("empty", ""),           path("pipe"), path("."),
+           path("missing"),   QStringLiteral("/dev/null"), QString(),    QStringLiteral("/proc/self/mem")};
     const auto openFiles = [] { return QDir(QStringLiteral("/proc/self/fd")).entryList(QDir::System).size(); };
     const int before = openFiles();
     ASSERT_GT(before, 2);

@@ -1,6 +1,6 @@
 #include "Golden.h"
-#include "Slots.h"
 #include "ITavDataPlugin.h"
+#include "Slots.h"
 #include "TavOperations.h"
 
 #include <gtest/gtest.h>

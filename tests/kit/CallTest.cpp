@@ -1,8 +1,8 @@
 #include "ExtremeValue.h"
-#include "TavPluginHost.h"
 #include "TavCall.h"
 #include "TavGlobalInfoMgr.h"
 #include "TavOperations.h"
+#include "TavPluginHost.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-#include "Slots.h"
 #include "MemberName.h"
+#include "Slots.h"
 #include "TavOperations.h"
 
 #include <gtest/gtest.h>
