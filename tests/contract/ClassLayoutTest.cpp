@@ -25,6 +25,7 @@
 
 #include <cstddef>
 #include <cstring>
+#include <vector>
 
 using TavOperations::overload;
 
@@ -34,9 +35,12 @@ namespace
 template<class Class, class... Operations>
 void expectOperations(Operations... operations)
 {
-    int next = slotCount<QObject>();
-    ((EXPECT_EQ(slotIndex(operations), next) << "operation " << next - slotCount<QObject>() + 1, ++next), ...);
-    EXPECT_EQ(slotCount<Class>(), next) << "operations that are not listed";
+    const int first = slotCount<QObject>();
+    const std::vector<int> indices{slotIndex(operations)...};
+    for (int number = 0; number < int(indices.size()); ++number) {
+        EXPECT_EQ(indices[number], first + number) << "operation " << number + 1;
+    }
+    EXPECT_EQ(slotCount<Class>(), first + int(indices.size())) << "operations that are not listed";
 }
 
 std::size_t roundedUp(std::size_t offset, std::size_t alignment)
@@ -60,15 +64,15 @@ void expectMembers(Members Class::*...members)
     struct Bases : QObject {
         void *interface;
     };
-    std::size_t end = sizeof(Bases);
-    std::size_t number = 0;
-    const auto expectNext = [&](auto member, std::size_t size, std::size_t alignment) {
-        ++number;
-        const std::size_t offset = offsetOf(member);
-        EXPECT_EQ(offset, roundedUp(end, alignment)) << "member " << number;
-        end = offset + size;
+    struct Place {
+        std::size_t offset, size, alignment;
     };
-    (expectNext(members, sizeof(Members), alignof(Members)), ...);
+    const std::vector<Place> places{{offsetOf(members), sizeof(Members), alignof(Members)}...};
+    std::size_t end = sizeof(Bases);
+    for (const Place &place : places) {
+        EXPECT_EQ(place.offset, roundedUp(end, place.alignment)) << "member " << &place - places.data() + 1;
+        end = place.offset + place.size;
+    }
     EXPECT_EQ(sizeof(Class), roundedUp(end, alignof(Class))) << "members that are not listed";
 }
 }
