@@ -5,13 +5,10 @@
 #include "TavJson.h"
 #include "TavObjectMgr.h"
 #include "TavOperations.h"
+#include "TavPluginHost.h"
 #include "TavTypeName.h"
 
-#include "ITavDataPlugin.h"
-
-#include <QCoreApplication>
 #include <QJsonDocument>
-#include <QPluginLoader>
 #include <QTextStream>
 
 namespace
@@ -39,7 +36,7 @@ QString initialValue(const Getter &getter)
     if (getter.isIndeterminateAtFirst) {
         return "indeterminate";
     }
-    auto *const manager = tavObject<typename Getter::Interface>(qobject_interface_iid<typename Getter::Interface *>());
+    auto *const manager = tavObject<typename Getter::Interface>();
     const typename Getter::Result value = (manager->*Getter::member)();
     const QJsonArray json{TavJson::toJson(value)};
     return code(QString::fromUtf8(QJsonDocument(json).toJson(QJsonDocument::Compact)).chopped(1).mid(1));
@@ -89,15 +86,9 @@ void printRecord()
 }
 }
 
-int main(int argc, char **argv)
+int main()
 {
-    const QCoreApplication application(argc, argv);
-    auto *const plugin = qobject_cast<ITavDataPlugin *>(QPluginLoader(TAV_PLUGIN_FILE).instance());
-    if (!plugin) {
-        qCritical("%s: cannot be loaded", TAV_PLUGIN_FILE);
-        return 1;
-    }
-    plugin->registerObj();
+    const TavPluginHost host(TAV_PLUGIN_FILE);
     out() << "# What each manager holds {#held-values}\n\nEvery held value: the operations that return and replace it, "
              "and its JSON in a freshly loaded plugin.\n";
     TavOperations::Interfaces::forEach([](auto tag) { printManager<typename decltype(tag)::type>(); });
