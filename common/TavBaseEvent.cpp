@@ -16,12 +16,4 @@ void TavBaseEvent::run() const
     m_func();
 }
 
-void TavBaseEvent::setDeletedLater()
-{
-    m_isDeletedLater = true;
-}
-
-bool TavBaseEvent::isDeletedLater() const
-{
-    return m_isDeletedLater;
-}
+TavAnnouncement::~TavAnnouncement() = default;

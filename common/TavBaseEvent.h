@@ -24,12 +24,18 @@ public:
     /// empty function raises std::bad_function_call.
     void run() const;
 
-    /// Has the bus delete this event in the application's event loop, when it finds that it cannot be run, and not
-    /// within addEventNotify: for callers that hold a lock which the destructors of what the function owns may want.
-    void setDeletedLater();
-    bool isDeletedLater() const;
-
 private:
     std::function<void()> m_func;
-    bool m_isDeletedLater = false;
+};
+
+/**
+ * @brief An event whose sender may hold a lock that what its function owns wants as it dies.
+ *
+ * When the bus finds that it cannot be run, it does not end inside addEventNotify but in the application's event loop.
+ */
+class TavAnnouncement : public TavBaseEvent
+{
+public:
+    using TavBaseEvent::TavBaseEvent;
+    ~TavAnnouncement() override;
 };

@@ -154,7 +154,7 @@ void TavEventNotifyMgr::addEventNotify(TavBaseEvent *event)
     OwnedEvent owned(event); // ends after the lock
     QMutexLocker lock(&m_mutex);
     Mailbox *mailbox = mailboxOf(event->thread());
-    if (!mailbox && event->isDeletedLater() && QCoreApplication::instance()) {
+    if (!mailbox && dynamic_cast<TavAnnouncement *>(event) && QCoreApplication::instance()) {
         mailbox = mailboxOf(QCoreApplication::instance()->thread());
     }
     if (mailbox) {

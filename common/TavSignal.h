@@ -11,7 +11,6 @@
 #include <functional>
 #include <iterator>
 #include <memory>
-#include <vector>
 
 /**
  * @brief A list of (callback, thread) subscribers and a value announced to all of them.
@@ -40,26 +39,25 @@ public:
      */
     int subscribe(std::function<void(T)> callback, QThread *thread)
     {
-        Lists unused; // ends after the lock: a dying callback may use the signal
+        List before; // ends after the lock: a dying callback may use the signal
         QMutexLocker lock(&m_mutex);
         const auto next = copyWithout(0);
         next->append({++m_lastId, std::move(callback), thread});
-        unused = publish(next);
+        before = publish(next);
         return m_lastId;
     }
 
     /// Ends the subscription @p id: later emissions leave it out. A delivery that was posted before still arrives, and
-    /// one of an emission that is under way may still be posted. What the callback owns ends here, or with a later
-    /// change of the list when an emission is under way: never inside an emission, whose caller may hold a lock that
-    /// it wants. False when there is no such subscription.
+    /// one of an emission that is under way may still be posted. What the callback owns ends here or, when deliveries
+    /// or emissions are under way, with the last of those deliveries: never inside an emission, whose caller may hold a
+    /// lock that it wants. False when there is no such subscription.
     bool unsubscribe(int id)
     {
-        Lists unused; // as above
+        List before; // as above
         QMutexLocker lock(&m_mutex);
         const auto next = copyWithout(id);
-        const bool isFound = next->size() < m_subscribers->size();
-        unused = publish(next);
-        return isFound;
+        before = publish(next);
+        return next->size() < before->size();
     }
 
     /// Number of subscriptions.
@@ -72,13 +70,14 @@ public:
     void Emit(T value) const
     {
         // A list is never changed once it is published, so the walk needs no lock.
-        const List subscribers = std::atomic_load(&m_subscribers);
-        for (const Subscriber &subscriber : *subscribers) {
-            std::function<void(T)> callback = subscriber.callback; // before the event, for the copy may throw
-            auto event = std::make_unique<TavBaseEvent>(nullptr);
-            event->moveToThread(subscriber.thread);
-            event->setFunc([callback = std::move(callback), value] { callback(value); });
-            event->setDeletedLater(); // what dies with the callback may want a lock that the emitter holds
+        List list = std::atomic_load(&m_subscribers);
+        for (int i = 0, last = list->size() - 1; i <= last; ++i) {
+            std::function<void(T)> callback = list->at(i).callback; // before the event, for the copy may throw
+            auto event = std::make_unique<TavAnnouncement>(nullptr);
+            event->moveToThread(list->at(i).thread);
+            // The last event takes the list along: were it replaced meanwhile, it would end here.
+            List toHold = i == last ? std::move(list) : List();
+            event->setFunc([callback = std::move(callback), value, held = std::move(toHold)] { callback(value); });
             TavEventNotifyMgr::getInstance()->addEventNotify(event.release());
         }
     }
@@ -91,7 +90,6 @@ private:
     };
 
     using List = std::shared_ptr<const QVector<Subscriber>>;
-    using Lists = std::vector<List>;
 
     /// The list but for the subscription @p id, with room for one more: nothing dies while it is made. Called with the
     /// mutex held.
@@ -104,22 +102,15 @@ private:
         return copy;
     }
 
-    /// Puts @p next in the list's place and returns the lists of before that no emission walks any more. Called with
-    /// the mutex held.
-    Lists publish(List next)
+    /// Puts @p next in the list's place and returns the list of before. Called with the mutex held.
+    List publish(List next)
     {
-        m_retired.push_back(m_subscribers);
+        List before = m_subscribers;
         std::atomic_store(&m_subscribers, std::move(next));
-        // A list that is held here alone is walked by nobody, nor will be.
-        const auto isWalked = [](const List &list) { return list.use_count() > 1; };
-        const auto unused = std::partition(m_retired.begin(), m_retired.end(), isWalked);
-        Lists result(std::make_move_iterator(unused), std::make_move_iterator(m_retired.end()));
-        m_retired.erase(unused, m_retired.end());
-        return result;
+        return before;
     }
 
     QMutex m_mutex; // serialises changes; emissions do not take it
     int m_lastId = 0;
-    Lists m_retired; // so that no emission is the last to hold a list
     List m_subscribers = std::make_shared<const QVector<Subscriber>>();
 };

@@ -296,14 +296,15 @@ TEST_F(EventNotifyMgr, AThreadInThePlaceOfADestroyedOneIsMetAnew)
     }
 }
 
-TEST_F(EventNotifyMgr, AnEventToBeDeletedLaterIsDeletedUnrunByTheApplicationsLoop)
+TEST_F(EventNotifyMgr, AnAnnouncementThatCannotBeRunIsDeletedByTheApplicationsLoop)
 {
     LoopThread ended;
     ended.finish();
     for (QThread *const thread : {ended.thread(), static_cast<QThread *>(nullptr)}) {
         const Probe probe;
-        const QPointer<TavBaseEvent> event = newEvent(thread, probe.function());
-        event->setDeletedLater();
+        const QPointer<TavBaseEvent> event = new TavAnnouncement(nullptr);
+        event->setFunc(probe.function());
+        event->moveToThread(thread);
         bus().addEventNotify(event);
         EXPECT_FALSE(event.isNull());
         EXPECT_EQ(bus().pendingCount(), 1);
@@ -314,12 +315,13 @@ TEST_F(EventNotifyMgr, AnEventToBeDeletedLaterIsDeletedUnrunByTheApplicationsLoo
     }
 }
 
-TEST_F(EventNotifyMgr, AnEventToBeDeletedLaterRunsAllTheSameWhereItCan)
+TEST_F(EventNotifyMgr, AnAnnouncementRunsWhereItCan)
 {
     LoopThread loop;
     const Probe probe;
-    TavBaseEvent *const event = newEvent(loop.thread(), probe.function());
-    event->setDeletedLater();
+    auto *const event = new TavAnnouncement(nullptr);
+    event->setFunc(probe.function());
+    event->moveToThread(loop.thread());
     bus().addEventNotify(event);
     loop.finish();
     EXPECT_EQ(probe.runs(), 1);
