@@ -75,9 +75,11 @@ public:
             std::function<void(T)> callback = list->at(i).callback; // before the event, for the copy may throw
             auto event = std::make_unique<TavAnnouncement>(nullptr);
             event->moveToThread(list->at(i).thread);
-            // The last event takes the list along: were it replaced meanwhile, it would end here.
-            List toHold = i == last ? std::move(list) : List();
-            event->setFunc([callback = std::move(callback), value, held = std::move(toHold)] { callback(value); });
+            List held;
+            if (i == last) {
+                held.swap(list); // the last event takes the list along: replaced meanwhile, it would end here
+            }
+            event->setFunc([callback = std::move(callback), value, held = std::move(held)] { callback(value); });
             TavEventNotifyMgr::getInstance()->addEventNotify(event.release());
         }
     }

@@ -163,7 +163,7 @@ const QVector<TavCall::Operation> &TavCall::operations()
 QStringList TavCall::managers()
 {
     const std::vector<const char *> names = TavOperations::interfaceNames();
-    return QStringList(names.begin(), names.end());
+    return {names.begin(), names.end()};
 }
 
 QVector<TavCall::Operation> TavCall::operationsOf(const QString &manager)
