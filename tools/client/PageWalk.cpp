@@ -13,6 +13,8 @@
 #include <QMutex>
 #include <QThread>
 
+#include <utility>
+
 namespace
 {
 /// @brief A page that notes every change with its thread and its time.
@@ -20,7 +22,7 @@ class PageSubscriber
 {
 public:
     /// @p worker names the thread of its own on which it is called; without one, that is the calling thread.
-    explicit PageSubscriber(const QString &name, const QString &worker = {}) : m_name(name)
+    explicit PageSubscriber(QString name, const QString &worker = {}) : m_name(std::move(name))
     {
         if (!worker.isEmpty()) {
             m_thread.setObjectName(worker);
@@ -70,7 +72,7 @@ bool waitFor(PageSubscriber &subscriber)
 {
     QElapsedTimer timer;
     timer.start();
-    while (subscriber.deliveries().isEmpty() && timer.elapsed() < PageWalk::patience * 1000) {
+    while (subscriber.deliveries().isEmpty() && timer.elapsed() < 1000LL * PageWalk::patience) {
         QCoreApplication::processEvents(QEventLoop::AllEvents, 10);
     }
     return !subscriber.deliveries().isEmpty();
