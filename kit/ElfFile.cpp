@@ -55,7 +55,8 @@ bool ElfFile::isCutOff() const
         || !isWithin(header.e_shoff, quint64(header.e_shnum) * sizeof(ElfW(Shdr)))) {
         return true;
     }
-    for (const ElfW(Phdr) & segment : segments()) {
+    const QVector<ElfW(Phdr)> all = segments();
+    for (const ElfW(Phdr) & segment : all) {
         if (segment.p_type == PT_LOAD && !isWithin(segment.p_offset, segment.p_filesz)) {
             return true;
         }
@@ -83,7 +84,8 @@ QStringList ElfFile::dynamicTexts(qint64 tag) const
 {
     QVector<quint64> places;
     quint64 table = 0;
-    for (const ElfW(Phdr) & segment : segments()) {
+    const QVector<ElfW(Phdr)> all = segments();
+    for (const ElfW(Phdr) & segment : all) {
         if (segment.p_type != PT_DYNAMIC) {
             continue;
         }
@@ -136,7 +138,8 @@ QVector<ElfW(Phdr)> ElfFile::segments() const
 /// The place in the file of what will stand at @p address, by which alone the dynamic section knows its texts.
 quint64 ElfFile::offsetOf(quint64 address) const
 {
-    for (const ElfW(Phdr) & segment : segments()) {
+    const QVector<ElfW(Phdr)> all = segments();
+    for (const ElfW(Phdr) & segment : all) {
         if (segment.p_type == PT_LOAD && address >= segment.p_vaddr && address - segment.p_vaddr < segment.p_filesz) {
             return address - segment.p_vaddr + segment.p_offset;
         }

@@ -193,7 +193,7 @@ Type fromJson(const QJsonValue &json, const QString &path)
         const QJsonArray elements = array(json, path);
         Type list;
         list.reserve(elements.size());
-        for (const QJsonValue element : elements) {
+        for (const QJsonValue &element : elements) {
             list.append(fromJson<typename Type::value_type>(element, elementPath(path, list.size())));
         }
         return list;

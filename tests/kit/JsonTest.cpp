@@ -177,8 +177,8 @@ TEST(Json, NamesThePlaceOfWhatItCannotRead)
     EXPECT_EQ(
         problem<Tav::NetControl::NetDeviceInfos>(R"({"devices": [{}, {"addresses": ["a", null]}]})"),
         R"(/devices/1/addresses/1: expected a text, or {"bytes": "<Base64>"} for one that is not UTF-8, not null)");
-    EXPECT_EQ(problem<Tav::NetControl::NetDeviceInfos>(R"({"devices": [{"nam": "eth0"}]})"),
-              "/devices/0/nam: unknown key (nearest: name)");
+    EXPECT_EQ(problem<Tav::NetControl::NetDeviceInfos>(R"({"devices": [{"names": "eth0"}]})"),
+              "/devices/0/names: unknown key (nearest: name)");
     EXPECT_EQ(problem<STAccessSetUIData>(R"({"labels": ["a", 1]})"),
               "/labels/1: expected a text, or {\"bytes\": \"<Base64>\"} for one that is not UTF-8, not the number 1");
 }

@@ -19,7 +19,8 @@ void printOperations(const QString &manager)
     printLine(manager);
     constexpr int widest = 200; // nothing is cut
     TextTable table({{"operation", TextTable::Left, widest}, {"result", TextTable::Left, widest}});
-    for (const TavCall::Operation &operation : TavCall::operationsOf(manager)) {
+    const QVector<TavCall::Operation> operations = TavCall::operationsOf(manager);
+    for (const TavCall::Operation &operation : operations) {
         table.addRow({operation.signature(), operation.result});
     }
     table.print(2);
