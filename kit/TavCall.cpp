@@ -9,11 +9,13 @@
 namespace
 {
 using Prepare = TavCall::Call (*)(const QJsonArray &arguments, const QStringList &paths);
+using Expected = QJsonValue (*)(const QJsonValue &json, const QString &path);
 
 /// The rows of operations(), and beside each what makes a call of it.
 struct CallTable {
     QVector<TavCall::Operation> operations;
     QVector<Prepare> prepare;
+    QVector<Expected> expected;
 };
 
 QString text(std::string_view view)
@@ -55,6 +57,52 @@ TavCall::Call prepare(const QJsonArray &arguments, const QStringList &paths)
     };
 }
 
+/// Of @p whole what @p named names: the same values, in the form that the managers' values are written in.
+QJsonValue namedPart(const QJsonValue &whole, const QJsonValue &named)
+{
+    if (whole.isObject() && named.isObject()) {
+        const QJsonObject all = whole.toObject();
+        const QStringList keys = named.toObject().keys();
+        QJsonObject part;
+        for (const QString &key : keys) {
+            part.insert(key, namedPart(all[key], named[key]));
+        }
+        return part;
+    }
+    if (whole.isArray() && named.isArray()) {
+        QJsonArray part;
+        const QJsonArray all = whole.toArray();
+        for (int i = 0; i < all.size(); ++i) {
+            part.append(namedPart(all[i], named[i]));
+        }
+        return part;
+    }
+    return whole;
+}
+
+template<class Result>
+QJsonValue expected(const QJsonValue &json, const QString &path)
+{
+    if constexpr (std::is_void_v<Result>) {
+        if (!json.isNull()) {
+            throw TavCallError(path, "the operation returns nothing, which is null");
+        }
+        return json;
+    } else if constexpr (std::is_pointer_v<Result>) {
+        if (!json.isString() && !json.isNull()) {
+            throw TavCallError(path, "expected the name of a class or null, not " + TavJson::described(json));
+        }
+        return json;
+    } else if constexpr (std::is_same_v<Result, std::shared_ptr<QImage>>) {
+        if (!json.isNull()) {
+            TavJson::refuseUnknownKeys(TavJson::object(json, path), {"width", "height", "format"}, path);
+        }
+        return json;
+    } else {
+        return namedPart(TavJson::toJson(TavJson::fromJson<Result>(json, path)), json);
+    }
+}
+
 template<class Type>
 constexpr bool isObject = std::is_class_v<Type> && !TavJson::isList<Type> && !std::is_same_v<Type, QString>;
 
@@ -78,6 +126,7 @@ const CallTable &table()
                                      tavTypeName(typeid(typename Operation::Result)),
                                      operation.isIndeterminateAtFirst});
             table.prepare.append(prepare<Operation>);
+            table.expected.append(expected<typename Operation::Result>);
         });
         return table;
     }();
@@ -99,48 +148,48 @@ QStringList namesOf(const TavCall::Operation &operation)
     return names;
 }
 
-/// The call of the operation at @p place in the table with @p arguments, which are an array or an object.
-TavCall::Call preparedAt(int place, const QJsonValue &arguments)
+/// The call of the operation at @p place in the table with @p arguments, an array or an object that stands at @p path.
+TavCall::Call preparedAt(int place, const QJsonValue &arguments, const QString &path)
 {
     const QStringList names = namesOf(table().operations[place]);
     QJsonArray values;
     QStringList paths;
     if (arguments.isObject()) {
         const QJsonObject members = arguments.toObject();
-        TavJson::refuseUnknownKeys(members, names, QString());
+        TavJson::refuseUnknownKeys(members, names, path);
         for (const QString &name : names) {
             if (!members.contains(name)) {
-                throw TavCallError({}, QString("the argument \"%1\" is missing").arg(name));
+                throw TavCallError(path, QString("the argument \"%1\" is missing").arg(name));
             }
             values.append(members[name]);
-            paths.append(TavJson::memberPath(QString(), name));
+            paths.append(TavJson::memberPath(path, name));
         }
     } else {
-        values = TavJson::array(arguments, QString());
+        values = TavJson::array(arguments, path);
         if (values.size() != names.size()) {
-            throw TavCallError({},
+            throw TavCallError(path,
                                QString("%1 takes %2 arguments, not %3")
                                    .arg(table().operations[place].signature(), QString::number(names.size()))
                                    .arg(values.size()));
         }
         for (int i = 0; i < values.size(); ++i) {
-            paths.append(TavJson::elementPath(QString(), i));
+            paths.append(TavJson::elementPath(path, i));
         }
     }
     return table().prepare[place](values, paths);
 }
 
 /// Makes of what the message library throws, at a position that a list does not have, the error of a call.
-TavCall::Call guarded(const TavCall::Call &call, const QString &signature)
+TavCall::Call guarded(const TavCall::Call &call, const TavCall::Operation &operation)
 {
-    return [call, signature](QObject *manager) {
+    return [call, &operation](QObject *manager) {
         try {
             return call(manager);
         } catch (const google::protobuf::FatalException &fatal) {
             throw TavCallError({},
                                QString("%1: the message library refused the call (%2); a position must be one of the "
                                        "list's")
-                                   .arg(signature, fatal.what()));
+                                   .arg(operation.signature(), fatal.what()));
         }
     };
 }
@@ -158,6 +207,21 @@ QString TavCall::Operation::signature() const
 const QVector<TavCall::Operation> &TavCall::operations()
 {
     return table().operations;
+}
+
+const QVector<TavCall::HeldValue> &TavCall::heldValues()
+{
+    static const QVector<HeldValue> all = [] {
+        QVector<HeldValue> values;
+        TavOperations::forEachPair([&values](const auto &setter, const auto &getter) {
+            values.append({qobject_interface_iid<typename std::decay_t<decltype(setter)>::Interface *>(),
+                           text(setter.name), text(getter.name),
+                           TavJson::isList<typename std::decay_t<decltype(getter)>::Result>,
+                           getter.isIndeterminateAtFirst});
+        });
+        return values;
+    }();
+    return all;
 }
 
 QStringList TavCall::managers()
@@ -182,9 +246,14 @@ QVector<TavCall::Operation> TavCall::operationsOf(const QString &manager)
 
 TavCall::Call TavCall::prepared(const QString &manager, const QString &operation, const QJsonValue &arguments)
 {
+    return preparedCall(manager, operation, arguments, {}).call;
+}
+
+TavCall::Prepared TavCall::preparedCall(const QString &manager, const QString &operation, const QJsonValue &arguments,
+                                        const QString &path)
+{
     QStringList names; // of the manager's operations
-    QVector<Operation> fitting;
-    Call call;
+    QVector<Prepared> fitting;
     QStringList problems; // why the others do not fit
     TavCallError last({}, QString());
     for (int place = 0; place < operations().size(); ++place) {
@@ -197,26 +266,26 @@ TavCall::Call TavCall::prepared(const QString &manager, const QString &operation
             continue;
         }
         try {
-            call = guarded(preparedAt(place, arguments), candidate.signature());
-            fitting.append(candidate);
+            const Call call = preparedAt(place, arguments, path);
+            fitting.append({guarded(call, candidate), &candidate, table().expected[place]});
         } catch (const TavCallError &error) {
             problems.append(candidate.signature() + ": " + QString::fromUtf8(error.what()));
             last = error;
         }
     }
     if (fitting.size() == 1) {
-        return call;
+        return fitting.first();
     }
     if (fitting.size() > 1) {
-        throw TavCallError({},
+        throw TavCallError(path,
                            QString("%1 and %2 both fit: give the arguments as an object by their names")
-                               .arg(fitting[0].signature(), fitting[1].signature()));
+                               .arg(fitting[0].operation->signature(), fitting[1].operation->signature()));
     }
     if (problems.size() == 1) {
         throw last;
     }
     if (problems.size() > 1) {
-        throw TavCallError({}, "none of the operations fits: " + problems.join("; "));
+        throw TavCallError(path, "none of the operations fits: " + problems.join("; "));
     }
     operationsOf(manager); // throws when there is no such manager
     throw TavCallError({}, QString("%1 has no operation \"%2\" (%3)").arg(manager, operation, oneOf(operation, names)));

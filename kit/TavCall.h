@@ -39,6 +39,18 @@ struct Operation {
 /// All operations: the interfaces in the order of registration, of each the operations in its order.
 const QVector<Operation> &operations();
 
+/// @brief A value that a manager holds, with the operations that set and return it as a whole.
+struct HeldValue {
+    QString manager; ///< name of the interface
+    QString setter;
+    QString getter;
+    bool isList; ///< its JSON is an array; that of a setter of the same name that overwrites one row is none
+    bool isIndeterminateAtFirst; ///< the getter returns whatever the memory held until the setter has been called once
+};
+
+/// All held values: the interfaces in the order of registration, of each the setters in its order.
+const QVector<HeldValue> &heldValues();
+
 /// The names of all interfaces, in the order of registration.
 QStringList managers();
 
@@ -58,6 +70,19 @@ using Call = std::function<QJsonValue(QObject *manager)>;
  * fit, or fit more than one: then the names in an object tell.
  */
 Call prepared(const QString &manager, const QString &operation, const QJsonValue &arguments);
+
+/// @brief A call, and what it is a call of.
+struct Prepared {
+    Call call;
+    const Operation *operation; ///< a row of operations(); never null
+    /// What the operation returns when @p json, found at @p path, names it: in the form that the call returns it, and
+    /// of records and messages only those fields that @p json names. Throws TavCallError when it cannot return that.
+    QJsonValue (*expected)(const QJsonValue &json, const QString &path);
+};
+
+/// As prepared(), with the operation that was meant. @p path is where @p arguments stand in what is read.
+Prepared preparedCall(const QString &manager, const QString &operation, const QJsonValue &arguments,
+                      const QString &path);
 
 /// Calls the operation of this name on @p object, the manager behind the interface @p manager. Throws TavCallError.
 QJsonValue call(QObject *object, const QString &manager, const QString &operation, const QJsonValue &arguments);

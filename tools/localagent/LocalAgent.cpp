@@ -22,6 +22,11 @@ LocalAgent::~LocalAgent()
     m_thread.wait();
 }
 
+void LocalAgent::setAfterReading(std::function<void(const AgentReading &)> look)
+{
+    m_afterReading = std::move(look);
+}
+
 void LocalAgent::feed()
 {
     QMetaObject::invokeMethod(
@@ -61,6 +66,9 @@ AgentReport LocalAgent::run() const
             return report;
         }
         report.readings.append(runStep(step, m_root));
+        if (m_afterReading) {
+            m_afterReading(report.readings.last());
+        }
     }
     report.complete = true;
     return report;

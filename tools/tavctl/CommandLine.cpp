@@ -6,7 +6,10 @@
 #include "InstallationPaths.h"
 #include "OperationsCommand.h"
 #include "PicturesCommand.h"
+#include "PlayCommand.h"
+#include "RecordCommand.h"
 #include "RunCommand.h"
+#include "ScenarioCommand.h"
 #include "TavNearestText.h"
 
 #include <CLI/CLI.hpp>
@@ -15,6 +18,7 @@
 #include <QFileInfo>
 
 #include <limits>
+#include <map>
 
 namespace
 {
@@ -22,6 +26,13 @@ namespace
 CLI::Validator namedFile()
 {
     return {[](const std::string &name) { return std::string(name.empty() ? "the name is empty" : ""); }, ""};
+}
+
+/// A time such as 60, 60s, 500ms, 2m or 1h: in seconds.
+CLI::Validator duration()
+{
+    return CLI::AsNumberWithUnit(std::map<std::string, double>{{"ms", 0.001}, {"s", 1}, {"m", 60}, {"h", 3600}},
+                                 CLI::AsNumberWithUnit::CASE_SENSITIVE, "TIME");
 }
 
 /// @brief Declares one command: each of its options is read into the member of that name of the command's own Options.
@@ -91,9 +102,9 @@ public:
         return *this;
     }
 
-    Command &page()
+    Command &page(const std::string &description = "show this page alone, in full, such as SubFunc_LogAudit")
     {
-        text("--page", m_options->page, "show this page alone, in full, such as SubFunc_LogAudit")->type_name("KEY");
+        text("--page", m_options->page, description)->type_name("KEY");
         return *this;
     }
 
@@ -135,6 +146,57 @@ public:
         return *this;
     }
 
+    /// As file(), but not standard output: a recording is written in place.
+    Command &recording()
+    {
+        text("FILE", m_options->file, "the scenario to write")->required()->check(namedFile());
+        return *this;
+    }
+
+    Command &recordingTimes()
+    {
+        time("--for", m_options->duration, "how long to record, such as 60s or 2m; without it until interrupted")
+            ->check(CLI::PositiveNumber);
+        time("--every", m_options->every, "from one reading of the machine to the next")
+            ->default_str("5s")
+            ->check(CLI::PositiveNumber);
+        m_command.add_flag("--all", m_options->all, "write values that have not changed, too");
+        return *this;
+    }
+
+    Command &playing()
+    {
+        m_command
+            .add_option_function<std::string>(
+                "--speed",
+                [options = m_options](const std::string &given) {
+                    if (given == "max") {
+                        options->speed = TavPlayOptions::fastest;
+                    } else if (!CLI::detail::lexical_cast(given, options->speed) || !(options->speed > 0)) {
+                        throw CLI::ValidationError("--speed", "expected a number above 0, or max");
+                    }
+                },
+                "times as fast as it was recorded, or max for no waiting")
+            ->default_str("1")
+            ->type_name("N|max");
+        time("--from", m_options->from, "play what is before at once")->check(CLI::NonNegativeNumber);
+        time("--until", m_options->until, "leave out what is after")->check(CLI::NonNegativeNumber);
+        CLI::Option *const loop
+            = m_command.add_flag("--loop", m_options->loop, "begin again at the end, until interrupted");
+        m_command.add_flag("--check", m_options->check, "compare what the calls return; end at the first difference")
+            ->excludes(loop);
+        m_command.add_flag("--partial", m_options->partial, "leave out a last line that is cut");
+        return *this;
+    }
+
+    Command &after()
+    {
+        text("--after", m_options->after, "a scenario to play first, at full speed; - for standard input")
+            ->type_name("FILE")
+            ->check(namedFile());
+        return *this;
+    }
+
     /// Makes @p run the action when this command is called.
     void runs(ExitCode (*run)(const Options &), Action &action)
     {
@@ -156,6 +218,16 @@ public:
     }
 
 private:
+    /// An option for a time; @p value is in seconds.
+    CLI::Option *time(const std::string &name, double &value, const std::string &description)
+    {
+        return m_command
+            .add_option_function<double>(
+                name, [options = m_options, &value](const double &given) { value = given; }, description)
+            ->type_name("TIME")
+            ->transform(duration());
+    }
+
     /// An option for a text. @p value is a member of the command's options; what it holds before is the default.
     CLI::Option *text(const std::string &name, QString &value, const std::string &description)
     {
@@ -190,9 +262,37 @@ void addCommands(CLI::App &app, Action &action)
         .manager("the manager's interface, such as ITavAuditMgr", true)
         .operation()
         .jsonArguments()
+        .after()
         .plugin()
         .root("directory to take for \"/\" when configuration is read")
         .runs(callOperation, action);
+
+    Command<RecordOptions>(app, "record", "have the managers fed with this machine's state, and write it as a scenario")
+        .recording()
+        .recordingTimes()
+        .plugin()
+        .root("directory to take for \"/\" when configuration is read")
+        .runs(record, action);
+    Command<PlayOptions>(app, "play", "load the plugin and make the calls of a scenario at their times")
+        .file()
+        .playing()
+        .page("show this page at the end, such as SubFunc_LogAudit")
+        .json()
+        .plugin()
+        .root("directory to take for \"/\" when configuration is read")
+        .runs(play, action);
+
+    CLI::App &scenario = *app.add_subcommand("scenario", "check, show or sum up a scenario without playing it");
+    scenario.require_subcommand(1);
+    Command<ScenarioOptions>(scenario, "check", "report the mistakes in the file")
+        .file()
+        .json()
+        .looks(checkScenario, action);
+    Command<ScenarioOptions>(scenario, "show", "show the lines of the file").file().json().looks(showScenario, action);
+    Command<ScenarioOptions>(scenario, "info", "show how long it is, and what it calls how often")
+        .file()
+        .json()
+        .looks(showScenarioInfo, action);
 
     CLI::App &catalogue = *app.add_subcommand("catalogue", "show, check, encode or decode a navigation catalogue");
     catalogue.require_subcommand(1);

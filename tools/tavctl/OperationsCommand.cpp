@@ -1,7 +1,9 @@
 #include "OperationsCommand.h"
 
+#include "PlayCommand.h"
 #include "PluginView.h"
 #include "Presentation.h"
+#include "ScenarioFile.h"
 #include "TavCall.h"
 #include "TavJsonText.h"
 #include "TextTable.h"
@@ -83,12 +85,46 @@ void printValue(const QJsonValue &value)
     printLine(QString::fromUtf8(value.isArray() ? text.chopped(1) : text.mid(1).chopped(1)));
 }
 
+/// Whether @p file calls this operation.
+bool hasCall(const QString &file, const QString &manager, const QString &operation)
+{
+    QFile input;
+    openScenario(input, file);
+    try {
+        TavScenarioReader reader(input);
+        for (TavScenario::Line line; reader.next(line);) {
+            if (line.manager == manager && line.operation == operation) {
+                return true;
+            }
+        }
+    } catch (const TavScenarioError &) { // playing it says so
+    }
+    return false;
+}
+
+/// Whether the operation would return whatever the memory holds, since nothing calls its setter before.
 bool isIndeterminate(const CallOptions &options)
 {
-    const QVector<TavCall::Operation> operations = TavCall::operationsOf(options.manager);
-    return std::any_of(operations.begin(), operations.end(), [&](const TavCall::Operation &operation) {
-        return operation.name == options.operation && operation.isIndeterminateAtFirst;
+    const QVector<TavCall::HeldValue> &values = TavCall::heldValues();
+    return std::any_of(values.begin(), values.end(), [&](const TavCall::HeldValue &value) {
+        return value.isIndeterminateAtFirst && value.manager == options.manager && value.getter == options.operation
+            && (options.after.isEmpty() || !hasCall(options.after, value.manager, value.setter));
     });
+}
+
+/// Plays the scenario that is to come before the call; false when something in it is wrong, which has been printed.
+bool playBefore(const CallOptions &options, TavPluginHost &host)
+{
+    if (options.after.isEmpty()) {
+        return true;
+    }
+    TavPlayOptions play;
+    play.speed = TavPlayOptions::fastest;
+    const TavPlayReport report = playFile(host, options.after, play);
+    if (report.error) {
+        printMistake(options.after, *report.error);
+    }
+    return !report.error;
 }
 }
 
@@ -116,6 +152,9 @@ ExitCode callOperation(const CallOptions &options)
                                "is loaded afresh");
         }
         TavPluginHost host = loadPlugin(options.plugin);
+        if (!playBefore(options, host)) {
+            return ExitCode::Findings;
+        }
         printValue(call(host.managerObject(options.manager.toUtf8().constData())));
         return ExitCode::Success;
     } catch (const TavCallError &error) {

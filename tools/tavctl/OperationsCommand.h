@@ -17,6 +17,7 @@ struct CallOptions {
     QString manager; ///< name of the interface
     QString operation;
     QVector<QByteArray> arguments; ///< JSON texts, each a value; or a single one, an object of values by name
+    QString after; ///< scenario to play before; empty for none
     QString plugin = InstallationPaths::pluginBesideProgram(); ///< the one to load
     QString root = "/"; ///< directory taken for "/"
 };

@@ -7,7 +7,7 @@
 /// How tavctl ends, each cause with its own number, for scripts.
 enum class ExitCode {
     Success = 0,
-    Findings = 1, ///< a check has found mistakes
+    Findings = 1, ///< a check has found mistakes, or a scenario cannot be played to its end
     Usage = 2, ///< the command line is not understood, or the output cannot be written
     NoPluginFile = 3, ///< there is no file at the plugin's path
     NotLoadable = 4, ///< the file is no plugin that this Qt can load

@@ -1,0 +1,360 @@
+#include "TavScenario.h"
+
+#include "ITavFuncTypeMgr.h"
+#include "ITavPicResourceMgr.h"
+#include "ITavSelectFuncMgr.h"
+#include "TavJson.h"
+#include "TavJsonText.h"
+#include "TavNearestText.h"
+#include "TavObjectMgr.h"
+
+#include <QJsonDocument>
+
+#include <array>
+#include <cmath>
+#include <cstring>
+
+namespace
+{
+constexpr double microsecondsInSecond = 1e6;
+
+/// What QJsonDocument takes although it is no JSON, or would lose: control characters and unknown escapes in a text,
+/// anything but ASCII outside of one. Also counts the members as they are written.
+struct TextScan {
+    int members = 0;
+    int mistakeAt = -1; ///< offset; -1: there is none
+    const char *mistake = nullptr;
+
+    explicit TextScan(const QByteArray &text)
+    {
+        bool isInText = false;
+        for (int i = 0; i < text.size() && !mistake; ++i) {
+            const auto byte = static_cast<unsigned char>(text[i]);
+            if (byte == '"') {
+                isInText = !isInText;
+            } else if (isInText && byte == '\\') {
+                ++i;
+                if (i < text.size() && !std::strchr("\"\\/bfnrtu", text[i])) {
+                    refuse(i, "there is no such escape in JSON");
+                }
+            } else if (isInText && byte < ' ') {
+                refuse(i, "a control character must be written as an escape, such as \\u0000");
+            } else if (!isInText && (byte >= 0x80 || byte == 0)) {
+                refuse(i, byte == 0 ? "a NUL byte stands here" : "only ASCII may stand outside of texts");
+            } else if (!isInText && byte == ':') {
+                ++members;
+            }
+        }
+    }
+
+    void refuse(int offset, const char *reason)
+    {
+        mistakeAt = offset;
+        mistake = reason;
+    }
+};
+
+int membersIn(const QJsonValue &value)
+{
+    int members = 0;
+    if (value.isObject()) {
+        const QJsonObject object = value.toObject();
+        members = object.size();
+        for (const QJsonValue member : object) {
+            members += membersIn(member);
+        }
+    } else if (value.isArray()) {
+        const QJsonArray array = value.toArray();
+        for (const QJsonValue element : array) {
+            members += membersIn(element);
+        }
+    }
+    return members;
+}
+
+/// The doubled keys' place is only looked for in lines whose places fit into memory well.
+[[noreturn]] void refuseDoubledKey(int number, const QByteArray &text)
+{
+    constexpr int mostBytes = 1 << 20;
+    const QString path = text.size() <= mostBytes ? TavJsonText(text).doubledKeys().values().value(0) : QString();
+    throw TavScenarioError(number, path, "the key stands more than once in its object");
+}
+
+QString nearestOf(const QString &text, const QStringList &known)
+{
+    const QString nearest = nearestText(text, known);
+    return nearest.isEmpty() ? "there are: " + known.join(", ") : "nearest: " + nearest;
+}
+
+QString textOf(const QJsonObject &object, const QString &key)
+{
+    if (!object.contains(key)) {
+        throw TavCallError({}, QString("the key \"%1\" is missing").arg(key));
+    }
+    if (!object[key].isString()) {
+        throw TavCallError(TavJson::memberPath({}, key),
+                           QString("expected a text, not %1").arg(TavJson::described(object[key])));
+    }
+    return object[key].toString();
+}
+
+int threadOf(const QJsonObject &object)
+{
+    if (!object.contains("thread")) {
+        return TavScenario::agent;
+    }
+    const QString name = textOf(object, "thread");
+    const int place = TavScenario::threads().indexOf(name);
+    if (place < 0) {
+        throw TavCallError(
+            "/thread", QString("there is no thread \"%1\" (%2)").arg(name, nearestOf(name, TavScenario::threads())));
+    }
+    return place;
+}
+
+/// Selects a page as the navigation does, with the function that the catalogue has it in.
+TavCall::Call selectionOf(const QJsonValue &key)
+{
+    using Page = CTavSubFuncTypeHeader::TavSubFuncTypeHeader_;
+    const auto page = TavJson::fromJson<Page>(key, "/page");
+    return [page](QObject *manager) -> QJsonValue {
+        auto *const selection = qobject_cast<ITavSelectFuncMgr *>(manager);
+        auto *const catalogue = tavObject<ITavFuncTypeMgr>();
+        if (!selection) {
+            throw TavCallError({}, "there is no selection manager");
+        }
+        selection->setCurSelType(catalogue ? catalogue->getSubFuncInfo(page).funcType : CTavFuncTypeHeader::Func_None,
+                                 page);
+        return QJsonValue::Null;
+    };
+}
+
+QString jsonText(const QJsonValue &value)
+{
+    if (value.isUndefined()) {
+        return "nothing";
+    }
+    const QByteArray text = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
+    constexpr int mostLetters = 200;
+    const QString whole = QString::fromUtf8(text.mid(1).chopped(1));
+    return whole.size() <= mostLetters ? whole : whole.left(mostLetters) + "…";
+}
+}
+
+const QStringList &TavScenario::threads()
+{
+    static const QStringList names{"agent",  "agent2", "agent3", "agent4", "agent5",
+                                   "agent6", "agent7", "agent8", "gui"};
+    return names;
+}
+
+QString TavScenario::Line::subject() const
+{
+    return page.isEmpty() ? manager + ' ' + operation : "page " + page;
+}
+
+QString TavScenario::Difference::text() const
+{
+    return QString("returned something else%1\n  expected: %2\n  returned: %3")
+        .arg(path.isEmpty() ? QString() : " at " + path, expected, actual);
+}
+
+bool TavScenario::isAsExpected(const QJsonValue &expected, const QJsonValue &actual, Difference &first)
+{
+    if (expected.isObject() && actual.isObject()) {
+        const QJsonObject fields = expected.toObject();
+        const QJsonObject held = actual.toObject();
+        for (auto field = fields.begin(); field != fields.end(); ++field) {
+            if (!isAsExpected(field.value(), held.value(field.key()), first)) {
+                first.path.prepend(TavJson::memberPath({}, field.key()));
+                return false;
+            }
+        }
+        return true;
+    }
+    if (expected.isArray() && actual.isArray()) {
+        const QJsonArray elements = expected.toArray();
+        const QJsonArray held = actual.toArray();
+        for (int i = 0; i < std::max(elements.size(), held.size()); ++i) {
+            // at() of a place behind the end is undefined, and so differs
+            if (!isAsExpected(elements.at(i), held.at(i), first)) {
+                first.path.prepend(TavJson::elementPath({}, i));
+                return false;
+            }
+        }
+        return true;
+    }
+    if (expected == actual) {
+        return true;
+    }
+    first = {{}, jsonText(expected), jsonText(actual)};
+    return false;
+}
+
+TavScenarioError::TavScenarioError(int line, const QString &path, const QString &problem)
+    : std::runtime_error(
+        (line > 0 ? QString("line %1: %2").arg(line).arg(path.isEmpty() ? problem : path + ": " + problem) : problem)
+            .toStdString())
+    , m_line(line)
+    , m_path(path)
+    , m_problem(problem)
+{
+}
+
+TavScenarioReader::TavScenarioReader(QIODevice &device, CutLine cutLine) : m_device(device), m_cut(cutLine)
+{
+    if (!readObject(m_header)) {
+        throw TavScenarioError(1, {}, R"(the file has no whole line; the first is {"tavScenario": 1})");
+    }
+    if (!m_header.contains("tavScenario")) {
+        throw TavScenarioError(1, {}, R"(no scenario: its first line has the key "tavScenario")");
+    }
+    if (m_header["tavScenario"] != 1) {
+        throw TavScenarioError(1, "/tavScenario",
+                               "the version must be 1, not " + TavJson::described(m_header["tavScenario"]));
+    }
+}
+
+bool TavScenarioReader::next(TavScenario::Line &line)
+{
+    QJsonObject object;
+    if (!readObject(object)) {
+        return false;
+    }
+    try {
+        line = lineOf(object);
+    } catch (const TavCallError &error) {
+        throw TavScenarioError(m_number, error.path(), error.problem());
+    }
+    return true;
+}
+
+/// The next line with its end; of one that is too long the beginning, which is still too long, and its end.
+QByteArray TavScenarioReader::readLine()
+{
+    QByteArray text;
+    std::array<char, 1 << 14> part; // the device would fill a buffer of the longest line's size
+    qint64 size = 0;
+    do {
+        size = m_device.readLine(part.data(), part.size());
+        if (text.size() > longestLine) {
+            text.truncate(longestLine + 1);
+        }
+        text.append(part.data(), int(std::max(size, qint64(0))));
+    } while (size > 0 && part[std::size_t(size - 1)] != '\n');
+    return text;
+}
+
+/// Reads the object in the next line; false at the end.
+bool TavScenarioReader::readObject(QJsonObject &object)
+{
+    ++m_number;
+    QByteArray text = readLine();
+    if (text.isEmpty()) {
+        const auto *const file = qobject_cast<QFileDevice *>(&m_device);
+        if (file && file->error() != QFileDevice::NoError) {
+            throw TavScenarioError(m_number, {}, "cannot be read: " + file->errorString());
+        }
+        return false;
+    }
+    const bool isEnded = text.endsWith('\n');
+    if (isEnded) {
+        text.chop(1);
+    }
+    m_bytes = text.size();
+    if (m_bytes > longestLine) {
+        throw TavScenarioError(m_number, {}, QString("longer than %1 MiB").arg(longestLine >> 20));
+    }
+    QJsonParseError parsing;
+    const QJsonDocument document = QJsonDocument::fromJson(text, &parsing);
+    const TextScan scan(text);
+    // No beginning of an object is JSON itself, so a last line that is JSON is whole.
+    if (!isEnded && (parsing.error != QJsonParseError::NoError || scan.mistake)) {
+        if (m_cut == CutLine::Refuse) {
+            throw TavScenarioError(m_number, {},
+                                   "cut: the file ends within this line; what stands before it can be played as a "
+                                   "partial scenario");
+        }
+        m_cutLine = m_number;
+        return false;
+    }
+    if (scan.mistake) {
+        throw TavScenarioError(
+            m_number, {}, QString("%1 (character %2)").arg(scan.mistake).arg(placeAt(text, scan.mistakeAt).column));
+    }
+    if (parsing.error != QJsonParseError::NoError) {
+        const TavJsonText mistaken(text);
+        throw TavScenarioError(m_number, {},
+                               QString("%1 (character %2)").arg(mistaken.error()).arg(mistaken.errorPlace().column));
+    }
+    if (!document.isObject()) {
+        throw TavScenarioError(m_number, {}, "an object is expected, not an array");
+    }
+    object = document.object();
+    if (membersIn(object) != scan.members) {
+        refuseDoubledKey(m_number, text);
+    }
+    return true;
+}
+
+/// Throws TavCallError with a path into the line.
+TavScenario::Line TavScenarioReader::lineOf(const QJsonObject &object)
+{
+    const bool isPage = object.contains("page");
+    TavJson::refuseUnknownKeys(
+        object,
+        isPage ? QStringList{"at", "thread", "page"}
+               : QStringList{"at", "thread", "manager", "operation", "arguments", "returns", "page"},
+        {});
+    TavScenario::Line line;
+    line.number = m_number;
+    line.bytes = m_bytes;
+    if (object.contains("at")) {
+        const double seconds = object["at"].toDouble(-1);
+        if (!(seconds >= 0) || seconds > latestTime) {
+            throw TavCallError(
+                "/at",
+                QString("expected seconds from 0 to %1, not %2").arg(latestTime).arg(TavJson::described(object["at"])));
+        }
+        const qint64 at = std::llround(seconds * microsecondsInSecond);
+        if (at < m_at) {
+            throw TavCallError(
+                "/at",
+                QString("the time falls: %1 stands behind %2").arg(seconds).arg(double(m_at) / microsecondsInSecond));
+        }
+        m_at = at;
+    }
+    line.at = m_at;
+    line.thread = threadOf(object);
+    if (isPage) {
+        line.page = textOf(object, "page");
+        line.call = selectionOf(object["page"]);
+        line.manager = qobject_interface_iid<ITavSelectFuncMgr *>();
+        return line;
+    }
+    line.manager = textOf(object, "manager");
+    line.operation = textOf(object, "operation");
+    if (!object.contains("arguments")) {
+        throw TavCallError({}, R"(the key "arguments" is missing; an operation without any has [])");
+    }
+    const QJsonValue arguments = object["arguments"];
+    if (!arguments.isArray() && !arguments.isObject()) {
+        throw TavCallError("/arguments",
+                           "expected an array by position or an object by name, not " + TavJson::described(arguments));
+    }
+    const TavCall::Prepared prepared = TavCall::preparedCall(line.manager, line.operation, arguments, "/arguments");
+    line.call = prepared.call;
+    if (line.manager == qobject_interface_iid<ITavPicResourceMgr *>() && line.thread != TavScenario::gui) {
+        throw TavCallError("/thread", R"(ITavPicResourceMgr is called on the thread "gui" only)");
+    }
+    if (prepared.operation->isIndeterminateAtFirst && !m_determined.contains(line.manager + line.operation)) {
+        throw TavCallError({}, line.operation + " returns whatever the memory holds until its setter has been called");
+    }
+    if (line.operation.startsWith("set")) {
+        m_determined.insert(line.manager + "get" + line.operation.mid(3));
+    }
+    if (object.contains("returns")) {
+        line.returns = prepared.expected(object["returns"], "/returns");
+    }
+    return line;
+}

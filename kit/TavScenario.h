@@ -1,0 +1,134 @@
+#pragma once
+
+#include "TavCall.h"
+
+#include <QFileDevice>
+#include <QJsonObject>
+#include <QJsonValue>
+#include <QSet>
+#include <QString>
+#include <QStringList>
+
+#include <stdexcept>
+
+/**
+ * @brief Scenarios: the calls of a session as a text file of JSON lines, to be read, played and recorded.
+ *
+ * The first line is `{"tavScenario": 1}`, with any further keys, such as a title. Every further line is one call,
+ * `{"at": 1.25, "manager": "ITavNetControlMgr", "operation": "setNetCount", "arguments": [{}]}`, or selects a page,
+ * `{"at": 2, "page": "SubFunc_LogAudit"}`. What JSON stands for which type is told in TavJson.h.
+ */
+namespace TavScenario
+{
+/// The names that "thread" may have: "agent", "agent2" to "agent8", and "gui" as the last.
+const QStringList &threads();
+
+constexpr int agent = 0; ///< place in threads() of the thread on which calls are made that name none
+constexpr int gui = 8; ///< place in threads() of the thread that runs the event loop
+
+/// @brief One line behind the first, read and found in order.
+struct Line {
+    int number = 0; ///< in the file; the first line has 1
+    qint64 at = 0; ///< microseconds from the start
+    int thread = agent; ///< place in threads()
+    qint64 bytes = 0; ///< length in the file, without the line's end
+    QString manager; ///< name of the interface
+    QString operation;
+    QString page; ///< key of the page to select; empty for a call
+    TavCall::Call call; ///< makes the call, or selects the page through the selection manager
+    QJsonValue returns = QJsonValue::Undefined; ///< what the call must return, at least; undefined for anything
+
+    /// Manager and operation, or the page: what the line does, in the words of a message.
+    QString subject() const;
+};
+
+/// @brief The first difference between what a call must return and what it has returned.
+struct Difference {
+    QString path; ///< JSON pointer into what is returned; empty for the whole
+    QString expected; ///< JSON there; "nothing" where there is no such element
+    QString actual;
+
+    /// "returned something else at …", and both values below each other in lines of their own.
+    QString text() const;
+};
+
+/// The first place at which @p actual is not what @p expected names; an empty text() is none: of an object only the
+/// named fields are compared, lists in all their elements.
+bool isAsExpected(const QJsonValue &expected, const QJsonValue &actual, Difference &first);
+}
+
+/// @brief What is wrong with a scenario: in which line, where in its JSON, and what to write instead.
+class TavScenarioError : public std::runtime_error
+{
+public:
+    /// Says that @p problem is what is wrong at @p path, a JSON pointer, of line @p line; line 0: of the whole file.
+    TavScenarioError(int line, const QString &path, const QString &problem);
+
+    int line() const
+    {
+        return m_line;
+    }
+
+    QString path() const
+    {
+        return m_path;
+    }
+
+    QString problem() const
+    {
+        return m_problem;
+    }
+
+private:
+    int m_line;
+    QString m_path;
+    QString m_problem;
+};
+
+/**
+ * @brief Reads a scenario line by line, strictly: no more than one line is held in memory.
+ *
+ * Used by one thread at a time.
+ */
+class TavScenarioReader
+{
+public:
+    static constexpr qint64 longestLine = 32 << 20; ///< bytes
+    static constexpr qint64 latestTime = 1'000'000'000; ///< seconds, some thirty years
+
+    /// What to do when the file ends within its last line, as one does that was not written to its end.
+    enum class CutLine { Refuse, LeaveOut };
+
+    /// Reads the first line. @p device is open, and outlives the reader. Throws TavScenarioError.
+    explicit TavScenarioReader(QIODevice &device, CutLine cutLine = CutLine::Refuse);
+
+    /// The first line's keys.
+    const QJsonObject &header() const
+    {
+        return m_header;
+    }
+
+    /// Reads the next line into @p line; false at the end. Throws TavScenarioError for a mistaken line; the next
+    /// call reads the line behind it.
+    bool next(TavScenario::Line &line);
+
+    /// Number of the last line that was cut and is left out; 0 for none. Known at the end.
+    int cutLine() const
+    {
+        return m_cutLine;
+    }
+
+private:
+    QByteArray readLine();
+    bool readObject(QJsonObject &object);
+    TavScenario::Line lineOf(const QJsonObject &object);
+
+    QIODevice &m_device;
+    const CutLine m_cut;
+    QJsonObject m_header;
+    int m_number = 0; // of the line that was read last
+    qint64 m_bytes = 0; // its length
+    qint64 m_at = 0; // its time, in microseconds
+    int m_cutLine = 0;
+    QSet<QString> m_determined; // getters whose setter an earlier line has called
+};

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "TavScenario.h"
+
+#include <limits>
+#include <memory>
+#include <optional>
+
+class TavPluginHost;
+
+/// @brief How a scenario is played.
+struct TavPlayOptions {
+    static constexpr double fastest = 0; ///< a speed: no line waits for its time
+
+    double speed = 1; ///< scenario seconds in a second
+    qint64 from = 0; ///< microseconds of the scenario; the lines before are played at once
+    qint64 until = std::numeric_limits<qint64>::max(); ///< the lines after are not played
+    bool isLooped = false; ///< begins again at the end, on the same managers, until it is stopped; a file only
+    bool isChecked = false; ///< ends at the first call that does not return what its line says
+    TavScenarioReader::CutLine cutLine = TavScenarioReader::CutLine::Refuse;
+};
+
+/// @brief What has been played.
+struct TavPlayReport {
+    qint64 lines = 0; ///< calls made and pages selected
+    qint64 checked = 0; ///< of them, those whose result was compared
+    qint64 at = 0; ///< time of the last one, in microseconds
+    int cutLine = 0; ///< number of the last line when it was cut and is left out; 0 for none
+    bool isStopped = false; ///< by stop(), before the end
+    std::optional<TavScenarioError> error; ///< what ended the play: a mistake in a line, a refused call, a difference
+};
+
+/**
+ * @brief Plays a scenario on the managers of a host, from the moment it is made.
+ *
+ * Lines are read on a thread of the player's own. The calls of "agent" to "agent8" are made on threads of that name,
+ * those of "gui" on the thread that made the player, while its event loop runs: wait() runs it.
+ *
+ * | a line begins when | checked | not checked |
+ * |---|---|---|
+ * | its time | has come; at the fastest speed and before `from`, at once | the same |
+ * | on its own thread | every line before it has ended | the same |
+ * | on the other threads | every line before it has ended | every line with an earlier time has ended |
+ *
+ * So a checked play makes the calls in the order of the file and returns the same each time; an unchecked one makes
+ * those of one time at once, on their threads. No more lines wait than fit into some MiB.
+ *
+ * Needs an application object. Made, waited for and ended in one thread; everything else on any.
+ */
+class TavScenarioPlayer
+{
+public:
+    /// @p host and @p device, which is open at its beginning, outlive the player.
+    TavScenarioPlayer(TavPluginHost &host, QIODevice &device, const TavPlayOptions &options = {});
+
+    /// Stops the play where it is not at its end; waits for calls under way.
+    ~TavScenarioPlayer();
+
+    Q_DISABLE_COPY(TavScenarioPlayer) // its threads know it
+
+    /// Runs the event loop until the play has ended.
+    TavPlayReport wait();
+
+    /// Makes no further call; the play then ends.
+    void stop();
+
+    bool isAtEnd() const;
+
+    /// What has been played so far.
+    TavPlayReport progress() const;
+
+private:
+    struct State;
+    std::unique_ptr<State> m_state;
+};

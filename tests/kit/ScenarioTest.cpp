@@ -1,0 +1,269 @@
+#include "TavScenario.h"
+
+#include "PrintQString.h"
+#include "ScenarioText.h"
+
+#include <QBuffer>
+#include <QJsonArray>
+#include <QTemporaryFile>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+using CutLine = TavScenarioReader::CutLine;
+
+const QByteArray count
+    = R"({"manager": "ITavNetControlMgr", "operation": "setDeviceInfo", "arguments": [{"devices": [{"state": 1}]}]})";
+
+QVector<TavScenario::Line> linesOf(QByteArray text, CutLine cutLine = CutLine::Refuse, int *cut = nullptr)
+{
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    TavScenarioReader reader(buffer, cutLine);
+    QVector<TavScenario::Line> lines;
+    TavScenario::Line line;
+    while (reader.next(line)) {
+        lines.append(line);
+    }
+    if (cut) {
+        *cut = reader.cutLine();
+    }
+    return lines;
+}
+
+/// What is wrong with a text; empty when nothing is.
+QString mistakeIn(const QByteArray &text)
+{
+    try {
+        linesOf(text);
+        return {};
+    } catch (const TavScenarioError &error) {
+        return error.what();
+    }
+}
+
+/// The same of a text in a file, which is read faster than one in memory.
+QString mistakeInFile(const QByteArray &text)
+{
+    QTemporaryFile file;
+    EXPECT_TRUE(file.open());
+    EXPECT_EQ(file.write(text), text.size());
+    EXPECT_TRUE(file.seek(0));
+    try {
+        TavScenarioReader reader(file);
+        for (TavScenario::Line line; reader.next(line);) { }
+        return {};
+    } catch (const TavScenarioError &error) {
+        return error.what();
+    }
+}
+
+QString mistakeInLine(const QByteArray &line)
+{
+    return mistakeIn(scenarioOf({line}));
+}
+
+/// The line @p text with further keys at its beginning.
+QByteArray with(const QByteArray &keys, const QByteArray &text = count)
+{
+    return '{' + keys + ", " + text.mid(1);
+}
+
+bool isAsExpected(const QByteArray &returns, const QJsonValue &actual, QString *difference = nullptr)
+{
+    const QVector<TavScenario::Line> lines = linesOf(scenarioOf({returns}));
+    TavScenario::Difference first;
+    const bool same = TavScenario::isAsExpected(lines.first().returns, actual, first);
+    if (difference) {
+        *difference = first.text();
+    }
+    return same;
+}
+}
+
+TEST(Scenario, HasAHeaderOfFreeKeysBehindItsVersion)
+{
+    QByteArray text = "{\"tavScenario\": 1, \"title\": \"a day\"}\n";
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    TavScenarioReader reader(buffer);
+    EXPECT_EQ(reader.header()["title"], "a day");
+    TavScenario::Line line;
+    EXPECT_FALSE(reader.next(line));
+}
+
+TEST(Scenario, WithoutAFirstLineOfItsVersionIsNone)
+{
+    EXPECT_EQ(mistakeIn(""), R"(line 1: the file has no whole line; the first is {"tavScenario": 1})");
+    EXPECT_EQ(mistakeIn(count + '\n'), R"(line 1: no scenario: its first line has the key "tavScenario")");
+    EXPECT_EQ(mistakeIn("{\"tavScenario\": 2}\n"), "line 1: /tavScenario: the version must be 1, not the number 2");
+}
+
+TEST(Scenario, TellsWhenWhereAndWhatALineCalls)
+{
+    const QVector<TavScenario::Line> lines = linesOf(scenarioOf(
+        {with(R"("at": 1.25, "thread": "agent3")"), count, R"({"thread": "gui", "page": "SubFunc_LogAudit"})"}));
+    ASSERT_EQ(lines.size(), 3);
+    EXPECT_EQ(lines[0].at, 1'250'000);
+    EXPECT_EQ(TavScenario::threads()[lines[0].thread], "agent3");
+    EXPECT_EQ(lines[0].subject(), "ITavNetControlMgr setDeviceInfo");
+    EXPECT_EQ(lines[0].number, 2);
+    EXPECT_EQ(lines[1].at, 1'250'000) << "without a time: at once after the line before";
+    EXPECT_EQ(TavScenario::threads()[lines[1].thread], "agent");
+    EXPECT_EQ(lines[2].thread, TavScenario::gui);
+    EXPECT_EQ(lines[2].subject(), "page SubFunc_LogAudit");
+}
+
+TEST(Scenario, NamesLineAndPlaceOfAMistake)
+{
+    const struct {
+        QByteArray line;
+        QString mistake;
+    } mistakes[] = {
+        {"", "line 2: the text is empty (character 1)"},
+        {"[]", "line 2: an object is expected, not an array"},
+        {R"({"at": 1,})", "line 2: nothing stands behind the last comma: remove it (character 10)"},
+        {with(R"("time": 1)"),
+         "line 2: /time: unknown key (there are: at, thread, manager, operation, "
+         "arguments, returns, page)"},
+        {with(R"("thraed": "gui")"), "line 2: /thraed: unknown key (nearest: thread)"},
+        {R"({"operation": "x", "arguments": []})", "line 2: the key \"manager\" is missing"},
+        {R"({"manager": "ITavNetControlMgr", "operation": "getObject"})",
+         "line 2: the key \"arguments\" is missing; an operation without any has []"},
+        {R"({"manager": "ITavNetMgr", "operation": "getObject", "arguments": []})",
+         "line 2: there is no manager \"ITavNetMgr\" (nearest: ITavAuditMgr)"},
+        {R"({"manager": "ITavNetControlMgr", "operation": "getNetCuont", "arguments": []})",
+         "line 2: ITavNetControlMgr has no operation \"getNetCuont\" (nearest: getNetCount)"},
+        {R"({"manager": "ITavNetControlMgr", "operation": "getNetCount", "arguments": 7})",
+         "line 2: /arguments: expected an array by position or an object by name, not the number 7"},
+        {R"({"manager": "ITavNetControlMgr", "operation": "setDeviceInfo", "arguments": [{"devices": [{"stat": 1}]}]})",
+         "line 2: /arguments/0/devices/0/stat: unknown key (nearest: state)"},
+        {R"({"manager": "ITavNetControlMgr", "operation": "reverseDeviceState", "arguments": {"index": 2147483648}})",
+         "line 2: /arguments/index: expected a whole number from -2147483648 to 2147483647, not the number 2147483648"},
+        {with(R"("at": -1)"), "line 2: /at: expected seconds from 0 to 1000000000, not the number -1"},
+        {with(R"("at": "1")"), "line 2: /at: expected seconds from 0 to 1000000000, not the text \"1\""},
+        {with(R"("at": 1e300)"), "line 2: /at: expected seconds from 0 to 1000000000, not the number 1e+300"},
+        {with(R"("thread": "agent9")"), "line 2: /thread: there is no thread \"agent9\" (nearest: agent)"},
+        {R"({"page": "SubFunc_LogAduit"})",
+         "line 2: /page: TavSubFuncTypeHeader_ has no key \"SubFunc_LogAduit\" (nearest: SubFunc_LogAudit)"},
+        {R"({"page": 1})", "line 2: /page: expected a text, not the number 1"},
+        {R"({"page": "SubFunc_LogAudit", "returns": 1})",
+         "line 2: /returns: unknown key (there are: at, "
+         "thread, page)"},
+        {R"({"manager": "ITavPicResourceMgr", "operation": "getImageRef", "arguments": ["a", "b"]})",
+         "line 2: /thread: ITavPicResourceMgr is called on the thread \"gui\" only"},
+        {R"({"manager": "ITavHostInfoMgr", "operation": "getResourceInfo", "arguments": []})",
+         "line 2: getResourceInfo returns whatever the memory holds until its setter has been called"},
+    };
+    for (const auto &[line, mistake] : mistakes) {
+        EXPECT_EQ(mistakeInLine(line), mistake) << line.constData();
+    }
+}
+
+TEST(Scenario, RefusesTimesThatFall)
+{
+    EXPECT_EQ(mistakeIn(scenarioOf({with("\"at\": 2"), count, with("\"at\": 1.5")})),
+              "line 4: /at: the time falls: 1.5 stands behind 2");
+}
+
+TEST(Scenario, RefusesAKeyThatStandsTwice)
+{
+    EXPECT_EQ(mistakeInLine(with(R"("at": 1, "at": 1)")), "line 2: /at: the key stands more than once in its object");
+    EXPECT_EQ(mistakeInLine(R"({"manager": "ITavNetControlMgr", "operation": "setDeviceInfo", )"
+                            R"("arguments": [{"devices": [{"state": 1, "st\u0061te": 1}]}]})"),
+              "line 2: /arguments/0/devices/0/state: the key stands more than once in its object");
+}
+
+TEST(Scenario, RefusesWhatIsNoJsonAlthoughQtReadsIt)
+{
+    EXPECT_EQ(mistakeInLine(with(QByteArray("\"thread\": \"ag\0nt\"", 17))),
+              "line 2: a control character must be written as an escape, "
+              "such as \\u0000 (character 15)");
+    EXPECT_EQ(mistakeInLine(with(R"("thread": "\q")")), "line 2: there is no such escape in JSON (character 14)");
+    EXPECT_EQ(mistakeIn("\xef\xbb\xbf" + scenarioOf({})),
+              "line 1: only ASCII may stand outside of texts (character 1)");
+    EXPECT_NE(mistakeInLine(with(QByteArray("\0\"at\": 1", 8))), "");
+    EXPECT_NE(mistakeInLine(with("\"thread\": \"\xff\"")), "");
+}
+
+TEST(Scenario, RefusesDepthAndLengthWithoutHarm)
+{
+    const QByteArray deep = QByteArray(10000, '[') + QByteArray(10000, ']');
+    EXPECT_EQ(mistakeInLine(R"({"manager": "M", "operation": "o", "arguments": )" + deep + '}'),
+              "line 2: nested deeper than the reader's 1024 levels (character 1072)");
+    EXPECT_EQ(mistakeInFile(scenarioOf({with(R"("thread": ")" + QByteArray(100 << 20, 'x') + '"')})),
+              "line 2: longer than 32 MiB");
+}
+
+TEST(Scenario, SaysWhereTheCutLineIsAndReadsWhatIsBeforeItWhenTold)
+{
+    const QByteArray whole = scenarioOf({with("\"at\": 1"), with("\"at\": 2")});
+    const QByteArray cut = whole.chopped(7);
+    EXPECT_EQ(mistakeIn(cut),
+              "line 3: cut: the file ends within this line; what stands before it can be played as a partial scenario");
+    int cutLine = 0;
+    EXPECT_EQ(linesOf(cut, CutLine::LeaveOut, &cutLine).size(), 1);
+    EXPECT_EQ(cutLine, 3);
+}
+
+TEST(Scenario, MayLackTheLastLinesEnd)
+{
+    int cutLine = -1;
+    EXPECT_EQ(linesOf(scenarioOf({count}).chopped(1), CutLine::LeaveOut, &cutLine).size(), 1);
+    EXPECT_EQ(cutLine, 0);
+}
+
+// Wherever a file ends: its lines up to there are read, and a mistake in a cut line is not taken for another one.
+TEST(Scenario, IsReadUpToWhereverItWasCut)
+{
+    const QByteArray whole = scenarioOf({with("\"at\": 1"), R"({"page": "SubFunc_LogAudit"})", count});
+    for (int size = whole.indexOf('\n'); size < whole.size(); ++size) {
+        const QByteArray cut = whole.left(size);
+        int cutLine = -1;
+        const int lines = linesOf(cut, CutLine::LeaveOut, &cutLine).size();
+        const bool isWhole = cut.endsWith('\n') || whole[size] == '\n';
+        EXPECT_EQ(lines, cut.count('\n') - 1 + (cut.endsWith('}') && isWhole ? 1 : 0)) << size;
+        EXPECT_EQ(cutLine != 0, !isWhole) << size;
+    }
+}
+
+TEST(ScenarioReturns, NameOnlyTheFieldsToCompare)
+{
+    const QByteArray get = R"({"manager": "ITavNetControlMgr", "operation": "getDeviceInfo", "arguments": [], )"
+                           R"("returns": {"devices": [{"state": 1}]}})";
+    const QJsonObject device{{"name", "eth0"}, {"state", 1}};
+    EXPECT_TRUE(isAsExpected(get, QJsonObject{{"devices", QJsonArray{device}}}));
+    QString difference;
+    EXPECT_FALSE(isAsExpected(get, QJsonObject{{"devices", QJsonArray{QJsonObject{{"state", 2}}}}}, &difference));
+    EXPECT_EQ(difference, "returned something else at /devices/0/state\n  expected: 1\n  returned: 2");
+    EXPECT_FALSE(isAsExpected(get, QJsonObject{{"devices", QJsonArray{device, device}}}, &difference));
+    EXPECT_EQ(difference,
+              "returned something else at /devices/1\n  expected: nothing\n  returned: "
+              "{\"name\":\"eth0\",\"state\":1}");
+    EXPECT_FALSE(isAsExpected(get, QJsonObject(), &difference));
+    EXPECT_EQ(difference, "returned something else at /devices\n  expected: [{\"state\":1}]\n  returned: nothing");
+}
+
+TEST(ScenarioReturns, AreComparedAsValuesWhateverTheirForm)
+{
+    // Numbers of 64 bits are written as text, and read as numbers, too.
+    EXPECT_TRUE(isAsExpected(R"({"manager": "ITavSystemConfigMgr", "operation": "getServerInfo", "arguments": [], )"
+                             R"("returns": {}})",
+                             QJsonObject{{"name", "x"}}));
+    EXPECT_TRUE(isAsExpected(R"({"manager": "ITavAccessControlMgr", "operation": "getUserDetail", "arguments": [1], )"
+                             R"("returns": [{"userName": {"bytes": "YWJj"}}]})",
+                             QJsonArray{QJsonObject{{"userName", "abc"}}}));
+}
+
+TEST(ScenarioReturns, AreReadAsStrictlyAsArguments)
+{
+    EXPECT_EQ(mistakeInLine(R"({"manager": "ITavNetControlMgr", "operation": "getDeviceInfo", "arguments": [], )"
+                            R"("returns": {"device": []}})"),
+              "line 2: /returns/device: unknown key (nearest: devices)");
+    EXPECT_EQ(mistakeInLine(R"({"manager": "ITavNetControlMgr", "operation": "getObject", "arguments": [], )"
+                            R"("returns": 7})"),
+              "line 2: /returns: expected the name of a class or null, not the number 7");
+    EXPECT_EQ(mistakeInLine(with(R"("returns": true)")),
+              "line 2: /returns: the operation returns nothing, which is null");
+}

@@ -1,0 +1,174 @@
+#include "PrintQString.h"
+#include "ScenarioFiles.h"
+#include "Tavctl.h"
+
+#include <QElapsedTimer>
+#include <QJsonArray>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+Tavctl play(const QString &file, const QStringList &options = {"--speed", "max", "--check"})
+{
+    return Tavctl(QStringList{"play", file, "--plugin", TAV_PLUGIN_FILE} + options);
+}
+}
+
+TEST(PlayCommand, SaysWhatItHasPlayedAndCompared)
+{
+    const ScenarioFile file(soundLines);
+    const Tavctl run = play(file.path());
+    EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
+    EXPECT_EQ(run.output, file.path() + ": 3 calls, 0.3 s of the scenario, 1 results compared\n");
+    EXPECT_EQ(run.errors, "");
+}
+
+TEST(PlayCommand, EndsWithOneAtTheFirstDifferenceAndShowsBothValues)
+{
+    const ScenarioFile file(otherLines);
+    const Tavctl run = play(file.path());
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.errors,
+              "tavctl: " + file.path()
+                  + ": line 3: ITavNetControlMgr getState returned something else at /state\n  expected: 8\n"
+                    "  returned: 7\n");
+    EXPECT_EQ(play(file.path(), {"--speed", "max"}).exitCode, 0) << "nothing is compared without --check";
+}
+
+TEST(PlayCommand, EndsWithOneAtAMistakenLine)
+{
+    const ScenarioFile file("{\"at\": -1}\n");
+    const Tavctl run = play(file.path(), {});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.errors,
+              "tavctl: " + file.path() + ": line 2: /at: expected seconds from 0 to 1000000000, not the number -1\n");
+}
+
+TEST(PlayCommand, EndsWithOneAtACallThatIsRefused)
+{
+    const ScenarioFile file(
+        R"({"manager": "ITavNetControlMgr", "operation": "reverseDeviceState", "arguments": [99]})");
+    const Tavctl run = play(file.path());
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_TRUE(run.errors.contains("line 2: ITavNetControlMgr reverseDeviceState: ")) << run.errors.toStdString();
+}
+
+TEST(PlayCommand, PlaysWhatIsBeforeACutLineWhenTold)
+{
+    const ScenarioFile file(soundLines.chopped(9));
+    EXPECT_EQ(play(file.path()).exitCode, 1);
+    const Tavctl run = play(file.path(), {"--speed", "max", "--partial"});
+    EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
+    EXPECT_EQ(run.output, file.path() + ": 2 calls, 0.2 s of the scenario, without line 4, which is cut\n");
+}
+
+TEST(PlayCommand, ShowsThePageAtTheEnd)
+{
+    const ScenarioFile file(
+        R"({"manager": "ITavAuditMgr", "operation": "setAuditCount", "arguments": [{"totalCount": 4711}]})");
+    const QString text = play(file.path(), {"--page", "SubFunc_LogAudit"}).output;
+    EXPECT_TRUE(text.contains("4711")) << text.toStdString();
+    const QJsonObject document = play(file.path(), {"--json"}).json();
+    EXPECT_EQ(document["played"].toObject()["calls"], 1);
+    EXPECT_GT(document["pages"].toArray().size(), 10);
+    EXPECT_EQ(play(file.path(), {"--page", "SubFunc_LogAduit"}).errors,
+              "tavctl: --page: TavSubFuncTypeHeader_ has no key \"SubFunc_LogAduit\" (nearest: SubFunc_LogAudit)\n");
+}
+
+TEST(PlayCommand, PlaysAtItsTimesAndFaster)
+{
+    const ScenarioFile file(soundLines);
+    QElapsedTimer timer;
+    timer.start();
+    EXPECT_EQ(play(file.path(), {"--from", "100ms", "--speed", "0.5"}).exitCode, 0);
+    EXPECT_GE(timer.elapsed(), 400);
+    EXPECT_EQ(play(file.path(), {"--until", "0.25s"}).output, file.path() + ": 2 calls, 0.2 s of the scenario\n");
+}
+
+TEST(PlayCommand, RefusesOptionsThatMakeNoSense)
+{
+    const ScenarioFile file(soundLines);
+    for (const QStringList &options :
+         {QStringList{"--speed", "0"}, QStringList{"--speed", "fast"}, QStringList{"--speed", "-1"},
+          QStringList{"--from", "-1s"}, QStringList{"--until", "5 parsecs"}, QStringList{"--loop", "--check"}}) {
+        EXPECT_EQ(play(file.path(), options).exitCode, 2) << options.join(' ').toStdString();
+    }
+    EXPECT_EQ(play("/nonexistent").errors, "tavctl: /nonexistent: there is no such file\n");
+    EXPECT_EQ(play("/dev/zero").errors, "tavctl: /dev/zero: not a regular file\n");
+}
+
+TEST(PlayCommand, ReadsStandardInput)
+{
+    const ScenarioFile file(soundLines);
+    const Tavctl run({"play", "-", "--plugin", TAV_PLUGIN_FILE, "--speed", "max"}, file.path());
+    EXPECT_EQ(run.output, "-: 3 calls, 0.3 s of the scenario\n") << run.errors.toStdString();
+}
+
+TEST(CallCommand, CanBeMadeBehindAScenario)
+{
+    const ScenarioFile file(soundLines);
+    const Tavctl run({"call", "ITavNetControlMgr", "getState", "--after", file.path(), "--plugin", TAV_PLUGIN_FILE});
+    EXPECT_EQ(run.output, "{\n    \"state\": 7\n}\n") << run.errors.toStdString();
+    const ScenarioFile mistaken("[]\n");
+    const Tavctl none(
+        {"call", "ITavNetControlMgr", "getState", "--after", mistaken.path(), "--plugin", TAV_PLUGIN_FILE});
+    EXPECT_EQ(none.exitCode, 1);
+    EXPECT_EQ(none.output, "");
+}
+
+TEST(CallCommand, AsksForAnIndeterminateValueOnlyBehindItsSetter)
+{
+    const QStringList call{"call", "ITavHostInfoMgr", "getResourceInfo", "--plugin", TAV_PLUGIN_FILE, "--after"};
+    const ScenarioFile without(soundLines);
+    EXPECT_EQ(Tavctl(call + QStringList{without.path()}).exitCode, 2);
+    const ScenarioFile with(R"({"manager": "ITavHostInfoMgr", "operation": "setResourceInfo", "arguments": [{}]})");
+    EXPECT_EQ(Tavctl(call + QStringList{with.path()}).exitCode, 0);
+}
+
+TEST(ScenarioCommand, ReportsEveryMistakenLine)
+{
+    const ScenarioFile file("{\"at\": -1}\n" + soundLines + "{\"page\": 1}\n{\"page\"");
+    const Tavctl run({"scenario", "check", file.path()});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.output,
+              file.path() + ": line 2: /at: expected seconds from 0 to 1000000000, not the number -1\n" + file.path()
+                  + ": line 6: /page: expected a text, not the number 1\n" + file.path()
+                  + ": line 7: cut: the file ends within this line; what stands before it can be played as a partial "
+                    "scenario\n"
+                  + file.path() + ": 3 findings\n");
+    const QJsonArray findings = Tavctl({"scenario", "check", file.path(), "--json"}).json()["findings"].toArray();
+    ASSERT_EQ(findings.size(), 3);
+    EXPECT_EQ(
+        findings[0].toObject(),
+        QJsonObject(
+            {{"line", 2}, {"path", "/at"}, {"problem", "expected seconds from 0 to 1000000000, not the number -1"}}));
+}
+
+TEST(ScenarioCommand, FindsNothingInASoundFile)
+{
+    const ScenarioFile file(soundLines);
+    const Tavctl run({"scenario", "check", file.path()});
+    EXPECT_EQ(run.exitCode, 0);
+    EXPECT_EQ(run.output, file.path() + ": no findings\n");
+}
+
+TEST(ScenarioCommand, ShowsTheLines)
+{
+    const ScenarioFile file(soundLines);
+    const QStringList rows = Tavctl({"scenario", "show", file.path()}).output.split('\n');
+    ASSERT_GE(rows.size(), 4);
+    EXPECT_TRUE(rows[2].simplified().startsWith("3 0.200 agent ITavNetControlMgr getState 110"))
+        << rows[2].toStdString();
+    EXPECT_EQ(Tavctl({"scenario", "show", file.path(), "--json"}).json()["lines"].toArray().size(), 3);
+}
+
+TEST(ScenarioCommand, SumsUpTheFile)
+{
+    const ScenarioFile file(soundLines);
+    const QString text = Tavctl({"scenario", "info", file.path()}).output;
+    EXPECT_TRUE(text.startsWith("for a test\n0.300 s, 3 calls, ")) << text.toStdString();
+    const QJsonObject document = Tavctl({"scenario", "info", file.path(), "--json"}).json();
+    EXPECT_EQ(document["calls"], 3);
+    EXPECT_EQ(document["operations"].toArray().size(), 3);
+}

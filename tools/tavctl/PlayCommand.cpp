@@ -1,0 +1,147 @@
+#include "PlayCommand.h"
+
+#include "InterruptSignal.h"
+#include "NavigationTree.h"
+#include "PageModels.h"
+#include "PluginView.h"
+#include "Presentation.h"
+#include "ProgressLine.h"
+#include "RunReport.h"
+#include "ScenarioFile.h"
+#include "TavJson.h"
+#include "TextTable.h"
+
+#include <QTimer>
+
+#include <cmath>
+#include <iostream>
+
+namespace
+{
+using Page = CTavSubFuncTypeHeader::TavSubFuncTypeHeader_;
+
+constexpr double microsecondsInSecond = 1e6;
+
+Page pageWithKey(const QString &key)
+{
+    try {
+        return TavJson::fromJson<Page>(key);
+    } catch (const TavCallError &error) {
+        throw ToolError(ExitCode::Usage, QString("--page: ") + error.what());
+    }
+}
+
+QJsonObject pageJson(Page page)
+{
+    return {{"type", pageKey(page)}, {"sections", sectionsJson(pageSections(page))}};
+}
+
+QJsonObject reportJson(const TavPlayReport &report)
+{
+    QJsonObject json{{"calls", report.lines},
+                     {"compared", report.checked},
+                     {"seconds", double(report.at) / microsecondsInSecond},
+                     {"cutLine", report.cutLine}};
+    if (report.error) {
+        json.insert("line", report.error->line());
+        json.insert("path", report.error->path());
+        json.insert("problem", report.error->problem());
+    }
+    return json;
+}
+
+/// The models of all pages that have any.
+QJsonArray allPages()
+{
+    QJsonArray pages;
+    const QMetaEnum keys = QMetaEnum::fromType<Page>();
+    for (int i = 0; i < keys.keyCount(); ++i) {
+        const QJsonObject page = pageJson(static_cast<Page>(keys.value(i)));
+        if (!page["sections"].toArray().isEmpty()) {
+            pages.append(page);
+        }
+    }
+    return pages;
+}
+
+void printReport(const PlayOptions &options, const TavPlayReport &report)
+{
+    QString text = QString("%1: %2 calls, %3 s of the scenario")
+                       .arg(printable(options.file))
+                       .arg(report.lines)
+                       .arg(double(report.at) / microsecondsInSecond);
+    if (options.check) {
+        text += QString(", %1 results compared").arg(report.checked);
+    }
+    if (report.cutLine > 0) {
+        text += QString(", without line %1, which is cut").arg(report.cutLine);
+    }
+    printLine(text);
+}
+
+TavPlayOptions playOptions(const PlayOptions &options)
+{
+    TavPlayOptions play;
+    play.speed = options.speed;
+    play.from = std::llround(options.from * microsecondsInSecond);
+    if (options.until >= 0) {
+        play.until = std::llround(options.until * microsecondsInSecond);
+    }
+    play.isLooped = options.loop;
+    play.isChecked = options.check;
+    play.cutLine = options.partial ? TavScenarioReader::CutLine::LeaveOut : TavScenarioReader::CutLine::Refuse;
+    return play;
+}
+}
+
+TavPlayReport playFile(TavPluginHost &host, const QString &file, const TavPlayOptions &options)
+{
+    QFile input;
+    openScenario(input, file);
+    const InterruptSignal interrupt;
+    ProgressLine line;
+    TavScenarioPlayer player(host, input, options);
+    QTimer watch;
+    QObject::connect(&watch, &QTimer::timeout, [&player, &line] {
+        const TavPlayReport report = player.progress();
+        line.show(QString("%1 s, %2 calls").arg(report.at / qint64(microsecondsInSecond)).arg(report.lines));
+        if (InterruptSignal::isRaised()) {
+            player.stop();
+        }
+    });
+    watch.start(100);
+    return player.wait();
+}
+
+void printMistake(const QString &file, const TavScenarioError &error)
+{
+    const QStringList lines = QString::fromUtf8(error.what()).split('\n');
+    std::cerr << "tavctl: " << printable(file + ": " + lines.first()).toStdString() << '\n';
+    for (const QString &line : lines.mid(1)) {
+        std::cerr << printable(line).toStdString() << '\n';
+    }
+}
+
+ExitCode play(const PlayOptions &options)
+{
+    const Page page = options.page.isEmpty() ? Page() : pageWithKey(options.page);
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
+    TavPluginHost host = loadPlugin(options.plugin);
+    const TavPlayReport report = playFile(host, options.file, playOptions(options));
+    if (options.json) {
+        QJsonObject document{{"played", reportJson(report)}};
+        document.insert("pages", options.page.isEmpty() ? allPages() : QJsonArray{pageJson(page)});
+        printJson(document);
+    } else {
+        printReport(options, report);
+        if (!options.page.isEmpty()) {
+            printHeading(options.page);
+            printSections(pageSections(page), 0);
+        }
+    }
+    if (report.error) {
+        printMistake(options.file, *report.error);
+        return ExitCode::Findings;
+    }
+    return ExitCode::Success;
+}

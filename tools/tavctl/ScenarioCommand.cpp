@@ -1,0 +1,159 @@
+#include "ScenarioCommand.h"
+
+#include "CellText.h"
+#include "Presentation.h"
+#include "ScenarioFile.h"
+#include "TavScenario.h"
+#include "TextTable.h"
+
+#include <QJsonArray>
+
+#include <functional>
+#include <map>
+#include <optional>
+
+namespace
+{
+QString seconds(qint64 microseconds)
+{
+    return QString::number(double(microseconds) / 1e6, 'f', 3);
+}
+
+/// Calls @p visit with each line. Throws ToolError for the first that is wrong.
+QJsonObject readAll(const QString &name, const std::function<void(const TavScenario::Line &)> &visit)
+{
+    QFile file;
+    openScenario(file, name);
+    try {
+        TavScenarioReader reader(file);
+        for (TavScenario::Line line; reader.next(line);) {
+            visit(line);
+        }
+        return reader.header();
+    } catch (const TavScenarioError &error) {
+        throw ToolError(ExitCode::Usage, name + ": " + error.what());
+    }
+}
+
+QVector<TavScenarioError> mistakesIn(const QString &name)
+{
+    QFile file;
+    openScenario(file, name);
+    QVector<TavScenarioError> mistakes;
+    std::optional<TavScenarioReader> reader;
+    bool isAtEnd = false;
+    while (!isAtEnd) {
+        try {
+            if (!reader) {
+                reader.emplace(file);
+            }
+            TavScenario::Line line;
+            isAtEnd = !reader->next(line);
+        } catch (const TavScenarioError &error) {
+            mistakes.append(error);
+            isAtEnd = !reader; // without its first line it is no scenario
+        }
+    }
+    return mistakes;
+}
+
+/// @brief The lines that do one thing.
+struct Share {
+    qint64 lines = 0;
+    qint64 bytes = 0;
+};
+}
+
+ExitCode checkScenario(const ScenarioOptions &options)
+{
+    const QVector<TavScenarioError> mistakes = mistakesIn(options.file);
+    QJsonArray findings;
+    for (const TavScenarioError &mistake : mistakes) {
+        if (options.json) {
+            findings.append(
+                QJsonObject{{"line", mistake.line()}, {"path", mistake.path()}, {"problem", mistake.problem()}});
+        } else {
+            printLine(printable(options.file + ": " + mistake.what()));
+        }
+    }
+    if (options.json) {
+        printJson({{"findings", findings}});
+    } else {
+        printLine(printable(options.file) + ": "
+                  + (mistakes.isEmpty()         ? "no findings"
+                         : mistakes.size() == 1 ? "1 finding"
+                                                : QString("%1 findings").arg(mistakes.size())));
+    }
+    return mistakes.isEmpty() ? ExitCode::Success : ExitCode::Findings;
+}
+
+ExitCode showScenario(const ScenarioOptions &options)
+{
+    QJsonArray rows;
+    TextTable table({{"line", TextTable::Right},
+                     {"s", TextTable::Right},
+                     {"thread"},
+                     {"manager"},
+                     {"operation"},
+                     {"bytes", TextTable::Right},
+                     {"compared"}});
+    readAll(options.file, [&](const TavScenario::Line &line) {
+        const QString thread = TavScenario::threads()[line.thread];
+        const bool isCompared = !line.returns.isUndefined();
+        if (options.json) {
+            rows.append(QJsonObject{{"line", line.number},
+                                    {"at", double(line.at) / 1e6},
+                                    {"thread", thread},
+                                    {"subject", line.subject()},
+                                    {"bytes", line.bytes},
+                                    {"compared", isCompared}});
+            return;
+        }
+        table.addRow({QString::number(line.number), seconds(line.at), thread,
+                      line.page.isEmpty() ? line.manager : QString("page"),
+                      line.page.isEmpty() ? line.operation : line.page, QString::number(line.bytes),
+                      isCompared ? "yes" : ""});
+    });
+    if (options.json) {
+        printJson({{"lines", rows}});
+    } else {
+        table.print();
+    }
+    return ExitCode::Success;
+}
+
+ExitCode showScenarioInfo(const ScenarioOptions &options)
+{
+    std::map<QString, Share> shares;
+    Share all;
+    qint64 span = 0;
+    const QJsonObject header = readAll(options.file, [&](const TavScenario::Line &line) {
+        for (Share *const share : {&shares[line.subject()], &all}) {
+            ++share->lines;
+            share->bytes += line.bytes + 1;
+        }
+        span = line.at;
+    });
+    if (options.json) {
+        QJsonArray operations;
+        for (const auto &[subject, share] : shares) {
+            operations.append(QJsonObject{{"subject", subject}, {"calls", share.lines}, {"bytes", share.bytes}});
+        }
+        printJson({{"header", header},
+                   {"seconds", double(span) / 1e6},
+                   {"calls", all.lines},
+                   {"bytes", all.bytes},
+                   {"operations", operations}});
+        return ExitCode::Success;
+    }
+    if (header["title"].isString()) {
+        printLine(printable(header["title"].toString()));
+    }
+    printLine(QString("%1 s, %2 calls, %3").arg(seconds(span)).arg(all.lines).arg(CellText::bytes(quint64(all.bytes))));
+    TextTable table({{"operation", TextTable::Left, 100}, {"calls", TextTable::Right}, {"bytes", TextTable::Right}});
+    for (const auto &[subject, share] : shares) {
+        table.addRow({subject, QString::number(share.lines), QString::number(share.bytes)});
+    }
+    table.print();
+    return ExitCode::Success;
+}
