@@ -115,7 +115,8 @@ TEST_F(Call, TakesArgumentsByPositionOrByName)
 TEST_F(Call, TellsOverloadsByTheNumberAndKindOfTheArguments)
 {
     const QJsonObject row{{"isChecked", true}, {"index", 3}, {"protoData", "AAE="}};
-    call("ITavProExceptionMgr", "setUIData", QJsonArray{QJsonArray{QJsonObject{{"index", 3}}}});
+    const QJsonValue rows = QJsonArray{QJsonObject{{"index", 3}}}; // no array: clang takes QJsonArray{array} for a copy
+    call("ITavProExceptionMgr", "setUIData", QJsonArray{rows});
     call("ITavProExceptionMgr", "setUIData", QJsonArray{row});
     EXPECT_EQ(call("ITavProExceptionMgr", "getUIData"), QJsonValue(QJsonArray{row}));
 
