@@ -21,9 +21,8 @@ QByteArray readBytes(const QString &path)
     QByteArray bytes;
     if (fstat(descriptor, &status) == 0 && S_ISREG(status.st_mode)) {
         QFile file;
-        if (file.open(descriptor, QIODevice::ReadOnly)) {
-            bytes = file.readAll();
-        }
+        file.open(descriptor, QIODevice::ReadOnly);
+        bytes = file.readAll();
     }
     if (descriptor >= 0) {
         close(descriptor);
