@@ -31,8 +31,22 @@ CLI::Validator namedFile()
 /// A time such as 60, 60s, 500ms, 2m or 1h: in seconds.
 CLI::Validator duration()
 {
-    return CLI::AsNumberWithUnit(std::map<std::string, double>{{"ms", 0.001}, {"s", 1}, {"m", 60}, {"h", 3600}},
-                                 CLI::AsNumberWithUnit::CASE_SENSITIVE, "TIME");
+    return CLI::Validator(
+               CLI::AsNumberWithUnit(std::map<std::string, double>{{"ms", 0.001}, {"s", 1}, {"m", 60}, {"h", 3600}},
+                                     CLI::AsNumberWithUnit::CASE_SENSITIVE))
+        .description("");
+}
+
+/// Refuses a time that does not go on: @p isZeroRefused, or backwards.
+CLI::Validator forwards(bool isZeroRefused)
+{
+    return {
+        [isZeroRefused](const std::string &seconds) {
+            const double time = QString::fromStdString(seconds).toDouble();
+            const bool isRefused = time < 0 || (isZeroRefused && time == 0);
+            return std::string(!isRefused ? "" : isZeroRefused ? "the time must be above 0" : "the time is negative");
+        },
+        ""};
 }
 
 /// @brief Declares one command: each of its options is read into the member of that name of the command's own Options.
@@ -156,10 +170,10 @@ public:
     Command &recordingTimes()
     {
         time("--for", m_options->duration, "how long to record, such as 60s or 2m; without it until interrupted")
-            ->check(CLI::PositiveNumber);
+            ->check(forwards(true));
         time("--every", m_options->every, "from one reading of the machine to the next")
             ->default_str("5s")
-            ->check(CLI::PositiveNumber);
+            ->check(forwards(true));
         m_command.add_flag("--all", m_options->all, "write values that have not changed, too");
         return *this;
     }
@@ -179,8 +193,8 @@ public:
                 "times as fast as it was recorded, or max for no waiting")
             ->default_str("1")
             ->type_name("N|max");
-        time("--from", m_options->from, "play what is before at once")->check(CLI::NonNegativeNumber);
-        time("--until", m_options->until, "leave out what is after")->check(CLI::NonNegativeNumber);
+        time("--from", m_options->from, "play what is before at once")->check(forwards(false));
+        time("--until", m_options->until, "leave out what is after")->check(forwards(false));
         CLI::Option *const loop
             = m_command.add_flag("--loop", m_options->loop, "begin again at the end, until interrupted");
         m_command.add_flag("--check", m_options->check, "compare what the calls return; end at the first difference")

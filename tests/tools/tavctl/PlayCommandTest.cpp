@@ -66,11 +66,11 @@ TEST(PlayCommand, PlaysWhatIsBeforeACutLineWhenTold)
 TEST(PlayCommand, ShowsThePageAtTheEnd)
 {
     const ScenarioFile file(
-        R"({"manager": "ITavAuditMgr", "operation": "setAuditCount", "arguments": [{"totalCount": 4711}]})");
+        R"({"manager": "ITavAuditMgr", "operation": "setAuditCount", "arguments": [{"count": 4711}]})");
     const QString text = play(file.path(), {"--page", "SubFunc_LogAudit"}).output;
     EXPECT_TRUE(text.contains("4711")) << text.toStdString();
     const QJsonObject document = play(file.path(), {"--json"}).json();
-    EXPECT_EQ(document["played"].toObject()["calls"], 1);
+    EXPECT_EQ(document["played"].toObject()["calls"].toInt(), 1);
     EXPECT_GT(document["pages"].toArray().size(), 10);
     EXPECT_EQ(play(file.path(), {"--page", "SubFunc_LogAduit"}).errors,
               "tavctl: --page: TavSubFuncTypeHeader_ has no key \"SubFunc_LogAduit\" (nearest: SubFunc_LogAudit)\n");
