@@ -130,7 +130,7 @@ QString statusOf(const TavRecordProgress &progress)
     QString text = QString("%1 s, %2 calls, %3")
                        .arg(progress.microseconds / 1'000'000)
                        .arg(progress.lines)
-                       .arg(CellText::bytes(quint64(progress.bytes)));
+                       .arg(CellText::ofKind(TavFields::Kind::Size, progress.bytes));
     return progress.lost > 0 ? text + QString(", %1 lost").arg(progress.lost) : text;
 }
 

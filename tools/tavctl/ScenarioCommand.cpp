@@ -149,7 +149,10 @@ ExitCode showScenarioInfo(const ScenarioOptions &options)
     if (header["title"].isString()) {
         printLine(printable(header["title"].toString()));
     }
-    printLine(QString("%1 s, %2 calls, %3").arg(seconds(span)).arg(all.lines).arg(CellText::bytes(quint64(all.bytes))));
+    printLine(QString("%1 s, %2 calls, %3")
+                  .arg(seconds(span))
+                  .arg(all.lines)
+                  .arg(CellText::ofKind(TavFields::Kind::Size, all.bytes)));
     TextTable table({{"operation", TextTable::Left, 100}, {"calls", TextTable::Right}, {"bytes", TextTable::Right}});
     for (const auto &[subject, share] : shares) {
         table.addRow({subject, QString::number(share.lines), QString::number(share.bytes)});
