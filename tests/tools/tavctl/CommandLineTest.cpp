@@ -34,8 +34,8 @@ TEST_F(CommandLine, EndsWithTwoAndOneLineWhenItCannotRun)
         {{"catalogue", "checks", "x"},
          "there is no command \"checks\" (nearest: check); \"tavctl --help\" tells what there is"},
         {{"fly"},
-         "there is no command \"fly\" (there are: run, registry, operations, call, catalogue, baseline, pictures, "
-         "doctor); "
+         "there is no command \"fly\" (there are: run, registry, operations, call, record, play, scenario, catalogue, "
+         "baseline, pictures, doctor); "
          "\"tavctl --help\" tells what there is"},
         {{"catalogue", "check", ""}, "FILE: the name is empty; \"tavctl --help\" tells what there is"},
         {{"catalogue", "encode", item, "-o", ""}, "--output: the name is empty; \"tavctl --help\" tells what there is"},

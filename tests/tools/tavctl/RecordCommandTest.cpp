@@ -29,13 +29,13 @@ protected:
     QByteArray content() const
     {
         QFile file(path);
-        file.open(QIODevice::ReadOnly);
-        return file.readAll();
+        return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
     }
 
     /// Records, ends the program by @p signal once the first reading has been written, and returns how it ended.
     int statusAfter(int signal)
     {
+        QFile::remove(path);
         const QByteArray plugin = QByteArray("--plugin=") + TAV_PLUGIN_FILE;
         QList<QByteArray> words;
         for (const QString &word : tavctlCommand({"record", path, QString(plugin)})) {
