@@ -60,12 +60,12 @@ int membersIn(const QJsonValue &value)
     if (value.isObject()) {
         const QJsonObject object = value.toObject();
         members = object.size();
-        for (const QJsonValue member : object) {
+        for (const QJsonValue &member : object) {
             members += membersIn(member);
         }
     } else if (value.isArray()) {
         const QJsonArray array = value.toArray();
-        for (const QJsonValue element : array) {
+        for (const QJsonValue &element : array) {
             members += membersIn(element);
         }
     }

@@ -115,9 +115,9 @@ TavPlayReport playFile(TavPluginHost &host, const QString &file, const TavPlayOp
 
 void printMistake(const QString &file, const TavScenarioError &error)
 {
-    const QStringList lines = QString::fromUtf8(error.what()).split('\n');
-    std::cerr << "tavctl: " << printable(file + ": " + lines.first()).toStdString() << '\n';
-    for (const QString &line : lines.mid(1)) {
+    const QStringList lines = (file + ": " + error.what()).split('\n');
+    std::cerr << "tavctl: ";
+    for (const QString &line : lines) {
         std::cerr << printable(line).toStdString() << '\n';
     }
 }
