@@ -48,7 +48,7 @@ QVector<PageDelivery> deliverPageChanges()
 
 AgentReport feedManagers()
 {
-    const AgentReport report = feedFromThisMachine();
+    AgentReport report = feedFromThisMachine();
     if (!report.complete) {
         throw ToolError(ExitCode::BackendTooSlow,
                         QString("this machine's state was not read within %1 s; some file "
