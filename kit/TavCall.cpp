@@ -95,7 +95,9 @@ QJsonValue expected(const QJsonValue &json, const QString &path)
         return json;
     } else if constexpr (std::is_same_v<Result, std::shared_ptr<QImage>>) {
         if (!json.isNull()) {
-            TavJson::refuseUnknownKeys(TavJson::object(json, path), {"width", "height", "format"}, path);
+            TavJson::at(path, [&] {
+                TavJson::refuseUnknownKeys(TavJson::object(json), {"width", "height", "format"});
+            });
         }
         return json;
     } else {
@@ -156,7 +158,7 @@ TavCall::Call preparedAt(int place, const QJsonValue &arguments, const QString &
     QStringList paths;
     if (arguments.isObject()) {
         const QJsonObject members = arguments.toObject();
-        TavJson::refuseUnknownKeys(members, names, path);
+        TavJson::at(path, [&] { TavJson::refuseUnknownKeys(members, names); });
         for (const QString &name : names) {
             if (!members.contains(name)) {
                 throw TavCallError(path, QString("the argument \"%1\" is missing").arg(name));
@@ -165,7 +167,7 @@ TavCall::Call preparedAt(int place, const QJsonValue &arguments, const QString &
             paths.append(TavJson::memberPath(path, name));
         }
     } else {
-        values = TavJson::array(arguments, path);
+        values = TavJson::at(path, [&] { return TavJson::array(arguments); });
         if (values.size() != names.size()) {
             throw TavCallError(path,
                                QString("%1 takes %2 arguments, not %3")

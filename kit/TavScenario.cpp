@@ -304,8 +304,7 @@ TavScenario::Line TavScenarioReader::lineOf(const QJsonObject &object)
     TavJson::refuseUnknownKeys(
         object,
         isPage ? QStringList{"at", "thread", "page"}
-               : QStringList{"at", "thread", "manager", "operation", "arguments", "returns", "page"},
-        {});
+               : QStringList{"at", "thread", "manager", "operation", "arguments", "returns", "page"});
     TavScenario::Line line;
     line.number = m_number;
     line.bytes = m_bytes;
