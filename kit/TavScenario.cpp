@@ -6,7 +6,6 @@
 #include "TavJson.h"
 #include "TavJsonText.h"
 #include "TavNearestText.h"
-#include "TavObjectMgr.h"
 
 #include <QJsonDocument>
 
@@ -112,14 +111,20 @@ int threadOf(const QJsonObject &object)
     return place;
 }
 
+template<class Interface>
+Interface *managerIn(const TavScenario::Managers &managers)
+{
+    return qobject_cast<Interface *>(managers.value(qobject_interface_iid<Interface *>()));
+}
+
 /// Selects a page as the navigation does, with the function that the catalogue has it in.
-TavCall::Call selectionOf(const QJsonValue &key)
+std::function<QJsonValue(const TavScenario::Managers &)> selectionOf(const QJsonValue &key)
 {
     using Page = CTavSubFuncTypeHeader::TavSubFuncTypeHeader_;
     const auto page = TavJson::fromJson<Page>(key, "/page");
-    return [page](QObject *manager) -> QJsonValue {
-        auto *const selection = qobject_cast<ITavSelectFuncMgr *>(manager);
-        auto *const catalogue = tavObject<ITavFuncTypeMgr>();
+    return [page](const TavScenario::Managers &managers) -> QJsonValue {
+        auto *const selection = managerIn<ITavSelectFuncMgr>(managers);
+        auto *const catalogue = managerIn<ITavFuncTypeMgr>(managers);
         if (!selection) {
             throw TavCallError({}, "there is no selection manager");
         }
@@ -344,7 +349,9 @@ TavScenario::Line TavScenarioReader::lineOf(const QJsonObject &object)
     }
     const TavCall::Prepared prepared
         = TavCall::preparedCall(line.manager, line.operation, line.arguments, "/arguments");
-    line.call = prepared.call;
+    line.call = [call = prepared.call, name = line.manager](const TavScenario::Managers &managers) {
+        return call(managers.value(name));
+    };
     if (line.manager == qobject_interface_iid<ITavPicResourceMgr *>() && line.thread != TavScenario::gui) {
         throw TavCallError("/thread", R"(ITavPicResourceMgr is called on the thread "gui" only)");
     }

@@ -358,7 +358,7 @@ struct TavScenarioPlayer::State {
         played.start = std::chrono::system_clock::now();
         const Clock::time_point start = Clock::now();
         try {
-            played.returned = line.call(m_managers.value(line.manager));
+            played.returned = line.call(m_managers);
         } catch (const TavCallError &error) {
             played.error.emplace(line.number, error.path(), line.subject() + ": " + error.problem());
         } catch (const std::exception &error) {
@@ -374,7 +374,7 @@ struct TavScenarioPlayer::State {
 
     QIODevice &m_device;
     const TavPlayOptions m_options;
-    QHash<QString, QObject *> m_managers; ///< by the names of their interfaces
+    TavScenario::Managers m_managers;
 
     QMutex m_mutex; ///< for what follows
     QWaitCondition m_changed; ///< a line has ended, or the play ends; only the conductor waits for it
