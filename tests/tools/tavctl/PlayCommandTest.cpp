@@ -124,6 +124,7 @@ TEST(CallCommand, AsksForAnIndeterminateValueOnlyBehindItsSetter)
     EXPECT_EQ(Tavctl(call + QStringList{without.path()}).exitCode, 2);
     const ScenarioFile with(R"({"manager": "ITavHostInfoMgr", "operation": "setResourceInfo", "arguments": [{}]})");
     EXPECT_EQ(Tavctl(call + QStringList{with.path()}).exitCode, 0);
+    EXPECT_EQ(Tavctl(call + QStringList{"-"}, with.path()).exitCode, 0) << "read once";
 }
 
 TEST(ScenarioCommand, ReportsEveryMistakenLine)
@@ -171,4 +172,27 @@ TEST(ScenarioCommand, SumsUpTheFile)
     const QJsonObject document = Tavctl({"scenario", "info", file.path(), "--json"}).json();
     EXPECT_EQ(document["calls"], 3);
     EXPECT_EQ(document["operations"].toArray().size(), 3);
+}
+
+TEST(ScenarioCommand, PrintsLinesThatCheckTheEnd)
+{
+    const QByteArray lines = soundLines
+        + R"({"manager": "ITavAccessControlMgr", "operation": "setObjectCount", "arguments": [7, true, 3]})"
+          "\n";
+    const ScenarioFile file(lines);
+    const Tavctl end({"scenario", "end", file.path(), "--plugin", TAV_PLUGIN_FILE});
+    EXPECT_EQ(end.exitCode, 0) << end.errors.toStdString();
+    const ScenarioFile checked(lines + end.bytes);
+    const Tavctl played = play(checked.path());
+    EXPECT_EQ(played.exitCode, 0) << played.errors.toStdString();
+    EXPECT_TRUE(played.output.endsWith(", 82 results compared\n")) << played.output.toStdString();
+
+    const QByteArray key = R"({"arguments":[true,3],"manager":"ITavAccessControlMgr","operation":"getObjectCount")";
+    const ScenarioFile changed(lines
+                               + QByteArray(end.bytes).replace(key + R"(,"returns":7})", key + R"(,"returns":8})"));
+    const Tavctl mistaken = play(changed.path());
+    EXPECT_EQ(mistaken.exitCode, 1);
+    EXPECT_TRUE(mistaken.errors.endsWith(
+        "ITavAccessControlMgr getObjectCount returned something else\n  expected: 8\n  returned: 7\n"))
+        << mistaken.errors.toStdString();
 }
