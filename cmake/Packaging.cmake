@@ -3,7 +3,7 @@
 #   common  libtavcommon1        the shared library
 #   plugin  tav-data-plugin      the plugin
 #   dev     tav-data-plugin-dev  what authors of page plugins compile against
-#   tavctl  tavctl               the tool, its manual, the demo installation
+#   tavctl  tavctl               the tool, its manual, the demo installation, scenarios
 #
 # "./dev package" builds them. By hand: configure with -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_SKIP_INSTALL_RPATH=ON (the
 # library then lies where the loader looks anyway), build, run cpack. Included last: it looks at what was built.
