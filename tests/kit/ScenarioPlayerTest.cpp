@@ -1,5 +1,6 @@
 #include "TavScenarioPlayer.h"
 
+#include "ITavFuncTypeMgr.h"
 #include "ITavNetControlMgr.h"
 #include "ITavSelectFuncMgr.h"
 #include "ITavSystemConfigMgr.h"
