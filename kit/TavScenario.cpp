@@ -337,12 +337,14 @@ TavScenario::Line TavScenarioReader::lineOf(const QJsonObject &object)
     if (!object.contains("arguments")) {
         throw TavCallError({}, R"(the key "arguments" is missing; an operation without any has [])");
     }
-    const QJsonValue arguments = object["arguments"];
-    if (!arguments.isArray() && !arguments.isObject()) {
+    line.arguments = object["arguments"];
+    if (!line.arguments.isArray() && !line.arguments.isObject()) {
         throw TavCallError("/arguments",
-                           "expected an array by position or an object by name, not " + TavJson::described(arguments));
+                           "expected an array by position or an object by name, not "
+                               + TavJson::described(line.arguments));
     }
-    const TavCall::Prepared prepared = TavCall::preparedCall(line.manager, line.operation, arguments, "/arguments");
+    const TavCall::Prepared prepared
+        = TavCall::preparedCall(line.manager, line.operation, line.arguments, "/arguments");
     line.call = prepared.call;
     if (line.manager == qobject_interface_iid<ITavPicResourceMgr *>() && line.thread != TavScenario::gui) {
         throw TavCallError("/thread", R"(ITavPicResourceMgr is called on the thread "gui" only)");

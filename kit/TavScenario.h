@@ -34,6 +34,7 @@ struct Line {
     qint64 bytes = 0; ///< length in the file, without the line's end
     QString manager; ///< name of the interface
     QString operation;
+    QJsonValue arguments = QJsonValue::Undefined; ///< by position or by name; undefined where a page is selected
     QString page; ///< key of the page to select; empty for a call
     TavCall::Call call; ///< makes the call, or selects the page through the selection manager
     QJsonValue returns = QJsonValue::Undefined; ///< what the call must return, at least; undefined for anything

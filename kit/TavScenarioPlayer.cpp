@@ -9,9 +9,11 @@
 #include <QThread>
 #include <QWaitCondition>
 
+#include <algorithm>
 #include <array>
 #include <chrono>
 #include <deque>
+#include <numeric>
 
 using Clock = std::chrono::steady_clock;
 
@@ -23,11 +25,13 @@ struct TavScenarioPlayer::State {
     /// @brief A thread of the scenario with the lines that wait for it.
     struct Performer {
         std::deque<TavScenario::Line> waiting; ///< the first one stays here while it is played
-        QWaitCondition arrived;
+        bool isPlaying = false; ///< the first one has begun
+        QWaitCondition mayHaveTo; ///< a line has arrived, or lines may begin that might not, or the play ends
         std::unique_ptr<QThread> thread; ///< none for the GUI thread, and before its first line
     };
 
-    State(TavPluginHost &host, QIODevice &device, const TavPlayOptions &options) : m_device(device), m_options(options)
+    State(TavPluginHost &host, QIODevice &device, const TavPlayOptions &options)
+        : m_device(device), m_options(options), m_speed(options.speed), m_isPaused(options.isPaused)
     {
         const QStringList names = TavCall::managers();
         for (const QString &name : names) {
@@ -55,14 +59,120 @@ struct TavScenarioPlayer::State {
         }
     }
 
+    void setPaused(bool isPaused)
+    {
+        const QMutexLocker lock(&m_mutex);
+        setTime(timeNow());
+        m_isPaused = isPaused;
+        m_steps = 0;
+        wakeAll();
+    }
+
+    void step()
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_steps += m_isPaused ? 1 : 0;
+        wakeAll();
+    }
+
+    void setSpeed(double speed)
+    {
+        const QMutexLocker lock(&m_mutex);
+        setTime(timeNow());
+        m_speed = speed;
+        wakeAll();
+    }
+
     /// From now on no line is begun. The mutex is held.
     void end()
     {
         m_isEnding = true;
-        m_changed.wakeAll();
-        for (Performer &performer : m_performers) {
-            performer.arrived.wakeAll();
+        wakeAll();
+    }
+
+    /// Has everybody look again at what may begin. The mutex is held.
+    void wakeAll()
+    {
+        m_changed.wakeOne();
+        for (int thread = 0; thread < threadCount; ++thread) {
+            wake(thread);
         }
+    }
+
+    /// The mutex is held.
+    void wake(int thread)
+    {
+        Performer &performer = m_performers[thread];
+        if (thread != TavScenario::gui) {
+            performer.mayHaveTo.wakeOne();
+        } else if (!m_isGuiCalled && mayBegin(performer)) {
+            m_isGuiCalled = true;
+            QMetaObject::invokeMethod(
+                &m_gui, [this] { performOnGui(); }, Qt::QueuedConnection);
+        }
+    }
+
+    /// Whether the first line that waits for this thread may begin. The mutex is held.
+    bool mayBegin(const Performer &performer) const
+    {
+        if (m_isEnding || performer.isPlaying || performer.waiting.empty()) {
+            return false;
+        }
+        return !m_isPaused || (m_steps > 0 && isNext(performer.waiting.front()));
+    }
+
+    /// Whether no other line that could begin stands before @p line in the file. The mutex is held.
+    bool isNext(const TavScenario::Line &line) const
+    {
+        return std::none_of(m_performers.begin(), m_performers.end(), [&line](const Performer &other) {
+            return !other.isPlaying && !other.waiting.empty() && other.waiting.front().number < line.number;
+        });
+    }
+
+    /// The number of lines that are handed out and have not begun. The mutex is held.
+    int linesToBegin() const
+    {
+        return std::accumulate(
+            m_performers.begin(), m_performers.end(), m_waitingLines,
+            [](int lines, const Performer &performer) { return lines - (performer.isPlaying ? 1 : 0); });
+    }
+
+    // --- the scenario's time, in microseconds; the mutex is held
+
+    bool isFastest() const
+    {
+        return !(m_speed > 0);
+    }
+
+    double timeNow() const
+    {
+        if (m_isPaused || isFastest()) {
+            return m_time;
+        }
+        return m_time + m_speed * std::chrono::duration<double, std::micro>(Clock::now() - m_timeSet).count();
+    }
+
+    void setTime(double time)
+    {
+        m_time = time;
+        m_timeSet = Clock::now();
+    }
+
+    /// Whether a line of the time @p at may be handed out.
+    bool hasCome(double at) const
+    {
+        return m_isPaused ? m_steps > linesToBegin() : isFastest() || timeNow() >= at;
+    }
+
+    /// When to look again whether a line of the time @p at may be handed out.
+    QDeadlineTimer due(double at) const
+    {
+        if (m_isPaused) {
+            return QDeadlineTimer::Forever;
+        }
+        constexpr double longest = 3600; // seconds; a speed may be so low that the time is beyond what a timer holds
+        const double seconds = std::min((at - timeNow()) / m_speed / 1e6, longest);
+        return {std::chrono::ceil<std::chrono::microseconds>(std::chrono::duration<double>(seconds)), Qt::PreciseTimer};
     }
 
     /// Ends the play with what is wrong; of several mistakes the first in the file counts. The mutex is held.
@@ -100,13 +210,12 @@ struct TavScenarioPlayer::State {
     void conductRound()
     {
         TavScenarioReader reader(m_device, m_options.cutLine);
-        const Clock::time_point start = Clock::now();
+        {
+            const QMutexLocker lock(&m_mutex);
+            setTime(double(m_options.from));
+        }
         TavScenario::Line line;
         while (reader.next(line) && line.at <= m_options.until) {
-            if (m_options.speed > 0 && line.at > m_options.from) {
-                const std::chrono::duration<double, std::micro> due(double(line.at - m_options.from) / m_options.speed);
-                waitUntil(start + std::chrono::duration_cast<Clock::duration>(due));
-            }
             if (!handOut(line)) {
                 return;
             }
@@ -120,15 +229,6 @@ struct TavScenarioPlayer::State {
     {
         const QMutexLocker lock(&m_mutex);
         return !m_isEnding && m_device.seek(0);
-    }
-
-    void waitUntil(Clock::time_point due)
-    {
-        const QMutexLocker lock(&m_mutex);
-        const QDeadlineTimer deadline(due, Qt::PreciseTimer);
-        while (!m_isEnding && !deadline.hasExpired()) {
-            m_changed.wait(&m_mutex, deadline);
-        }
     }
 
     void waitUntilAllEnded()
@@ -159,6 +259,12 @@ struct TavScenarioPlayer::State {
     bool handOut(TavScenario::Line &line)
     {
         const QMutexLocker lock(&m_mutex);
+        while (!m_isEnding && !hasCome(double(line.at))) {
+            m_changed.wait(&m_mutex, due(double(line.at)));
+        }
+        if (m_isPaused || isFastest()) {
+            setTime(std::max(m_time, double(line.at)));
+        }
         while (!m_isEnding && !mayBeHandedOut(line)) {
             m_changed.wait(&m_mutex);
         }
@@ -170,11 +276,8 @@ struct TavScenarioPlayer::State {
         ++m_waitingLines;
         m_waitingBytes += line.bytes;
         performer.waiting.push_back(std::move(line));
-        if (thread == TavScenario::gui) {
-            QMetaObject::invokeMethod(
-                &m_gui, [this] { playOne(m_performers[TavScenario::gui]); }, Qt::QueuedConnection);
-        } else if (performer.thread) {
-            performer.arrived.wakeOne();
+        if (performer.thread || thread == TavScenario::gui) {
+            wake(thread);
         } else {
             performer.thread.reset(QThread::create([this, &performer] { perform(performer); }));
             performer.thread->setObjectName(TavScenario::threads()[thread]);
@@ -200,59 +303,72 @@ struct TavScenarioPlayer::State {
 
     void perform(Performer &performer)
     {
-        while (true) {
-            {
-                const QMutexLocker lock(&m_mutex);
-                while (!m_isEnding && performer.waiting.empty()) {
-                    performer.arrived.wait(&m_mutex);
-                }
-                if (m_isEnding) {
-                    return;
-                }
+        const QMutexLocker lock(&m_mutex);
+        while (!m_isEnding) {
+            if (mayBegin(performer)) {
+                playOne(performer);
+            } else {
+                performer.mayHaveTo.wait(&m_mutex);
             }
-            playOne(performer);
         }
     }
 
+    /// One line, so that the event loop comes to its other events between two of them.
+    void performOnGui()
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_isGuiCalled = false;
+        if (mayBegin(m_performers[TavScenario::gui])) {
+            playOne(m_performers[TavScenario::gui]);
+            wake(TavScenario::gui);
+        }
+    }
+
+    /// Plays the first line that waits for this thread. The mutex is held, but not while the call is made.
     void playOne(Performer &performer)
     {
-        const TavScenario::Line *line = nullptr;
-        {
-            const QMutexLocker lock(&m_mutex);
-            if (m_isEnding) {
-                return;
-            }
-            line = &performer.waiting.front(); // stays where it is while others are appended
+        performer.isPlaying = true;
+        if (m_isPaused && --m_steps > 0) {
+            wakeAll(); // the next one may now begin
         }
-        const std::optional<TavScenarioError> error = play(*line);
-        const QMutexLocker lock(&m_mutex);
+        TavPlayedCall played{performer.waiting.front()}; // stays where it is while others are appended
+        m_mutex.unlock();
+        play(played);
+        if (m_options.observer) {
+            m_options.observer(played);
+        }
+        m_mutex.lock();
         ++m_report.lines;
-        m_report.checked += m_options.isChecked && !line->returns.isUndefined() ? 1 : 0;
-        m_report.at = line->at;
+        m_report.checked += m_options.isChecked && !played.line.returns.isUndefined() ? 1 : 0;
+        m_report.at = played.line.at;
         --m_waitingLines;
-        m_waitingBytes -= line->bytes;
+        m_waitingBytes -= played.line.bytes;
         performer.waiting.pop_front();
-        if (error) {
-            fail(*error);
+        performer.isPlaying = false;
+        if (played.error) {
+            fail(*played.error);
         }
         m_changed.wakeOne();
     }
 
-    /// Makes the call; returns what is wrong with it.
-    std::optional<TavScenarioError> play(const TavScenario::Line &line) const
+    /// Makes the call, and notes what came of it.
+    void play(TavPlayedCall &played) const
     {
+        const TavScenario::Line &line = played.line;
+        played.start = std::chrono::system_clock::now();
+        const Clock::time_point start = Clock::now();
         try {
-            const QJsonValue returned = line.call(m_managers.value(line.manager));
-            TavScenario::Difference difference;
-            if (m_options.isChecked && !line.returns.isUndefined()
-                && !TavScenario::isAsExpected(line.returns, returned, difference)) {
-                return TavScenarioError(line.number, {}, line.subject() + ' ' + difference.text());
-            }
-            return std::nullopt;
+            played.returned = line.call(m_managers.value(line.manager));
         } catch (const TavCallError &error) {
-            return TavScenarioError(line.number, error.path(), line.subject() + ": " + error.problem());
+            played.error.emplace(line.number, error.path(), line.subject() + ": " + error.problem());
         } catch (const std::exception &error) {
-            return TavScenarioError(line.number, {}, line.subject() + ": " + QString::fromUtf8(error.what()));
+            played.error.emplace(line.number, QString(), line.subject() + ": " + QString::fromUtf8(error.what()));
+        }
+        played.nanoseconds = std::chrono::nanoseconds(Clock::now() - start).count();
+        TavScenario::Difference difference;
+        if (m_options.isChecked && !played.error && !line.returns.isUndefined()
+            && !TavScenario::isAsExpected(line.returns, played.returned, difference)) {
+            played.error.emplace(line.number, QString(), line.subject() + ' ' + difference.text());
         }
     }
 
@@ -266,6 +382,12 @@ struct TavScenarioPlayer::State {
     int m_waitingLines = 0; ///< handed out and not ended
     qint64 m_waitingBytes = 0;
     TavPlayReport m_report;
+    double m_speed;
+    bool m_isPaused;
+    int m_steps = 0; ///< so many lines may begin although it is paused
+    double m_time = 0; ///< of the scenario, in microseconds, when it was set last
+    Clock::time_point m_timeSet; ///< when that was
+    bool m_isGuiCalled = false; ///< performOnGui() is on its way
     bool m_isEnding = false;
     bool m_isAtEnd = false;
 
@@ -288,6 +410,26 @@ TavPlayReport TavScenarioPlayer::wait()
     }
     m_state->m_conductor->wait();
     return progress();
+}
+
+void TavScenarioPlayer::pause()
+{
+    m_state->setPaused(true);
+}
+
+void TavScenarioPlayer::resume()
+{
+    m_state->setPaused(false);
+}
+
+void TavScenarioPlayer::step()
+{
+    m_state->step();
+}
+
+void TavScenarioPlayer::setSpeed(double speed)
+{
+    m_state->setSpeed(speed);
 }
 
 void TavScenarioPlayer::stop()

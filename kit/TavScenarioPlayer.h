@@ -2,11 +2,22 @@
 
 #include "TavScenario.h"
 
+#include <chrono>
+#include <functional>
 #include <limits>
 #include <memory>
 #include <optional>
 
 class TavPluginHost;
+
+/// @brief A call that a play has made, or a page that it has selected.
+struct TavPlayedCall {
+    const TavScenario::Line &line; ///< with arguments and thread; as long as the observer runs
+    QJsonValue returned = QJsonValue::Undefined; ///< undefined when the call was refused
+    std::optional<TavScenarioError> error = {}; ///< that it was refused, or has not returned what the line says
+    std::chrono::system_clock::time_point start = {};
+    qint64 nanoseconds = 0; ///< that it took, the making of JSON of what it returned included
+};
 
 /// @brief How a scenario is played.
 struct TavPlayOptions {
@@ -17,7 +28,12 @@ struct TavPlayOptions {
     qint64 until = std::numeric_limits<qint64>::max(); ///< the lines after are not played
     bool isLooped = false; ///< begins again at the end, on the same managers, until it is stopped; a file only
     bool isChecked = false; ///< ends at the first call that does not return what its line says
+    bool isPaused = false; ///< begins as if pause() had been called before the first line
     TavScenarioReader::CutLine cutLine = TavScenarioReader::CutLine::Refuse;
+
+    /// Told of each call when it has returned, on the thread that has made it; that thread's next line waits for it.
+    /// May use the player, but must not wait for another of its threads, nor throw.
+    std::function<void(const TavPlayedCall &)> observer;
 };
 
 /// @brief What has been played.
@@ -45,6 +61,14 @@ struct TavPlayReport {
  * So a checked play makes the calls in the order of the file and returns the same each time; an unchecked one makes
  * those of one time at once, on their threads. No more lines wait than fit into some MiB.
  *
+ * | call | while it plays | while it is paused |
+ * |---|---|---|
+ * | pause() | no further line begins; the scenario's time stands | steps that have not begun are dropped |
+ * | resume() | nothing | goes on from the time at which it stands |
+ * | step() | nothing | one more line begins, the next in the file, and the time is that line's |
+ * | setSpeed() | the time goes on from where it is | it will, at that speed |
+ * | stop() | no further line begins; the play ends | the same |
+ *
  * Needs an application object. Made, waited for and ended in one thread; everything else on any.
  */
 class TavScenarioPlayer
@@ -58,8 +82,19 @@ public:
 
     Q_DISABLE_COPY(TavScenarioPlayer) // its threads know it
 
-    /// Runs the event loop until the play has ended.
+    /// Runs the event loop until the play has ended, which a paused one does not.
     TavPlayReport wait();
+
+    /// From its return on no line begins; calls under way go on.
+    void pause();
+
+    void resume();
+
+    /// As often as it is called, so many lines.
+    void step();
+
+    /// @p speed as in TavPlayOptions.
+    void setSpeed(double speed);
 
     /// Makes no further call; the play then ends.
     void stop();

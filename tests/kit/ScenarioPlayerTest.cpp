@@ -11,9 +11,13 @@
 
 #include <QBuffer>
 #include <QElapsedTimer>
+#include <QJsonDocument>
+#include <qtestsupport_core.h>
 #include <QTimer>
 
 #include <gtest/gtest.h>
+
+#include <optional>
 
 namespace
 {
@@ -68,6 +72,54 @@ protected:
 
     TavPluginHost host{TAV_PLUGIN_FILE};
 };
+
+/// A scenario that is played while the test looks on.
+class WatchedPlay
+{
+public:
+    WatchedPlay(TavPluginHost &host, const QList<QByteArray> &lines, const TavPlayOptions &options)
+        : m_text(scenarioOf(lines)), m_options(options)
+    {
+        m_buffer.open(QIODevice::ReadOnly);
+        m_options.observer = [this](const TavPlayedCall &played) {
+            const QMutexLocker lock(&m_mutex);
+            m_numbers.append(played.line.number);
+        };
+        player.emplace(host, m_buffer, m_options);
+    }
+
+    /// The numbers of the lines that have been played, in their order.
+    QVector<int> numbers() const
+    {
+        const QMutexLocker lock(&m_mutex);
+        return m_numbers;
+    }
+
+    /// Whether exactly so many lines are played, now and a while later.
+    bool standsAt(int count) const
+    {
+        const bool hasCome = QTest::qWaitFor([&] { return numbers().size() >= count; });
+        QTest::qWait(50);
+        return hasCome && numbers().size() == count;
+    }
+
+private:
+    QByteArray m_text;
+    QBuffer m_buffer{&m_text};
+    TavPlayOptions m_options;
+    mutable QMutex m_mutex;
+    QVector<int> m_numbers;
+
+public:
+    std::optional<TavScenarioPlayer> player; ///< last, since its threads use the others
+};
+
+TavPlayOptions paused(double speed)
+{
+    TavPlayOptions options = atSpeed(speed);
+    options.isPaused = true;
+    return options;
+}
 }
 
 TEST_F(ScenarioPlayer, MakesTheCallsInTheirOrder)
@@ -205,4 +257,209 @@ TEST_F(ScenarioPlayer, CanBeEndedInTheMiddle)
         }
     }
     EXPECT_EQ(state(), 1);
+}
+
+TEST_F(ScenarioPlayer, PlaysOneLineAStepWhileItIsPaused)
+{
+    // Those of one time may begin in any order without checks: a step takes the next in the file all the same.
+    QList<QByteArray> lines;
+    for (int i = 0; i < 30; ++i) {
+        lines += setState(i, "\"at\": 3600, \"thread\": \"" + TavScenario::threads()[i % 9].toUtf8() + "\", ");
+    }
+    WatchedPlay play(host, lines, paused(1));
+    EXPECT_TRUE(play.standsAt(0));
+    for (int i = 0; i < lines.size(); ++i) {
+        play.player->step();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return play.numbers().size() > i; })) << i;
+        EXPECT_EQ(play.numbers().last(), i + 2);
+    }
+    EXPECT_FALSE(play.player->wait().isStopped);
+}
+
+TEST_F(ScenarioPlayer, TakesSoManyStepsAsItIsToldAtOnce)
+{
+    QList<QByteArray> lines;
+    for (int i = 0; i < 30; ++i) {
+        lines += setState(i, "\"thread\": \"" + TavScenario::threads()[i % 9].toUtf8() + "\", ");
+    }
+    WatchedPlay play(host, lines, paused(TavPlayOptions::fastest));
+    for (int i = 0; i < 20; ++i) {
+        play.player->step();
+    }
+    EXPECT_TRUE(play.standsAt(20));
+    play.player->pause();
+    play.player->resume();
+    EXPECT_EQ(play.player->wait().lines, 30);
+}
+
+TEST_F(ScenarioPlayer, StepsInTheOrderOfTheFileAlsoWhereAThreadIsLate)
+{
+    WatchedPlay play(host, {setState(1, "\"thread\": \"gui\", "), setState(2)}, paused(TavPlayOptions::fastest));
+    play.player->step();
+    play.player->step();
+    QThread::msleep(50); // the event loop does not run, and so the first line does not begin
+    EXPECT_TRUE(play.numbers().isEmpty());
+    EXPECT_EQ(play.player->wait().lines, 2);
+}
+
+TEST_F(ScenarioPlayer, BeginsNoLineWhileItIsPausedHoweverManyWait)
+{
+    QList<QByteArray> lines;
+    for (int i = 0; i < 1000; ++i) {
+        lines += setState(i, i % 2 ? "\"thread\": \"gui\", " : "");
+    }
+    WatchedPlay play(host, lines, atSpeed(TavPlayOptions::fastest));
+    for (int i = 0; i < 5; ++i) {
+        QTest::qWait(1);
+        play.player->pause();
+        QThread::msleep(50); // for the call under way
+        const int played = play.numbers().size();
+        EXPECT_TRUE(play.standsAt(played));
+        play.player->resume();
+    }
+    EXPECT_EQ(play.player->wait().lines, 1000);
+    EXPECT_EQ(play.numbers().size(), 1000);
+}
+
+TEST_F(ScenarioPlayer, IsStoppedByItsObserverAtTheCallThatWasMade)
+{
+    QByteArray text = scenarioOf({setState(1), setState(2), setState(3), setState(4)});
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    TavScenarioPlayer *watched = nullptr;
+    TavPlayOptions options = paused(TavPlayOptions::fastest);
+    options.observer = [&watched](const TavPlayedCall &played) {
+        if (played.line.number == 3) {
+            watched->pause();
+        }
+    };
+    TavScenarioPlayer player(host, buffer, options);
+    watched = &player;
+    player.resume();
+    EXPECT_TRUE(QTest::qWaitFor([&player] { return player.progress().lines == 2; }));
+    QTest::qWait(50);
+    EXPECT_EQ(state(), 2);
+    EXPECT_FALSE(player.isAtEnd());
+    player.resume();
+    EXPECT_EQ(player.wait().lines, 4);
+}
+
+TEST_F(ScenarioPlayer, GoesOnFromWhereItWasPaused)
+{
+    WatchedPlay play(host, {setState(1), setState(2, "\"at\": 0.3, ")}, atSpeed(1));
+    EXPECT_TRUE(play.standsAt(1));
+    play.player->pause();
+    QTest::qWait(500); // the time of the second line would have come
+    EXPECT_EQ(play.numbers().size(), 1);
+    QElapsedTimer timer;
+    timer.start();
+    play.player->resume();
+    EXPECT_EQ(play.player->wait().lines, 2);
+    EXPECT_GE(timer.elapsed(), 100);
+    EXPECT_LT(timer.elapsed(), 5000);
+}
+
+TEST_F(ScenarioPlayer, GoesOnFromTheTimeOfTheLineThatWasTheLastStep)
+{
+    WatchedPlay play(host, {setState(1, "\"at\": 3600, "), setState(2, "\"at\": 3600.2, ")}, paused(1));
+    play.player->step();
+    EXPECT_TRUE(play.standsAt(1));
+    QElapsedTimer timer;
+    timer.start();
+    play.player->resume();
+    EXPECT_EQ(play.player->wait().lines, 2);
+    EXPECT_GE(timer.elapsed(), 150);
+    EXPECT_LT(timer.elapsed(), 5000);
+}
+
+TEST_F(ScenarioPlayer, ChangesItsSpeedWhileItPlays)
+{
+    WatchedPlay play(host, {setState(1), setState(2, "\"at\": 3600, "), setState(3, "\"at\": 7200, ")},
+                     atSpeed(1e-300)); // its times are too far away for any timer
+    EXPECT_TRUE(play.standsAt(1));
+    QElapsedTimer timer;
+    timer.start();
+    play.player->setSpeed(3600 / 0.2);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return play.numbers().size() == 2; }));
+    EXPECT_GE(timer.elapsed(), 190);
+    play.player->setSpeed(1);
+    EXPECT_TRUE(play.standsAt(2));
+    play.player->setSpeed(TavPlayOptions::fastest);
+    EXPECT_EQ(play.player->wait().lines, 3);
+    EXPECT_LT(timer.elapsed(), 10000);
+}
+
+TEST_F(ScenarioPlayer, GoesOnAtASpeedFromTheLineThatItPlayedTheFastest)
+{
+    WatchedPlay play(host,
+                     {setState(1, "\"at\": 3600, "), setState(2, "\"at\": 3600.1, "), setState(3, "\"at\": 3600.3, ")},
+                     paused(TavPlayOptions::fastest));
+    play.player->step();
+    EXPECT_TRUE(play.standsAt(1));
+    play.player->setSpeed(1);
+    QElapsedTimer timer;
+    timer.start();
+    play.player->resume();
+    EXPECT_EQ(play.player->wait().lines, 3);
+    EXPECT_GE(timer.elapsed(), 290);
+    EXPECT_LT(timer.elapsed(), 5000);
+}
+
+TEST_F(ScenarioPlayer, EndsAlsoWhileItIsPaused)
+{
+    WatchedPlay play(host, {setState(1), setState(2)}, paused(TavPlayOptions::fastest));
+    play.player->step();
+    EXPECT_TRUE(play.standsAt(1));
+    play.player->stop();
+    EXPECT_TRUE(play.player->wait().isStopped);
+    play.player->step();
+    play.player->resume();
+    play.player->setSpeed(2);
+    EXPECT_EQ(state(), 1);
+}
+
+TEST_F(ScenarioPlayer, TellsItsObserverWhatWasCalledWhereAndWhatCameOfIt)
+{
+    QByteArray text = scenarioOf({setState(3), getState(4, "\"thread\": \"gui\", ")});
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    QStringList told;
+    const auto before = std::chrono::system_clock::now();
+    TavPlayOptions options = checked();
+    options.observer = [&](const TavPlayedCall &played) { // one after the other, since it checks
+        EXPECT_GE(played.start, before);
+        EXPECT_LE(played.start + std::chrono::nanoseconds(played.nanoseconds), std::chrono::system_clock::now());
+        EXPECT_GT(played.nanoseconds, 0);
+        EXPECT_EQ(QThread::currentThread() == QCoreApplication::instance()->thread(),
+                  played.line.thread == TavScenario::gui);
+        const QJsonObject json{{"call", played.line.subject()},
+                               {"arguments", played.line.arguments},
+                               {"returned", played.returned},
+                               {"error", played.error ? QJsonValue(played.error->line()) : QJsonValue::Null}};
+        told += QJsonDocument(json).toJson(QJsonDocument::Compact);
+    };
+    const TavPlayReport report = TavScenarioPlayer(host, buffer, options).wait();
+    EXPECT_TRUE(report.error);
+    EXPECT_EQ(
+        told,
+        QStringList({R"({"arguments":[{"state":3}],"call":"ITavNetControlMgr setState","error":null,)"
+                     R"("returned":null})",
+                     R"({"arguments":[],"call":"ITavNetControlMgr getState","error":3,"returned":{"state":3}})"}));
+}
+
+TEST_F(ScenarioPlayer, TellsItsObserverOfACallThatWasRefused)
+{
+    QByteArray text = scenarioOf(
+        {R"({"manager": "ITavNetControlMgr", "operation": "reverseDeviceState", "arguments": {"index": 99}})"});
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    QString told;
+    TavPlayOptions options;
+    options.observer = [&told](const TavPlayedCall &played) {
+        EXPECT_TRUE(played.returned.isUndefined());
+        told = played.error ? played.error->what() : "";
+    };
+    const TavPlayReport report = TavScenarioPlayer(host, buffer, options).wait();
+    ASSERT_TRUE(report.error);
+    EXPECT_EQ(told, report.error->what());
 }

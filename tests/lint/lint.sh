@@ -41,8 +41,15 @@ clazy() {
     ! grep -E 'warning:|error:' <<<"$output"
 }
 
+# Inside GoogleTest these only note a failure that nobody reads: the test passes. The example's test is one of Qt Test.
+qt_test_verdicts() {
+    ! git grep -nE '\b(QVERIFY2?|QCOMPARE|QFAIL|QSKIP|QEXPECT_FAIL|QTRY_[A-Z0-9_]+)\b|FailureReportingMode::QtTest' -- \
+        'tests/*.cpp' 'tests/*.h'
+}
+
 check clang-tidy tidy
 check clazy clazy
+check "verdicts of Qt Test" qt_test_verdicts
 check codespell codespell --ignore-words-list chage --skip 'build,.git,*.png,*.xz,corpus,*.json' .
 check shellcheck shellcheck "${scripts[@]}"
 exit "$findings"
