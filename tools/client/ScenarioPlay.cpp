@@ -21,10 +21,10 @@ ScenarioPlay::~ScenarioPlay()
     }
 }
 
-void ScenarioPlay::open(const QString &file)
+void ScenarioPlay::open(const QString &file, Opened opened)
 {
     if (m_player) {
-        m_afterStop = [this, file] { open(file); };
+        m_afterStop = [this, file, opened] { open(file, opened); };
         stop();
         return;
     }
@@ -38,7 +38,7 @@ void ScenarioPlay::open(const QString &file)
     m_lines = 0;
     setState(State::Opening);
     m_reader.run([file, isCancelled = m_isCancelled] { return surveyScenario(file, *isCancelled); },
-                 [this, isCancelled = m_isCancelled](const ScenarioSurvey &survey) {
+                 [this, opened, isCancelled = m_isCancelled](const ScenarioSurvey &survey) {
                      if (isCancelled != m_isCancelled) {
                          return; // another file has been opened meanwhile
                      }
@@ -46,6 +46,9 @@ void ScenarioPlay::open(const QString &file)
                      if (survey.error.isEmpty()) {
                          m_survey = survey;
                          setState(State::Ready);
+                         if (opened == Opened::Play) {
+                             play();
+                         }
                      } else {
                          m_survey = {};
                          setState(State::Empty);

@@ -36,7 +36,10 @@ public:
     ~ScenarioPlay() override;
     Q_DISABLE_COPY(ScenarioPlay)
 
-    void open(const QString &file);
+    /// What becomes of a scenario once its file has been read.
+    enum class Opened { Wait, Play };
+
+    void open(const QString &file, Opened opened = Opened::Wait);
     void play();
     void pause();
     void step();

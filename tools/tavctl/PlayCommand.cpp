@@ -59,12 +59,11 @@ QJsonArray allPages()
 
 void printReport(const PlayOptions &options, const TavPlayReport &report)
 {
-    QString text = QString("%1: %2 calls, %3 s of the scenario")
-                       .arg(printable(options.file))
-                       .arg(report.lines)
+    QString text = QString("%1: %2, %3 s of the scenario")
+                       .arg(printable(options.file), counted(report.lines, "call"))
                        .arg(double(report.at) / microsecondsInSecond);
     if (options.check) {
-        text += QString(", %1 results compared").arg(report.checked);
+        text += QString(", %1 compared").arg(counted(report.checked, "result"));
     }
     if (report.cutLine > 0) {
         text += QString(", without line %1, which is cut").arg(report.cutLine);
@@ -97,7 +96,7 @@ TavPlayReport playFile(TavPluginHost &host, const QString &file, const TavPlayOp
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, [&player, &line] {
         const TavPlayReport report = player.progress();
-        line.show(QString("%1 s, %2 calls").arg(report.at / qint64(microsecondsInSecond)).arg(report.lines));
+        line.show(QString("%1 s, %2").arg(report.at / qint64(microsecondsInSecond)).arg(counted(report.lines, "call")));
         if (InterruptSignal::isRaised()) {
             player.stop();
         }
