@@ -2,6 +2,9 @@
 
 #include "ClientSession.h"
 #include "LocalAgent.h"
+#include "TavScenario.h"
+
+#include <QJsonDocument>
 
 AgentFeeder::AgentFeeder(ClientSession &session, QObject *parent)
     : QObject(parent), m_session(session), m_ender("agent-ender")
@@ -24,6 +27,17 @@ void AgentFeeder::feed()
         giveUp();
         emit stateChanged();
         emit fed(report);
+    });
+    m_agent->setObserver([&session = m_session](const AgentCall &made) {
+        LoggedCall call;
+        call.time = QDateTime::currentDateTime().addMSecs(-made.nanoseconds / 1'000'000);
+        call.thread = TavScenario::threads()[TavScenario::agent];
+        call.manager = made.manager;
+        call.operation = made.operation;
+        call.nanoseconds = made.nanoseconds;
+        call.arguments = made.arguments();
+        call.bytes = QJsonDocument(call.arguments.toArray()).toJson(QJsonDocument::Compact).size();
+        session.calls().note(call);
     });
     m_agent->feed();
     emit stateChanged();

@@ -1,9 +1,13 @@
 #include "ClientSession.h"
 
 #include "ITavFuncTypeMgr.h"
+#include "PageValues.h"
 #include "TavEvents.h"
 #include "TavGlobalInfoMgr.h"
 #include "TavJson.h"
+
+#include <QDir>
+#include <QFileInfo>
 
 namespace
 {
@@ -12,6 +16,23 @@ const QString &withRoot(const QString &root, const QString &plugin)
 {
     TavGlobalInfoMgr::getInstance()->setSystemRoot(root);
     return plugin;
+}
+
+/// @p names with the libraries of each folder in its place.
+QStringList filesOf(const QStringList &names)
+{
+    QStringList files;
+    for (const QString &name : names) {
+        if (!QFileInfo(name).isDir()) {
+            files.append(name);
+            continue;
+        }
+        const QFileInfoList libraries = QDir(name).entryInfoList({"*.so"}, QDir::Files, QDir::Name);
+        for (const QFileInfo &library : libraries) {
+            files.append(library.filePath());
+        }
+    }
+    return files;
 }
 }
 
@@ -22,7 +43,22 @@ ClientSession::ClientSession(const QString &plugin, const QString &root)
     , m_window("window", {}, [this](const PageDelivery &delivery) { takeDelivery(delivery); })
     , m_opening(eventFuncPageUpdate, this, [this](auto page) { emit pageChanged(page); })
 {
+    determineHeldValues();
     m_host.manager<ITavFuncTypeMgr>()->loadConfig();
+}
+
+QVector<TavPluginError> ClientSession::loadPages(const QStringList &names)
+{
+    QVector<TavPluginError> refused;
+    const QStringList files = filesOf(names);
+    for (const QString &file : files) {
+        try {
+            m_host.loadPages(file);
+        } catch (const TavPluginError &error) {
+            refused.append(error);
+        }
+    }
+    return refused;
 }
 
 void ClientSession::select(const TavSubFuncTypeData_ &page)

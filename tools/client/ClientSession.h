@@ -52,6 +52,9 @@ public:
         return *m_lines;
     }
 
+    /// Takes page plugins in; @p names are files, or folders of which every library is taken. Returns why some are not.
+    QVector<TavPluginError> loadPages(const QStringList &names);
+
     /// Selects a page, as the navigation does; pageChanged() follows. Opens nothing.
     void select(const TavSubFuncTypeData_ &page);
 

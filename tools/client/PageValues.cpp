@@ -66,7 +66,6 @@ PageValue value(const char *title)
     TavOperations::forEachOperation<Interface>([&](const auto &operation) {
         if (operation.editedList == getter.name) {
             value.rowEdit = text(operation.name);
-            value.rowKey = text(operation.foundBy);
         }
     });
     return value;
@@ -118,7 +117,8 @@ QHash<int, QVector<PageValue>> allPages()
                 .toggledBy("reverseDeviceState", "reverseDevicesState"),
             value<&Net::getRuleInfo>(QT_TRANSLATE_NOOP("PageValues", "Network rules")),
             value<&Net::getState>(QT_TRANSLATE_NOOP("PageValues", "Last network command")),
-            value<&Net::getUIData>(QT_TRANSLATE_NOOP("PageValues", "Network rows")).checkedBy("setAllCheck"),
+            value<&Net::getUIData>(QT_TRANSLATE_NOOP("PageValues", "Network rows"))
+                .byPosition().checkedBy("setAllCheck"),
         }},
         {Page::SubFunc_OneClickReinforcement, {
             value<&Reinforce::getreinforceMode>(QT_TRANSLATE_NOOP("PageValues", "Mode")),
@@ -218,6 +218,13 @@ QHash<int, QVector<PageValue>> allPages()
 }
 
 // clang-format on
+}
+
+PageValue PageValue::byPosition() const
+{
+    PageValue marked = *this;
+    marked.isByPosition = true;
+    return marked;
 }
 
 PageValue PageValue::exclusive() const

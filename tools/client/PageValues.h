@@ -17,13 +17,14 @@ struct PageValue {
     QVector<PartTable> (*read)(); ///< calls the getter; nothing where its manager is not registered
 
     QString rowEdit = {}; ///< overwrites one row of the list
-    QString rowKey = {}; ///< the fields by which it finds the row, in words
+    bool isByPosition = false; ///< it finds the row by its position, which it takes as the row's `index`
     bool isExclusive = false; ///< one row at most is checked: who checks one unchecks the others
     QString checkAll = {}; ///< sets the check mark of every row to its argument
     QString uncheckAll = {}; ///< takes off the check mark of every row
     QString toggleRow = {}; ///< toggles the entry at a position, of the list in the message
     QString toggleAll = {}; ///< toggles every entry
 
+    PageValue byPosition() const;
     PageValue exclusive() const;
     PageValue checkedBy(const char *operation) const;
     PageValue uncheckedBy(const char *operation) const;

@@ -27,12 +27,12 @@ LogModel<LoggedCall> *newModel(CallLog &log)
          {CallLogPanel::tr("Thread"), [](const LoggedCall &call) { return call.thread; }},
          {CallLogPanel::tr("Manager"), manager},
          {CallLogPanel::tr("Operation"), operation},
+         {CallLogPanel::tr("Arguments"), [](const LoggedCall &call) { return LogTexts::shortJson(call.arguments); }},
+         {CallLogPanel::tr("Result"), result},
          {CallLogPanel::tr("Size"),
           [](const LoggedCall &call) { return CellText::ofKind(TavFields::Kind::Size, call.bytes); }, Qt::AlignRight},
          {CallLogPanel::tr("µs"), [](const LoggedCall &call) { return LogTexts::microseconds(call.nanoseconds); },
-          Qt::AlignRight},
-         {CallLogPanel::tr("Arguments"), [](const LoggedCall &call) { return LogTexts::shortJson(call.arguments); }},
-         {CallLogPanel::tr("Result"), result}},
+          Qt::AlignRight}},
         matches, nullptr);
 }
 }
@@ -42,7 +42,7 @@ CallLogPanel::CallLogPanel(CallLog &log, QWidget *parent) : CallLogPanel(newMode
 }
 
 CallLogPanel::CallLogPanel(LogModel<LoggedCall> *model, QWidget *parent)
-    : LogPanel(model, 6, {12, 10, 22, 24, 9, 10, 30, 24}, parent)
+    : LogPanel(model, 4, {14, 10, 22, 26, 30, 30, 11, 12}, parent)
     , m_model(model)
     , m_writer(QStringLiteral("call-writer"))
 {

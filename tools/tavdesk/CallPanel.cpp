@@ -79,6 +79,7 @@ QWidget *CallPanel::newChoice()
     m_list = new QListWidget;
     m_list->setAccessibleName(tr("Operations"));
     m_list->setAlternatingRowColors(true);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto *const layout = newColumn(widget);
     layout->addWidget(m_managers);
     layout->addWidget(m_list);
@@ -138,7 +139,7 @@ void CallPanel::showOperations()
     m_operations = TavCall::operationsOf(m_managers->currentText());
     m_list->clear();
     for (const TavCall::Operation &operation : qAsConst(m_operations)) {
-        auto *const item = new QListWidgetItem(operation.name, m_list);
+        auto *const item = new QListWidgetItem(operation.signature(), m_list);
         item->setToolTip(operation.signature());
     }
     m_list->setCurrentRow(0);

@@ -3,7 +3,6 @@
 #include "ClientSession.h"
 #include "InstallationPaths.h"
 #include "MainWindow.h"
-#include "PagePlugins.h"
 #include "PictureTour.h"
 #include "ProblemView.h"
 #include "ScenarioPlay.h"
@@ -74,11 +73,11 @@ int Desk::savePictures()
 void Desk::open()
 {
     m_session = std::make_unique<ClientSession>(m_options.plugin, m_options.root);
-    const QVector<PagePluginProblem> problems = loadPagePlugins(m_options.pages);
+    const QVector<TavPluginError> refused = m_session->loadPages(m_options.pages);
     m_window = std::make_unique<MainWindow>(*m_session);
-    for (const PagePluginProblem &problem : problems) {
-        m_window->showProblem(MainWindow::tr("%1 is not shown").arg(problem.file),
-                              sentence(problem.problem) + QLatin1Char('\n') + problem.advice);
+    for (const TavPluginError &error : refused) {
+        m_window->showProblem(MainWindow::tr("%1 is not shown").arg(error.file()),
+                              sentence(error.problem()) + QLatin1Char('\n') + sentence(error.advice()));
     }
     if (!m_options.play.isEmpty()) {
         ScenarioPlay *const play = &m_window->play();

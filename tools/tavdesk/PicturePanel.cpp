@@ -19,6 +19,7 @@ PicturePanel::PicturePanel(ITavPicResourceMgr &pictures, const QStringList &dire
     auto *const view = new QTableView;
     view->setModel(m_model);
     view->setAccessibleName(tr("Pictures"));
+    view->setTextElideMode(Qt::ElideMiddle);
     view->setIconSize({PictureModel::largestThumbnail, PictureModel::largestThumbnail});
     setTableLook(*view, PictureModel::File, {44, 12, 40});
     view->verticalHeader()->setDefaultSectionSize(PictureModel::largestThumbnail + 4);
@@ -28,6 +29,7 @@ PicturePanel::PicturePanel(ITavPicResourceMgr &pictures, const QStringList &dire
     heading->setBuddy(m_directories);
     m_directories->setAccessibleName(tr("Directories"));
     m_directories->setTextElideMode(Qt::ElideLeft);
+    m_directories->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto *const append = new QPushButton(symbolIcon(Symbol::Add), tr("&Append…"));
     append->setToolTip(tr("Have the picture manager load another directory."));
     connect(append, &QPushButton::clicked, this, &PicturePanel::chooseDirectory);

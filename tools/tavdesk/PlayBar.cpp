@@ -71,6 +71,7 @@ void PlayBar::addSlider()
     addWidget(m_slider);
     m_time = new QLabel;
     m_time->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    m_time->setContentsMargins(8, 0, 12, 0);
     m_time->setMinimumWidth(m_time->fontMetrics().horizontalAdvance(QStringLiteral("000:00.0 / 000:00.0")));
     addWidget(m_time);
     connect(m_slider, &QSlider::valueChanged, &m_play,
