@@ -58,7 +58,7 @@ tav_package(plugin tav-data-plugin)
 tav_package(dev tav-data-plugin-dev)
 # What page authors read and copy: they have the packages, not these sources.
 set(devDocDir "${CMAKE_INSTALL_DATADIR}/doc/tav-data-plugin-dev")
-install(FILES docs/page-plugin-guide.md docs/compatibility.md docs/architecture.md
+install(FILES docs/page-plugin-guide.md docs/compatibility.md docs/architecture.md docs/scenarios.md
     DESTINATION ${devDocDir} COMPONENT dev)
 install(DIRECTORY examples/page-plugin DESTINATION ${devDocDir}/examples COMPONENT dev
     PATTERN build EXCLUDE)
