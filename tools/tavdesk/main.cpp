@@ -1,5 +1,6 @@
 #include "CommandLine.h"
 #include "Desk.h"
+#include "InterfaceLanguage.h"
 
 #include <QApplication>
 
@@ -19,6 +20,7 @@ int main(int argc, char **argv) // NOLINT(bugprone-exception-escape)
     QApplication::setOrganizationName(QStringLiteral("tavsec"));
     QApplication::setApplicationName(QStringLiteral("tavdesk"));
     QApplication::setApplicationVersion(QStringLiteral(TAV_VERSION));
+    setInterfaceLanguage(QLocale());
     Desk desk(options);
     if (!options.pictures.isEmpty()) {
         return desk.savePictures();
