@@ -3,6 +3,7 @@
 #include "InterfaceLanguage.h"
 
 #include <QApplication>
+#include <QIcon>
 
 // What escapes is a lack of memory, which nothing here could report.
 int main(int argc, char **argv) // NOLINT(bugprone-exception-escape)
@@ -20,6 +21,8 @@ int main(int argc, char **argv) // NOLINT(bugprone-exception-escape)
     QApplication::setOrganizationName(QStringLiteral("tavsec"));
     QApplication::setApplicationName(QStringLiteral("tavdesk"));
     QApplication::setApplicationVersion(QStringLiteral(TAV_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("org.tavsec.tavdesk"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.tavsec.tavdesk")));
     setInterfaceLanguage(QLocale());
     Desk desk(options);
     if (!options.pictures.isEmpty()) {
