@@ -6,7 +6,7 @@
 
 namespace
 {
-QString adviceFor(TavPluginError::Kind kind)
+QString adviceFor(TavPluginError::Kind kind, TavPluginError::Role role)
 {
     using Kind = TavPluginError::Kind;
     switch (kind) {
@@ -17,7 +17,8 @@ QString adviceFor(TavPluginError::Kind kind)
     case Kind::NotAPlugin:
     case Kind::OtherPlugin:
     case Kind::NoInterface:
-        return "name libTavDataPlugin.so";
+    case Kind::NoPages:
+        return role == TavPluginError::Role::DataPlugin ? "name libTavDataPlugin.so" : "name a page plugin";
     case Kind::NotReadable:
         return "let this user read it";
     case Kind::CutOff:
@@ -34,6 +35,8 @@ QString adviceFor(TavPluginError::Kind kind)
         return "install what it lacks";
     case Kind::UndefinedSymbol:
         return "install the libraries that it was built with";
+    case Kind::Exception:
+        return "mend the plugin, or leave it out";
     case Kind::WrongManagers:
         return "install the plugin that belongs to this client";
     }
@@ -41,11 +44,12 @@ QString adviceFor(TavPluginError::Kind kind)
 }
 }
 
-TavPluginError::TavPluginError(Kind kind, const QString &file, const QString &problem)
-    : std::runtime_error((file + ": " + problem + "; " + adviceFor(kind)).toStdString())
+TavPluginError::TavPluginError(Kind kind, const QString &file, const QString &problem, Role role)
+    : std::runtime_error((file + ": " + problem + "; " + adviceFor(kind, role)).toStdString())
     , m_kind(kind)
     , m_file(file)
     , m_problem(problem)
+    , m_role(role)
 {
 }
 
@@ -65,13 +69,13 @@ QString TavPluginError::effect() const
     case Kind::WrongManagers:
         return "pages do not find what they look up";
     default:
-        return "the client has none of the managers";
+        return m_role == Role::DataPlugin ? "the client has none of the managers" : "the client has none of its pages";
     }
 }
 
 QString TavPluginError::advice() const
 {
-    return adviceFor(m_kind);
+    return adviceFor(m_kind, m_role);
 }
 
 bool TavPluginError::wantsAnotherFile() const
@@ -83,6 +87,7 @@ bool TavPluginError::wantsAnotherFile() const
     case Kind::NotAPlugin:
     case Kind::OtherPlugin:
     case Kind::NoInterface:
+    case Kind::NoPages:
         return true;
     default:
         return false;

@@ -4,7 +4,8 @@
 
 #include <stdexcept>
 
-/// @brief Why a file cannot be taken for the data plugin. what() is one line: file, problem and advice.
+/// @brief Why a file cannot be taken for the data plugin, or for a page plugin. what() is one line: file, problem and
+/// advice.
 class TavPluginError : public std::runtime_error
 {
 public:
@@ -24,10 +25,15 @@ public:
         UndefinedSymbol,
         NotLoadable, ///< for another reason of the dynamic linker, which problem() has
         NoInterface, ///< its root object is no ITavDataPlugin
+        Exception, ///< its registerObj() has thrown one
         WrongManagers, ///< it does not register every manager
+        NoPages, ///< a page plugin that registers no controller
     };
 
-    TavPluginError(Kind kind, const QString &file, const QString &problem);
+    /// What the file is wanted for.
+    enum class Role { DataPlugin, PagePlugin };
+
+    TavPluginError(Kind kind, const QString &file, const QString &problem, Role role = Role::DataPlugin);
 
     Kind kind() const
     {
@@ -51,4 +57,5 @@ private:
     Kind m_kind;
     QString m_file;
     QString m_problem;
+    Role m_role;
 };

@@ -11,6 +11,7 @@
 #include <QPluginLoader>
 #include <QVersionNumber>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdlib>
 #include <cxxabi.h>
@@ -68,7 +69,7 @@ QVersionNumber qtVersionIn(const QJsonObject &metaData)
     return {version >> 16, version >> 8 & 0xff, version & 0xff};
 }
 
-/// That the file's own data call it the data plugin, for this Qt.
+/// That the file's own data call it a plugin that registers objects, for this Qt.
 void checkMetaData(const QString &file, const QJsonObject &metaData)
 {
     const QString identifier = metaData["IID"].toString();
@@ -169,11 +170,51 @@ private:
     QVector<TavRegistration> m_registrations;
 };
 
-QVector<TavRegistration> registerManagers(ITavDataPlugin &plugin, TavObjectMgr &registry)
+/// The absolute path is taken as it is; any other would be looked for in the directories of libraries.
+QString absolutePath(const QString &file)
+{
+    return QFileInfo(file).absoluteFilePath();
+}
+
+/// What can be told of the file without running any of it.
+void checkPlugin(const QString &file)
+{
+    checkFile(file);
+    checkMetaData(file, QPluginLoader(absolutePath(file)).metaData());
+}
+
+/// Loads the plugin, which stays; its root object.
+ITavDataPlugin &load(const QString &file)
+{
+    QPluginLoader loader(absolutePath(file));
+    loadLibrary(file, loader.fileName());
+    QObject *const root = loader.instance();
+    auto *const plugin = qobject_cast<ITavDataPlugin *>(root);
+    if (!plugin) {
+        throw TavPluginError(
+            Kind::NoInterface, file,
+            root
+                ? QString("its root object, a %1, has no interface ITavDataPlugin").arg(root->metaObject()->className())
+                : "it has no root object");
+    }
+    return *plugin;
+}
+
+QVector<TavRegistration> registerObjects(const QString &file, ITavDataPlugin &plugin, TavObjectMgr &registry)
 {
     Recorder recorder(registry);
-    plugin.registerObj();
+    try {
+        plugin.registerObj();
+    } catch (const std::exception &error) {
+        throw TavPluginError(Kind::Exception, file, QString("its registerObj() throws: ") + error.what());
+    }
     return recorder.registrations();
+}
+
+bool isManagerKey(const STObjectKey &key)
+{
+    const auto names = TavOperations::interfaceNames();
+    return std::any_of(names.begin(), names.end(), [&key](const char *name) { return tavManagerKey(name) == key; });
 }
 
 /// What is wrong with the managers that were registered. More of them are no mistake: a later plugin may have them.
@@ -222,24 +263,12 @@ void checkManagers(const QString &file, TavObjectMgr &registry)
 
 TavPluginHost::TavPluginHost(const QString &file) : m_file(file)
 {
-    checkFile(file);
-    QPluginLoader loader(QFileInfo(file).absoluteFilePath()); // or it would look in the directories of libraries
-    checkMetaData(file, loader.metaData());
-
+    checkPlugin(file);
     QElapsedTimer timer;
     timer.start();
-    loadLibrary(file, loader.fileName());
-    QObject *const root = loader.instance();
+    ITavDataPlugin &plugin = load(file);
     m_loadNanoseconds = timer.nsecsElapsed();
-    auto *const plugin = qobject_cast<ITavDataPlugin *>(root);
-    if (!plugin) {
-        throw TavPluginError(
-            Kind::NoInterface, file,
-            root
-                ? QString("its root object, a %1, has no interface ITavDataPlugin").arg(root->metaObject()->className())
-                : "it has no root object");
-    }
-    m_registrations = registerManagers(*plugin, m_registry);
+    m_registrations = registerObjects(file, plugin, m_registry);
     checkManagers(file, m_registry);
     TavGlobalInfoMgr::setObjectMgr(&m_registry);
 }
@@ -248,6 +277,21 @@ TavPluginHost::~TavPluginHost()
 {
     if (TavGlobalInfoMgr::getObjectMgr() == &m_registry) {
         TavGlobalInfoMgr::setObjectMgr(nullptr);
+    }
+}
+
+QVector<TavRegistration> TavPluginHost::loadPages(const QString &file)
+{
+    try {
+        checkPlugin(file);
+        const QVector<TavRegistration> registered = registerObjects(file, load(file), m_registry);
+        if (std::all_of(registered.begin(), registered.end(), [](const auto &row) { return isManagerKey(row.key); })) {
+            throw TavPluginError(Kind::NoPages, file,
+                                 registered.isEmpty() ? "registers nothing" : "registers managers and no controller");
+        }
+        return registered;
+    } catch (const TavPluginError &error) {
+        throw TavPluginError(error.kind(), file, error.problem(), TavPluginError::Role::PagePlugin);
     }
 }
 

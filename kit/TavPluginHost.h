@@ -41,6 +41,11 @@ public:
 
     Q_DISABLE_COPY(TavPluginHost) // it owns the managers
 
+    /// Loads a page plugin, and has it register its controllers in this host's registry; returns what it registers.
+    /// Throws TavPluginError when @p file is none or cannot be loaded here; no code of it or of its libraries runs
+    /// before its identifier has told that it is one. GUI thread, the host's.
+    QVector<TavRegistration> loadPages(const QString &file);
+
     /// The plugin's file as it was named.
     QString file() const
     {
@@ -57,7 +62,7 @@ public:
     /// The object that is registered for the interface with this name; null when there is none.
     QObject *managerObject(const char *interfaceName);
 
-    /// What the plugin has registered, in its order; what others register later is not among it.
+    /// What the data plugin has registered, in its order; what others register later is not among it.
     const QVector<TavRegistration> &registrations() const
     {
         return m_registrations;

@@ -1,6 +1,7 @@
 #include "TavPluginHost.h"
 
 #include "ITavAuditMgr.h"
+#include "ITavPage.h"
 #include "SpecialFile.h"
 #include "TavOperations.h"
 #include "TextFile.h"
@@ -413,6 +414,67 @@ TEST_F(PluginHost, NamesAnObjectThatIsNotTheManagerOfItsKey)
                   "registers other managers than the 15: ITavNetControlMgr is a QObject without that interface, "
                   "\"ITavLaterMgr_Tav_ORG\" with the number -9999 is none of them",
                   "install the plugin that belongs to this client");
+}
+
+TEST_F(PluginHost, HasAPagePluginRegisterItsControllersWithWhichTheyEnd)
+{
+    QPointer<QObject> controller;
+    {
+        TavPluginHost host(pluginFile);
+        const QVector<TavRegistration> pages = host.loadPages(fixture("TwoPagesPlugin"));
+        ASSERT_EQ(pages.size(), 2);
+        controller = pages[0].object;
+        EXPECT_EQ(controller, host.managerObject("ITavHostInfoController"));
+        EXPECT_NE(qobject_cast<ITavPage *>(controller), nullptr);
+        EXPECT_EQ(qobject_cast<ITavPage *>(pages[1].object), nullptr);
+        EXPECT_EQ(host.registrations().size(), 15);
+    }
+    EXPECT_TRUE(controller.isNull());
+}
+
+TEST_F(PluginHost, RegistersPagesInItsOwnRegistryAndNotInThatOfANewerHost)
+{
+    TavPluginHost host(pluginFile);
+    TavPluginHost newer(pluginFile);
+    host.loadPages(fixture("TwoPagesPlugin"));
+    EXPECT_NE(host.managerObject("ITavHostInfoController"), nullptr);
+    EXPECT_EQ(newer.managerObject("ITavHostInfoController"), nullptr);
+    EXPECT_EQ(TavGlobalInfoMgr::getObjectMgr()->getObject(tavManagerKey("ITavAuditMgr")),
+              newer.managerObject("ITavAuditMgr"));
+}
+
+TEST_F(PluginHost, NamesWhatIsWrongWithAPagePlugin)
+{
+    const struct {
+        QString file;
+        Kind kind;
+        QString problem;
+        QString advice;
+    } rows[] = {
+        {"/no/such/file", Kind::NoSuchFile, "there is no such file", "install the plugin, or name its file"},
+        {TAV_COMMON_FILE, Kind::NotAPlugin, "not a Qt plugin", "name a page plugin"},
+        {fixture("OtherPlugin"), Kind::OtherPlugin,
+         R"(another plugin: its identifier is "org.example.OtherPlugin" and not "Tav_ORG_ITavDtaPlugin")",
+         "name a page plugin"},
+        {fixture("NoManagersPlugin"), Kind::NoPages, "registers nothing", "name a page plugin"},
+        {pluginFile, Kind::NoPages, "registers managers and no controller", "name a page plugin"},
+        {fixture("ThrowingPlugin"), Kind::Exception, "its registerObj() throws: out of order",
+         "mend the plugin, or leave it out"},
+    };
+    TavPluginHost host(pluginFile);
+    for (const auto &row : rows) {
+        try {
+            host.loadPages(row.file);
+            ADD_FAILURE() << qPrintable(row.file) << " is taken for a page plugin";
+        } catch (const TavPluginError &error) {
+            EXPECT_EQ(int(error.kind()), int(row.kind)) << error.what();
+            EXPECT_EQ(error.problem(), row.problem);
+            EXPECT_EQ(error.advice(), row.advice);
+            EXPECT_EQ(error.effect(), "the client has none of its pages");
+        }
+        EXPECT_EQ(TavGlobalInfoMgr::getObjectMgr()->getObject(tavManagerKey("ITavAuditMgr")),
+                  host.managerObject("ITavAuditMgr"));
+    }
 }
 
 /// Without an application object, which the host is to do without.

@@ -4,6 +4,7 @@
 
 #include <iostream>
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace
@@ -33,6 +34,13 @@ void printJson(const QJsonObject &document)
 QString dimmed(const QString &text)
 {
     return styled("2", text);
+}
+
+int terminalWidth()
+{
+    winsize size{};
+    const bool isKnown = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return isKnown ? size.ws_col : 120;
 }
 
 QString microseconds(qint64 nanoseconds)

@@ -15,6 +15,9 @@ void printJson(const QJsonObject &document);
 /// @p text in a quieter colour; unchanged when standard output is not a terminal.
 QString dimmed(const QString &text);
 
+/// Places in a line of the terminal; 120 when standard output is none.
+int terminalWidth();
+
 /// @p nanoseconds as microseconds with one decimal.
 QString microseconds(qint64 nanoseconds);
 
