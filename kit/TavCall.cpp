@@ -251,9 +251,7 @@ const QVector<TavCall::HeldValue> &TavCall::heldValues()
         QVector<HeldValue> values;
         TavOperations::forEachPair([&values](const auto &setter, const auto &getter) {
             values.append({qobject_interface_iid<typename std::decay_t<decltype(setter)>::Interface *>(),
-                           text(setter.name), text(getter.name),
-                           TavJson::isList<typename std::decay_t<decltype(getter)>::Result>,
-                           getter.isIndeterminateAtFirst});
+                           text(setter.name), text(getter.name), getter.isIndeterminateAtFirst});
         });
         return values;
     }();

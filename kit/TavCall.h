@@ -44,7 +44,6 @@ struct HeldValue {
     QString manager; ///< name of the interface
     QString setter;
     QString getter;
-    bool isList; ///< its JSON is an array; that of a setter of the same name that overwrites one row is none
     bool isIndeterminateAtFirst; ///< the getter returns whatever the memory held until the setter has been called once
 };
 

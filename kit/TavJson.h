@@ -14,6 +14,7 @@
 #include <cstring>
 #include <limits>
 #include <memory>
+#include <tuple>
 
 /**
  * @brief JSON of every type that an operation takes or returns, both ways.
@@ -136,6 +137,13 @@ QJsonValue toJson(const Type &value)
     } else {
         return recordToJson(value);
     }
+}
+
+/// @p values as an array, as the arguments of a call by position are written.
+template<class... Types>
+QJsonArray arrayOf(const std::tuple<Types...> &values)
+{
+    return std::apply([](const auto &...value) { return QJsonArray{toJson(value)...}; }, values);
 }
 
 template<class Type>

@@ -1,14 +1,15 @@
 #include "TavScenarioRecorder.h"
 
-#include "TavCall.h"
+#include "TavScenario.h"
+#include "TavSetValue.h"
 
+#include <QCoreApplication>
 #include <QCryptographicHash>
 #include <QElapsedTimer>
 #include <QFile>
 #include <QHash>
 #include <QJsonDocument>
 #include <QMutex>
-#include <QSet>
 #include <QThread>
 #include <QWaitCondition>
 
@@ -20,22 +21,6 @@
 namespace
 {
 constexpr qint64 microsecondsInSecond = 1'000'000;
-
-/// Name of the getter of what a call sets as a whole; empty for other calls.
-QString heldBy(const QString &manager, const QString &operation, const QJsonArray &arguments)
-{
-    static const QHash<QString, TavCall::HeldValue> bySetter = [] {
-        QHash<QString, TavCall::HeldValue> values;
-        for (const TavCall::HeldValue &value : TavCall::heldValues()) {
-            values.insert(value.manager + value.setter, value);
-        }
-        return values;
-    }();
-    const auto value = bySetter.constFind(manager + operation);
-    const bool isWhole
-        = value != bySetter.constEnd() && arguments.size() == 1 && arguments.first().isArray() == value->isList;
-    return isWhole ? value->getter : QString();
-}
 
 /// Whether one of the texts in @p value holds half a character, which JSON cannot tell.
 bool hasHalfCharacter(const QJsonValue &value)
@@ -64,8 +49,7 @@ QByteArray compact(const QJsonValue &value)
 }
 
 struct TavScenarioRecorder::State {
-    State(const QString &file, const QJsonObject &header, Values values, qint64 memory)
-        : m_values(values), m_memory(memory)
+    State(const QString &file, const QJsonObject &header, Calls calls, qint64 memory) : m_calls(calls), m_memory(memory)
     {
         m_descriptor = open(QFile::encodeName(file).constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
         if (m_descriptor < 0) {
@@ -108,13 +92,17 @@ struct TavScenarioRecorder::State {
         if (!returns.isUndefined()) {
             call += R"(,"returns":)" + compact(returns);
         }
-        const QString held = heldBy(manager, operation, arguments);
-        const QByteArray digest = held.isEmpty() ? QByteArray() : digestOf(text);
+        const TavCall::SetValue value = TavCall::setValueOf(manager, operation, arguments);
+        const QByteArray held = value.getter.isEmpty() ? QByteArray() : value.getter.toUtf8() + compact(value.key);
+        const QByteArray digest
+            = held.isEmpty() ? QByteArray() : QCryptographicHash::hash(text, QCryptographicHash::Sha256);
         const bool isTold = !hasHalfCharacter(arguments) && !hasHalfCharacter(returns);
 
         const QMutexLocker lock(&m_mutex);
-        QHash<QString, QByteArray> &last = m_last[manager];
-        if (!held.isEmpty() && m_values == Values::Changed && last.value(held) == digest) {
+        QHash<QByteArray, QByteArray> &last = m_last[manager];
+        const bool isUnchanging
+            = isGetter(operation) ? returns.isUndefined() : !held.isEmpty() && last.value(held) == digest;
+        if (m_calls == Calls::Changing && isUnchanging) {
             ++m_progress.unchanged;
             return;
         }
@@ -123,8 +111,8 @@ struct TavScenarioRecorder::State {
         }
         last.remove(held); // should the line be lost, the next call is recorded, whatever its value
         const qint64 at = m_clock.nsecsElapsed() / 1000;
-        const QByteArray line
-            = R"({"at":)" + QByteArray::number(double(at) / double(microsecondsInSecond), 'f', 6) + ',' + call + "}\n";
+        const QByteArray line = R"({"at":)" + QByteArray::number(double(at) / double(microsecondsInSecond), 'f', 6)
+            + ',' + threadKey() + call + "}\n";
         if (!isTold || !m_progress.error.isEmpty() || m_waiting.size() + m_writing + line.size() > m_memory) {
             ++m_progress.lost;
             return;
@@ -137,9 +125,21 @@ struct TavScenarioRecorder::State {
         m_arrived.wakeOne();
     }
 
-    static QByteArray digestOf(const QByteArray &text)
+    /// The member "thread" of a line that this thread tells; none for the thread that is meant without it. The mutex
+    /// is held.
+    QByteArray threadKey()
     {
-        return QCryptographicHash::hash(text, QCryptographicHash::Sha256);
+        const QCoreApplication *const application = QCoreApplication::instance();
+        if (application && QThread::currentThread() == application->thread()) {
+            return R"("thread":"gui",)";
+        }
+        const Qt::HANDLE thread = QThread::currentThreadId();
+        if (!m_threads.contains(thread) && m_threads.size() < TavScenario::gui) {
+            m_threads.append(thread);
+        }
+        const int place = m_threads.contains(thread) ? m_threads.indexOf(thread) : TavScenario::gui - 1;
+        return place == TavScenario::agent ? QByteArray()
+                                           : R"("thread":")" + TavScenario::threads()[place].toUtf8() + R"(",)";
     }
 
     // --- on the writer's thread
@@ -194,7 +194,7 @@ struct TavScenarioRecorder::State {
         return {};
     }
 
-    const Values m_values;
+    const Calls m_calls;
     const qint64 m_memory;
     int m_descriptor = -1;
 
@@ -202,7 +202,8 @@ struct TavScenarioRecorder::State {
     QWaitCondition m_arrived;
     QWaitCondition m_written;
     QElapsedTimer m_clock;
-    QHash<QString, QHash<QString, QByteArray>> m_last; ///< digests of what each setter was called with, by manager
+    QHash<QString, QHash<QByteArray, QByteArray>> m_last; ///< by manager and set value, digests of the calls' arguments
+    QVector<Qt::HANDLE> m_threads; ///< in the order of their names
     QByteArray m_waiting; ///< whole lines
     qint64 m_writing = 0; ///< bytes that the writer has taken out of it
     TavRecordProgress m_progress;
@@ -210,24 +211,31 @@ struct TavScenarioRecorder::State {
     std::unique_ptr<QThread> m_writer; ///< the last, since it uses all others
 };
 
-TavScenarioRecorder::TavScenarioRecorder(const QString &file, const QJsonObject &header, Values values, qint64 memory)
-    : m_state(std::make_unique<State>(file, header, values, memory))
+TavScenarioRecorder::TavScenarioRecorder(const QString &file, const QJsonObject &header, Calls calls, qint64 memory)
+    : m_state(std::make_unique<State>(file, header, calls, memory))
 {
 }
 
 TavScenarioRecorder::~TavScenarioRecorder() = default;
 
+void TavScenarioRecorder::record(const QString &manager, const QString &operation,
+                                 const std::function<QJsonArray()> &arguments)
+{
+    QJsonArray json;
+    try {
+        json = arguments();
+    } catch (const std::runtime_error &) {
+        const QMutexLocker lock(&m_state->m_mutex);
+        ++m_state->m_progress.lost;
+        return;
+    }
+    record(manager, operation, json);
+}
+
 void TavScenarioRecorder::record(const QString &manager, const QString &operation, const QJsonArray &arguments,
                                  const QJsonValue &returns)
 {
     m_state->record(manager, operation, arguments, returns);
-}
-
-void TavScenarioRecorder::assume(const QString &manager, const QString &setter, const QJsonArray &arguments)
-{
-    const QString held = heldBy(manager, setter, arguments);
-    const QMutexLocker lock(&m_state->m_mutex);
-    m_state->m_last[manager].insert(held, State::digestOf(compact(arguments)));
 }
 
 void TavScenarioRecorder::finish()
@@ -244,10 +252,4 @@ TavRecordProgress TavScenarioRecorder::progress() const
     TavRecordProgress progress = m_state->m_progress;
     progress.microseconds = m_state->m_clock.nsecsElapsed() / 1000;
     return progress;
-}
-
-void TavScenarioRecorder::countLost()
-{
-    const QMutexLocker lock(&m_state->m_mutex);
-    ++m_state->m_progress.lost;
 }

@@ -7,6 +7,7 @@
 #include <QJsonObject>
 #include <QString>
 
+#include <functional>
 #include <memory>
 
 /// @brief What has been recorded so far.
@@ -14,7 +15,7 @@ struct TavRecordProgress {
     qint64 microseconds = 0; ///< since the recorder was made
     qint64 lines = 0; ///< taken, without the first
     qint64 bytes = 0; ///< written to the file, whole lines only
-    qint64 unchanged = 0; ///< calls left out since they set what was set before
+    qint64 unchanged = 0; ///< calls left out since they change nothing
     qint64 lost = 0; ///< calls that found no room in memory, that JSON cannot tell, or that came after the disk's error
     QString error; ///< why the file cannot be written any more; empty while it can
 };
@@ -26,22 +27,24 @@ struct TavRecordProgress {
  * it. When the disk is slower than the calls and the memory is full, calls are lost, and counted. The file holds
  * whole lines only, also when the disk is full; after a kill it may end within its last line, which the reader names.
  *
- * A setter that is called with the value that it was called with last is left out, unless the manager has meanwhile
- * been told anything but setters of whole values, which may have changed it. Changes that the recorder is not told are
- * not known to it.
+ * Calls that change nothing are left out unless all are wanted: getters, and setters of a whole value with the value
+ * that they were called with last, unless the manager has meanwhile been told anything else that may have changed it.
+ * Changes that the recorder is not told are not known to it.
  *
- * All operations may be called on any thread; the lines have the order in which they were told.
+ * All operations may be called on any thread; the lines have the order in which they were told. A line's thread is the
+ * one that told it: "gui" for the application object's, of the others the first is "agent", the second "agent2"; those
+ * beyond the eighth share its name.
  */
 class TavScenarioRecorder
 {
 public:
     static constexpr qint64 defaultMemory = 64 << 20;
 
-    enum class Values { Changed, All }; ///< which calls of setters are recorded
+    enum class Calls { Changing, All }; ///< which ones are recorded
 
     /// @brief Begins the file, in place of one that is there, with @p header in its first line. Throws
     /// std::runtime_error when it cannot be written. Lines that wait to be written take at most @p memory bytes.
-    explicit TavScenarioRecorder(const QString &file, const QJsonObject &header = {}, Values values = Values::Changed,
+    explicit TavScenarioRecorder(const QString &file, const QJsonObject &header = {}, Calls calls = Calls::Changing,
                                  qint64 memory = defaultMemory);
 
     /// Writes what waits, and ends the file.
@@ -56,16 +59,18 @@ public:
         using Operation = TavOperations::Operation<Member>;
         using Values = typename Operation::Values;
         const auto &operation = std::get<Operation>(TavOperations::Table<typename Operation::Interface>::list);
-        recordValues(qobject_interface_iid<typename Operation::Interface *>(), operation.name.data(),
-                     [&] { return toJson(Values(arguments...)); });
+        record(qobject_interface_iid<typename Operation::Interface *>(), operation.name.data(),
+               [&] { return TavJson::arrayOf(Values(arguments...)); });
     }
 
-    /// The same by name: @p arguments by position. @p returns is what the call has returned, if that is to be checked.
+    /// The same by name; @p arguments makes JSON of them, by position. Where it throws, the call is lost: what JSON
+    /// cannot tell must not disturb the caller.
+    void record(const QString &manager, const QString &operation, const std::function<QJsonArray()> &arguments);
+
+    /// The same with JSON: @p arguments by position, and what the call must return when it is played, if anything.
+    /// A call with @p returns is never left out.
     void record(const QString &manager, const QString &operation, const QJsonArray &arguments,
                 const QJsonValue &returns = QJsonValue::Undefined);
-
-    /// Takes @p arguments as what the setter was called with last, without recording it.
-    void assume(const QString &manager, const QString &setter, const QJsonArray &arguments);
 
     /// Waits until everything told so far is written, or cannot be.
     void finish();
@@ -73,28 +78,6 @@ public:
     TavRecordProgress progress() const;
 
 private:
-    template<class... Types>
-    static QJsonArray toJson(const std::tuple<Types...> &values)
-    {
-        return std::apply([](const auto &...value) { return QJsonArray{TavJson::toJson(value)...}; }, values);
-    }
-
-    /// Values that JSON cannot tell are lost, and must not disturb the caller.
-    template<class ToJson>
-    void recordValues(const char *manager, const char *operation, const ToJson &json)
-    {
-        QJsonArray arguments;
-        try {
-            arguments = json();
-        } catch (const std::runtime_error &) {
-            countLost();
-            return;
-        }
-        record(manager, operation, arguments);
-    }
-
-    void countLost();
-
     struct State;
     std::unique_ptr<State> m_state;
 };

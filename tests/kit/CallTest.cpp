@@ -3,6 +3,7 @@
 #include "TavGlobalInfoMgr.h"
 #include "TavOperations.h"
 #include "TavPluginHost.h"
+#include "TavSetValue.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -183,4 +184,38 @@ TEST_F(Call, MayBeMadeOnAnyThread)
 TEST_F(Call, OfGetObjectGivesTheNameOfTheClass)
 {
     EXPECT_EQ(call("ITavAuditMgr", "getObject"), QJsonValue("TavAuditMgr"));
+}
+
+TEST(SetValue, IsTheGetterOfEachHeldValue)
+{
+    for (const TavCall::HeldValue &value : TavCall::heldValues()) {
+        const auto &operations = TavCall::operations();
+        const auto getter = std::find_if(operations.begin(), operations.end(), [&](const TavCall::Operation &other) {
+            return other.manager == value.manager && other.name == value.getter;
+        });
+        const QJsonValue json = getter->result.startsWith("QVector<") ? QJsonValue(QJsonArray()) : QJsonObject();
+        const TavCall::SetValue found = TavCall::setValueOf(value.manager, value.setter, QJsonArray{QJsonValue(json)});
+        EXPECT_EQ(found.getter, value.getter) << value.manager.toStdString() << ' ' << value.setter.toStdString();
+        EXPECT_TRUE(found.key.isEmpty());
+    }
+}
+
+TEST(SetValue, NamesTheKeyOfATable)
+{
+    const QString manager = "ITavAccessControlMgr";
+    const TavCall::SetValue byPosition = TavCall::setValueOf(manager, "setObjectCount", QJsonArray{7, true, 3});
+    EXPECT_EQ(byPosition.getter, "getObjectCount");
+    EXPECT_EQ(byPosition.key, (QJsonArray{true, 3}));
+    const QJsonObject named{{"details", QJsonArray()}, {"flag", false}, {"key", 2}};
+    const TavCall::SetValue byName = TavCall::setValueOf(manager, "updateObjectDetail", named);
+    EXPECT_EQ(byName.getter, "getObjectDetail");
+    EXPECT_EQ(byName.key, (QJsonArray{2, false}));
+}
+
+TEST(SetValue, IsNoneForARowOrForAnythingElse)
+{
+    EXPECT_EQ(TavCall::setValueOf("ITavAccessControlMgr", "updateUIPriData", QJsonArray{QJsonObject()}).getter, "");
+    EXPECT_EQ(TavCall::setValueOf("ITavAccessControlMgr", "clearCacheData", QJsonArray()).getter, "");
+    EXPECT_EQ(TavCall::setValueOf("ITavNetControlMgr", "getState", QJsonArray()).getter, "");
+    EXPECT_EQ(TavCall::setValueOf("ITavProtectMgr", "setUIAllCheck", QJsonArray{true}).getter, "");
 }

@@ -98,14 +98,64 @@ TEST_F(Recorder, LeavesOutASetterWithTheValueItHadLast)
     EXPECT_EQ(lines().size(), 4);
 }
 
+TEST_F(Recorder, KnowsTheValuesOfAKeyedTableApart)
+{
+    const QVector<STPriDetailAsr> none;
+    const QVector<STPriDetailAsr> one(1);
+    {
+        TavScenarioRecorder recorder(path);
+        for (const auto &details : {none, one, one}) {
+            recorder.record<&ITavAccessControlMgr::updateUserDetail>(1, details);
+            recorder.record<&ITavAccessControlMgr::updateUserDetail>(2, none);
+        }
+        recorder.record<&ITavAccessControlMgr::updateUserDetail>(1, none);
+        EXPECT_EQ(recorder.progress().unchanged, 1 + 2);
+    }
+    EXPECT_EQ(lines().size(), 4);
+}
+
+TEST_F(Recorder, LeavesOutGettersThatAreNotToBeChecked)
+{
+    {
+        TavScenarioRecorder recorder(path);
+        recorder.record<&ITavNetControlMgr::getState>();
+        recorder.record("ITavNetControlMgr", "getState", {}, QJsonObject());
+        EXPECT_EQ(recorder.progress().unchanged, 1);
+    }
+    EXPECT_EQ(lines().size(), 1);
+}
+
+TEST_F(Recorder, NamesTheThreadThatMadeTheCall)
+{
+    {
+        TavScenarioRecorder recorder(path);
+        int number = 0;
+        const auto tell = [&] { recorder.record<&ITavNetControlMgr::setState>(state(++number)); };
+        const auto tellOnOneMore = [&](const std::function<void()> &meanwhile) {
+            std::thread([&] {
+                tell();
+                meanwhile();
+            }).join();
+        };
+        tell();
+        tellOnOneMore([&] { tellOnOneMore(tell); });
+    }
+    QStringList threads;
+    for (const TavScenario::Line &line : lines()) {
+        threads.append(TavScenario::threads()[line.thread]);
+    }
+    EXPECT_EQ(threads, (QStringList{"gui", "agent", "agent2", "agent2"}));
+}
+
 TEST_F(Recorder, WritesEveryCallWhenToldTo)
 {
     {
-        TavScenarioRecorder recorder(path, {}, TavScenarioRecorder::Values::All);
+        TavScenarioRecorder recorder(path, {}, TavScenarioRecorder::Calls::All);
         recorder.record<&ITavNetControlMgr::setState>(state(1));
         recorder.record<&ITavNetControlMgr::setState>(state(1));
+        recorder.record<&ITavNetControlMgr::getState>();
     }
-    EXPECT_EQ(lines().size(), 2);
+    EXPECT_EQ(lines().size(), 3);
 }
 
 TEST_F(Recorder, WritesAnUnchangedValueBehindWhatMayHaveChangedIt)
@@ -150,7 +200,7 @@ TEST_F(Recorder, NeverWaitsForTheDiskAndCountsWhatFindsNoRoom)
     const int reader = open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK);
     ASSERT_GE(reader, 0);
     {
-        TavScenarioRecorder recorder(path, {}, TavScenarioRecorder::Values::All, 200'000);
+        TavScenarioRecorder recorder(path, {}, TavScenarioRecorder::Calls::All, 200'000);
         for (int i = 0; i < 10'000; ++i) {
             recorder.record<&ITavNetControlMgr::setState>(state(i));
         }
@@ -169,7 +219,7 @@ TEST_F(Recorder, NeverWaitsForTheDiskAndCountsWhatFindsNoRoom)
 TEST_F(Recorder, WritesTheNextValueWhereOneWasLost)
 {
     {
-        TavScenarioRecorder recorder(path, {}, TavScenarioRecorder::Values::Changed, 200);
+        TavScenarioRecorder recorder(path, {}, TavScenarioRecorder::Calls::Changing, 200);
         Tav::NetControl::NetDeviceInfos large;
         large.add_devices()->set_name(std::string(300, 'x'));
         recorder.record<&ITavNetControlMgr::setDeviceInfo>(Tav::NetControl::NetDeviceInfos());
@@ -188,7 +238,7 @@ TEST_F(Recorder, LeavesWholeLinesOnAFullDiskAndSaysSo)
     constexpr rlim_t size = 20'000;
     {
         const FullDisk disk(size);
-        TavScenarioRecorder recorder(path, {}, TavScenarioRecorder::Values::All);
+        TavScenarioRecorder recorder(path, {}, TavScenarioRecorder::Calls::All);
         for (int i = 0; i < 1000; ++i) {
             recorder.record<&ITavNetControlMgr::setState>(state(i));
         }

@@ -13,7 +13,7 @@ struct PictureFile {
 
     QString key() const
     {
-        return directory + '/' + name;
+        return directory + QLatin1Char('/') + name;
     }
 };
 

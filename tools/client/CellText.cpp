@@ -23,6 +23,9 @@ QString duration(qint64 seconds)
 QString CellText::ofKind(TavFields::Kind kind, const QVariant &value)
 {
     using TavFields::Kind;
+    if (!value.isValid()) {
+        return {};
+    }
     switch (kind) {
     case Kind::Percent:
         return QString("%1 %").arg(value.toInt());
@@ -52,10 +55,11 @@ QString CellText::ofKind(TavFields::Kind kind, const QVariant &value)
         return value.toStringList().join(", ");
     case Kind::Digest:
         return value.toString().left(16); // enough to tell two of them apart
+    case Kind::Bytes:
+        return QString("%1 B").arg(value.toByteArray().size());
     case Kind::Number:
     case Kind::Enumeration:
     case Kind::Text:
-    case Kind::Bytes:
         break;
     }
     return value.toString();

@@ -1,15 +1,9 @@
 #pragma once
 
+#include "PageSubscriber.h"
+
 #include <QString>
 #include <QVector>
-
-/// @brief One page change as one subscriber received it.
-struct PageDelivery {
-    QString page; ///< key of the page's type
-    QString subscriber;
-    QString thread; ///< name of the thread in which the subscriber was called
-    qint64 nanoseconds; ///< from just before the selection to the subscriber's call
-};
 
 /// @brief What a walk through all pages has shown.
 struct PageWalk {

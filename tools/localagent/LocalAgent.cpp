@@ -22,9 +22,9 @@ LocalAgent::~LocalAgent()
     m_thread.wait();
 }
 
-void LocalAgent::setAfterReading(std::function<void(const AgentReading &)> look)
+void LocalAgent::setObserver(AgentObserver observer)
 {
-    m_afterReading = std::move(look);
+    m_observer = std::move(observer);
 }
 
 void LocalAgent::feed()
@@ -65,10 +65,7 @@ AgentReport LocalAgent::run() const
         if (QThread::currentThread()->isInterruptionRequested()) {
             return report;
         }
-        report.readings.append(runStep(step, m_root));
-        if (m_afterReading) {
-            m_afterReading(report.readings.last());
-        }
+        report.readings.append(runStep(step, m_root, m_observer));
     }
     report.complete = true;
     return report;

@@ -1,11 +1,10 @@
 #pragma once
 
+#include "AgentCalls.h"
 #include "AgentReport.h"
 
 #include <QObject>
 #include <QThread>
-
-#include <functional>
 
 /**
  * @brief Stands in for the security agent's backend: reads this host and feeds the managers with it.
@@ -26,8 +25,8 @@ public:
     /// Waits for the reading under way; what was asked for and has not begun is left undone.
     ~LocalAgent() override;
 
-    /// Has @p look called on the agent's thread after each reading that is fed from then on. To be set before feed().
-    void setAfterReading(std::function<void(const AgentReading &)> look);
+    /// Has @p observer told each call that the agent makes from then on. To be set before feed().
+    void setObserver(AgentObserver observer);
 
     /// Has everything read and fed, and returns at once; finished() tells when it is done. Any thread.
     void feed();
@@ -47,7 +46,7 @@ private:
     AgentReport run() const;
 
     const QString m_root;
-    std::function<void(const AgentReading &)> m_afterReading;
+    AgentObserver m_observer;
     QObject m_worker; ///< lives in the thread: what is invoked on it runs there
     QThread m_thread;
 };

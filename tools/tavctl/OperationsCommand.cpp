@@ -5,12 +5,10 @@
 #include "Presentation.h"
 #include "ScenarioFile.h"
 #include "TavCall.h"
-#include "TavJsonText.h"
 #include "TextTable.h"
+#include "ValueText.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 
 #include <algorithm>
 
@@ -34,25 +32,11 @@ QJsonValue valueOf(const QByteArray &argument, int number)
     if (argument.startsWith("--")) {
         throw ToolError(ExitCode::Usage, QString("call: there is no option \"%1\"").arg(QString::fromUtf8(argument)));
     }
-    // In brackets, since the reader takes arrays and objects only.
-    const TavJsonText text('[' + argument + ']');
-    const QString place = QString("argument %1: ").arg(number);
-    if (!text.error().isEmpty()) {
-        throw ToolError(ExitCode::Usage,
-                        QString(R"(%1%2 at character %3; a text has its own quotes: '"text"')")
-                            .arg(place, text.error())
-                            .arg(std::max(1, text.errorPlace().column - 1)));
+    try {
+        return ValueText::read(argument);
+    } catch (const std::runtime_error &error) {
+        throw ToolError(ExitCode::Usage, QString("argument %1: %2").arg(number).arg(error.what()));
     }
-    const QJsonArray values = text.document().toArray();
-    if (values.size() != 1) {
-        throw ToolError(ExitCode::Usage, place + "one JSON value is expected");
-    }
-    if (!text.doubledKeys().isEmpty()) {
-        throw ToolError(
-            ExitCode::Usage,
-            QString("%1%2: the key stands more than once").arg(place, text.doubledKeys().values().first().mid(2)));
-    }
-    return values.first();
 }
 
 /// The arguments as an array by position; as an object by name when there is only that and no operation of this name
@@ -71,18 +55,6 @@ QJsonValue argumentsOf(const CallOptions &options)
           });
     const bool isByName = values.size() == 1 && values.first().isObject() && !takesObject;
     return isByName ? values.first() : QJsonValue(values);
-}
-
-void printValue(const QJsonValue &value)
-{
-    if (value.isObject()) {
-        printJson(value.toObject());
-        return;
-    }
-    // The document's own text holds arrays and objects only.
-    const QJsonDocument list(value.isArray() ? value.toArray() : QJsonArray{value});
-    const QByteArray text = value.isArray() ? list.toJson() : list.toJson(QJsonDocument::Compact);
-    printLine(QString::fromUtf8(value.isArray() ? text.chopped(1) : text.mid(1).chopped(1)));
 }
 
 /// Whether @p file calls this operation.
@@ -155,7 +127,7 @@ ExitCode callOperation(const CallOptions &options)
         if (!playBefore(options, host)) {
             return ExitCode::Findings;
         }
-        printValue(call(host.managerObject(options.manager.toUtf8().constData())));
+        printLine(QString::fromUtf8(ValueText::write(call(host.managerObject(options.manager.toUtf8().constData())))));
         return ExitCode::Success;
     } catch (const TavCallError &error) {
         throw ToolError(ExitCode::Usage, options.manager + ' ' + options.operation + ": " + error.what());

@@ -2,7 +2,6 @@
 
 #include "InterruptSignal.h"
 #include "NavigationTree.h"
-#include "PageModels.h"
 #include "PluginView.h"
 #include "Presentation.h"
 #include "ProgressLine.h"
@@ -31,11 +30,6 @@ Page pageWithKey(const QString &key)
     }
 }
 
-QJsonObject pageJson(Page page)
-{
-    return {{"type", pageKey(page)}, {"sections", sectionsJson(pageSections(page))}};
-}
-
 QJsonObject reportJson(const TavPlayReport &report)
 {
     QJsonObject json{{"calls", report.lines},
@@ -50,15 +44,14 @@ QJsonObject reportJson(const TavPlayReport &report)
     return json;
 }
 
-/// The models of all pages that have any.
+/// All pages that have values.
 QJsonArray allPages()
 {
     QJsonArray pages;
     const QMetaEnum keys = QMetaEnum::fromType<Page>();
     for (int i = 0; i < keys.keyCount(); ++i) {
-        const QJsonObject page = pageJson(static_cast<Page>(keys.value(i)));
-        if (!page["sections"].toArray().isEmpty()) {
-            pages.append(page);
+        if (const auto page = static_cast<Page>(keys.value(i)); !valuesOf(page).isEmpty()) {
+            pages.append(pageJson(page));
         }
     }
     return pages;
@@ -66,12 +59,11 @@ QJsonArray allPages()
 
 void printReport(const PlayOptions &options, const TavPlayReport &report)
 {
-    QString text = QString("%1: %2 calls, %3 s of the scenario")
-                       .arg(printable(options.file))
-                       .arg(report.lines)
+    QString text = QString("%1: %2, %3 s of the scenario")
+                       .arg(printable(options.file), counted(report.lines, "call"))
                        .arg(double(report.at) / microsecondsInSecond);
     if (options.check) {
-        text += QString(", %1 results compared").arg(report.checked);
+        text += QString(", %1 compared").arg(counted(report.checked, "result"));
     }
     if (report.cutLine > 0) {
         text += QString(", without line %1, which is cut").arg(report.cutLine);
@@ -104,7 +96,7 @@ TavPlayReport playFile(TavPluginHost &host, const QString &file, const TavPlayOp
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, [&player, &line] {
         const TavPlayReport report = player.progress();
-        line.show(QString("%1 s, %2 calls").arg(report.at / qint64(microsecondsInSecond)).arg(report.lines));
+        line.show(QString("%1 s, %2").arg(report.at / qint64(microsecondsInSecond)).arg(counted(report.lines, "call")));
         if (InterruptSignal::isRaised()) {
             player.stop();
         }
@@ -127,16 +119,17 @@ ExitCode play(const PlayOptions &options)
     const Page page = options.page.isEmpty() ? Page() : pageWithKey(options.page);
     TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
     TavPluginHost host = loadPlugin(options.plugin);
+    determineHeldValues(); // the pages show them, whether the scenario sets them or not
     const TavPlayReport report = playFile(host, options.file, playOptions(options));
     if (options.json) {
-        QJsonObject document{{"played", reportJson(report)}};
-        document.insert("pages", options.page.isEmpty() ? allPages() : QJsonArray{pageJson(page)});
+        QJsonObject document = pagesJson(options.page.isEmpty() ? allPages() : QJsonArray{pageJson(page)});
+        document.insert("played", reportJson(report));
         printJson(document);
     } else {
         printReport(options, report);
         if (!options.page.isEmpty()) {
             printHeading(options.page);
-            printSections(pageSections(page), 0);
+            printValues(valuesOf(page), 0);
         }
     }
     if (report.error) {

@@ -4,6 +4,7 @@
 
 #include <iostream>
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace
@@ -35,7 +36,19 @@ QString dimmed(const QString &text)
     return styled("2", text);
 }
 
+int terminalWidth()
+{
+    winsize size{};
+    const bool isKnown = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
+    return isKnown ? size.ws_col : 120;
+}
+
 QString microseconds(qint64 nanoseconds)
 {
     return QString::number(static_cast<double>(nanoseconds) / 1000, 'f', 1);
+}
+
+QString counted(qint64 count, const QString &noun)
+{
+    return QString::number(count) + ' ' + noun + (count == 1 ? "" : "s");
 }

@@ -15,5 +15,11 @@ void printJson(const QJsonObject &document);
 /// @p text in a quieter colour; unchanged when standard output is not a terminal.
 QString dimmed(const QString &text);
 
+/// Places in a line of the terminal; 120 when standard output is none.
+int terminalWidth();
+
 /// @p nanoseconds as microseconds with one decimal.
 QString microseconds(qint64 nanoseconds);
+
+/// @p count and @p noun, which is in the plural unless it is one: "1 call", "2 calls".
+QString counted(qint64 count, const QString &noun);

@@ -1,135 +1,30 @@
 #include "RecordCommand.h"
 
-#include "AccessReader.h"
 #include "Backend.h"
 #include "CellText.h"
+#include "EndState.h"
 #include "InterruptSignal.h"
 #include "LocalAgent.h"
 #include "PluginView.h"
 #include "Presentation.h"
 #include "ProgressLine.h"
-#include "TavCall.h"
 #include "TavScenarioRecorder.h"
 #include "TextTable.h"
 
 #include <QDateTime>
 #include <QElapsedTimer>
-#include <QSet>
 #include <QSysInfo>
 #include <QThread>
 
-#include <algorithm>
 #include <limits>
 
 namespace
 {
-/**
- * @brief Records what the agent has set, by looking at the managers after each of its readings.
- *
- * The agent's feeds call the managers in some ninety places. Instead of telling the recorder in each of them, all that
- * the manager just fed holds is told, and the recorder leaves out what has not changed.
- */
-class Session
-{
-public:
-    Session(TavPluginHost &host, TavScenarioRecorder &recorder) : m_host(host), m_recorder(recorder)
-    {
-        for (const TavCall::HeldValue &value : TavCall::heldValues()) {
-            if (!value.isIndeterminateAtFirst) {
-                recorder.assume(value.manager, value.setter, {heldNow(value.manager, value.getter, {})});
-            }
-        }
-    }
-
-    /// Tells the recorder what the manager of @p reading holds now. On the agent's thread.
-    void lookAfter(const AgentReading &reading)
-    {
-        if (!reading.fed) {
-            return;
-        }
-        m_fed.insert(reading.manager);
-        if (reading.manager == "ITavLineScanMgr" && !m_hasLoadedItems) {
-            m_recorder.record(reading.manager, "loadJsonConfig", {});
-            m_hasLoadedItems = true;
-        }
-        if (reading.manager == "ITavAccessControlMgr") {
-            recordTables(reading.manager);
-        }
-        for (const TavCall::HeldValue &value : TavCall::heldValues()) {
-            if (value.manager == reading.manager) {
-                m_recorder.record(value.manager, value.setter, {heldNow(value.manager, value.getter, {})});
-            }
-        }
-    }
-
-    /// Records what every manager that has been fed returns, to be checked when the scenario is played.
-    void recordEnd()
-    {
-        for (const TavCall::HeldValue &value : TavCall::heldValues()) {
-            if (m_fed.contains(value.manager)) {
-                m_recorder.record(value.manager, value.getter, {}, heldNow(value.manager, value.getter, {}));
-            }
-        }
-        for (const Table &table : qAsConst(m_tables)) {
-            m_recorder.record("ITavAccessControlMgr", table.getter, table.key, table.value);
-        }
-    }
-
-private:
-    /// @brief What a getter with a key has returned last.
-    struct Table {
-        QString getter;
-        QJsonArray key;
-        QJsonValue value;
-    };
-
-    QJsonValue heldNow(const QString &manager, const QString &getter, const QJsonArray &key)
-    {
-        return TavCall::call(m_host.managerObject(manager.toUtf8().constData()), manager, getter, key);
-    }
-
-    /// The tables with keys have no setters of whole values; the agent fills them for each level.
-    void recordTables(const QString &manager)
-    {
-        for (int level = 0; level <= AccessReader::maxLevel; ++level) {
-            recordTable(manager, "getUserDetail", {level}, "updateUserDetail", 1, {level});
-            for (const bool flag : {true, false}) {
-                recordTable(manager, "getObjectDetail", {level, flag}, "updateObjectDetail", 2, {level, flag});
-                recordTable(manager, "getObjectCount", {flag, level}, "setObjectCount", 0, {flag, level});
-            }
-        }
-    }
-
-    /// Records a call of @p setter with what @p getter returns for @p key put into @p arguments at @p place.
-    void recordTable(const QString &manager, const QString &getter, const QJsonArray &key, const QString &setter,
-                     int place, QJsonArray arguments)
-    {
-        auto table = std::find_if(m_tables.begin(), m_tables.end(),
-                                  [&](const Table &known) { return known.getter == getter && known.key == key; });
-        if (table == m_tables.end()) {
-            m_tables.append({getter, key, QJsonValue::Null});
-            table = m_tables.end() - 1;
-        }
-        const QJsonValue value = heldNow(manager, getter, key);
-        if (table->value != value) {
-            table->value = value;
-            arguments.insert(place, value);
-            m_recorder.record(manager, setter, arguments);
-        }
-    }
-
-    TavPluginHost &m_host;
-    TavScenarioRecorder &m_recorder;
-    QSet<QString> m_fed; ///< managers
-    QVector<Table> m_tables; ///< what the tables with keys returned last
-    bool m_hasLoadedItems = false;
-};
-
 QString statusOf(const TavRecordProgress &progress)
 {
-    QString text = QString("%1 s, %2 calls, %3")
+    QString text = QString("%1 s, %2, %3")
                        .arg(progress.microseconds / 1'000'000)
-                       .arg(progress.lines)
+                       .arg(counted(progress.lines, "call"))
                        .arg(CellText::ofKind(TavFields::Kind::Size, progress.bytes));
     return progress.lost > 0 ? text + QString(", %1 lost").arg(progress.lost) : text;
 }
@@ -171,7 +66,7 @@ ExitCode record(const RecordOptions &options)
 {
     TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
     TavPluginHost host = loadPlugin(options.plugin);
-    TavRecordProgress end;
+    TavRecordProgress written;
     bool isComplete = false;
     try {
         const InterruptSignal interrupt;
@@ -179,30 +74,39 @@ ExitCode record(const RecordOptions &options)
                                      {{"title", "recorded by tavctl"},
                                       {"started", QDateTime::currentDateTimeUtc().toString(Qt::ISODate)},
                                       {"host", QSysInfo::machineHostName()}},
-                                     options.all ? TavScenarioRecorder::Values::All
-                                                 : TavScenarioRecorder::Values::Changed);
-        Session session(host, recorder);
+                                     options.all ? TavScenarioRecorder::Calls::All
+                                                 : TavScenarioRecorder::Calls::Changing);
+        EndState end;
         {
             LocalAgent agent;
-            agent.setAfterReading([&session](const AgentReading &reading) { session.lookAfter(reading); });
+            agent.setObserver([&recorder, &end](const AgentCall &call) {
+                recorder.record(call.manager, call.operation, [&] {
+                    const QJsonArray arguments = call.arguments();
+                    end.note(call.manager, call.operation, arguments);
+                    return arguments;
+                });
+            });
             isComplete = feedRepeatedly(agent, options, recorder);
         }
-        session.recordEnd();
+        end.read(host,
+                 [&recorder](const QString &manager, const QString &getter, const QJsonArray &arguments,
+                             const QJsonValue &returned) { recorder.record(manager, getter, arguments, returned); });
         recorder.finish();
-        end = recorder.progress();
+        written = recorder.progress();
     } catch (const ToolError &) {
         throw;
     } catch (const std::runtime_error &error) {
         throw ToolError(ExitCode::Usage, error.what());
     }
-    printLine(printable(options.file) + ": " + statusOf(end));
-    if (!end.error.isEmpty()) {
-        throw ToolError(
-            ExitCode::Usage,
-            QString("%1: cannot be written any further: %2; what is in it can be played").arg(options.file, end.error));
+    printLine(printable(options.file) + ": " + statusOf(written));
+    if (!written.error.isEmpty()) {
+        throw ToolError(ExitCode::Usage,
+                        QString("%1: cannot be written any further: %2; what is in it can be played")
+                            .arg(options.file, written.error));
     }
-    if (end.lost > 0) {
-        throw ToolError(ExitCode::Usage, QString("%1: %2 calls are missing in it").arg(options.file).arg(end.lost));
+    if (written.lost > 0) {
+        throw ToolError(ExitCode::Usage,
+                        QString("%1: %2 missing in it").arg(options.file, counted(written.lost, "call")));
     }
     if (!isComplete) {
         throw ToolError(ExitCode::BackendTooSlow,

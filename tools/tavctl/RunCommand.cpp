@@ -4,7 +4,6 @@
 #include "InstallationPaths.h"
 #include "ITavFuncTypeMgr.h"
 #include "NavigationReport.h"
-#include "PageModels.h"
 #include "PluginView.h"
 #include "Presentation.h"
 #include "RunReport.h"
@@ -80,14 +79,14 @@ TavSubFuncTypeData_ pageWithKey(const QString &key)
 void printPage(const TavSubFuncTypeData_ &page, int rows)
 {
     printHeading(page.subFuncTitle + "  " + dimmed(pageKey(page.subFuncType)));
-    printSections(pageSections(page.subFuncType), rows);
+    printValues(valuesOf(page.subFuncType), rows);
 }
 
-QJsonObject pageJson(const TavSubFuncTypeData_ &page)
+QJsonObject titledPageJson(const TavSubFuncTypeData_ &page)
 {
-    return {{"title", page.subFuncTitle},
-            {"type", pageKey(page.subFuncType)},
-            {"sections", sectionsJson(pageSections(page.subFuncType))}};
+    QJsonObject json = pageJson(page.subFuncType);
+    json.insert("title", page.subFuncTitle);
+    return json;
 }
 
 void showPage(const RunOptions &options)
@@ -95,7 +94,7 @@ void showPage(const RunOptions &options)
     const TavSubFuncTypeData_ page = pageWithKey(options.page);
     feedManagers();
     if (options.json) {
-        printJson(pageJson(page));
+        printJson(pagesJson(QJsonArray{titledPageJson(page)}));
     } else {
         printPage(page, 0);
     }
@@ -118,18 +117,20 @@ void printEverything(const TavPluginHost &host)
 
 void printEverythingAsJson(const TavPluginHost &host)
 {
-    QJsonObject document{{"plugin", pluginJson(host)},
-                         {"registry", registryJson(host)},
-                         {"navigation", navigationJson(navigationTree())},
-                         {"pictures", picturesJson(loadIconPictures())},
-                         {"deliveries", deliveriesJson(deliverPageChanges())},
-                         {"backend", backendJson(feedManagers())}};
+    const QJsonArray deliveries = deliveriesJson(deliverPageChanges());
+    const QJsonArray backend = backendJson(feedManagers());
     QJsonArray pageDocuments;
     const QVector<TavSubFuncTypeData_> all = pages();
     for (const TavSubFuncTypeData_ &page : all) {
-        pageDocuments.append(pageJson(page));
+        pageDocuments.append(titledPageJson(page));
     }
-    document.insert("pages", pageDocuments);
+    QJsonObject document = pagesJson(pageDocuments);
+    document.insert("plugin", pluginJson(host));
+    document.insert("registry", registryJson(host));
+    document.insert("navigation", navigationJson(navigationTree()));
+    document.insert("pictures", picturesJson(loadIconPictures()));
+    document.insert("deliveries", deliveries);
+    document.insert("backend", backend);
     document.insert("edits", editsJson(makeEdits()));
     printJson(document);
 }

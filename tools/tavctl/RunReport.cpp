@@ -1,15 +1,75 @@
 #include "RunReport.h"
 
+#include "CellText.h"
+#include "NavigationTree.h"
 #include "Presentation.h"
 #include "TextTable.h"
+#include "ValueJson.h"
 
-#include <QJsonObject>
+#include <algorithm>
 
 namespace
 {
 QString sizeText(const QSize &size)
 {
     return size.isEmpty() ? "missing" : QString("%1×%2").arg(size.width()).arg(size.height());
+}
+
+QString cellText(const ValueTable &table, int row, int column)
+{
+    return CellText::ofKind(table.columns()[column].kind, table.cell(row, column));
+}
+
+/// In one line where there is room for it, otherwise one below the other.
+void printFacts(const QString &title, const ValueTable &table)
+{
+    QStringList facts;
+    TextTable lines({{"name"}, {"value", TextTable::Left, 90}});
+    for (int column = 0; column < table.columns().size(); ++column) {
+        if (const QString text = cellText(table, 0, column); !text.isEmpty()) {
+            facts.append(table.columns()[column].title() + ' ' + text);
+            lines.addRow({table.columns()[column].title(), text});
+        }
+    }
+    const QString line = title + ": " + printable(facts.join(", "));
+    if (facts.isEmpty()) {
+        printLine(title + dimmed(": nothing"));
+    } else if (displayWidth(line) <= terminalWidth()) {
+        printLine(line);
+    } else {
+        printLine(title);
+        lines.print(4);
+    }
+}
+
+void printList(const QString &title, const ValueTable &table, int mostRows)
+{
+    if (table.rowCount() == 0) {
+        printLine(title + dimmed(": nothing"));
+        return;
+    }
+    printLine(title + QString(" (%1)").arg(table.rowCount()));
+    const int shown = mostRows > 0 ? std::min(mostRows, table.rowCount()) : table.rowCount();
+    QVector<TextTable::Column> columns;
+    for (const ValueColumn &column : table.columns()) {
+        columns.append({column.title(), column.isNumber() ? TextTable::Right : TextTable::Left});
+    }
+    TextTable text(columns);
+    for (int row = 0; row < shown; ++row) {
+        QStringList cells;
+        for (int column = 0; column < columns.size(); ++column) {
+            cells.append(cellText(table, row, column));
+        }
+        text.addRow(cells);
+    }
+    const QStringList leftOut = text.fitInto(terminalWidth() - 4);
+    text.print(4);
+    if (shown < table.rowCount()) {
+        printLine("    " + dimmed(QString("… and %1 more").arg(table.rowCount() - shown)));
+    }
+    if (!leftOut.isEmpty()) {
+        printLine("    " + dimmed("not shown: " + leftOut.join(", ")));
+    }
 }
 }
 
@@ -96,45 +156,40 @@ void printBackend(const AgentReport &report)
     }
 }
 
-QJsonArray sectionsJson(const QVector<PageSection> &sections)
+QJsonObject pageJson(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page)
 {
     QJsonArray tables;
-    for (const PageSection &section : sections) {
-        QJsonArray rows;
-        for (const QStringList &cells : section.rows) {
-            QJsonObject row;
-            for (int column = 0; column < section.columns.size(); ++column) {
-                row.insert(section.columns[column].title, cells[column]);
-            }
-            rows.append(row);
+    for (const PageValue &value : valuesOf(page)) {
+        const QVector<PartTable> parts = value.read();
+        for (const PartTable &part : parts) {
+            tables.append(QJsonObject{{"title", value.title},
+                                      {"manager", value.manager},
+                                      {"getter", value.getter},
+                                      {"part", part.part},
+                                      {"list", part.table->isList()},
+                                      {"columns", ValueJson::columns(*part.table)},
+                                      {"rows", ValueJson::rows(*part.table)}});
         }
-        tables.append(QJsonObject{{"title", section.title}, {"rows", rows}});
     }
-    return tables;
+    return {{"type", pageKey(page)}, {"tables", tables}};
 }
 
-void printSections(const QVector<PageSection> &sections, int mostRows)
+QJsonObject pagesJson(const QJsonArray &pages)
 {
-    for (const PageSection &section : sections) {
-        if (section.rows.isEmpty()) {
-            printLine("  " + section.title + dimmed(": nothing"));
-            continue;
-        }
-        const bool isCut = section.isList && mostRows > 0 && section.rows.size() > mostRows;
-        const int shown = isCut ? mostRows : section.rows.size();
-        printLine("  " + section.title + (section.isList ? QString(" (%1)").arg(section.rows.size()) : QString()));
-        QVector<TextTable::Column> columns;
-        for (const PageSection::Column &column : section.columns) {
-            columns.append({column.title, column.kind == CellKind::Number ? TextTable::Right : TextTable::Left,
-                            column.maximumWidth});
-        }
-        TextTable table(columns);
-        for (int i = 0; i < shown; ++i) {
-            table.addRow(section.rows[i]);
-        }
-        table.print(4);
-        if (isCut) {
-            printLine("    " + dimmed(QString("… and %1 more").arg(section.rows.size() - shown)));
+    return {{"tavPages", 1}, {"pages", pages}};
+}
+
+void printValues(const QVector<PageValue> &values, int mostRows)
+{
+    for (const PageValue &value : values) {
+        const QVector<PartTable> parts = value.read();
+        for (const PartTable &part : parts) {
+            const QString title = "  " + QString(value.title) + (part.part.isEmpty() ? QString() : ": " + part.part);
+            if (part.table->isList()) {
+                printList(title, *part.table, mostRows);
+            } else {
+                printFacts(title, *part.table);
+            }
         }
     }
 }

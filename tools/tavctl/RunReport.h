@@ -3,10 +3,11 @@
 #include "AgentReport.h"
 #include "Edits.h"
 #include "IconPictures.h"
-#include "PageSections.h"
+#include "PageValues.h"
 #include "PageWalk.h"
 
 #include <QJsonArray>
+#include <QJsonObject>
 
 // How "tavctl run" shows what the client did, part by part.
 
@@ -19,11 +20,15 @@ void printDeliveries(const QVector<PageDelivery> &deliveries);
 QJsonArray backendJson(const AgentReport &report);
 void printBackend(const AgentReport &report);
 
-/// A list of objects with "title" and "rows", each row an object of texts by column title.
-QJsonArray sectionsJson(const QVector<PageSection> &sections);
+/// A page's type and the tables of its values.
+QJsonObject pageJson(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page);
 
-/// Each list is cut after @p mostRows rows with a count of those left out; 0 for no limit.
-void printSections(const QVector<PageSection> &sections, int mostRows);
+/// A document with @p pages, as share/schemas/pages.schema.json describes it; the caller may add to it.
+QJsonObject pagesJson(const QJsonArray &pages);
+
+/// Prints the tables of @p values. Each list is cut after @p mostRows rows with a count of those left out; 0 for no
+/// limit. Columns for which the terminal has no room are left out and named.
+void printValues(const QVector<PageValue> &values, int mostRows);
 
 QJsonArray editsJson(const QVector<Edit> &edits);
 void printEdits(const QVector<Edit> &edits);

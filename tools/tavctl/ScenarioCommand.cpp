@@ -80,9 +80,7 @@ ExitCode checkScenario(const ScenarioOptions &options)
         printJson({{"findings", findings}});
     } else {
         printLine(printable(options.file) + ": "
-                  + (mistakes.isEmpty()         ? "no findings"
-                         : mistakes.size() == 1 ? "1 finding"
-                                                : QString("%1 findings").arg(mistakes.size())));
+                  + (mistakes.isEmpty() ? "no findings" : counted(mistakes.size(), "finding")));
     }
     return mistakes.isEmpty() ? ExitCode::Success : ExitCode::Findings;
 }
@@ -149,10 +147,8 @@ ExitCode showScenarioInfo(const ScenarioOptions &options)
     if (header["title"].isString()) {
         printLine(printable(header["title"].toString()));
     }
-    printLine(QString("%1 s, %2 calls, %3")
-                  .arg(seconds(span))
-                  .arg(all.lines)
-                  .arg(CellText::ofKind(TavFields::Kind::Size, all.bytes)));
+    printLine(QString("%1 s, %2, %3")
+                  .arg(seconds(span), counted(all.lines, "call"), CellText::ofKind(TavFields::Kind::Size, all.bytes)));
     TextTable table({{"operation", TextTable::Left, 100}, {"calls", TextTable::Right}, {"bytes", TextTable::Right}});
     for (const auto &[subject, share] : shares) {
         table.addRow({subject, QString::number(share.lines), QString::number(share.bytes)});

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <clocale>
 #include <cwchar>
+#include <numeric>
 
 namespace
 {
@@ -41,22 +42,62 @@ int TextTable::rowCount() const
     return m_rows.size();
 }
 
+QStringList TextTable::fitInto(int width)
+{
+    for (int column = m_columns.size() - 1; column >= 0; --column) {
+        if (std::all_of(m_rows.begin(), m_rows.end(), [column](const auto &row) { return row[column].isEmpty(); })) {
+            removeColumn(column);
+        }
+    }
+    QStringList leftOut;
+    while (true) {
+        const QVector<int> needed = widths();
+        if (needed.size() <= 1 || std::accumulate(needed.begin(), needed.end(), 2 * (needed.size() - 1)) <= width) {
+            return leftOut;
+        }
+        int last = m_columns.size() - 1;
+        while (last > 0 && m_columns[last].alignment == Left) {
+            --last;
+        }
+        // Texts tell the rows apart, so the numbers make room first.
+        const int column = m_columns[last].alignment == Right ? last : m_columns.size() - 1;
+        leftOut.prepend(m_columns[column].title);
+        removeColumn(column);
+    }
+}
+
 void TextTable::print(int indent) const
 {
     QStringList titles;
+    for (const Column &column : m_columns) {
+        titles.append(column.title);
+    }
+    const QVector<int> columnWidths = widths();
+    const QString margin(indent, QLatin1Char(' '));
+    printLine(margin + dimmed(line(titles, columnWidths)));
+    for (const QStringList &row : m_rows) {
+        printLine(margin + line(row, columnWidths));
+    }
+}
+
+QVector<int> TextTable::widths() const
+{
     QVector<int> widths;
     for (int column = 0; column < m_columns.size(); ++column) {
-        titles.append(m_columns[column].title);
-        int width = displayWidth(titles.last());
+        int width = displayWidth(m_columns[column].title);
         for (const QStringList &row : m_rows) {
             width = std::max(width, displayWidth(row[column]));
         }
         widths.append(width);
     }
-    const QString margin(indent, QLatin1Char(' '));
-    printLine(margin + dimmed(line(titles, widths)));
-    for (const QStringList &row : m_rows) {
-        printLine(margin + line(row, widths));
+    return widths;
+}
+
+void TextTable::removeColumn(int column)
+{
+    m_columns.removeAt(column);
+    for (QStringList &row : m_rows) {
+        row.removeAt(column);
     }
 }
 

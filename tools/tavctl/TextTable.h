@@ -21,10 +21,16 @@ public:
     void addRow(const QStringList &cells);
     int rowCount() const;
 
+    /// Takes out the columns that are empty and, the numbers first, those for which @p width places have no room; the
+    /// titles of the latter.
+    QStringList fitInto(int width);
+
     /// Writes title line and rows to standard output, indented by @p indent places.
     void print(int indent = 0) const;
 
 private:
+    QVector<int> widths() const;
+    void removeColumn(int column);
     QString line(const QStringList &cells, const QVector<int> &widths) const;
 
     QVector<Column> m_columns;

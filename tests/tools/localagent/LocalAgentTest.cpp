@@ -187,6 +187,32 @@ TEST(LocalAgent, FeedsOnItsOwnThread)
     EXPECT_NE(agent.workerThread(), QThread::currentThread());
 }
 
+TEST(LocalAgent, TellsEachCallAsItMadeIt)
+{
+    TavPluginHost host{TAV_PLUGIN_FILE};
+    const PlantedHost empty;
+    QStringList calls;
+    QVector<QThread *> threads;
+    QJsonValue resources;
+    LocalAgent agent(empty.root());
+    agent.setObserver([&](const AgentCall &call) {
+        calls.append(call.manager + ' ' + call.operation);
+        threads.append(QThread::currentThread());
+        EXPECT_GT(call.nanoseconds, 0) << qPrintable(calls.last());
+        const QJsonArray arguments = call.arguments();
+        if (call.operation == "setResourceInfo") {
+            resources = arguments.first();
+        }
+    });
+    ASSERT_TRUE(agent.feedAndWait(patience).complete);
+    EXPECT_EQ(calls.mid(0, 3),
+              (QStringList{"ITavSystemConfigMgr setServerInfo", "ITavSystemConfigMgr setOnlineState",
+                           "ITavAuthInfoMgr setLoginCheck"}));
+    EXPECT_TRUE(calls.contains("ITavAccessControlMgr getUserDetail")) << "what it reads is told, too";
+    EXPECT_EQ(threads.count(agent.workerThread()), threads.size());
+    EXPECT_EQ(resources, TavJson::toJson(host.manager<ITavHostInfoMgr>()->getResourceInfo()));
+}
+
 TEST(LocalAgent, AnEmptyHostGivesNotesAndNoEntries)
 {
     TavPluginHost host{TAV_PLUGIN_FILE};

@@ -21,7 +21,7 @@ TEST(PlayCommand, SaysWhatItHasPlayedAndCompared)
     const ScenarioFile file(soundLines);
     const Tavctl run = play(file.path());
     EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
-    EXPECT_EQ(run.output, file.path() + ": 3 calls, 0.3 s of the scenario, 1 results compared\n");
+    EXPECT_EQ(run.output, file.path() + ": 3 calls, 0.3 s of the scenario, 1 result compared\n");
     EXPECT_EQ(run.errors, "");
 }
 

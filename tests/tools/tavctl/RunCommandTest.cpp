@@ -1,3 +1,4 @@
+#include "JsonSchema.h"
 #include "PrintQString.h"
 #include "Tavctl.h"
 #include "TestFiles.h"
@@ -66,7 +67,7 @@ TEST_F(RunCommand, ShowsTheModelOfEveryPageFedByThisMachine)
     const QJsonArray pages = demo["pages"].toArray();
     EXPECT_EQ(pages.size(), 14);
     for (const QJsonValue &page : pages) {
-        EXPECT_FALSE(page["sections"].toArray().isEmpty()) << page["type"].toString().toStdString();
+        EXPECT_FALSE(page["tables"].toArray().isEmpty()) << page["type"].toString().toStdString();
     }
     for (const QJsonValue &reading : demo["backend"].toArray()) {
         EXPECT_TRUE(reading["fed"].toBool()) << reading["reading"].toString().toStdString();
@@ -75,18 +76,19 @@ TEST_F(RunCommand, ShowsTheModelOfEveryPageFedByThisMachine)
 
 TEST_F(RunCommand, ShowsThisHostsOwnNameAndUsers)
 {
-    QStringList hostFacts;
+    QJsonArray host;
     QStringList users;
     for (const QJsonValue &page : demo["pages"].toArray()) {
-        for (const QJsonValue &section : page["sections"].toArray()) {
-            if (section["title"] == "Host") {
-                hostFacts = textsOf(section["rows"].toArray(), "value");
-            } else if (section["title"] == "System users") {
-                users = textsOf(section["rows"].toArray(), "name");
+        for (const QJsonValue &table : page["tables"].toArray()) {
+            if (table["getter"] == "getResourceInfo") {
+                host = table["rows"].toArray();
+            } else if (table["getter"] == "getSystemUsers") {
+                users = textsOf(table["rows"].toArray(), "name");
             }
         }
     }
-    EXPECT_TRUE(hostFacts.contains(QSysInfo::machineHostName()));
+    EXPECT_EQ(host.first()["hostName"].toString(), QSysInfo::machineHostName());
+    EXPECT_GT(host.first()["memoryTotal"].toDouble(), 0);
     EXPECT_TRUE(users.contains("root"));
 }
 
@@ -125,11 +127,33 @@ TEST_F(RunCommand, CutsLongListsAndShowsAPageAskedForInFull)
     EXPECT_TRUE(page.output.contains("日志分区使用率"));
 }
 
-TEST_F(RunCommand, ShowsOnePageAsJson)
+TEST_F(RunCommand, DescribesItsPagesInASchema)
 {
-    const QJsonObject page = Tavctl({"run", "--root", demoRoot, "--page", "SubFunc_BaselineScan", "--json"}).json();
+    EXPECT_EQ(schemaFindings("pages", demo), "");
+    QJsonObject other = demo;
+    other["tavPages"] = 2;
+    EXPECT_NE(schemaFindings("pages", other), "");
+}
+
+TEST_F(RunCommand, ShowsOnePageAsJsonAsItShowsAll)
+{
+    const QJsonObject one = Tavctl({"run", "--root", demoRoot, "--page", "SubFunc_BaselineScan", "--json"}).json();
+    EXPECT_EQ(schemaFindings("pages", one), "");
+    EXPECT_EQ(one["pages"].toArray().size(), 1);
+    const QJsonValue page = one["pages"].toArray().first();
     EXPECT_EQ(page["title"].toString(), "基线扫描");
-    EXPECT_EQ(page["sections"].toArray().first()["rows"].toArray().size(), 44);
+    EXPECT_EQ(page["tables"].toArray().first()["rows"].toArray().size(), 44);
+    EXPECT_EQ(page["tables"].toArray().first(), demo["pages"].toArray().at(2)["tables"].toArray().first());
+}
+
+TEST_F(RunCommand, NamesTheColumnsForWhichTheTerminalHasNoRoom)
+{
+    const Tavctl run({"run", "--root", demoRoot, "--page", "SubFunc_serverResourceInfo"});
+    EXPECT_TRUE(run.output.contains("\n    not shown: ")) << run.output.toStdString();
+    const QStringList lines = run.output.mid(run.output.indexOf("devices (")).section("not shown", 0, 0).split('\n');
+    for (const QString &line : lines) {
+        EXPECT_LE(line.size(), 120);
+    }
 }
 
 TEST_F(RunCommand, APageThatTheCatalogueDoesNotHaveIsNamed)

@@ -1,7 +1,9 @@
 #include "AccessReader.h"
+#include "AgentCalls.h"
 #include "HostFile.h"
-#include "ITavAccessControlMgr.h"
 #include "ManagerFeeds.h"
+
+using TavOperations::overload;
 
 namespace
 {
@@ -36,24 +38,25 @@ QVector<Record> ofLevel(const QVector<Record> &records, int level)
 }
 }
 
-int ManagerFeeds::feedUsers(const QString &root, ITavAccessControlMgr &manager, ReadingNotes &notes)
+int ManagerFeeds::feedUsers(const QString &root, const AgentCalls<ITavAccessControlMgr> &calls, ReadingNotes &notes)
 {
     const QVector<UserReader::User> users = UserReader::readUsers(root, notes);
-    manager.updateSystemUsers(UserReader::records(users));
-    manager.updateUIUsers(rowsOf(users));
-    manager.updateUIPriData(AccessReader::principalLevels());
+    calls.make<&ITavAccessControlMgr::updateSystemUsers>(UserReader::records(users));
+    calls.make<&ITavAccessControlMgr::updateUIUsers>(rowsOf(users));
+    calls.make<overload<void(const QVector<STAccessSetUIData> &)>(&ITavAccessControlMgr::updateUIPriData)>(
+        AccessReader::principalLevels());
 
     // The manager takes details one level at a time.
     const auto status = HostFile::status(root, "/etc/passwd");
     const QVector<STPriDetailAsr> principals = AccessReader::principals(users, status ? status->st_mtim.tv_sec : 0);
     for (int level = 0; level <= AccessReader::maxLevel; ++level) {
         QVector<STPriDetailAsr> details = ofLevel(principals, level);
-        manager.updateUserDetail(level, details);
+        calls.make<&ITavAccessControlMgr::updateUserDetail>(level, details);
     }
     return users.size();
 }
 
-int ManagerFeeds::feedObjects(const QString &root, ITavAccessControlMgr &manager, ReadingNotes &notes)
+int ManagerFeeds::feedObjects(const QString &root, const AgentCalls<ITavAccessControlMgr> &calls, ReadingNotes &notes)
 {
     const QVector<STObjectDetailAsr> objects = AccessReader::readObjects(root, UserReader::readNames(root), notes);
     QVector<STObjectDetailAsr> files;
@@ -66,25 +69,29 @@ int ManagerFeeds::feedObjects(const QString &root, ITavAccessControlMgr &manager
     for (int level = 0; level <= AccessReader::maxLevel; ++level) {
         const QVector<STObjectDetailAsr> levelFiles = ofLevel(files, level);
         const QVector<STObjectDetailAsr> levelOthers = ofLevel(others, level);
-        manager.updateObjectDetail(level, filesTable, levelFiles);
-        manager.setObjectCount(levelFiles.size(), filesTable, level);
-        manager.updateObjectDetail(level, !filesTable, levelOthers);
-        manager.setObjectCount(levelOthers.size(), !filesTable, level);
+        calls.make<&ITavAccessControlMgr::updateObjectDetail>(level, filesTable, levelFiles);
+        calls.make<&ITavAccessControlMgr::setObjectCount>(levelFiles.size(), filesTable, level);
+        calls.make<&ITavAccessControlMgr::updateObjectDetail>(level, !filesTable, levelOthers);
+        calls.make<&ITavAccessControlMgr::setObjectCount>(levelOthers.size(), !filesTable, level);
     }
-    manager.updateUIFiles(rows);
-    manager.updateUIObjectData(AccessReader::objectLevels());
+    calls.make<&ITavAccessControlMgr::updateUIFiles>(rows);
+    calls.make<overload<void(const QVector<STAccessSetUIData> &)>(&ITavAccessControlMgr::updateUIObjectData)>(
+        AccessReader::objectLevels());
     return objects.size();
 }
 
-int ManagerFeeds::feedAccessMode(const QString &root, ITavAccessControlMgr &manager, ReadingNotes &notes)
+int ManagerFeeds::feedAccessMode(const QString &root, const AgentCalls<ITavAccessControlMgr> &calls,
+                                 ReadingNotes &notes)
 {
     Tav::AccessControl::AccessModeConfig config = AccessReader::readMode(root, notes);
-    config.set_principal_count(manager.getUserDetail().size());
-    config.set_object_count(manager.getObjectDetail().size());
-    manager.setModeConfig(config);
+    config.set_principal_count(
+        calls.make<overload<QVector<STPriDetailAsr>()>(&ITavAccessControlMgr::getUserDetail)>().size());
+    config.set_object_count(
+        calls.make<overload<QVector<STObjectDetailAsr>()>(&ITavAccessControlMgr::getObjectDetail)>().size());
+    calls.make<&ITavAccessControlMgr::setModeConfig>(config);
 
     Tav::Base::CommandStateAsr state;
     state.set_state(0);
-    manager.setState(state);
+    calls.make<&ITavAccessControlMgr::setState>(state);
     return 1;
 }

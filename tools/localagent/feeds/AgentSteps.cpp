@@ -1,17 +1,5 @@
 #include "AgentSteps.h"
 
-#include "ITavAccessControlMgr.h"
-#include "ITavAuditMgr.h"
-#include "ITavAuthInfoMgr.h"
-#include "ITavCompleteProtectMgr.h"
-#include "ITavDevCtlMgr.h"
-#include "ITavHostInfoMgr.h"
-#include "ITavLineScanMgr.h"
-#include "ITavNetControlMgr.h"
-#include "ITavOneReinforceMgr.h"
-#include "ITavProExceptionMgr.h"
-#include "ITavProtectMgr.h"
-#include "ITavSystemConfigMgr.h"
 #include "ManagerFeeds.h"
 #include "TavObjectMgr.h"
 
@@ -22,12 +10,13 @@
 namespace
 {
 template<class Manager>
-AgentStep step(const QString &name, int (*feed)(const QString &, Manager &, ReadingNotes &))
+AgentStep step(const QString &name, int (*feed)(const QString &, const AgentCalls<Manager> &, ReadingNotes &))
 {
     const QLatin1String manager(qobject_interface_iid<Manager *>());
-    return {name, manager, [feed](const QString &root, ReadingNotes &notes) {
+    return {name, manager, [feed](const QString &root, const AgentObserver &observer, ReadingNotes &notes) {
                 auto *const found = tavObject<Manager>();
-                return found != nullptr ? std::optional<int>(feed(root, *found, notes)) : std::nullopt;
+                return found != nullptr ? std::optional<int>(feed(root, AgentCalls<Manager>(*found, observer), notes))
+                                        : std::nullopt;
             }};
 }
 }
@@ -80,7 +69,7 @@ ReadingNotes withoutRepetition(const ReadingNotes &notes)
 }
 }
 
-AgentReading runStep(const AgentStep &step, const QString &root)
+AgentReading runStep(const AgentStep &step, const QString &root, const AgentObserver &observer)
 {
     AgentReading reading;
     reading.name = step.name;
@@ -88,7 +77,7 @@ AgentReading runStep(const AgentStep &step, const QString &root)
     QElapsedTimer timer;
     timer.start();
     ReadingNotes notes;
-    const std::optional<int> entries = step.feed(root, notes);
+    const std::optional<int> entries = step.feed(root, observer, notes);
     reading.microseconds = timer.nsecsElapsed() / 1000;
     reading.fed = entries.has_value();
     reading.entries = entries.value_or(0);

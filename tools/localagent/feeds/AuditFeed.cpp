@@ -1,16 +1,16 @@
+#include "AgentCalls.h"
 #include "AuditReader.h"
-#include "ITavAuditMgr.h"
 #include "ManagerFeeds.h"
 
 #include <QDateTime>
 
-int ManagerFeeds::feedAudit(const QString &root, ITavAuditMgr &manager, ReadingNotes &notes)
+int ManagerFeeds::feedAudit(const QString &root, const AgentCalls<ITavAuditMgr> &calls, ReadingNotes &notes)
 {
     const AuditReader::Audit audit = AuditReader::readAudit(root, QDateTime::currentSecsSinceEpoch(), notes);
-    manager.setAuditCount(audit.count);
-    manager.setAuditContent(audit.content);
-    manager.setAuditTypeCount(audit.typeCounts);
-    manager.setAuditMonthCount(audit.monthCounts);
-    manager.setAuditMonthFailCount(audit.monthFailCounts);
+    calls.make<&ITavAuditMgr::setAuditCount>(audit.count);
+    calls.make<&ITavAuditMgr::setAuditContent>(audit.content);
+    calls.make<&ITavAuditMgr::setAuditTypeCount>(audit.typeCounts);
+    calls.make<&ITavAuditMgr::setAuditMonthCount>(audit.monthCounts);
+    calls.make<&ITavAuditMgr::setAuditMonthFailCount>(audit.monthFailCounts);
     return audit.content.size();
 }

@@ -1,15 +1,15 @@
 #include "AccountReader.h"
-#include "ITavAuthInfoMgr.h"
+#include "AgentCalls.h"
 #include "ManagerFeeds.h"
 
 #include <QDateTime>
 
 #include <unistd.h>
 
-int ManagerFeeds::feedAccount(const QString &root, ITavAuthInfoMgr &manager, ReadingNotes &notes)
+int ManagerFeeds::feedAccount(const QString &root, const AgentCalls<ITavAuthInfoMgr> &calls, ReadingNotes &notes)
 {
     const qint64 now = QDateTime::currentSecsSinceEpoch();
-    manager.setLoginCheck(AccountReader::readLogin(root, ::getuid(), now, notes));
-    manager.setPwdChange(AccountReader::readPassword(root, ::getuid(), now, notes));
+    calls.make<&ITavAuthInfoMgr::setLoginCheck>(AccountReader::readLogin(root, ::getuid(), now, notes));
+    calls.make<&ITavAuthInfoMgr::setPwdChange>(AccountReader::readPassword(root, ::getuid(), now, notes));
     return 2;
 }

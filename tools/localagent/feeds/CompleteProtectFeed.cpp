@@ -1,5 +1,5 @@
+#include "AgentCalls.h"
 #include "ImaReader.h"
-#include "ITavCompleteProtectMgr.h"
 #include "ManagerFeeds.h"
 #include "MeasureReader.h"
 #include "SoftwareReader.h"
@@ -10,7 +10,8 @@
 namespace
 {
 /// Measures the programs one after the other, and tells the page which one is being measured.
-Tav::Measure::ImaContentAsr measurePrograms(const QString &root, ITavCompleteProtectMgr &manager, ReadingNotes &notes)
+Tav::Measure::ImaContentAsr measurePrograms(const QString &root, const AgentCalls<ITavCompleteProtectMgr> &calls,
+                                            ReadingNotes &notes)
 {
     const QHash<QByteArray, QByteArray> digests
         = SoftwareReader::readPackageDigests(root, MeasureReader::programs(), notes);
@@ -19,13 +20,13 @@ Tav::Measure::ImaContentAsr measurePrograms(const QString &root, ITavCompletePro
     for (const QByteArray &path : paths) {
         STStaticCurPathAsr current{};
         TextBuffer::copy(current.path, path);
-        manager.setCurPathState(current);
+        calls.make<&ITavCompleteProtectMgr::setCurPathState>(current);
         const qint64 now = QDateTime::currentSecsSinceEpoch();
         auto *const entry = list.add_entries();
         *entry = MeasureReader::measure(root, path, digests, now, notes);
         entry->set_index(list.entries_size() - 1);
     }
-    manager.setCurPathState({});
+    calls.make<&ITavCompleteProtectMgr::setCurPathState>(STStaticCurPathAsr{});
     list.set_total(list.entries_size());
     list.set_offset(0);
     return list;
@@ -46,45 +47,47 @@ STSystemScanStateAsr scanStateOf(const Tav::Measure::CompleteMeasureAsr &result)
 }
 
 /// Sets what the local agent never does to "off": scanning single objects, the dynamic scan, acting on the list.
-void feedIdleStates(ITavCompleteProtectMgr &manager)
+void feedIdleStates(const AgentCalls<ITavCompleteProtectMgr> &calls)
 {
-    manager.setSingleScanId({0});
+    calls.make<&ITavCompleteProtectMgr::setSingleScanId>(STSingleScanAsr{0});
 
     Tav::Measure::DyGetScanStateAsr scan;
     scan.set_scan_id(0);
     scan.set_state(0);
-    manager.setDySCanState(scan);
+    calls.make<&ITavCompleteProtectMgr::setDySCanState>(scan);
 
     Tav::Measure::DyTimeInterval interval;
     interval.set_enabled(false);
     interval.set_last_time(0);
     interval.set_next_time(0);
-    manager.setDyTimeInterval(interval);
+    calls.make<&ITavCompleteProtectMgr::setDyTimeInterval>(interval);
 
     Tav::Measure::CredibleMode mode;
     mode.set_mode(0);
     mode.set_algorithm("sha256");
-    manager.setCredibleMode(mode);
+    calls.make<&ITavCompleteProtectMgr::setCredibleMode>(mode);
 }
 }
 
-int ManagerFeeds::feedKernelMeasurement(const QString &root, ITavCompleteProtectMgr &manager, ReadingNotes &notes)
+int ManagerFeeds::feedKernelMeasurement(const QString &root, const AgentCalls<ITavCompleteProtectMgr> &calls,
+                                        ReadingNotes &notes)
 {
     const ImaReader::MeasurementList list = ImaReader::readList(root, notes);
-    manager.setImaState(ImaReader::readState(root, notes));
-    manager.setImaCount({list.total});
-    manager.setImaList(list.entries);
+    calls.make<&ITavCompleteProtectMgr::setImaState>(ImaReader::readState(root, notes));
+    calls.make<&ITavCompleteProtectMgr::setImaCount>(STImaCountAsr{list.total});
+    calls.make<&ITavCompleteProtectMgr::setImaList>(list.entries);
     return list.entries.size();
 }
 
-int ManagerFeeds::feedProgramMeasurement(const QString &root, ITavCompleteProtectMgr &manager, ReadingNotes &notes)
+int ManagerFeeds::feedProgramMeasurement(const QString &root, const AgentCalls<ITavCompleteProtectMgr> &calls,
+                                         ReadingNotes &notes)
 {
     constexpr int running = 1;
     constexpr int done = 2;
     constexpr int failed = 3;
-    manager.setImaInitState({running});
+    calls.make<&ITavCompleteProtectMgr::setImaInitState>(STImaInitStateAsr{running});
     const qint64 startTime = QDateTime::currentSecsSinceEpoch();
-    const Tav::Measure::ImaContentAsr list = measurePrograms(root, manager, notes);
+    const Tav::Measure::ImaContentAsr list = measurePrograms(root, calls, notes);
     Tav::Measure::CompleteMeasureAsr result = MeasureReader::resultOf(root, list);
     result.set_start_time(startTime);
     result.set_end_time(QDateTime::currentSecsSinceEpoch());
@@ -93,12 +96,13 @@ int ManagerFeeds::feedProgramMeasurement(const QString &root, ITavCompleteProtec
     for (const auto &entry : list.entries()) {
         rows.append({false, rows.size(), entry.SerializeAsString()});
     }
-    manager.setCredibleList(list);
-    manager.setCredibleCount(MeasureReader::countsOf(list));
-    manager.setCredibleVecUI(rows);
-    manager.setCompleteMeasure(result);
-    manager.setSystemScanState(scanStateOf(result));
-    manager.setImaInitState({result.measured_count() > 0 ? done : failed});
-    feedIdleStates(manager);
+    calls.make<&ITavCompleteProtectMgr::setCredibleList>(list);
+    calls.make<&ITavCompleteProtectMgr::setCredibleCount>(MeasureReader::countsOf(list));
+    calls.make<&ITavCompleteProtectMgr::setCredibleVecUI>(rows);
+    calls.make<&ITavCompleteProtectMgr::setCompleteMeasure>(result);
+    calls.make<&ITavCompleteProtectMgr::setSystemScanState>(scanStateOf(result));
+    calls.make<&ITavCompleteProtectMgr::setImaInitState>(
+        STImaInitStateAsr{result.measured_count() > 0 ? done : failed});
+    feedIdleStates(calls);
     return list.entries_size();
 }

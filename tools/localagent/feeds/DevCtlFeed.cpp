@@ -1,12 +1,12 @@
-#include "ITavDevCtlMgr.h"
+#include "AgentCalls.h"
 #include "ManagerFeeds.h"
 #include "ModuleReader.h"
 #include "UsbReader.h"
 
-int ManagerFeeds::feedDevices(const QString &root, ITavDevCtlMgr &manager, ReadingNotes &notes)
+int ManagerFeeds::feedDevices(const QString &root, const AgentCalls<ITavDevCtlMgr> &calls, ReadingNotes &notes)
 {
     const Tav::DevControl::DevUsbInfoList devices = UsbReader::readDevices(root, notes);
-    manager.setUsbInfoList(devices);
+    calls.make<&ITavDevCtlMgr::setUsbInfoList>(devices);
 
     const Tav::SystemProtect::KernelBlkProtectContentAsr blocked = ModuleReader::readBlockedModules(root, notes);
     QVector<QByteArray> blockedModules;
@@ -14,6 +14,6 @@ int ManagerFeeds::feedDevices(const QString &root, ITavDevCtlMgr &manager, Readi
         blockedModules.append(QByteArray::fromStdString(entry.name()));
     }
     const Tav::DevControl::DevFuncEnableInfo kinds = UsbReader::readKinds(root, devices, blockedModules);
-    manager.setFuncEnableInfo(kinds);
+    calls.make<&ITavDevCtlMgr::setFuncEnableInfo>(kinds);
     return devices.devices_size() + kinds.functions_size();
 }

@@ -1,16 +1,16 @@
+#include "AgentCalls.h"
 #include "HostReader.h"
-#include "ITavHostInfoMgr.h"
 #include "ManagerFeeds.h"
 
-int ManagerFeeds::feedResources(const QString &root, ITavHostInfoMgr &manager, ReadingNotes &notes)
+int ManagerFeeds::feedResources(const QString &root, const AgentCalls<ITavHostInfoMgr> &calls, ReadingNotes &notes)
 {
     constexpr int sampleMilliseconds = 100;
-    manager.setResourceInfo(HostReader::readResourceInfo(root, sampleMilliseconds, notes));
+    calls.make<&ITavHostInfoMgr::setResourceInfo>(HostReader::readResourceInfo(root, sampleMilliseconds, notes));
     return 1;
 }
 
-int ManagerFeeds::feedKernelState(const QString &root, ITavHostInfoMgr &manager, ReadingNotes &notes)
+int ManagerFeeds::feedKernelState(const QString &root, const AgentCalls<ITavHostInfoMgr> &calls, ReadingNotes &notes)
 {
-    manager.setKernelSigState(HostReader::readKernelState(root, notes));
+    calls.make<&ITavHostInfoMgr::setKernelSigState>(HostReader::readKernelState(root, notes));
     return 1;
 }

@@ -1,12 +1,12 @@
+#include "AgentCalls.h"
 #include "BaselineList.h"
 #include "BaselineReader.h"
 #include "InstallationPaths.h"
-#include "ITavLineScanMgr.h"
 #include "ManagerFeeds.h"
 
-int ManagerFeeds::feedBaseline(const QString &, ITavLineScanMgr &manager, ReadingNotes &notes)
+int ManagerFeeds::feedBaseline(const QString &, const AgentCalls<ITavLineScanMgr> &calls, ReadingNotes &notes)
 {
-    manager.loadJsonConfig();
+    calls.make<&ITavLineScanMgr::loadJsonConfig>();
     const QJsonObject config = BaselineList::read();
     if (config.isEmpty()) {
         notes.append({InstallationPaths::baseline(), QStringLiteral("cannot be read or holds no items")});
@@ -19,28 +19,28 @@ int ManagerFeeds::feedBaseline(const QString &, ITavLineScanMgr &manager, Readin
         auto *const item = content.add_items();
         item->set_item_id(id);
         item->set_state(0);
-        item->set_standard_value(manager.getItemConfig(id).standardValue.toStdString());
+        item->set_standard_value(calls.make<&ITavLineScanMgr::getItemConfig>(id).standardValue.toStdString());
     }
-    manager.setLineScanContent(content);
+    calls.make<&ITavLineScanMgr::setLineScanContent>(content);
 
     const int total = content.items_size();
     Tav::Reinforce::LineCountAsr count;
     count.set_total(total);
     count.set_not_checked(total);
-    manager.setLineCount(count);
+    calls.make<&ITavLineScanMgr::setLineCount>(count);
 
     Tav::Reinforce::LineScanStateAsr state;
     state.set_scan_id(0);
     state.set_state(0);
     state.set_total_count(total);
-    manager.setscanState(state);
+    calls.make<&ITavLineScanMgr::setscanState>(state);
 
-    manager.setScanItemConfigErr(
-        BaselineReader::faultsOf(config, [&manager](int id) { return manager.getItemConfig(id); }));
+    calls.make<&ITavLineScanMgr::setScanItemConfigErr>(
+        BaselineReader::faultsOf(config, [&calls](int id) { return calls.make<&ITavLineScanMgr::getItemConfig>(id); }));
 
     Tav::Reinforce::LineScanLevelState level;
     level.set_reached_level(0);
     level.set_scan_time(0);
-    manager.setLineLevel(level);
+    calls.make<&ITavLineScanMgr::setLineLevel>(level);
     return total;
 }

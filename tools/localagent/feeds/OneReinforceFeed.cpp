@@ -1,4 +1,4 @@
-#include "ITavOneReinforceMgr.h"
+#include "AgentCalls.h"
 #include "ManagerFeeds.h"
 #include "ReinforceReader.h"
 
@@ -21,23 +21,23 @@ Tav::Reinforce::OneThreeConfig undividedAdministration()
 }
 }
 
-int ManagerFeeds::feedHardening(const QString &root, ITavOneReinforceMgr &manager, ReadingNotes &notes)
+int ManagerFeeds::feedHardening(const QString &root, const AgentCalls<ITavOneReinforceMgr> &calls, ReadingNotes &notes)
 {
     const Tav::Reinforce::SecswitchAsr switches = ReinforceReader::readSwitches(root, notes);
-    manager.setSecswitchContent(switches);
-    manager.setreforcePolicy(ReinforceReader::policyOf(switches));
-    manager.setStateInfo(ReinforceReader::linesOf(switches));
-    manager.setthreeConfig(undividedAdministration());
+    calls.make<&ITavOneReinforceMgr::setSecswitchContent>(switches);
+    calls.make<&ITavOneReinforceMgr::setreforcePolicy>(ReinforceReader::policyOf(switches));
+    calls.make<&ITavOneReinforceMgr::setStateInfo>(ReinforceReader::linesOf(switches));
+    calls.make<&ITavOneReinforceMgr::setthreeConfig>(undividedAdministration());
 
     // The local agent hardens nothing: it is off and has never run.
     Tav::Reinforce::ReinforceMode mode;
     mode.set_mode(0);
     mode.set_can_restore(false);
-    manager.setreinforceMode(mode);
+    calls.make<&ITavOneReinforceMgr::setreinforceMode>(mode);
 
     Tav::Reinforce::OneReforceFinishState finish;
     finish.set_run_id(0);
     finish.set_state(0);
-    manager.setReforceFinishState(finish);
+    calls.make<&ITavOneReinforceMgr::setReforceFinishState>(finish);
     return switches.switches_size();
 }

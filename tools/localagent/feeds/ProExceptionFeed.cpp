@@ -1,20 +1,22 @@
-#include "ITavProExceptionMgr.h"
+#include "AgentCalls.h"
 #include "ManagerFeeds.h"
 #include "ProcessReader.h"
 #include "UserReader.h"
 
 #include <QDateTime>
 
-int ManagerFeeds::feedExceptions(const QString &root, ITavProExceptionMgr &manager, ReadingNotes &notes)
+using TavOperations::overload;
+
+int ManagerFeeds::feedExceptions(const QString &root, const AgentCalls<ITavProExceptionMgr> &calls, ReadingNotes &notes)
 {
     const Tav::Base::PriExceptionAsr answer = ProcessReader::exceptions(
         ProcessReader::readProcesses(root, notes), UserReader::readNames(root), QDateTime::currentSecsSinceEpoch());
-    manager.setPriException(answer);
+    calls.make<&ITavProExceptionMgr::setPriException>(answer);
 
     QVector<STProtoDataContainer> rows;
     for (const auto &entry : answer.entries()) {
         rows.append({false, rows.size(), entry.SerializeAsString()});
     }
-    manager.setUIData(rows);
+    calls.make<overload<void(const QVector<STProtoDataContainer> &)>(&ITavProExceptionMgr::setUIData)>(rows);
     return answer.entries_size();
 }

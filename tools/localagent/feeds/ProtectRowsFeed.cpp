@@ -1,6 +1,6 @@
+#include "AgentCalls.h"
 #include "DirectoryReader.h"
 #include "HostFile.h"
-#include "ITavProtectMgr.h"
 #include "ManagerFeeds.h"
 #include "UserReader.h"
 
@@ -27,11 +27,11 @@ QString modeAndOwner(const QString &root, const char *path, const QHash<quint32,
 }
 }
 
-int ManagerFeeds::feedProtectionRows(const QString &root, ITavProtectMgr &manager, ReadingNotes &)
+int ManagerFeeds::feedProtectionRows(const QString &root, const AgentCalls<ITavProtectMgr> &calls, ReadingNotes &)
 {
     const QHash<quint32, QByteArray> userNames = UserReader::readNames(root);
     QVector<STSystemProUIData> rows;
-    const QVector<STDirProtectContentAsr> directories = manager.getDirContent();
+    const QVector<STDirProtectContentAsr> directories = calls.make<&ITavProtectMgr::getDirContent>();
     for (const STDirProtectContentAsr &directory : directories) {
         const QString path = QString::fromUtf8(directory.path);
         const QString detail = QStringLiteral("%1, %2 files")
@@ -40,7 +40,7 @@ int ManagerFeeds::feedProtectionRows(const QString &root, ITavProtectMgr &manage
         rows.append(rowOf(QStringLiteral("directory"), path, path, directory.state == missing ? QString() : detail,
                           directory.state != missing));
     }
-    const QVector<STFileProtectContentAsr> files = manager.getFileContent();
+    const QVector<STFileProtectContentAsr> files = calls.make<&ITavProtectMgr::getFileContent>();
     for (const STFileProtectContentAsr &file : files) {
         const QString path = QString::fromUtf8(file.path);
         const QString detail
@@ -48,20 +48,20 @@ int ManagerFeeds::feedProtectionRows(const QString &root, ITavProtectMgr &manage
         rows.append(rowOf(QStringLiteral("file"), path, path, file.state == missing ? QString() : detail,
                           file.state != missing));
     }
-    const QVector<STKernelContentAsr> modules = manager.getKernelContent();
+    const QVector<STKernelContentAsr> modules = calls.make<&ITavProtectMgr::getKernelContent>();
     for (const STKernelContentAsr &module : modules) {
         const QString name = QString::fromUtf8(module.name);
         rows.append(rowOf(QStringLiteral("module"), name, name,
                           QStringLiteral("%1 bytes, %2 users").arg(module.size).arg(module.refCount),
                           module.loaded == 1));
     }
-    const QVector<STProProtectContentAsr> processes = manager.getProContentList();
+    const QVector<STProProtectContentAsr> processes = calls.make<&ITavProtectMgr::getProContentList>();
     for (const STProProtectContentAsr &process : processes) {
         rows.append(
             rowOf(QStringLiteral("process"), QString::fromUtf8(process.name), QString::number(process.pid),
                   QStringLiteral("%1 %2").arg(QString::fromUtf8(process.userName), QString::fromUtf8(process.path)),
                   process.pid != 0));
     }
-    manager.setProtectUIData(rows);
+    calls.make<&ITavProtectMgr::setProtectUIData>(rows);
     return rows.size();
 }

@@ -1,11 +1,11 @@
+#include "AgentCalls.h"
 #include "HostFile.h"
-#include "ITavSystemConfigMgr.h"
 #include "ManagerFeeds.h"
 #include "TextBuffer.h"
 
 #include <QDateTime>
 
-int ManagerFeeds::feedServer(const QString &root, ITavSystemConfigMgr &manager, ReadingNotes &notes)
+int ManagerFeeds::feedServer(const QString &root, const AgentCalls<ITavSystemConfigMgr> &calls, ReadingNotes &notes)
 {
     // The agent runs in this process: its server is this machine, which is always reachable and has no port.
     const auto hostName = HostFile::readOrNote(root, "/proc/sys/kernel/hostname", notes);
@@ -13,7 +13,7 @@ int ManagerFeeds::feedServer(const QString &root, ITavSystemConfigMgr &manager, 
     Tav::SystemConfig::SystemServerInfo info;
     info.set_address(address);
     info.set_server_name("local agent");
-    manager.setServerInfo(info);
+    calls.make<&ITavSystemConfigMgr::setServerInfo>(info);
 
     const qint64 now = QDateTime::currentSecsSinceEpoch();
     Tav::SystemConfig::CommdOnlineState state;
@@ -23,6 +23,6 @@ int ManagerFeeds::feedServer(const QString &root, ITavSystemConfigMgr &manager, 
     state.set_round_trip_time(0);
     state.set_retry_count(0);
     state.set_address(address);
-    manager.setOnlineState(state);
+    calls.make<&ITavSystemConfigMgr::setOnlineState>(state);
     return 2;
 }

@@ -1,0 +1,103 @@
+#include "TavSetValue.h"
+
+#include "TavCall.h"
+
+#include <QHash>
+#include <QJsonObject>
+
+#include <optional>
+
+namespace
+{
+/// @brief An operation that sets what a getter returns.
+struct Setter {
+    const TavCall::Operation *operation;
+    const TavCall::Operation *getter;
+    QVector<int> keys; ///< places of the getter's arguments among the setter's
+    int value; ///< place of the argument that remains
+};
+
+/// Place of @p wanted among the arguments of @p operation; -1 when it is not there.
+int placeOf(const TavCall::Argument &wanted, const TavCall::Operation &operation)
+{
+    for (int i = 0; i < operation.arguments.size(); ++i) {
+        if (operation.arguments[i].name == wanted.name && operation.arguments[i].type == wanted.type) {
+            return i;
+        }
+    }
+    return -1;
+}
+
+/// @p setter as the one of @p getter: it takes the getter's arguments and, beside them, what that returns.
+std::optional<Setter> setterOf(const TavCall::Operation &getter, const TavCall::Operation &setter)
+{
+    if (setter.manager != getter.manager || setter.arguments.size() != getter.arguments.size() + 1) {
+        return std::nullopt;
+    }
+    Setter found{&setter, &getter, {}, -1};
+    for (const TavCall::Argument &key : getter.arguments) {
+        found.keys.append(placeOf(key, setter));
+    }
+    for (int place = 0; place < setter.arguments.size(); ++place) {
+        if (!found.keys.contains(place)) {
+            found.value = place;
+        }
+    }
+    const bool isSetter = !found.keys.contains(-1) && setter.arguments[found.value].type == getter.result;
+    return isSetter ? std::optional(found) : std::nullopt;
+}
+
+/// What follows "set" or "update" in the name of an operation that returns nothing; empty for others.
+QString valueNameOf(const TavCall::Operation &operation)
+{
+    for (const QString &verb : {QStringLiteral("set"), QStringLiteral("update")}) {
+        if (operation.result == "void" && operation.name.startsWith(verb)) {
+            return operation.name.mid(verb.size());
+        }
+    }
+    return {};
+}
+
+const QMultiHash<QString, Setter> &settersByName()
+{
+    static const QMultiHash<QString, Setter> all = [] {
+        QMultiHash<QString, Setter> setters;
+        for (const TavCall::Operation &setter : TavCall::operations()) {
+            for (const TavCall::Operation &getter : TavCall::operations()) {
+                if (getter.name != "get" + valueNameOf(setter)) {
+                    continue;
+                }
+                if (const std::optional<Setter> found = setterOf(getter, setter)) {
+                    setters.insert(setter.manager + setter.name, *found);
+                }
+            }
+        }
+        return setters;
+    }();
+    return all;
+}
+
+/// The argument at @p place of a call; undefined when there is none.
+QJsonValue argumentAt(int place, const Setter &setter, const QJsonValue &arguments)
+{
+    return arguments.isObject() ? arguments[setter.operation->arguments[place].name] : arguments[place];
+}
+}
+
+TavCall::SetValue TavCall::setValueOf(const QString &manager, const QString &operation, const QJsonValue &arguments)
+{
+    const QList<Setter> setters = settersByName().values(manager + operation);
+    for (const Setter &setter : setters) {
+        // An operation of the same name may overwrite a single row of the list.
+        const bool isList = setter.getter->result.startsWith("QVector<");
+        if (argumentAt(setter.value, setter, arguments).isArray() != isList) {
+            continue;
+        }
+        SetValue value{setter.getter->name, {}};
+        for (const int place : setter.keys) {
+            value.key.append(argumentAt(place, setter, arguments));
+        }
+        return value;
+    }
+    return {};
+}

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "CTavSubFuncTypeHeader.h"
+#include "TavSubscription.h"
+
+#include <QElapsedTimer>
+#include <QMutex>
+#include <QThread>
+
+/// @brief One page change as one subscriber received it.
+struct PageDelivery {
+    QString page; ///< key of the page's type
+    QString subscriber;
+    QString thread; ///< name of the thread in which the subscriber was called
+    qint64 nanoseconds; ///< from just before the selection to the subscriber's call; -1 where that is not known
+};
+
+/// @brief A page that tells every page change that it receives, with the time that it took.
+class PageSubscriber
+{
+public:
+    using Receive = std::function<void(const PageDelivery &)>;
+
+    /// Has @p receive called for each delivery. @p worker names the thread of its own on which that happens; without
+    /// one, that is the calling thread.
+    PageSubscriber(QString name, const QString &worker, Receive receive);
+    ~PageSubscriber();
+    Q_DISABLE_COPY(PageSubscriber)
+
+    /// A page is about to be selected: the time of the next delivery counts from here. Any thread.
+    void expect();
+
+private:
+    void take(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page);
+
+    const QString m_name;
+    const Receive m_receive;
+    QMutex m_mutex; ///< for the clock
+    QElapsedTimer m_clock; ///< runs from a selection to its delivery
+    QThread m_thread;
+    QObject m_receiver; ///< lives in the thread, and so is called there
+    TavSubscription m_subscription;
+};

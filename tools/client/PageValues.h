@@ -1,0 +1,39 @@
+#pragma once
+
+#include "CTavSubFuncTypeHeader.h"
+#include "ValueTable.h"
+
+/// @brief A table that belongs to a value.
+struct PartTable {
+    QString part; ///< the list in a message that it shows, as the message calls it; empty for the value itself
+    ValueTablePointer table;
+};
+
+/// @brief A value of a page: what one getter returns, and which operations edit it.
+struct PageValue {
+    const char *title; ///< in English, of the translation context "PageValues"
+    QString manager; ///< name of the interface
+    QString getter;
+    QVector<PartTable> (*read)(); ///< calls the getter; nothing where its manager is not registered
+
+    QString rowEdit = {}; ///< overwrites one row of the list
+    bool isByPosition = false; ///< it finds the row by its position, which it takes as the row's `index`
+    bool isExclusive = false; ///< one row at most is checked: who checks one unchecks the others
+    QString checkAll = {}; ///< sets the check mark of every row to its argument
+    QString uncheckAll = {}; ///< takes off the check mark of every row
+    QString toggleRow = {}; ///< toggles the entry at a position, of the list in the message
+    QString toggleAll = {}; ///< toggles every entry
+
+    PageValue byPosition() const;
+    PageValue exclusive() const;
+    PageValue checkedBy(const char *operation) const;
+    PageValue uncheckedBy(const char *operation) const;
+    PageValue toggledBy(const char *row, const char *all) const;
+};
+
+/// The values of a page, in the order in which they are shown; empty for a page that has none.
+const QVector<PageValue> &valuesOf(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page);
+
+/// Sets each value that would return whatever the memory held before its first set, to a record of zeros. To be called
+/// when the plugin is loaded, by whoever shows values before they are fed.
+void determineHeldValues();

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "TavScenarioRecorder.h"
+#include "Worker.h"
+
+#include <QObject>
+#include <QString>
+#include <QTimer>
+
+#include <memory>
+
+class ClientSession;
+
+/**
+ * @brief A recording of all calls that the session notes, into a file.
+ *
+ * The file is opened, written and ended on other threads: nothing here waits for the disk but its end. GUI thread.
+ */
+class Recording : public QObject
+{
+    Q_OBJECT
+public:
+    enum class State { Off, Beginning, On, Ending };
+
+    /// @p session outlives the recording.
+    explicit Recording(ClientSession &session, QObject *parent = nullptr);
+    /// Writes what waits, and ends the file.
+    ~Recording() override;
+    Q_DISABLE_COPY(Recording)
+
+    /// Begins the file, in place of one that is there; nothing while another recording is on.
+    void begin(const QString &file);
+
+    /// Ends the file.
+    void end();
+
+    State state() const
+    {
+        return m_state;
+    }
+
+    QString file() const
+    {
+        return m_file;
+    }
+
+    TavRecordProgress progress() const;
+
+signals:
+    void stateChanged();
+    void progressChanged();
+    /// The file cannot be written, or calls are missing in it.
+    void failed(const QString &file, const QString &problem);
+
+private:
+    void setState(State state);
+
+    ClientSession &m_session;
+    State m_state = State::Off;
+    QString m_file;
+    std::shared_ptr<TavScenarioRecorder> m_recorder;
+    QTimer m_watch;
+    Worker m_worker;
+};

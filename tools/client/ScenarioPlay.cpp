@@ -1,0 +1,216 @@
+#include "ScenarioPlay.h"
+
+#include "ClientSession.h"
+#include "ITavFuncTypeMgr.h"
+#include "ITavSelectFuncMgr.h"
+#include "TavJson.h"
+
+#include <utility>
+
+ScenarioPlay::ScenarioPlay(ClientSession &session, QObject *parent)
+    : QObject(parent), m_session(session), m_reader("scenario-reader")
+{
+    m_watch.setInterval(50);
+    connect(&m_watch, &QTimer::timeout, this, &ScenarioPlay::watch);
+}
+
+ScenarioPlay::~ScenarioPlay()
+{
+    if (m_isCancelled) {
+        *m_isCancelled = true;
+    }
+}
+
+void ScenarioPlay::open(const QString &file, Opened opened)
+{
+    if (m_player) {
+        m_afterStop = [this, file, opened] { open(file, opened); };
+        stop();
+        return;
+    }
+    if (m_isCancelled) {
+        *m_isCancelled = true;
+    }
+    m_isCancelled = std::make_shared<std::atomic<bool>>(false);
+    m_survey = {};
+    m_survey.file = file;
+    m_position = 0;
+    m_lines = 0;
+    setState(State::Opening);
+    m_reader.run([file, isCancelled = m_isCancelled] { return surveyScenario(file, *isCancelled); },
+                 [this, opened, isCancelled = m_isCancelled](const ScenarioSurvey &survey) {
+                     if (isCancelled != m_isCancelled) {
+                         return; // another file has been opened meanwhile
+                     }
+                     m_isCancelled.reset();
+                     if (survey.error.isEmpty()) {
+                         m_survey = survey;
+                         setState(State::Ready);
+                         if (opened == Opened::Play) {
+                             play();
+                         }
+                     } else {
+                         m_survey = {};
+                         setState(State::Empty);
+                         emit failed(survey.file, survey.error);
+                     }
+                 });
+}
+
+void ScenarioPlay::play()
+{
+    if (m_state == State::Paused) {
+        m_player->resume();
+        setState(State::Playing);
+    } else if (m_state == State::Ready) {
+        begin(false);
+    }
+}
+
+void ScenarioPlay::pause()
+{
+    if (m_state == State::Playing) {
+        m_player->pause();
+        setState(State::Paused);
+    }
+}
+
+void ScenarioPlay::step()
+{
+    if (m_state == State::Ready) {
+        begin(true);
+    }
+    if (m_state == State::Paused) {
+        m_player->step();
+    }
+}
+
+void ScenarioPlay::stop()
+{
+    if (m_state == State::Opening) {
+        *m_isCancelled = true;
+    } else if (m_player && m_state != State::Stopping) {
+        m_player->stop();
+        setState(State::Stopping);
+    }
+}
+
+void ScenarioPlay::seek(qint64 position)
+{
+    if (m_state == State::Ready) {
+        m_position = position;
+        emit positionChanged();
+    } else if (m_state == State::Playing || m_state == State::Paused) {
+        m_afterStop = [this, position, isPaused = m_state == State::Paused] {
+            m_position = position;
+            begin(isPaused);
+        };
+        stop();
+    }
+}
+
+void ScenarioPlay::setSpeed(double speed)
+{
+    m_speed = speed;
+    if (m_player) {
+        m_player->setSpeed(speed);
+    }
+}
+
+void ScenarioPlay::setLooped(bool isLooped)
+{
+    m_isLooped = isLooped;
+}
+
+qint64 ScenarioPlay::position() const
+{
+    return m_position;
+}
+
+qint64 ScenarioPlay::linesPlayed() const
+{
+    return m_lines;
+}
+
+void ScenarioPlay::begin(bool isPaused)
+{
+    m_file = std::make_unique<QFile>(m_survey.file);
+    if (!m_file->open(QIODevice::ReadOnly)) {
+        emit failed(m_survey.file, m_file->errorString());
+        return;
+    }
+    TavPlayOptions options;
+    options.speed = m_speed;
+    options.from = m_position < m_survey.end ? m_position : 0;
+    options.isLooped = m_isLooped;
+    options.isPaused = isPaused;
+    options.observer = [this](const TavPlayedCall &call) { noteCall(call); };
+    m_player = std::make_unique<TavScenarioPlayer>(m_session.host(), *m_file, options);
+    setState(isPaused ? State::Paused : State::Playing);
+    m_watch.start();
+}
+
+void ScenarioPlay::watch()
+{
+    const TavPlayReport report = m_player->progress();
+    m_position = qMax(report.at, m_position);
+    if (m_isLooped) {
+        m_position = report.at;
+    }
+    m_lines = report.lines;
+    emit positionChanged();
+    if (m_player->isAtEnd()) {
+        finish();
+    }
+}
+
+void ScenarioPlay::finish()
+{
+    m_watch.stop();
+    const TavPlayReport report = m_player->progress();
+    const QString file = m_survey.file;
+    m_player.reset();
+    m_file.reset();
+    setState(State::Ready);
+    if (const auto next = std::exchange(m_afterStop, nullptr)) {
+        next();
+    } else if (report.error) {
+        emit failed(file, QString::fromUtf8(report.error->what()));
+    } else if (!report.isStopped) {
+        m_position = 0;
+        emit positionChanged();
+        emit ended();
+    }
+}
+
+void ScenarioPlay::setState(State state)
+{
+    m_state = state;
+    emit stateChanged();
+}
+
+// On the thread that has made the call.
+void ScenarioPlay::noteCall(const TavPlayedCall &played)
+{
+    const TavScenario::Line &line = played.line;
+    LoggedCall call;
+    call.time = QDateTime::fromMSecsSinceEpoch(
+        std::chrono::duration_cast<std::chrono::milliseconds>(played.start.time_since_epoch()).count());
+    call.thread = TavScenario::threads()[line.thread];
+    call.returned = played.returned;
+    call.error = played.error ? QString::fromUtf8(played.error->what()) : QString();
+    call.bytes = line.bytes;
+    call.nanoseconds = played.nanoseconds;
+    if (line.page.isEmpty()) {
+        call.manager = line.manager;
+        call.operation = line.operation;
+        call.arguments = line.arguments;
+    } else {
+        const auto page = TavJson::fromJson<ClientSession::Page>(line.page);
+        const auto function = m_session.host().manager<ITavFuncTypeMgr>()->getSubFuncInfo(page).funcType;
+        call.manager = qobject_interface_iid<ITavSelectFuncMgr *>();
+        call.operation = "setCurSelType";
+        call.arguments = QJsonArray{TavJson::toJson(function), line.page};
+    }
+    m_session.calls().note(call);
+}

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <QToolBar>
+
+class AgentFeeder;
+class Recording;
+
+/// @brief Buttons that have the local agent feed the managers, and record what happens.
+class AgentBar : public QToolBar
+{
+    Q_OBJECT
+public:
+    /// Both outlive the bar.
+    AgentBar(AgentFeeder &feeder, Recording &recording, QWidget *parent = nullptr);
+
+private:
+    void addFeeding(AgentFeeder &feeder);
+    void addRecording(Recording &recording);
+};

@@ -1,0 +1,72 @@
+#include "ArgumentForm.h"
+
+#include "ValueText.h"
+
+#include <QFormLayout>
+#include <QLabel>
+#include <QPlainTextEdit>
+
+namespace
+{
+/// A value of the argument's kind, to be written over.
+QString beginningOf(const TavCall::Argument &argument)
+{
+    if (argument.isObject) {
+        return QStringLiteral("{}");
+    }
+    if (argument.type.startsWith(QLatin1String("QVector")) || argument.type == QLatin1String("QStringList")) {
+        return QStringLiteral("[]");
+    }
+    if (argument.type == QLatin1String("bool")) {
+        return QStringLiteral("false");
+    }
+    const bool isText = argument.type == QLatin1String("QString") || argument.type == QLatin1String("QByteArray");
+    return isText ? QStringLiteral("\"\"") : QStringLiteral("0");
+}
+}
+
+ArgumentForm::ArgumentForm(QWidget *parent) : QWidget(parent), m_layout(new QFormLayout(this))
+{
+    m_layout->setContentsMargins(0, 0, 0, 0);
+    m_layout->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    m_layout->setRowWrapPolicy(QFormLayout::WrapAllRows);
+}
+
+void ArgumentForm::setArguments(const QVector<TavCall::Argument> &arguments)
+{
+    m_arguments = arguments;
+    m_fields.clear();
+    while (m_layout->rowCount() > 0) {
+        m_layout->removeRow(0);
+    }
+    for (const TavCall::Argument &argument : arguments) {
+        auto *const field = new QPlainTextEdit(beginningOf(argument));
+        const bool isLong = argument.isObject || argument.type.startsWith(QLatin1String("QVector"));
+        field->setTabChangesFocus(true);
+        field->setAccessibleName(argument.name);
+        field->setFixedHeight(field->fontMetrics().lineSpacing() * (isLong ? 5 : 1) + 14);
+        auto *const label = new QLabel(tr("&%1 (%2)").arg(argument.name, argument.type));
+        label->setTextFormat(Qt::PlainText);
+        label->setBuddy(field);
+        m_layout->addRow(label, field);
+        m_fields.append(field);
+    }
+}
+
+void ArgumentForm::setValue(int place, const QJsonValue &value)
+{
+    m_fields[place]->setPlainText(QString::fromUtf8(ValueText::write(value)));
+}
+
+QJsonArray ArgumentForm::values() const
+{
+    QJsonArray values;
+    for (int place = 0; place < m_fields.size(); ++place) {
+        try {
+            values.append(ValueText::read(m_fields[place]->toPlainText().toUtf8()));
+        } catch (const std::runtime_error &error) {
+            throw std::runtime_error((m_arguments[place].name + QLatin1String(": ")).toStdString() + error.what());
+        }
+    }
+    return values;
+}

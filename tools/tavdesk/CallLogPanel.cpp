@@ -1,0 +1,73 @@
+#include "CallLogPanel.h"
+
+#include "CallLog.h"
+#include "CallScenario.h"
+#include "CellText.h"
+#include "LogTexts.h"
+#include "SymbolIcon.h"
+
+#include <QAction>
+#include <QFileDialog>
+
+namespace
+{
+LogModel<LoggedCall> *newModel(CallLog &log)
+{
+    const auto manager = [](const LoggedCall &call) { return call.manager; };
+    const auto operation = [](const LoggedCall &call) { return call.operation; };
+    const auto result
+        = [](const LoggedCall &call) { return call.error.isEmpty() ? LogTexts::shortJson(call.returned) : call.error; };
+    const auto matches = [](const LoggedCall &call, const QString &text) {
+        return call.operation.contains(text, Qt::CaseInsensitive) || call.manager.contains(text, Qt::CaseInsensitive)
+            || call.thread.contains(text, Qt::CaseInsensitive) || call.error.contains(text, Qt::CaseInsensitive);
+    };
+    return new LogModel<LoggedCall>(
+        log,
+        {{CallLogPanel::tr("Time"), [](const LoggedCall &call) { return LogTexts::time(call.time); }},
+         {CallLogPanel::tr("Thread"), [](const LoggedCall &call) { return call.thread; }},
+         {CallLogPanel::tr("Manager"), manager},
+         {CallLogPanel::tr("Operation"), operation},
+         {CallLogPanel::tr("Arguments"), [](const LoggedCall &call) { return LogTexts::shortJson(call.arguments); }},
+         {CallLogPanel::tr("Result"), result},
+         {CallLogPanel::tr("Size"),
+          [](const LoggedCall &call) { return CellText::ofKind(TavFields::Kind::Size, call.bytes); }, Qt::AlignRight},
+         {CallLogPanel::tr("µs"), [](const LoggedCall &call) { return LogTexts::microseconds(call.nanoseconds); },
+          Qt::AlignRight}},
+        matches, nullptr);
+}
+}
+
+CallLogPanel::CallLogPanel(CallLog &log, QWidget *parent) : CallLogPanel(newModel(log), parent)
+{
+}
+
+CallLogPanel::CallLogPanel(LogModel<LoggedCall> *model, QWidget *parent)
+    : LogPanel(model, 4, {14, 10, 22, 26, 30, 30, 11, 12}, parent)
+    , m_model(model)
+    , m_writer(QStringLiteral("call-writer"))
+{
+    auto *const save = new QAction(symbolIcon(Symbol::Save), tr("Save Selection…"), this);
+    save->setToolTip(tr("Save the selected calls as a scenario."));
+    save->setEnabled(false);
+    addButton(save);
+    connect(this, &LogPanel::selectionChanged, save, [this, save] { save->setEnabled(!selectedRows().isEmpty()); });
+    connect(save, &QAction::triggered, this, [this] {
+        auto *const dialog = new QFileDialog(this, tr("Save Calls as a Scenario"), {}, tr("Scenarios (*.jsonl)"));
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->setAcceptMode(QFileDialog::AcceptSave);
+        dialog->setDefaultSuffix(QStringLiteral("jsonl"));
+        connect(dialog, &QFileDialog::fileSelected, this, &CallLogPanel::saveSelection);
+        dialog->open();
+    });
+}
+
+void CallLogPanel::saveSelection(const QString &file)
+{
+    QVector<LoggedCall> calls;
+    const QVector<int> rows = selectedRows();
+    for (const int row : rows) {
+        calls.append(m_model->entry(row));
+    }
+    m_writer.run([file, calls] { return saveAsScenario(file, calls); },
+                 [this, file](const QString &error) { emit saved(file, error); });
+}

@@ -1,0 +1,218 @@
+#include "CallPanel.h"
+
+#include "ArgumentForm.h"
+#include "ClientSession.h"
+#include "ITavPicResourceMgr.h"
+#include "ValueText.h"
+
+#include <QComboBox>
+#include <QFontDatabase>
+#include <QLabel>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace
+{
+/// @brief What a call has returned, or why it was refused.
+struct Outcome {
+    QJsonValue result;
+    QString problem;
+};
+
+Outcome outcomeOf(ClientSession &session, const QString &manager, const QString &operation, const QJsonValue &arguments)
+{
+    try {
+        return {session.call(manager, operation, arguments), {}};
+    } catch (const std::exception &error) {
+        return {{}, QString::fromUtf8(error.what())};
+    }
+}
+
+/// The value that the operation sets as a whole; null for other operations.
+const TavCall::HeldValue *heldBy(const TavCall::Operation &operation)
+{
+    const QVector<TavCall::HeldValue> &values = TavCall::heldValues();
+    const auto value = std::find_if(values.begin(), values.end(), [&operation](const TavCall::HeldValue &held) {
+        return held.manager == operation.manager && held.setter == operation.name && operation.arguments.size() == 1
+            && !held.isIndeterminateAtFirst;
+    });
+    return value == values.end() ? nullptr : &*value;
+}
+
+QVBoxLayout *newColumn(QWidget *widget)
+{
+    auto *const layout = new QVBoxLayout(widget);
+    layout->setContentsMargins(6, 6, 6, 6);
+    return layout;
+}
+}
+
+CallPanel::CallPanel(ClientSession &session, QWidget *parent)
+    : QWidget(parent), m_session(session), m_caller(QStringLiteral("call"))
+{
+    auto *const splitter = new QSplitter;
+    splitter->addWidget(newChoice());
+    splitter->addWidget(newCall());
+    splitter->addWidget(newResult());
+    splitter->setStretchFactor(0, 2);
+    splitter->setStretchFactor(1, 2);
+    splitter->setStretchFactor(2, 3);
+    splitter->setChildrenCollapsible(false);
+    auto *const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(splitter);
+    showOperations();
+}
+
+QWidget *CallPanel::newChoice()
+{
+    auto *const widget = new QWidget;
+    m_managers = new QComboBox;
+    m_managers->setAccessibleName(tr("Manager"));
+    m_managers->addItems(TavCall::managers());
+    m_list = new QListWidget;
+    m_list->setAccessibleName(tr("Operations"));
+    m_list->setAlternatingRowColors(true);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto *const layout = newColumn(widget);
+    layout->addWidget(m_managers);
+    layout->addWidget(m_list);
+    connect(m_managers, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &CallPanel::showOperations);
+    connect(m_list, &QListWidget::currentRowChanged, this, &CallPanel::showArguments);
+    connect(m_list, &QListWidget::itemActivated, this, &CallPanel::makeCall);
+    return widget;
+}
+
+QWidget *CallPanel::newCall()
+{
+    auto *const widget = new QWidget;
+    m_signature = new QLabel;
+    m_signature->setTextFormat(Qt::PlainText);
+    m_signature->setWordWrap(true);
+    m_form = new ArgumentForm;
+    auto *const scroll = new QScrollArea;
+    scroll->setWidget(m_form);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    m_held = new QPushButton(tr("&Fill In What Is Held"));
+    m_call = new QPushButton(tr("&Call"));
+    m_call->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return));
+    m_call->setToolTip(tr("Call the operation (Ctrl+Return)."));
+    auto *const buttons = new QHBoxLayout;
+    buttons->addWidget(m_held);
+    buttons->addStretch();
+    buttons->addWidget(m_call);
+    auto *const layout = newColumn(widget);
+    layout->addWidget(m_signature);
+    layout->addWidget(scroll, 1);
+    layout->addLayout(buttons);
+    connect(m_held, &QPushButton::clicked, this, &CallPanel::fillInHeld);
+    connect(m_call, &QPushButton::clicked, this, &CallPanel::makeCall);
+    return widget;
+}
+
+QWidget *CallPanel::newResult()
+{
+    auto *const widget = new QWidget;
+    m_outcome = new QLabel(tr("Result"));
+    m_outcome->setTextFormat(Qt::PlainText);
+    m_outcome->setWordWrap(true);
+    m_result = new QPlainTextEdit;
+    m_result->setAccessibleName(tr("Result"));
+    m_result->setReadOnly(true);
+    m_result->setTabChangesFocus(true);
+    m_result->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+    auto *const layout = newColumn(widget);
+    layout->addWidget(m_outcome);
+    layout->addWidget(m_result);
+    return widget;
+}
+
+void CallPanel::showOperations()
+{
+    m_operations = TavCall::operationsOf(m_managers->currentText());
+    m_list->clear();
+    for (const TavCall::Operation &operation : qAsConst(m_operations)) {
+        auto *const item = new QListWidgetItem(operation.signature(), m_list);
+        item->setToolTip(operation.signature());
+    }
+    m_list->setCurrentRow(0);
+}
+
+void CallPanel::showArguments()
+{
+    const int row = m_list->currentRow();
+    m_call->setEnabled(row >= 0);
+    if (row < 0) {
+        return;
+    }
+    const TavCall::Operation &operation = m_operations[row];
+    m_signature->setText(tr("%1 returns %2").arg(operation.signature(), operation.result));
+    m_form->setArguments(operation.arguments);
+    m_held->setVisible(heldBy(operation) != nullptr);
+}
+
+void CallPanel::fillInHeld()
+{
+    const TavCall::HeldValue *const held = heldBy(m_operations[m_list->currentRow()]);
+    call(held->getter, QJsonArray(),
+         [this, setter = held->setter, row = m_list->currentRow()](const QJsonValue &value) {
+             if (m_list->currentRow() == row && m_operations[row].name == setter) { // nothing else was chosen meanwhile
+                 m_form->setValue(0, value);
+             }
+         });
+}
+
+void CallPanel::makeCall()
+{
+    if (m_list->currentRow() < 0 || !m_call->isEnabled()) {
+        return;
+    }
+    try {
+        const TavCall::Operation &operation = m_operations[m_list->currentRow()];
+        call(operation.name, m_form->values(), [this](const QJsonValue &result) { showResult(result); });
+    } catch (const std::runtime_error &error) {
+        showProblem(QString::fromUtf8(error.what()));
+    }
+}
+
+void CallPanel::call(const QString &operation, const QJsonValue &arguments,
+                     std::function<void(const QJsonValue &)> done)
+{
+    const QString manager = m_managers->currentText();
+    const auto finish = [this, done = std::move(done)](const Outcome &outcome) {
+        m_call->setEnabled(true);
+        if (outcome.problem.isEmpty()) {
+            done(outcome.result);
+        } else {
+            showProblem(outcome.problem);
+        }
+    };
+    const auto make = [&session = m_session, manager, operation, arguments] {
+        return outcomeOf(session, manager, operation, arguments);
+    };
+    if (manager == QLatin1String(qobject_interface_iid<ITavPicResourceMgr *>())) {
+        finish(make()); // this manager alone belongs to the GUI thread
+        return;
+    }
+    m_call->setEnabled(false);
+    m_caller.run(make, finish);
+}
+
+void CallPanel::showResult(const QJsonValue &result)
+{
+    m_outcome->setText(tr("Returned:"));
+    m_result->setPlainText(QString::fromUtf8(ValueText::write(result)));
+}
+
+void CallPanel::showProblem(const QString &problem)
+{
+    m_outcome->setText(tr("Refused:"));
+    m_result->setPlainText(problem);
+}

@@ -1,0 +1,51 @@
+#pragma once
+
+#include "TavCall.h"
+#include "Worker.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class ArgumentForm;
+class ClientSession;
+class QComboBox;
+class QLabel;
+class QListWidget;
+class QPlainTextEdit;
+class QPushButton;
+
+/// @brief Calls any operation of any manager: its arguments are written as JSON, and so is what it returns.
+class CallPanel : public QWidget
+{
+    Q_OBJECT
+public:
+    /// @p session outlives the panel.
+    explicit CallPanel(ClientSession &session, QWidget *parent = nullptr);
+
+private:
+    QWidget *newChoice();
+    QWidget *newCall();
+    QWidget *newResult();
+    void showOperations();
+    void showArguments();
+    void fillInHeld();
+    void makeCall();
+
+    /// Calls off the GUI thread where the operation allows it; then shows what came of it, or hands it to @p done.
+    void call(const QString &operation, const QJsonValue &arguments, std::function<void(const QJsonValue &)> done);
+    void showResult(const QJsonValue &result);
+    void showProblem(const QString &problem);
+
+    ClientSession &m_session;
+    QVector<TavCall::Operation> m_operations; ///< of the manager that is chosen
+    QComboBox *m_managers = nullptr;
+    QListWidget *m_list = nullptr;
+    QLabel *m_signature = nullptr;
+    ArgumentForm *m_form = nullptr;
+    QPushButton *m_held = nullptr;
+    QPushButton *m_call = nullptr;
+    QLabel *m_outcome = nullptr;
+    QPlainTextEdit *m_result = nullptr;
+    Worker m_caller;
+};

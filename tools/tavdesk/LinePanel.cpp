@@ -1,0 +1,43 @@
+#include "LinePanel.h"
+
+#include "LogLines.h"
+#include "LogModel.h"
+#include "LogTexts.h"
+
+namespace
+{
+QString levelText(QtMsgType type)
+{
+    switch (type) {
+    case QtDebugMsg:
+        return LinePanel::tr("debug");
+    case QtInfoMsg:
+        return LinePanel::tr("information");
+    case QtWarningMsg:
+        return LinePanel::tr("warning");
+    default:
+        return LinePanel::tr("error");
+    }
+}
+
+LogTable *newModel(BoundedLog<LogLine> &log)
+{
+    const auto matches = [](const LogLine &line, const QString &text) {
+        return line.text.contains(text, Qt::CaseInsensitive) || line.source.contains(text, Qt::CaseInsensitive)
+            || line.thread.contains(text, Qt::CaseInsensitive);
+    };
+    return new LogModel<LogLine>(
+        log,
+        {{LinePanel::tr("Time"), [](const LogLine &line) { return LogTexts::time(line.time); }},
+         {LinePanel::tr("Level"), [](const LogLine &line) { return levelText(line.type); }},
+         {LinePanel::tr("Source"), [](const LogLine &line) { return line.source; }},
+         {LinePanel::tr("Thread"), [](const LogLine &line) { return line.thread; }},
+         {LinePanel::tr("Text"), [](const LogLine &line) { return line.text; }}},
+        matches, nullptr);
+}
+}
+
+LinePanel::LinePanel(BoundedLog<LogLine> &log, QWidget *parent)
+    : LogPanel(newModel(log), 4, {14, 12, 20, 12, 40}, parent)
+{
+}

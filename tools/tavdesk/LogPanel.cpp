@@ -1,0 +1,114 @@
+#include "LogPanel.h"
+
+#include "LogTable.h"
+#include "SymbolIcon.h"
+#include "TableLook.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QScrollBar>
+#include <QTableView>
+#include <QToolButton>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int lookEvery = 150; // milliseconds
+}
+
+LogPanel::LogPanel(LogTable *model, int widest, const QVector<int> &widths, QWidget *parent)
+    : QWidget(parent), m_model(model)
+{
+    m_model->setParent(this);
+    m_filter = new QLineEdit;
+    m_filter->setPlaceholderText(tr("Filter"));
+    m_filter->setAccessibleName(tr("Filter"));
+    m_filter->setClearButtonEnabled(true);
+    m_filter->setMaximumWidth(320);
+    m_count = new QLabel;
+    auto *const clear = new QAction(symbolIcon(Symbol::Clear), tr("Clear"), this);
+
+    m_line = new QHBoxLayout;
+    m_line->addWidget(m_filter);
+    m_line->addWidget(m_count);
+    m_line->addStretch();
+
+    m_view = new QTableView;
+    m_view->setModel(m_model);
+    setTableLook(*m_view, widest, widths);
+
+    auto *const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(6, 6, 6, 6);
+    layout->addLayout(m_line);
+    layout->addWidget(m_view);
+    addButton(clear);
+
+    connect(m_filter, &QLineEdit::textChanged, this, [this](const QString &text) {
+        m_model->setFilter(text);
+        m_view->scrollToBottom();
+        showCount();
+        emit selectionChanged();
+    });
+    connect(clear, &QAction::triggered, this, [this] {
+        m_model->clearLog();
+        showCount();
+    });
+    connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &LogPanel::selectionChanged);
+    connect(&m_timer, &QTimer::timeout, this, &LogPanel::update);
+    showCount();
+}
+
+void LogPanel::addButton(QAction *action)
+{
+    auto *const button = new QToolButton;
+    button->setDefaultAction(action);
+    button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    button->setFocusPolicy(Qt::TabFocus);
+    m_line->addWidget(button);
+}
+
+QVector<int> LogPanel::selectedRows() const
+{
+    QVector<int> rows;
+    const QModelIndexList selected = m_view->selectionModel()->selectedRows();
+    for (const QModelIndex &index : selected) {
+        rows.append(index.row());
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}
+
+void LogPanel::update()
+{
+    const QScrollBar &bar = *m_view->verticalScrollBar();
+    const bool isAtEnd = bar.value() == bar.maximum();
+    m_model->update();
+    if (isAtEnd) {
+        m_view->scrollToBottom();
+    }
+    showCount();
+}
+
+void LogPanel::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    update();
+    m_timer.start(lookEvery);
+}
+
+void LogPanel::hideEvent(QHideEvent *event)
+{
+    m_timer.stop();
+    QWidget::hideEvent(event);
+}
+
+void LogPanel::showCount()
+{
+    const int shown = m_model->rowCount();
+    m_count->setText(shown == m_model->held() ? tr("%1 entries").arg(shown)
+                                              : tr("%1 of %2 entries").arg(shown).arg(m_model->held()));
+}

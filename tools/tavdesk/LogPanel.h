@@ -1,0 +1,49 @@
+#pragma once
+
+#include <QTimer>
+#include <QWidget>
+
+class LogTable;
+class QHBoxLayout;
+class QLabel;
+class QLineEdit;
+class QTableView;
+
+/**
+ * @brief A log with a line to filter it. While its last row is in sight, it stays so when further ones come.
+ *
+ * It looks at the log only while it is in sight itself.
+ */
+class LogPanel : public QWidget
+{
+    Q_OBJECT
+public:
+    /// @p model becomes the panel's own. The column @p widest takes the width that is left.
+    LogPanel(LogTable *model, int widest, const QVector<int> &widths, QWidget *parent = nullptr);
+
+    /// Puts a button into the line above the table.
+    void addButton(QAction *action);
+
+    /// The selected rows, in their order.
+    QVector<int> selectedRows() const;
+
+    /// Takes over what has happened; otherwise that is done some times a second.
+    void update();
+
+signals:
+    void selectionChanged();
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    void showCount();
+
+    LogTable *const m_model;
+    QHBoxLayout *m_line = nullptr;
+    QLineEdit *m_filter = nullptr;
+    QLabel *m_count = nullptr;
+    QTableView *m_view = nullptr;
+    QTimer m_timer;
+};

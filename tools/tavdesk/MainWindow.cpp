@@ -1,0 +1,195 @@
+#include "MainWindow.h"
+
+#include "AgentBar.h"
+#include "AgentFeeder.h"
+#include "CallLogPanel.h"
+#include "CallPanel.h"
+#include "ClientSession.h"
+#include "DeliveryPanel.h"
+#include "IconPictures.h"
+#include "ITavPicResourceMgr.h"
+#include "LinePanel.h"
+#include "NavigationModel.h"
+#include "NavigationView.h"
+#include "PageArea.h"
+#include "PicturePanel.h"
+#include "PlayBar.h"
+#include "Recording.h"
+#include "RegistryPanel.h"
+#include "ScenarioPlay.h"
+#include "WorkStatus.h"
+
+#include <QApplication>
+#include <QDockWidget>
+#include <QDragEnterEvent>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QSettings>
+#include <QShortcut>
+#include <QStatusBar>
+#include <QWidgetAction>
+
+namespace
+{
+const QString placeSetting = QStringLiteral("window/place");
+const QString docksSetting = QStringLiteral("window/docks");
+
+/// The scenario that is dragged; empty when it is anything else.
+QString scenarioIn(const QMimeData &data)
+{
+    const QString file = data.urls().value(0).toLocalFile();
+    return file.endsWith(QLatin1String(".jsonl")) ? file : QString();
+}
+
+/// Adds the buttons of @p bar to @p menu; its fields have their places in the bar alone.
+void addButtons(QMenu &menu, const QToolBar &bar)
+{
+    const QList<QAction *> actions = bar.actions();
+    for (QAction *const action : actions) {
+        if (!qobject_cast<QWidgetAction *>(action)) {
+            menu.addAction(action);
+        }
+    }
+}
+}
+
+MainWindow::MainWindow(ClientSession &session)
+    : m_session(session)
+    , m_feeder(std::make_unique<AgentFeeder>(session))
+    , m_play(std::make_unique<ScenarioPlay>(session))
+    , m_recording(std::make_unique<Recording>(session))
+    , m_pages(new PageArea(session))
+    , m_agentBar(new AgentBar(*m_feeder, *m_recording))
+    , m_playBar(new PlayBar(*m_play))
+{
+    setWindowTitle(tr("Security Client for Development"));
+    setAcceptDrops(true);
+    resize(1280, 860);
+
+    setCentralWidget(m_pages);
+    addToolBar(m_agentBar);
+    addToolBar(m_playBar);
+    addDocks();
+    addMenus();
+    statusBar()->addWidget(new WorkStatus(*m_feeder, *m_play, *m_recording), 1);
+
+    connect(m_pages, &PageArea::pageChosen, &m_session, &ClientSession::select);
+    connect(m_navigation, &NavigationView::pageChosen, &m_session, &ClientSession::select);
+    connect(&m_session, &ClientSession::pageChanged, this, [this](ClientSession::Page page) {
+        m_pages->open(page);
+        m_navigation->setOpenPage(page);
+    });
+    connect(m_play.get(), &ScenarioPlay::failed, this, [this](const QString &file, const QString &problem) {
+        showProblem(tr("%1 cannot be played").arg(file), problem);
+    });
+    connect(m_recording.get(), &Recording::failed, this, [this](const QString &file, const QString &problem) {
+        showProblem(tr("%1 cannot be recorded").arg(file), problem);
+    });
+}
+
+MainWindow::~MainWindow() = default;
+
+void MainWindow::restorePlace()
+{
+    const QSettings settings;
+    restoreGeometry(settings.value(placeSetting).toByteArray());
+    restoreState(settings.value(docksSetting).toByteArray());
+}
+
+void MainWindow::showProblem(const QString &what, const QString &problem)
+{
+    auto *const box = new QMessageBox(QMessageBox::Warning, windowTitle(), what, QMessageBox::Close, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->setTextFormat(Qt::PlainText);
+    box->setInformativeText(problem);
+    box->open();
+}
+
+void MainWindow::closeEvent(QCloseEvent *event)
+{
+    QSettings settings;
+    settings.setValue(placeSetting, saveGeometry());
+    settings.setValue(docksSetting, saveState());
+    QMainWindow::closeEvent(event);
+}
+
+void MainWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!scenarioIn(*event->mimeData()).isEmpty()) {
+        event->acceptProposedAction();
+    }
+}
+
+void MainWindow::dropEvent(QDropEvent *event)
+{
+    m_play->open(scenarioIn(*event->mimeData()));
+    event->acceptProposedAction();
+}
+
+void MainWindow::addDocks()
+{
+    ITavPicResourceMgr &pictures = *m_session.host().manager<ITavPicResourceMgr>();
+    const QStringList directories = pictureDirectories();
+    // First, since it has the manager load the pictures of the navigation.
+    auto *const picturePanel = new PicturePanel(pictures, directories);
+    m_navigation = new NavigationView(new NavigationModel(navigationTree(), pictures, directories));
+    addDock(QStringLiteral("navigation"), tr("&Navigation"), m_navigation, Qt::LeftDockWidgetArea);
+
+    auto *const calls = new CallLogPanel(m_session.calls());
+    connect(calls, &CallLogPanel::saved, this, [this](const QString &file, const QString &error) {
+        if (error.isEmpty()) {
+            statusBar()->showMessage(tr("%1 was written.").arg(file), 5000);
+        } else {
+            showProblem(tr("%1 cannot be written").arg(file), error);
+        }
+    });
+    const QVector<QDockWidget *> below{
+        addDock(QStringLiteral("registry"), tr("&Registry"), new RegistryPanel, Qt::BottomDockWidgetArea),
+        addDock(QStringLiteral("calls"), tr("&Calls"), calls, Qt::BottomDockWidgetArea),
+        addDock(QStringLiteral("deliveries"), tr("Page C&hanges"), new DeliveryPanel(m_session.deliveries()),
+                Qt::BottomDockWidgetArea),
+        addDock(QStringLiteral("lines"), tr("&Log"), new LinePanel(m_session.lines()), Qt::BottomDockWidgetArea),
+        addDock(QStringLiteral("call"), tr("Call an &Operation"), new CallPanel(m_session), Qt::BottomDockWidgetArea),
+        addDock(QStringLiteral("pictures"), tr("&Pictures"), picturePanel, Qt::BottomDockWidgetArea)};
+    for (int i = 1; i < below.size(); ++i) {
+        tabifyDockWidget(below[i - 1], below[i]);
+    }
+    below[1]->raise();
+    setCorner(Qt::BottomLeftCorner, Qt::BottomDockWidgetArea);
+    resizeDocks({m_docks.first()}, {250}, Qt::Horizontal);
+    resizeDocks({below.first()}, {240}, Qt::Vertical);
+}
+
+QDockWidget *MainWindow::addDock(const QString &name, const QString &title, QWidget *content, Qt::DockWidgetArea area)
+{
+    auto *const dock = new QDockWidget(QString(title).remove(QLatin1Char('&')), this);
+    dock->setObjectName(name); // under which its place is kept
+    dock->setWidget(content);
+    addDockWidget(area, dock);
+    m_docks.append(dock);
+    QAction *const action = dock->toggleViewAction();
+    action->setText(title);
+    // The shortcut brings the dock to the front, too: showing one that lies under another shows nothing.
+    auto *const toFront = new QShortcut(QKeySequence(Qt::CTRL + Qt::Key_0 + m_docks.size()), this);
+    connect(toFront, &QShortcut::activated, dock, [dock, content] {
+        dock->show();
+        dock->raise();
+        content->setFocus();
+    });
+    return dock;
+}
+
+void MainWindow::addMenus()
+{
+    QMenu &file = *menuBar()->addMenu(tr("&File"));
+    file.addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
+    QMenu &agent = *menuBar()->addMenu(tr("&Agent"));
+    addButtons(agent, *m_agentBar);
+    QMenu &scenario = *menuBar()->addMenu(tr("&Scenario"));
+    addButtons(scenario, *m_playBar);
+    QMenu &view = *menuBar()->addMenu(tr("&View"));
+    for (QDockWidget *const dock : qAsConst(m_docks)) {
+        view.addAction(dock->toggleViewAction());
+    }
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "CTavSubFuncTypeHeader.h"
+
+#include <QTreeView>
+
+class NavigationModel;
+struct TavSubFuncTypeData_;
+
+/// @brief The navigation as a tree. A page that is clicked, or entered with the keyboard, is chosen; choosing opens
+/// nothing by itself.
+class NavigationView : public QTreeView
+{
+    Q_OBJECT
+public:
+    /// @p model becomes the view's own.
+    explicit NavigationView(NavigationModel *model, QWidget *parent = nullptr);
+
+    /// Marks the page as the one that is open. A page that is no entry leaves the mark where it is.
+    void setOpenPage(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page);
+
+signals:
+    void pageChosen(const TavSubFuncTypeData_ &page);
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void mousePressEvent(QMouseEvent *event) override;
+    void mouseReleaseEvent(QMouseEvent *event) override;
+
+private:
+    void choose(const QModelIndex &index);
+
+    NavigationModel *const m_model;
+};

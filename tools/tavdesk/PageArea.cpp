@@ -1,0 +1,94 @@
+#include "PageArea.h"
+
+#include "CatalogueProblem.h"
+#include "ClientSession.h"
+#include "ITavFuncTypeMgr.h"
+#include "ITavPage.h"
+#include "NavigationTree.h"
+#include "PageFrame.h"
+#include "ProblemView.h"
+
+#include <QLabel>
+
+namespace
+{
+/// The pages that buttons of @p page lead to: the one that it is reached from, and those reached from it.
+QVector<TavSubFuncTypeData_> waysFrom(const TavSubFuncTypeData_ &page, ITavFuncTypeMgr &catalogue)
+{
+    QVector<TavSubFuncTypeData_> ways;
+    const QVector<TavSubFuncTypeData_> all = catalogue.getSubFuncInfo();
+    for (const TavSubFuncTypeData_ &other : all) {
+        const bool isAbove = !page.subFuncHasParent && other.subFuncType == page.realParentType;
+        const bool isBelow = !other.subFuncHasParent && other.realParentType == page.subFuncType;
+        if ((isAbove || isBelow) && other.subFuncType != page.subFuncType) {
+            ways.append(other);
+        }
+    }
+    return ways;
+}
+
+/// The page's own widget; null when its controller makes none.
+QWidget *newOwnPage(ITavPage &controller, const TavSubFuncTypeData_ &page)
+{
+    const QString title = PageArea::tr("The page cannot be shown");
+    const QString advice = PageArea::tr("See createPage() of the page's controller.");
+    try {
+        QWidget *const widget = controller.createPage(nullptr);
+        return widget ? widget
+                      : new ProblemView(title, PageArea::tr("%1 made no widget.").arg(page.subFuncClassName), advice);
+    } catch (const std::exception &error) {
+        const QString problem
+            = PageArea::tr("%1 threw: %2").arg(page.subFuncClassName, QString::fromUtf8(error.what()));
+        return new ProblemView(title, problem, advice);
+    } catch (...) {
+        return new ProblemView(title, PageArea::tr("%1 threw.").arg(page.subFuncClassName), advice);
+    }
+}
+}
+
+PageArea::PageArea(ClientSession &session, QWidget *parent) : QStackedWidget(parent), m_session(session)
+{
+    if (m_session.host().manager<ITavFuncTypeMgr>()->getSubFuncInfo().isEmpty()) {
+        addWidget(newCatalogueProblem(this));
+        return;
+    }
+    auto *const hint = new QLabel(tr("Choose a page in the navigation."));
+    hint->setAlignment(Qt::AlignCenter);
+    hint->setForegroundRole(QPalette::PlaceholderText);
+    addWidget(hint);
+}
+
+void PageArea::open(Page page)
+{
+    if (!m_pages.contains(page)) {
+        QWidget *const widget = newPage(page);
+        addWidget(widget);
+        m_pages.insert(page, widget);
+    }
+    setCurrentWidget(m_pages.value(page));
+    m_openPage = page;
+}
+
+QWidget *PageArea::newPage(Page type)
+{
+    ITavFuncTypeMgr &catalogue = *m_session.host().manager<ITavFuncTypeMgr>();
+    const TavSubFuncTypeData_ page = catalogue.getSubFuncInfo(type);
+    if (page.subFuncType != type || type == CTavSubFuncTypeHeader::SubFunc_None) {
+        return new ProblemView(tr("The page is not in the catalogue"),
+                               tr("%1 was selected, which the catalogue does not have.").arg(pageKey(type)),
+                               tr("Add the page to the catalogue, or choose another one."));
+    }
+    auto *const frame = new PageFrame(page, newContent(page), waysFrom(page, catalogue));
+    connect(frame, &PageFrame::pageChosen, this, &PageArea::pageChosen);
+    return frame;
+}
+
+QWidget *PageArea::newContent(const TavSubFuncTypeData_ &page)
+{
+    const QByteArray controllerName = page.subFuncClassName.toUtf8();
+    QObject *const object = m_session.host().managerObject(controllerName.constData());
+    if (auto *const controller = qobject_cast<ITavPage *>(object)) {
+        return newOwnPage(*controller, page);
+    }
+    return new QLabel(page.subFuncTitle); // PLACEHOLDER
+}

@@ -1,0 +1,40 @@
+#include "PageFrame.h"
+
+#include "NavigationTree.h"
+
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QPushButton>
+
+PageFrame::PageFrame(const TavSubFuncTypeData_ &page, QWidget *content, const QVector<TavSubFuncTypeData_> &ways,
+                     QWidget *parent)
+    : QWidget(parent)
+{
+    auto *const title = new QLabel(page.subFuncTitle);
+    title->setTextFormat(Qt::PlainText);
+    title->setToolTip(pageKey(page.subFuncType));
+    QFont font = title->font();
+    font.setPointSizeF(font.pointSizeF() * 1.4);
+    font.setBold(true);
+    title->setFont(font);
+    auto *const help = new QLabel(page.subFuncHelp);
+    help->setTextFormat(Qt::PlainText);
+    help->setWordWrap(true);
+    help->setForegroundRole(QPalette::PlaceholderText);
+
+    auto *const line = new QHBoxLayout;
+    line->addWidget(title);
+    line->addSpacing(12);
+    line->addWidget(help, 1);
+    for (const TavSubFuncTypeData_ &way : ways) {
+        const bool isBack = way.subFuncType == page.realParentType && !page.subFuncHasParent;
+        auto *const button
+            = new QPushButton(isBack ? tr("Back to %1").arg(way.subFuncTitle) : tr("Open %1").arg(way.subFuncTitle));
+        connect(button, &QPushButton::clicked, this, [this, way] { emit pageChosen(way); });
+        line->addWidget(button);
+    }
+    auto *const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(12, 10, 12, 6);
+    layout->addLayout(line);
+    layout->addWidget(content, 1);
+}

@@ -1,0 +1,70 @@
+#include "PicturePanel.h"
+
+#include "PictureModel.h"
+#include "SymbolIcon.h"
+#include "TableLook.h"
+
+#include <QFileDialog>
+#include <QHeaderView>
+#include <QLabel>
+#include <QListWidget>
+#include <QPushButton>
+#include <QSplitter>
+#include <QTableView>
+#include <QVBoxLayout>
+
+PicturePanel::PicturePanel(ITavPicResourceMgr &pictures, const QStringList &directories, QWidget *parent)
+    : QWidget(parent), m_model(new PictureModel(pictures, this)), m_directories(new QListWidget)
+{
+    auto *const view = new QTableView;
+    view->setModel(m_model);
+    view->setAccessibleName(tr("Pictures"));
+    view->setTextElideMode(Qt::ElideMiddle);
+    view->setIconSize({PictureModel::largestThumbnail, PictureModel::largestThumbnail});
+    setTableLook(*view, PictureModel::File, {44, 12, 40});
+    view->verticalHeader()->setDefaultSectionSize(PictureModel::largestThumbnail + 4);
+
+    auto *const side = new QWidget;
+    auto *const heading = new QLabel(tr("&Directories"));
+    heading->setBuddy(m_directories);
+    m_directories->setAccessibleName(tr("Directories"));
+    m_directories->setTextElideMode(Qt::ElideLeft);
+    m_directories->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    auto *const append = new QPushButton(symbolIcon(Symbol::Add), tr("&Append…"));
+    append->setToolTip(tr("Have the picture manager load another directory."));
+    connect(append, &QPushButton::clicked, this, &PicturePanel::chooseDirectory);
+    auto *const column = new QVBoxLayout(side);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->addWidget(heading);
+    column->addWidget(m_directories);
+    column->addWidget(append, 0, Qt::AlignLeft);
+
+    auto *const splitter = new QSplitter;
+    splitter->addWidget(view);
+    splitter->addWidget(side);
+    splitter->setStretchFactor(0, 3);
+    splitter->setStretchFactor(1, 1);
+    splitter->setChildrenCollapsible(false);
+    auto *const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(6, 6, 6, 6);
+    layout->addWidget(splitter);
+    for (const QString &directory : directories) {
+        this->append(directory);
+    }
+}
+
+void PicturePanel::append(const QString &directory)
+{
+    m_model->append(directory);
+    m_directories->clear();
+    m_directories->addItems(m_model->directories());
+}
+
+void PicturePanel::chooseDirectory()
+{
+    auto *const dialog = new QFileDialog(window(), tr("Append a Picture Directory"));
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::Directory);
+    connect(dialog, &QFileDialog::fileSelected, this, &PicturePanel::append);
+    dialog->open();
+}

@@ -1,0 +1,96 @@
+#include "PictureTour.h"
+
+#include "AgentFeeder.h"
+#include "ClientSession.h"
+#include "ITavFuncTypeMgr.h"
+#include "MainWindow.h"
+#include "NavigationTree.h"
+#include "PageArea.h"
+#include "ScenarioPlay.h"
+
+#include <QDir>
+#include <QDockWidget>
+#include <QEventLoop>
+#include <QPixmap>
+#include <QTimer>
+
+namespace
+{
+constexpr int settleTime = 400; // milliseconds in which a page reads what it shows
+
+void runLoop(int milliseconds)
+{
+    QEventLoop loop;
+    QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+
+/// Runs the event loop until @p sender emits @p signal.
+template<class Sender, class Signal>
+void waitFor(const Sender &sender, Signal signal)
+{
+    QEventLoop loop;
+    QObject::connect(&sender, signal, &loop, &QEventLoop::quit);
+    loop.exec();
+}
+}
+
+PictureTour::PictureTour(MainWindow &window, ClientSession &session, const QString &directory)
+    : m_window(window), m_session(session), m_directory(directory)
+{
+}
+
+QString PictureTour::run()
+{
+    QDir().mkpath(m_directory); // what cannot be written below it says so
+    waitForContent();
+    savePages();
+    saveDocks();
+    save(m_window, QStringLiteral("window"));
+    return m_failed;
+}
+
+void PictureTour::waitForContent()
+{
+    using State = ScenarioPlay::State;
+    const ScenarioPlay &play = m_window.play();
+    if (play.state() == State::Empty) {
+        m_window.feeder().feed();
+        waitFor(m_window.feeder(), &AgentFeeder::stateChanged);
+    }
+    while (play.state() == State::Opening || play.state() == State::Playing) {
+        waitFor(play, &ScenarioPlay::stateChanged);
+    }
+}
+
+void PictureTour::savePages()
+{
+    const QVector<TavSubFuncTypeData_> pages = m_session.host().manager<ITavFuncTypeMgr>()->getSubFuncInfo();
+    for (const TavSubFuncTypeData_ &page : pages) {
+        m_session.select(page);
+        if (m_window.pages().openPage() != page.subFuncType) {
+            waitFor(m_session, &ClientSession::pageChanged);
+        }
+        runLoop(settleTime);
+        save(m_window.pages(), QStringLiteral("page-") + pageKey(page.subFuncType));
+    }
+}
+
+void PictureTour::saveDocks()
+{
+    const QList<QDockWidget *> docks = m_window.findChildren<QDockWidget *>();
+    for (QDockWidget *const dock : docks) {
+        dock->show();
+        dock->raise();
+        runLoop(settleTime);
+        save(*dock, QStringLiteral("dock-") + dock->objectName());
+    }
+}
+
+void PictureTour::save(QWidget &widget, const QString &name)
+{
+    const QString file = QDir(m_directory).filePath(name + QLatin1String(".png"));
+    if (!widget.grab().save(file)) {
+        m_failed = file;
+    }
+}

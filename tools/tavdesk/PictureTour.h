@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QString>
+
+class ClientSession;
+class MainWindow;
+class QWidget;
+
+/// @brief Saves pictures of a window: of each page, of each dock, and of the whole.
+class PictureTour
+{
+public:
+    /// Saves into @p directory.
+    PictureTour(MainWindow &window, ClientSession &session, const QString &directory);
+
+    /// Waits for the scenario that is being played, or feeds from this machine when there is none, and saves all
+    /// pictures. Runs the event loop. Returns the file that could not be written; empty when all were.
+    QString run();
+
+private:
+    void waitForContent();
+    void savePages();
+    void saveDocks();
+    void save(QWidget &widget, const QString &name);
+
+    MainWindow &m_window;
+    ClientSession &m_session;
+    const QString m_directory;
+    QString m_failed;
+};

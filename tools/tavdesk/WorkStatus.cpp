@@ -1,0 +1,80 @@
+#include "WorkStatus.h"
+
+#include "AgentFeeder.h"
+#include "BusyBar.h"
+#include "CellText.h"
+#include "Recording.h"
+#include "ScenarioPlay.h"
+
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <QLabel>
+
+WorkStatus::WorkStatus(AgentFeeder &feeder, ScenarioPlay &play, Recording &recording, QWidget *parent)
+    : QWidget(parent)
+    , m_feeder(feeder)
+    , m_play(play)
+    , m_recording(recording)
+    , m_playText(new QLabel)
+    , m_recordingText(new QLabel)
+    , m_busy(new BusyBar)
+{
+    auto *const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(6, 0, 6, 0);
+    layout->setSpacing(18);
+    layout->addWidget(m_playText);
+    layout->addWidget(m_recordingText);
+    layout->addStretch();
+    layout->addWidget(m_busy);
+    for (QLabel *const label : {m_playText, m_recordingText}) {
+        label->setTextFormat(Qt::PlainText);
+    }
+    connect(&m_feeder, &AgentFeeder::stateChanged, this, &WorkStatus::showFeeding);
+    connect(&m_play, &ScenarioPlay::stateChanged, this, &WorkStatus::showPlay);
+    connect(&m_play, &ScenarioPlay::positionChanged, this, &WorkStatus::showPlay);
+    connect(&m_recording, &Recording::stateChanged, this, &WorkStatus::showRecording);
+    connect(&m_recording, &Recording::progressChanged, this, &WorkStatus::showRecording);
+}
+
+void WorkStatus::showFeeding()
+{
+    if (m_feeder.isFeeding()) {
+        m_busy->begin(&m_feeder, tr("Reading this machine"), [this] { m_feeder.stop(); });
+    } else {
+        m_busy->end(&m_feeder);
+    }
+}
+
+void WorkStatus::showPlay()
+{
+    using State = ScenarioPlay::State;
+    const ScenarioSurvey &survey = m_play.survey();
+    const QString name = survey.title.isEmpty() ? QFileInfo(survey.file).fileName() : survey.title;
+    m_playText->setText(survey.file.isEmpty()
+                            ? QString()
+                            : tr("%1: %2 of %3 lines").arg(name).arg(m_play.linesPlayed()).arg(survey.lines));
+    if (m_play.state() == State::Opening) {
+        m_busy->begin(&m_play, tr("Reading the scenario"), [this] { m_play.stop(); });
+    } else if (m_play.state() == State::Stopping) {
+        m_busy->begin(&m_play, tr("Waiting for the calls under way"), {});
+    } else {
+        m_busy->end(&m_play);
+    }
+}
+
+void WorkStatus::showRecording()
+{
+    using State = Recording::State;
+    const TavRecordProgress progress = m_recording.progress();
+    m_recordingText->setText(m_recording.state() == State::On
+                                 ? tr("Recording %1: %2 calls, %3")
+                                       .arg(QFileInfo(m_recording.file()).fileName())
+                                       .arg(progress.lines)
+                                       .arg(CellText::ofKind(TavFields::Kind::Size, progress.bytes))
+                                 : QString());
+    if (m_recording.state() == State::Beginning || m_recording.state() == State::Ending) {
+        m_busy->begin(&m_recording, tr("Writing the recording"), {});
+    } else {
+        m_busy->end(&m_recording);
+    }
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <QWidget>
+
+class AgentFeeder;
+class BusyBar;
+class QLabel;
+class Recording;
+class ScenarioPlay;
+
+/// @brief What the agent, the scenario and the recording are doing, for the status bar; what takes long can be stopped.
+class WorkStatus : public QWidget
+{
+    Q_OBJECT
+public:
+    /// All three outlive it.
+    WorkStatus(AgentFeeder &feeder, ScenarioPlay &play, Recording &recording, QWidget *parent = nullptr);
+
+private:
+    void showFeeding();
+    void showPlay();
+    void showRecording();
+
+    AgentFeeder &m_feeder;
+    ScenarioPlay &m_play;
+    Recording &m_recording;
+    QLabel *const m_playText;
+    QLabel *const m_recordingText;
+    BusyBar *const m_busy;
+};

@@ -1,0 +1,250 @@
+#include "ModelPage.h"
+
+#include "FactsForm.h"
+#include "TavCallError.h"
+#include "ValueList.h"
+#include "ValueModel.h"
+
+#include <QAction>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QLabel>
+#include <QScrollArea>
+#include <QSplitter>
+#include <QTabWidget>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+/// @brief A table of the page as it was read.
+struct PartReading {
+    const PageValue *value;
+    QString part;
+    std::optional<RowChange> change; ///< none when it is as it was
+};
+
+/// @brief What a reading of the page has found.
+struct PageReading {
+    QVector<PartReading> parts;
+    QStringList problems; ///< of the edits made before
+    int milliseconds = 0;
+};
+
+namespace
+{
+constexpr int shortestPause = 200; // milliseconds between two readings
+constexpr int mostlyIdle = 4; // so many times as long as a reading takes, the page rests
+
+/// @brief What a view shows, and what it is to show.
+struct View {
+    ShownRows rows;
+    Arrangement arrangement;
+};
+
+using Edit = std::function<QString()>;
+
+/// Makes the edits, reads the page, and finds out what is new. On the worker.
+PageReading readPage(ModelPage::Page page, const QVector<View> &views, const QVector<Edit> &edits)
+{
+    QElapsedTimer timer;
+    timer.start();
+    PageReading reading;
+    for (const Edit &edit : edits) {
+        if (const QString problem = edit(); !problem.isEmpty()) {
+            reading.problems.append(problem);
+        }
+    }
+    for (const PageValue &value : valuesOf(page)) {
+        const QVector<PartTable> tables = value.read();
+        for (const PartTable &table : tables) {
+            const View view = views.value(reading.parts.size());
+            reading.parts.append(
+                {&value, table.part, changeOf(view.rows, table.table, view.arrangement, ValueModel::now())});
+        }
+    }
+    reading.milliseconds = static_cast<int>(timer.elapsed());
+    return reading;
+}
+
+QString titleOf(const PartReading &part)
+{
+    const QString title = QCoreApplication::translate("PageValues", part.value->title);
+    return part.part.isEmpty() ? title : title + QStringLiteral(": ") + ValueColumn{part.part, {}}.title();
+}
+
+ValueTablePointer tableOf(const PageValue &value, const QString &part)
+{
+    const QVector<PartTable> tables = value.read();
+    const auto found
+        = std::find_if(tables.begin(), tables.end(), [&part](const PartTable &table) { return table.part == part; });
+    return found == tables.end() ? nullptr : found->table;
+}
+}
+
+ModelPage::ModelPage(Page page, Call call, QWidget *parent)
+    : QWidget(parent), m_page(page), m_call(std::move(call)), m_worker(QStringLiteral("page"))
+{
+    m_next.setSingleShot(true);
+    connect(&m_next, &QTimer::timeout, this, &ModelPage::read);
+    auto *const refresh = new QAction(this);
+    refresh->setShortcut(QKeySequence::Refresh);
+    refresh->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    connect(refresh, &QAction::triggered, this, &ModelPage::read);
+    addAction(refresh);
+}
+
+ModelPage::~ModelPage() = default;
+
+void ModelPage::showEvent(QShowEvent *event)
+{
+    QWidget::showEvent(event);
+    read();
+}
+
+void ModelPage::hideEvent(QHideEvent *event)
+{
+    QWidget::hideEvent(event);
+    m_next.stop();
+}
+
+void ModelPage::read()
+{
+    m_isReadingWanted = m_isReading;
+    if (m_isReading) {
+        return;
+    }
+    m_isReading = true;
+    m_next.stop();
+    QVector<View> views;
+    for (const ValueModel *const model : qAsConst(m_models)) {
+        views.append({model->rows(), model->arrangement()});
+    }
+    m_worker.run([page = m_page, views, edits = std::exchange(m_edits, {})] { return readPage(page, views, edits); },
+                 [this](const PageReading &reading) { take(reading); });
+}
+
+void ModelPage::take(const PageReading &reading)
+{
+    m_isReading = false;
+    if (m_models.isEmpty()) {
+        build(reading);
+    } else if (m_models.size() == reading.parts.size()) {
+        QVector<ShownRows> gone;
+        for (int i = 0; i < m_models.size(); ++i) {
+            if (const auto &change = reading.parts[i].change) {
+                gone.append(m_models[i]->apply(*change));
+            }
+            if (m_tabs[i] >= 0) {
+                const int rows = m_models[i]->rows().table->rowCount();
+                m_lists->setTabText(m_tabs[i], tr("%1 (%2)").arg(titleOf(reading.parts[i])).arg(rows));
+            }
+        }
+        m_worker.run([gone = std::move(gone)] { return 0; }, [](int) {}); // long lists die there
+    }
+    if (!reading.problems.isEmpty()) {
+        showProblem(reading.problems.join(QLatin1Char('\n')));
+    }
+    if (m_isReadingWanted || !m_edits.isEmpty()) {
+        read();
+    } else if (isVisible()) {
+        m_next.start(std::max(shortestPause, mostlyIdle * reading.milliseconds));
+    }
+}
+
+void ModelPage::build(const PageReading &reading)
+{
+    auto *const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    if (reading.parts.isEmpty()) {
+        auto *const hint = new QLabel(tr("No manager holds anything for this page."));
+        hint->setAlignment(Qt::AlignCenter);
+        hint->setForegroundRole(QPalette::PlaceholderText);
+        layout->addWidget(hint);
+        return;
+    }
+    auto *const facts = new QWidget;
+    auto *const factsLayout = new QVBoxLayout(facts);
+    factsLayout->setContentsMargins(0, 0, 6, 0);
+    m_lists = new QTabWidget;
+    m_lists->setDocumentMode(true);
+    m_lists->setAccessibleName(tr("Lists"));
+    for (const PartReading &part : reading.parts) {
+        const QString title = titleOf(part);
+        const QString origin = part.value->manager + QStringLiteral("::") + part.value->getter;
+        auto *const model = new ValueModel(!part.value->rowEdit.isEmpty(), this);
+        model->apply(*part.change);
+        m_models.append(model);
+        if (!part.change->rows.table->isList()) {
+            auto *const heading = new QLabel(title);
+            heading->setToolTip(origin);
+            QFont font = heading->font();
+            font.setBold(true);
+            heading->setFont(font);
+            factsLayout->addWidget(heading);
+            auto *const form = new FactsForm(*model);
+            form->setAccessibleName(title);
+            factsLayout->addWidget(form);
+            factsLayout->addSpacing(6);
+            m_tabs.append(-1);
+            continue;
+        }
+        auto *const list = new ValueList(*part.value, part.part, *model, title);
+        connect(list, &ValueList::edited, this,
+                [this, model, part = PartReading{part.value, part.part, {}}](const QVector<int> &rows,
+                                                                             const ValueList::Edit &wanted) {
+                    edit(part, model->rows().table, rows, wanted);
+                });
+        connect(model, &ValueModel::arrangementChanged, this, &ModelPage::read);
+        const int rows = model->rows().table->rowCount();
+        m_tabs.append(m_lists->addTab(list, tr("%1 (%2)").arg(title).arg(rows)));
+        m_lists->setTabToolTip(m_tabs.last(), origin);
+    }
+    factsLayout->addStretch(1);
+    auto *const scroll = new QScrollArea;
+    scroll->setWidget(facts);
+    scroll->setWidgetResizable(true);
+    scroll->setFrameShape(QFrame::NoFrame);
+    scroll->setVisible(m_tabs.contains(-1));
+    m_lists->setVisible(m_lists->count() > 0);
+
+    auto *const splitter = new QSplitter(Qt::Vertical);
+    splitter->addWidget(scroll);
+    splitter->addWidget(m_lists);
+    splitter->setStretchFactor(1, 1);
+    splitter->setChildrenCollapsible(false);
+    m_problem = new QLabel;
+    m_problem->setTextFormat(Qt::PlainText);
+    m_problem->setWordWrap(true);
+    m_problem->hide();
+    layout->addWidget(splitter, 1);
+    layout->addWidget(m_problem);
+}
+
+void ModelPage::edit(const PartReading &part, const ValueTablePointer &seen, const QVector<int> &rows,
+                     const ValueList::Edit &edit)
+{
+    m_problem->hide();
+    m_edits.append([&value = *part.value, name = part.part, seen, rows, edit, call = m_call]() -> QString {
+        const ValueTablePointer now = tableOf(value, name);
+        const bool isThere
+            = now && std::all_of(rows.begin(), rows.end(), [&](int row) { return isSameRow(*seen, row, *now, row); });
+        if (!isThere) {
+            return tr("The list has changed meanwhile; nothing was edited.");
+        }
+        try {
+            for (const ValueEdit &one : edit(*now)) {
+                call(value.manager, one.operation, one.arguments);
+            }
+        } catch (const TavCallError &error) {
+            return tr("%1: %2").arg(value.manager, QString::fromUtf8(error.what()));
+        }
+        return {};
+    });
+    read();
+}
+
+void ModelPage::showProblem(const QString &problem)
+{
+    m_problem->setText(problem);
+    m_problem->show();
+}

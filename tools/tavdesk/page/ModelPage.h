@@ -1,0 +1,61 @@
+#pragma once
+
+#include "CTavSubFuncTypeHeader.h"
+#include "ValueList.h"
+#include "Worker.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+
+class QLabel;
+class QTabWidget;
+class ValueModel;
+struct PageReading;
+struct PartReading;
+
+/**
+ * @brief What the managers behind a page hold: facts as forms, lists as tables, and what edits them.
+ *
+ * The managers say nothing when they change, so a visible page reads them again and again, some five times a second and
+ * less often when that takes long. Reading, comparing, sorting and filtering happen on a thread of the page's own, and
+ * so do the calls that edit.
+ */
+class ModelPage : public QWidget
+{
+    Q_OBJECT
+public:
+    using Page = CTavSubFuncTypeHeader::TavSubFuncTypeHeader_;
+
+    /// Makes a call on a manager; throws TavCallError when it is refused. Called on the page's thread.
+    using Call = std::function<void(const QString &manager, const QString &operation, const QJsonArray &arguments)>;
+
+    /// The managers, and what @p call needs, outlive the page.
+    explicit ModelPage(Page page, Call call, QWidget *parent = nullptr);
+    ~ModelPage() override;
+
+protected:
+    void showEvent(QShowEvent *event) override;
+    void hideEvent(QHideEvent *event) override;
+
+private:
+    void read();
+    void take(const PageReading &reading);
+    void build(const PageReading &reading);
+    void edit(const PartReading &part, const ValueTablePointer &seen, const QVector<int> &rows,
+              const ValueList::Edit &edit);
+    void showProblem(const QString &problem);
+
+    const Page m_page;
+    const Call m_call;
+    QVector<ValueModel *> m_models; ///< one for each part, in the order of reading
+    QVector<int> m_tabs; ///< by part: place of its tab; -1 for facts
+    QTabWidget *m_lists = nullptr;
+    QLabel *m_problem = nullptr;
+    QTimer m_next; ///< until the next reading
+    bool m_isReading = false;
+    bool m_isReadingWanted = false; ///< at once, when the one under way has ended
+    QVector<std::function<QString()>> m_edits; ///< to be made before the next reading; each says what went wrong
+    Worker m_worker; ///< the last member: what is above is there until its thread has ended
+};

@@ -1,0 +1,190 @@
+#include "ValueList.h"
+
+#include "ValueModel.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QClipboard>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+
+#include <algorithm>
+
+namespace
+{
+constexpr int widestColumn = 48; // letters
+}
+
+ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &model, const QString &name,
+                     QWidget *parent)
+    : QWidget(parent)
+    , m_value(value)
+    , m_model(model)
+    , m_isToggled(!value.toggleRow.isEmpty() && !part.isEmpty())
+    , m_filter(new QLineEdit)
+    , m_count(new QLabel)
+    , m_view(new QTableView)
+{
+    m_filter->setPlaceholderText(tr("Filter"));
+    m_filter->setAccessibleName(tr("Filter of %1").arg(name));
+    m_filter->setClearButtonEnabled(true);
+    m_filter->setMaximumWidth(fontMetrics().averageCharWidth() * widestColumn);
+    connect(m_filter, &QLineEdit::textChanged, &model, &ValueModel::setFilter);
+
+    m_view->setModel(&model);
+    m_view->setAccessibleName(name);
+    m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_view->setShowGrid(false);
+    m_view->setAlternatingRowColors(true);
+    m_view->setWordWrap(false);
+    m_view->setTabKeyNavigation(false); // the tabulator leaves the table, as it leaves every other field
+    m_view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_view->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
+    m_view->setCornerButtonEnabled(false);
+    m_view->verticalHeader()->hide();
+    m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
+    m_view->horizontalHeader()->setHighlightSections(false);
+    m_view->horizontalHeader()->setStretchLastSection(true);
+    m_view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder); // the list's own order
+    m_view->setSortingEnabled(true);
+
+    auto *const bar = new QHBoxLayout;
+    bar->addWidget(m_filter, 1);
+    bar->addWidget(m_count);
+    bar->addStretch(1);
+    addEdits(*bar, part);
+    auto *const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 6, 0, 0);
+    layout->addLayout(bar);
+    layout->addWidget(m_view, 1);
+
+    const auto addKey = [this](QWidget *where, const QKeySequence &key, auto slot) {
+        auto *const action = new QAction(where);
+        action->setShortcut(key);
+        action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+        connect(action, &QAction::triggered, this, slot);
+        where->addAction(action);
+    };
+    addKey(this, QKeySequence::Find, [this] { m_filter->setFocus(Qt::ShortcutFocusReason); });
+    addKey(m_filter, Qt::Key_Escape, [this] { m_filter->clear(); });
+    addKey(m_view, QKeySequence::Copy, [this] { copySelected(); });
+    addKey(m_view, Qt::Key_Space, [this] { toggleOrCheckSelected(); });
+
+    connect(&model, &ValueModel::checkRequested, this,
+            [this](int row, bool checked) { check({m_model.rows().order[row]}, checked); });
+    connect(&model, &ValueModel::rowsInserted, this, &ValueList::updateCount);
+    connect(&model, &ValueModel::rowsRemoved, this, &ValueList::updateCount);
+    updateCount();
+    setColumnWidths();
+}
+
+void ValueList::addEdits(QBoxLayout &bar, const QString &part)
+{
+    const auto addButton = [this, &bar](const QString &text, const QString &operation, auto clicked) {
+        auto *const button = new QPushButton(text);
+        button->setToolTip(m_value.manager + QStringLiteral("::") + operation);
+        connect(button, &QPushButton::clicked, this, clicked);
+        bar.addWidget(button);
+    };
+    const auto checkAll = [this](bool checked) {
+        return [this, checked] {
+            emit edited(
+                {}, [&value = m_value, checked](const ValueTable &) { return ValueEdits::checkAll(value, checked); });
+        };
+    };
+    if (!m_value.checkAll.isEmpty() && part.isEmpty()) {
+        addButton(tr("Check all"), m_value.checkAll, checkAll(true));
+        addButton(tr("Uncheck all"), m_value.checkAll, checkAll(false));
+    } else if (!m_value.uncheckAll.isEmpty() && part.isEmpty()) {
+        addButton(tr("Uncheck all"), m_value.uncheckAll, checkAll(false));
+    }
+    if (m_isToggled) {
+        addButton(tr("Toggle selected"), m_value.toggleRow, [this] { toggle(selectedRows()); });
+        addButton(tr("Toggle all"), m_value.toggleAll, [this] {
+            emit edited({}, [&value = m_value](const ValueTable &) { return ValueEdits::toggleAll(value); });
+        });
+    }
+}
+
+void ValueList::setColumnWidths()
+{
+    // Of the first rows: looking at all would take long, and columns that follow their contents jump.
+    constexpr int looked = 50;
+    const QFontMetrics metrics = fontMetrics();
+    for (int column = 0; column < m_model.columnCount(); ++column) {
+        int width = metrics.horizontalAdvance(m_model.headerData(column, Qt::Horizontal).toString()) + 24;
+        for (int row = 0; row < std::min(looked, m_model.rowCount()); ++row) {
+            width = std::max(width, metrics.horizontalAdvance(m_model.index(row, column).data().toString()) + 12);
+        }
+        m_view->setColumnWidth(column, std::min(width, metrics.averageCharWidth() * widestColumn));
+    }
+}
+
+void ValueList::updateCount()
+{
+    const int all = m_model.rows().table->rowCount();
+    const int shown = m_model.rowCount();
+    m_count->setText(shown == all ? tr("%n row(s)", nullptr, all) : tr("%1 of %n row(s)", nullptr, all).arg(shown));
+}
+
+void ValueList::check(const QVector<int> &rows, bool checked)
+{
+    emit edited(rows, [&value = m_value, rows, checked](const ValueTable &table) {
+        return ValueEdits::check(value, table, rows, checked);
+    });
+}
+
+void ValueList::toggle(const QVector<int> &rows)
+{
+    if (!rows.isEmpty()) {
+        emit edited(rows, [&value = m_value, rows](const ValueTable &) { return ValueEdits::toggle(value, rows); });
+    }
+}
+
+void ValueList::toggleOrCheckSelected()
+{
+    const QVector<int> rows = selectedRows();
+    if (m_isToggled) {
+        toggle(rows);
+        return;
+    }
+    for (int column = 0; column < m_model.columnCount() && !rows.isEmpty(); ++column) {
+        const QModelIndex mark = m_model.index(m_view->currentIndex().row(), column);
+        if (mark.flags().testFlag(Qt::ItemIsUserCheckable)) {
+            check(rows, mark.data(Qt::CheckStateRole).toInt() != Qt::Checked);
+        }
+    }
+}
+
+void ValueList::copySelected() const
+{
+    QStringList lines;
+    const QModelIndexList rows = m_view->selectionModel()->selectedRows();
+    for (const QModelIndex &row : rows) {
+        QStringList cells;
+        for (int column = 0; column < m_model.columnCount(); ++column) {
+            const QModelIndex index = row.siblingAtColumn(column);
+            const bool isMark = index.data(Qt::CheckStateRole).isValid();
+            cells.append(index.data(isMark ? Qt::AccessibleTextRole : Qt::DisplayRole).toString());
+        }
+        lines.append(cells.join(QLatin1Char('\t')));
+    }
+    QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+}
+
+QVector<int> ValueList::selectedRows() const
+{
+    QVector<int> rows;
+    const QModelIndexList selected = m_view->selectionModel()->selectedRows();
+    for (const QModelIndex &index : selected) {
+        rows.append(m_model.rows().order[index.row()]);
+    }
+    std::sort(rows.begin(), rows.end());
+    return rows;
+}

@@ -1,0 +1,56 @@
+#pragma once
+
+#include "ValueEdit.h"
+
+#include <QWidget>
+
+#include <functional>
+
+class QBoxLayout;
+class QLabel;
+class QLineEdit;
+class QTableView;
+class ValueModel;
+
+/**
+ * @brief A list that a manager holds: a table to sort, filter and copy from, and what edits it.
+ *
+ * | key | |
+ * |---|---|
+ * | the standard key for finding | to the filter |
+ * | Escape in the filter | empties it |
+ * | Space on a row | its check mark, or its state, is set the other way; of all selected rows |
+ * | the standard key for copying | the selected rows as text, a tabulator between the cells |
+ */
+class ValueList : public QWidget
+{
+    Q_OBJECT
+public:
+    /// @p model has its first rows; it and @p value outlive the list. @p name is what accessibility calls the table.
+    ValueList(const PageValue &value, const QString &part, ValueModel &model, const QString &name,
+              QWidget *parent = nullptr);
+
+    /// The calls of an edit, for the list as it then is.
+    using Edit = std::function<QVector<ValueEdit>(const ValueTable &table)>;
+
+signals:
+    /// @p rows, of the table of values, are to be edited; none: all are.
+    void edited(const QVector<int> &rows, const ValueList::Edit &edit);
+
+private:
+    void addEdits(QBoxLayout &bar, const QString &part);
+    void setColumnWidths();
+    void updateCount();
+    void check(const QVector<int> &rows, bool checked);
+    void toggle(const QVector<int> &rows);
+    void toggleOrCheckSelected();
+    void copySelected() const;
+    QVector<int> selectedRows() const; ///< of the table of values
+
+    const PageValue &m_value;
+    ValueModel &m_model;
+    const bool m_isToggled; ///< the part's entries have a state to toggle
+    QLineEdit *m_filter;
+    QLabel *m_count;
+    QTableView *m_view;
+};
