@@ -4,6 +4,8 @@
 #include "TavScenarioPlayer.h"
 
 #include <QAbstractItemModelTester>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QLineEdit>
 #include <QTableView>
 #include <QThread>
