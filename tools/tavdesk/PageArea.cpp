@@ -4,6 +4,7 @@
 #include "ClientSession.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavPage.h"
+#include "ModelPage.h"
 #include "NavigationTree.h"
 #include "PageFrame.h"
 #include "ProblemView.h"
@@ -90,5 +91,9 @@ QWidget *PageArea::newContent(const TavSubFuncTypeData_ &page)
     if (auto *const controller = qobject_cast<ITavPage *>(object)) {
         return newOwnPage(*controller, page);
     }
-    return new QLabel(page.subFuncTitle); // PLACEHOLDER
+    return new ModelPage(
+        page.subFuncType,
+        [&session = m_session](const QString &manager, const QString &operation, const QJsonArray &arguments) {
+            session.call(manager, operation, arguments);
+        });
 }
