@@ -4,6 +4,8 @@
 
 #include <QComboBox>
 #include <QDockWidget>
+#include <QJsonArray>
+#include <QJsonObject>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
