@@ -14,7 +14,7 @@ constexpr quint32 seed = 20211121;
 int eventCount()
 {
     const int count = qEnvironmentVariableIntValue("TAV_MONKEY_EVENTS");
-    return count > 0 ? count : 5000;
+    return count > 0 ? count : 20'000;
 }
 
 /// Any key but those that would end the program or write a file.
