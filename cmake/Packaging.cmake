@@ -3,7 +3,7 @@
 #   common  libtavcommon1        the shared library
 #   plugin  tav-data-plugin      the plugin
 #   dev     tav-data-plugin-dev  what authors of page plugins compile against
-#   tavctl  tavctl               the tool, its manual, the demo installation
+#   tavctl  tavctl               the tool, its manual, the demo installation, scenarios
 #   tavdesk tavdesk              the development client's window
 #
 # "./dev package" builds them. By hand: configure with -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_SKIP_INSTALL_RPATH=ON (the
