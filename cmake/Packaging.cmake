@@ -3,7 +3,8 @@
 #   common  libtavcommon1        the shared library
 #   plugin  tav-data-plugin      the plugin
 #   dev     tav-data-plugin-dev  what authors of page plugins compile against
-#   tavctl  tavctl               the tool, its manual, the demo installation
+#   tavctl  tavctl               the tool, its manual, the demo installation, scenarios
+#   tavdesk tavdesk              the development client's window
 #
 # "./dev package" builds them. By hand: configure with -DCMAKE_INSTALL_PREFIX=/usr -DCMAKE_SKIP_INSTALL_RPATH=ON (the
 # library then lies where the loader looks anyway), build, run cpack. Included last: it looks at what was built.
@@ -58,7 +59,7 @@ tav_package(plugin tav-data-plugin)
 tav_package(dev tav-data-plugin-dev)
 # What page authors read and copy: they have the packages, not these sources.
 set(devDocDir "${CMAKE_INSTALL_DATADIR}/doc/tav-data-plugin-dev")
-install(FILES docs/page-plugin-guide.md docs/compatibility.md docs/architecture.md
+install(FILES docs/page-plugin-guide.md docs/compatibility.md docs/architecture.md docs/scenarios.md
     DESTINATION ${devDocDir} COMPONENT dev)
 install(DIRECTORY examples/page-plugin DESTINATION ${devDocDir}/examples COMPONENT dev
     PATTERN build EXCLUDE)
@@ -85,6 +86,19 @@ if(TARGET tavctl)
     tav_install_compressed("${shareDir}/man/tavctl.1" ${CMAKE_INSTALL_MANDIR}/man1 tavctl.1 tavctl)
     install(FILES "${shareDir}/bash-completion/tavctl"
         DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tavctl OPTIONAL)
+endif()
+if(TARGET tavdesk)
+    tav_package(tavdesk tavdesk)
+    list(APPEND CPACK_COMPONENTS_ALL tavdesk)
+    set(CPACK_COMPONENT_TAVDESK_DEPENDS ${CPACK_COMPONENT_TAVCTL_DEPENDS})
+    tav_install_compressed("${shareDir}/man/tavdesk.1" ${CMAKE_INSTALL_MANDIR}/man1 tavdesk.1 tavdesk)
+    set(application org.tavsec.tavdesk)
+    install(FILES "${shareDir}/tavdesk/${application}.desktop"
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/applications COMPONENT tavdesk)
+    install(FILES "${shareDir}/tavdesk/${application}.metainfo.xml"
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/metainfo COMPONENT tavdesk)
+    install(FILES "${shareDir}/tavdesk/${application}.svg"
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/icons/hicolor/scalable/apps COMPONENT tavdesk)
 endif()
 
 file(STRINGS "${CMAKE_CURRENT_LIST_DIR}/debian/changelog" newestEntry LIMIT_COUNT 1)
@@ -131,6 +145,8 @@ set(CPACK_DEBIAN_COMMON_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_PLUGIN_PACKAGE_SECTION libs)
 set(CPACK_DEBIAN_DEV_PACKAGE_SECTION libdevel)
 set(CPACK_DEBIAN_TAVCTL_PACKAGE_SECTION admin)
+set(CPACK_DEBIAN_TAVDESK_PACKAGE_SECTION devel)
+set(CPACK_DEBIAN_TAVDESK_PACKAGE_RECOMMENDS "qttranslations5-l10n, tavctl")
 set(CPACK_DEBIAN_PACKAGE_PRIORITY optional)
 
 # Each description's first line is the synopsis; the project's must not be put before it.
@@ -154,5 +170,10 @@ Loads the data plugin as the client does and shows what it registers, what the
 navigation holds, and what the model of each page holds once a backend has
 answered. For authors of page plugins and for integrators, who try their
 configuration with it; an installation to try it on is included.")
+set(CPACK_COMPONENT_TAVDESK_DESCRIPTION "development client for page plugins of the security client
+Shows the data plugin of the host-security desktop client at work: its
+navigation, its pages with what their managers hold, all calls and page
+changes. It is fed from this machine or plays recorded scenarios, and shows
+page plugins under development.")
 
 include(CPack)

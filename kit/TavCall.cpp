@@ -95,7 +95,9 @@ QJsonValue expected(const QJsonValue &json, const QString &path)
         return json;
     } else if constexpr (std::is_same_v<Result, std::shared_ptr<QImage>>) {
         if (!json.isNull()) {
-            TavJson::refuseUnknownKeys(TavJson::object(json, path), {"width", "height", "format"}, path);
+            TavJson::at(path, [&] {
+                TavJson::refuseUnknownKeys(TavJson::object(json), {"width", "height", "format"});
+            });
         }
         return json;
     } else {
@@ -156,7 +158,7 @@ TavCall::Call preparedAt(int place, const QJsonValue &arguments, const QString &
     QStringList paths;
     if (arguments.isObject()) {
         const QJsonObject members = arguments.toObject();
-        TavJson::refuseUnknownKeys(members, names, path);
+        TavJson::at(path, [&] { TavJson::refuseUnknownKeys(members, names); });
         for (const QString &name : names) {
             if (!members.contains(name)) {
                 throw TavCallError(path, QString("the argument \"%1\" is missing").arg(name));
@@ -165,7 +167,7 @@ TavCall::Call preparedAt(int place, const QJsonValue &arguments, const QString &
             paths.append(TavJson::memberPath(path, name));
         }
     } else {
-        values = TavJson::array(arguments, path);
+        values = TavJson::at(path, [&] { return TavJson::array(arguments); });
         if (values.size() != names.size()) {
             throw TavCallError(path,
                                QString("%1 takes %2 arguments, not %3")
@@ -179,10 +181,46 @@ TavCall::Call preparedAt(int place, const QJsonValue &arguments, const QString &
     return table().prepare[place](values, paths);
 }
 
+using google::protobuf::LogHandler;
+using google::protobuf::LogLevel;
+
+thread_local bool isGuarded = false; ///< what the message library refuses on this thread becomes an error that says so
+LogHandler *otherLog = nullptr;
+
+void logUnlessGuarded(LogLevel level, const char *file, int line, const std::string &message)
+{
+    if (otherLog && !(isGuarded && level == google::protobuf::LOGLEVEL_FATAL)) {
+        otherLog(level, file, line, message);
+    }
+}
+
+/// @brief As long as it lives, the message library does not print what it throws on this thread.
+class QuietRefusal
+{
+public:
+    QuietRefusal()
+    {
+        static const bool isInstalled = [] {
+            otherLog = google::protobuf::SetLogHandler(logUnlessGuarded);
+            return true;
+        }();
+        Q_UNUSED(isInstalled)
+        isGuarded = true;
+    }
+
+    ~QuietRefusal()
+    {
+        isGuarded = false;
+    }
+
+    Q_DISABLE_COPY(QuietRefusal)
+};
+
 /// Makes of what the message library throws, at a position that a list does not have, the error of a call.
 TavCall::Call guarded(const TavCall::Call &call, const TavCall::Operation &operation)
 {
     return [call, &operation](QObject *manager) {
+        const QuietRefusal quiet;
         try {
             return call(manager);
         } catch (const google::protobuf::FatalException &fatal) {

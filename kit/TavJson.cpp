@@ -15,9 +15,9 @@ using google::protobuf::Reflection;
 
 constexpr qint64 exactInDouble = Q_INT64_C(1) << 53; ///< every whole number up to it is one in other JSON readers, too
 
-[[noreturn]] void refuse(const QString &path, const char *expected, const QJsonValue &json)
+[[noreturn]] void refuse(const char *expected, const QJsonValue &json)
 {
-    throw TavCallError(path, QString("expected %1, not %2").arg(expected, TavJson::described(json)));
+    throw TavCallError({}, QString("expected %1, not %2").arg(expected, TavJson::described(json)));
 }
 
 /// Whether @p json is a whole number of 64 bits, which then is in @p number, exact beyond 2^53, too.
@@ -88,7 +88,7 @@ QJsonValue fieldToJson(const Message &message, const FieldDescriptor *field, int
 }
 
 /// Sets a field, or appends to a list.
-void fieldFromJson(const QJsonValue &json, Message &message, const FieldDescriptor *field, const QString &path)
+void fieldFromJson(const QJsonValue &json, Message &message, const FieldDescriptor *field)
 {
     const Reflection &reflection = *message.GetReflection();
     const auto put = [&](auto add, auto set, auto value) {
@@ -96,25 +96,24 @@ void fieldFromJson(const QJsonValue &json, Message &message, const FieldDescript
     };
     switch (field->cpp_type()) {
     case FieldDescriptor::CPPTYPE_INT32:
-        return put(&Reflection::AddInt32, &Reflection::SetInt32, TavJson::fromJson<qint32>(json, path));
+        return put(&Reflection::AddInt32, &Reflection::SetInt32, TavJson::valueFromJson<qint32>(json));
     case FieldDescriptor::CPPTYPE_UINT32:
-        return put(&Reflection::AddUInt32, &Reflection::SetUInt32, TavJson::fromJson<quint32>(json, path));
+        return put(&Reflection::AddUInt32, &Reflection::SetUInt32, TavJson::valueFromJson<quint32>(json));
     case FieldDescriptor::CPPTYPE_INT64:
-        return put(&Reflection::AddInt64, &Reflection::SetInt64, TavJson::signedNumber(json, path));
+        return put(&Reflection::AddInt64, &Reflection::SetInt64, TavJson::signedNumber(json));
     case FieldDescriptor::CPPTYPE_UINT64:
-        return put(&Reflection::AddUInt64, &Reflection::SetUInt64, TavJson::unsignedNumber(json, path));
+        return put(&Reflection::AddUInt64, &Reflection::SetUInt64, TavJson::unsignedNumber(json));
     case FieldDescriptor::CPPTYPE_BOOL:
-        return put(&Reflection::AddBool, &Reflection::SetBool, TavJson::flag(json, path));
+        return put(&Reflection::AddBool, &Reflection::SetBool, TavJson::flag(json));
     case FieldDescriptor::CPPTYPE_STRING:
-        return put(&Reflection::AddString, &Reflection::SetString,
-                   (field->type() == FieldDescriptor::TYPE_BYTES ? TavJson::bytesFromJson(json, path)
-                                                                 : TavJson::textFromJson(json, path))
-                       .toStdString());
+        return put(
+            &Reflection::AddString, &Reflection::SetString,
+            (field->type() == FieldDescriptor::TYPE_BYTES ? TavJson::bytesFromJson(json) : TavJson::textFromJson(json))
+                .toStdString());
     case FieldDescriptor::CPPTYPE_MESSAGE:
         return TavJson::messageFromJson(json,
                                         field->is_repeated() ? *reflection.AddMessage(&message, field)
-                                                             : *reflection.MutableMessage(&message, field),
-                                        path);
+                                                             : *reflection.MutableMessage(&message, field));
     default:
         refuseKind(field);
     }
@@ -143,53 +142,53 @@ QString TavJson::described(const QJsonValue &value)
     }
 }
 
-QJsonArray TavJson::array(const QJsonValue &json, const QString &path)
+QJsonArray TavJson::array(const QJsonValue &json)
 {
     if (!json.isArray()) {
-        refuse(path, "an array", json);
+        refuse("an array", json);
     }
     return json.toArray();
 }
 
-QJsonObject TavJson::object(const QJsonValue &json, const QString &path)
+QJsonObject TavJson::object(const QJsonValue &json)
 {
     if (!json.isObject()) {
-        refuse(path, "an object", json);
+        refuse("an object", json);
     }
     return json.toObject();
 }
 
-bool TavJson::flag(const QJsonValue &json, const QString &path)
+bool TavJson::flag(const QJsonValue &json)
 {
     if (!json.isBool()) {
-        refuse(path, "true or false", json);
+        refuse("true or false", json);
     }
     return json.toBool();
 }
 
-qint64 TavJson::wholeNumber(const QJsonValue &json, qint64 least, qint64 most, const QString &path)
+qint64 TavJson::wholeNumber(const QJsonValue &json, qint64 least, qint64 most)
 {
     qint64 number = 0;
     if (!isWhole(json, number) || number < least || number > most) {
-        refuse(path, qPrintable(QString("a whole number from %1 to %2").arg(least).arg(most)), json);
+        refuse(qPrintable(QString("a whole number from %1 to %2").arg(least).arg(most)), json);
     }
     return number;
 }
 
-qint64 TavJson::signedNumber(const QJsonValue &json, const QString &path)
+qint64 TavJson::signedNumber(const QJsonValue &json)
 {
     qint64 number = 0;
     if (!isLong<qlonglong>(json, &QString::toLongLong, number)) {
-        refuse(path, "a whole number of 64 bits, as text beyond 2^53", json);
+        refuse("a whole number of 64 bits, as text beyond 2^53", json);
     }
     return number;
 }
 
-quint64 TavJson::unsignedNumber(const QJsonValue &json, const QString &path)
+quint64 TavJson::unsignedNumber(const QJsonValue &json)
 {
     quint64 number = 0;
     if (!isLong<qulonglong>(json, &QString::toULongLong, number)) {
-        refuse(path, "a whole number of 64 bits that is not negative, as text beyond 2^53", json);
+        refuse("a whole number of 64 bits that is not negative, as text beyond 2^53", json);
     }
     return number;
 }
@@ -200,18 +199,18 @@ QJsonValue TavJson::textToJson(const QByteArray &bytes)
     return text.toUtf8() == bytes ? QJsonValue(text) : QJsonObject{{"bytes", bytesToJson(bytes)}};
 }
 
-QByteArray TavJson::textFromJson(const QJsonValue &json, const QString &path)
+QByteArray TavJson::textFromJson(const QJsonValue &json)
 {
     if (json.isObject()) {
         const QJsonObject members = json.toObject();
-        refuseUnknownKeys(members, {"bytes"}, path);
-        return bytesFromJson(members["bytes"], memberPath(path, "bytes"));
+        refuseUnknownKeys(members, {"bytes"});
+        return at(QLatin1String("bytes"), [&] { return bytesFromJson(members["bytes"]); });
     }
     if (!json.isString()) {
-        refuse(path, R"(a text, or {"bytes": "<Base64>"} for one that is not UTF-8)", json);
+        refuse(R"(a text, or {"bytes": "<Base64>"} for one that is not UTF-8)", json);
     }
     if (!json.toString().isValidUtf16()) {
-        throw TavCallError(path, "the text holds half a character, a \\ud800 to \\udfff without its other half");
+        throw TavCallError({}, "the text holds half a character, a \\ud800 to \\udfff without its other half");
     }
     return json.toString().toUtf8();
 }
@@ -227,15 +226,15 @@ QJsonValue TavJson::qStringToJson(const QString &text)
     return QJsonObject{{"bytes", bytesToJson(text.toUtf8())}};
 }
 
-QString TavJson::qStringFromJson(const QJsonValue &json, const QString &path)
+QString TavJson::qStringFromJson(const QJsonValue &json)
 {
     if (json.isString()) {
         return json.toString();
     }
-    const QByteArray bytes = textFromJson(json, path);
+    const QByteArray bytes = textFromJson(json);
     QString text = QString::fromUtf8('x' + bytes).mid(1); // a byte order mark is only kept behind another letter
     if (text.toUtf8() != bytes) {
-        throw TavCallError(memberPath(path, "bytes"), "the bytes are not UTF-8, and this text is made of characters");
+        throw TavCallError(memberPath({}, "bytes"), "the bytes are not UTF-8, and this text is made of characters");
     }
     return text;
 }
@@ -247,16 +246,16 @@ QJsonValue TavJson::bufferToJson(const char *buffer, int size)
     return length < size ? textToJson(bytes) : QJsonObject{{"bytes", bytesToJson(bytes)}};
 }
 
-void TavJson::bufferFromJson(const QJsonValue &json, char *buffer, int size, const QString &path)
+void TavJson::bufferFromJson(const QJsonValue &json, char *buffer, int size)
 {
-    const QByteArray bytes = textFromJson(json, path);
+    const QByteArray bytes = textFromJson(json);
     if (bytes.contains('\0')) {
-        throw TavCallError(path, "the text holds a NUL, where the buffer's text would end");
+        throw TavCallError({}, "the text holds a NUL, where the buffer's text would end");
     }
     // Bytes may fill the buffer to its last, as a buffer without NUL is written.
     const int most = json.isObject() ? size : size - 1;
     if (bytes.size() > most) {
-        throw TavCallError(path,
+        throw TavCallError({},
                            QString("the text is %1 bytes long, and its buffer takes %2").arg(bytes.size()).arg(most));
     }
     std::memset(buffer, 0, static_cast<std::size_t>(size));
@@ -268,12 +267,12 @@ QJsonValue TavJson::bytesToJson(const QByteArray &bytes)
     return QString::fromLatin1(bytes.toBase64());
 }
 
-QByteArray TavJson::bytesFromJson(const QJsonValue &json, const QString &path)
+QByteArray TavJson::bytesFromJson(const QJsonValue &json)
 {
     const QByteArray text = json.toString().toUtf8();
     QByteArray bytes = QByteArray::fromBase64(text);
     if (!json.isString() || bytes.toBase64() != text) {
-        refuse(path, "bytes in Base64, padded with = to a multiple of four", json);
+        refuse("bytes in Base64, padded with = to a multiple of four", json);
     }
     return bytes;
 }
@@ -284,12 +283,12 @@ QJsonValue TavJson::enumToJson(const QMetaEnum &keys, int value)
     return key ? QJsonValue(QLatin1String(key)) : QJsonValue(value);
 }
 
-int TavJson::enumFromJson(const QMetaEnum &keys, const QJsonValue &json, const QString &path)
+int TavJson::enumFromJson(const QMetaEnum &keys, const QJsonValue &json)
 {
     if (!json.isString()) {
         qint64 number = 0;
         if (!isWhole(json, number) || number != static_cast<int>(number)) {
-            refuse(path, qPrintable(QString("a key of %1 or its number").arg(keys.name())), json);
+            refuse(qPrintable(QString("a key of %1 or its number").arg(keys.name())), json);
         }
         return static_cast<int>(number);
     }
@@ -301,7 +300,7 @@ int TavJson::enumFromJson(const QMetaEnum &keys, const QJsonValue &json, const Q
         }
     }
     const QString nearest = nearestText(json.toString(), known);
-    throw TavCallError(path,
+    throw TavCallError({},
                        QString("%1 has no key \"%2\" (%3)")
                            .arg(keys.name(), json.toString(),
                                 nearest.isEmpty() ? "there are: " + known.join(", ") : "nearest: " + nearest));
@@ -333,29 +332,37 @@ QJsonObject TavJson::messageToJson(const Message &message)
     return json;
 }
 
-void TavJson::messageFromJson(const QJsonValue &json, Message &message, const QString &path)
+void TavJson::messageFromJson(const QJsonValue &json, Message &message)
 {
-    const QJsonObject members = object(json, path);
-    QStringList names;
-    for (int i = 0; i < message.GetDescriptor()->field_count(); ++i) {
-        const FieldDescriptor *const field = message.GetDescriptor()->field(i);
-        const QString name = nameOf(field);
-        names.append(name);
+    const QJsonObject members = object(json);
+    const google::protobuf::Descriptor &type = *message.GetDescriptor();
+    int found = 0;
+    for (int i = 0; i < type.field_count(); ++i) {
+        const FieldDescriptor *const field = type.field(i);
+        const QLatin1String name(field->name().data(), int(field->name().size()));
         const auto member = members.constFind(name);
         if (member == members.constEnd()) {
             continue;
         }
-        const QString memberAt = memberPath(path, name);
-        if (!field->is_repeated()) {
-            fieldFromJson(*member, message, field, memberAt);
-            continue;
-        }
-        const QJsonArray entries = array(*member, memberAt);
-        for (int entry = 0; entry < entries.size(); ++entry) {
-            fieldFromJson(entries[entry], message, field, elementPath(memberAt, entry));
-        }
+        ++found;
+        at(name, [&] {
+            if (!field->is_repeated()) {
+                fieldFromJson(*member, message, field);
+                return;
+            }
+            const QJsonArray entries = array(*member);
+            for (int entry = 0; entry < entries.size(); ++entry) {
+                at(entry, [&] { fieldFromJson(entries[entry], message, field); });
+            }
+        });
     }
-    refuseUnknownKeys(members, names, path);
+    if (found < members.size()) {
+        QStringList names;
+        for (int i = 0; i < type.field_count(); ++i) {
+            names.append(nameOf(type.field(i)));
+        }
+        refuseUnknownKeys(members, names);
+    }
 }
 
 QJsonValue TavJson::pictureToJson(const std::shared_ptr<QImage> &picture)
@@ -373,13 +380,13 @@ QJsonValue TavJson::objectToJson(const QObject *object)
     return object ? QJsonValue(QLatin1String(object->metaObject()->className())) : QJsonValue::Null;
 }
 
-void TavJson::refuseUnknownKeys(const QJsonObject &json, const QStringList &known, const QString &path)
+void TavJson::refuseUnknownKeys(const QJsonObject &json, const QStringList &known)
 {
     const QStringList keys = json.keys();
     for (const QString &key : keys) {
         if (!known.contains(key)) {
             const QString nearest = nearestText(key, known);
-            throw TavCallError(memberPath(path, key),
+            throw TavCallError(memberPath({}, key),
                                QString("unknown key (%1)")
                                    .arg(nearest.isEmpty() ? "there are: " + known.join(", ") : "nearest: " + nearest));
         }

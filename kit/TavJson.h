@@ -1,5 +1,6 @@
 #pragma once
 
+#include "TavCallError.h"
 #include "TavFields.h"
 #include "TavJsonPath.h"
 
@@ -42,42 +43,42 @@ namespace TavJson
 /// @p value in the words of an error, such as: the text "7".
 QString described(const QJsonValue &value);
 
-/// Throws unless @p json has the type; @p expected is what the error says should stand there.
-QJsonArray array(const QJsonValue &json, const QString &path);
-QJsonObject object(const QJsonValue &json, const QString &path);
-bool flag(const QJsonValue &json, const QString &path);
+/// Throws unless @p json has the type.
+QJsonArray array(const QJsonValue &json);
+QJsonObject object(const QJsonValue &json);
+bool flag(const QJsonValue &json);
 
 /// A whole number from @p least to @p most.
-qint64 wholeNumber(const QJsonValue &json, qint64 least, qint64 most, const QString &path);
-qint64 signedNumber(const QJsonValue &json, const QString &path); ///< of 64 bits
-quint64 unsignedNumber(const QJsonValue &json, const QString &path); ///< of 64 bits
+qint64 wholeNumber(const QJsonValue &json, qint64 least, qint64 most);
+qint64 signedNumber(const QJsonValue &json); ///< of 64 bits
+quint64 unsignedNumber(const QJsonValue &json); ///< of 64 bits
 
 /// UTF-8 as a text; anything else as an object with "bytes".
 QJsonValue textToJson(const QByteArray &bytes);
-QByteArray textFromJson(const QJsonValue &json, const QString &path);
+QByteArray textFromJson(const QJsonValue &json);
 QJsonValue qStringToJson(const QString &text);
-QString qStringFromJson(const QJsonValue &json, const QString &path);
+QString qStringFromJson(const QJsonValue &json);
 
 /// A buffer without NUL is an object with "bytes", as is what is not UTF-8.
 QJsonValue bufferToJson(const char *buffer, int size);
 /// Writes the text and fills what is left of the buffer with NUL.
-void bufferFromJson(const QJsonValue &json, char *buffer, int size, const QString &path);
+void bufferFromJson(const QJsonValue &json, char *buffer, int size);
 
 QJsonValue bytesToJson(const QByteArray &bytes);
-QByteArray bytesFromJson(const QJsonValue &json, const QString &path);
+QByteArray bytesFromJson(const QJsonValue &json);
 
 QJsonValue enumToJson(const QMetaEnum &keys, int value);
-int enumFromJson(const QMetaEnum &keys, const QJsonValue &json, const QString &path);
+int enumFromJson(const QMetaEnum &keys, const QJsonValue &json);
 
 /// Throws when the message holds fields that this version of it does not know: they would be lost.
 QJsonObject messageToJson(const google::protobuf::Message &message);
-void messageFromJson(const QJsonValue &json, google::protobuf::Message &message, const QString &path);
+void messageFromJson(const QJsonValue &json, google::protobuf::Message &message);
 
 QJsonValue pictureToJson(const std::shared_ptr<QImage> &picture);
 QJsonValue objectToJson(const QObject *object);
 
 /// Throws when @p json has a key that is not among @p known.
-void refuseUnknownKeys(const QJsonObject &json, const QStringList &known, const QString &path);
+void refuseUnknownKeys(const QJsonObject &json, const QStringList &known);
 
 template<class Type>
 constexpr bool isMessage = std::is_base_of_v<google::protobuf::Message, Type>;
@@ -146,67 +147,114 @@ QJsonArray arrayOf(const std::tuple<Types...> &values)
     return std::apply([](const auto &...value) { return QJsonArray{toJson(value)...}; }, values);
 }
 
+/// Of a place in JSON, as a path.
+inline QString pathOf(QLatin1String key)
+{
+    return memberPath({}, key);
+}
+
+inline QString pathOf(int index)
+{
+    return elementPath({}, index);
+}
+
+inline QString pathOf(const QString &path)
+{
+    return path;
+}
+
+/// What @p read returns, which reads what stands at @p place: a key, an index or a path. The path of an error is put
+/// together on the way out: making it for every value that is read takes several times as long as reading it.
+template<class Place, class Read>
+auto at(const Place &place, const Read &read)
+{
+    try {
+        return read();
+    } catch (const TavCallError &error) {
+        throw TavCallError(pathOf(place) + error.path(), error.problem());
+    }
+}
+
 template<class Type>
-Type fromJson(const QJsonValue &json, const QString &path = QString());
+Type valueFromJson(const QJsonValue &json);
 
 template<class Record>
-Record recordFromJson(const QJsonValue &json, const QString &path)
+QStringList fieldNames()
 {
-    const QJsonObject members = object(json, path);
-    Record record{};
     QStringList names;
+    TavFields::forEachField<Record>(
+        [&](const auto &field) { names.append(QString::fromUtf8(field.name.data(), int(field.name.size()))); });
+    return names;
+}
+
+template<class Record>
+Record recordFromJson(const QJsonValue &json)
+{
+    const QJsonObject members = object(json);
+    Record record{};
+    int found = 0;
     TavFields::forEachField<Record>([&](const auto &field) {
         using Field = std::decay_t<decltype(field)>;
-        const QString name = QString::fromUtf8(field.name.data(), int(field.name.size()));
-        names.append(name);
+        const QLatin1String name(field.name.data(), int(field.name.size()));
         const auto member = members.constFind(name);
         if (member == members.constEnd()) {
             return;
         }
-        if constexpr (Field::bufferSize > 0) {
-            bufferFromJson(*member, record.*Field::member, Field::bufferSize, memberPath(path, name));
-        } else {
-            record.*Field::member = fromJson<typename Field::Type>(*member, memberPath(path, name));
-        }
+        ++found;
+        at(name, [&] {
+            if constexpr (Field::bufferSize > 0) {
+                bufferFromJson(*member, record.*Field::member, Field::bufferSize);
+            } else {
+                record.*Field::member = valueFromJson<typename Field::Type>(*member);
+            }
+        });
     });
-    refuseUnknownKeys(members, names, path);
+    if (found < members.size()) {
+        refuseUnknownKeys(members, fieldNames<Record>());
+    }
     return record;
+}
+
+template<class Type>
+Type valueFromJson(const QJsonValue &json)
+{
+    if constexpr (std::is_same_v<Type, bool>) {
+        return flag(json);
+    } else if constexpr (std::is_same_v<Type, QString>) {
+        return qStringFromJson(json);
+    } else if constexpr (std::is_enum_v<Type>) {
+        return static_cast<Type>(enumFromJson(QMetaEnum::fromType<Type>(), json));
+    } else if constexpr (std::is_same_v<Type, qint64>) {
+        return signedNumber(json);
+    } else if constexpr (std::is_same_v<Type, quint64>) {
+        return unsignedNumber(json);
+    } else if constexpr (std::is_integral_v<Type>) {
+        static_assert(sizeof(Type) < sizeof(qint64));
+        using Limits = std::numeric_limits<Type>;
+        return static_cast<Type>(wholeNumber(json, Limits::min(), Limits::max()));
+    } else if constexpr (std::is_same_v<Type, std::string>) {
+        return bytesFromJson(json).toStdString();
+    } else if constexpr (isMessage<Type>) {
+        Type message;
+        messageFromJson(json, message);
+        return message;
+    } else if constexpr (isList<Type>) {
+        const QJsonArray elements = array(json);
+        Type list;
+        list.reserve(elements.size());
+        for (const QJsonValue &element : elements) {
+            list.append(at(list.size(), [&] { return valueFromJson<typename Type::value_type>(element); }));
+        }
+        return list;
+    } else {
+        return recordFromJson<Type>(json);
+    }
 }
 
 /// The value that @p json stands for. Throws TavCallError; @p path is where @p json stands in what is read.
 template<class Type>
-Type fromJson(const QJsonValue &json, const QString &path)
+Type fromJson(const QJsonValue &json, const QString &path = QString())
 {
-    if constexpr (std::is_same_v<Type, bool>) {
-        return flag(json, path);
-    } else if constexpr (std::is_same_v<Type, QString>) {
-        return qStringFromJson(json, path);
-    } else if constexpr (std::is_enum_v<Type>) {
-        return static_cast<Type>(enumFromJson(QMetaEnum::fromType<Type>(), json, path));
-    } else if constexpr (std::is_same_v<Type, qint64>) {
-        return signedNumber(json, path);
-    } else if constexpr (std::is_same_v<Type, quint64>) {
-        return unsignedNumber(json, path);
-    } else if constexpr (std::is_integral_v<Type>) {
-        static_assert(sizeof(Type) < sizeof(qint64));
-        using Limits = std::numeric_limits<Type>;
-        return static_cast<Type>(wholeNumber(json, Limits::min(), Limits::max(), path));
-    } else if constexpr (std::is_same_v<Type, std::string>) {
-        return bytesFromJson(json, path).toStdString();
-    } else if constexpr (isMessage<Type>) {
-        Type message;
-        messageFromJson(json, message, path);
-        return message;
-    } else if constexpr (isList<Type>) {
-        const QJsonArray elements = array(json, path);
-        Type list;
-        list.reserve(elements.size());
-        for (const QJsonValue &element : elements) {
-            list.append(fromJson<typename Type::value_type>(element, elementPath(path, list.size())));
-        }
-        return list;
-    } else {
-        return recordFromJson<Type>(json, path);
-    }
+    return at(path, [&] { return valueFromJson<Type>(json); });
 }
 }

@@ -6,7 +6,6 @@
 #include "TavJson.h"
 #include "TavJsonText.h"
 #include "TavNearestText.h"
-#include "TavObjectMgr.h"
 
 #include <QJsonDocument>
 
@@ -112,14 +111,20 @@ int threadOf(const QJsonObject &object)
     return place;
 }
 
+template<class Interface>
+Interface *managerIn(const TavScenario::Managers &managers)
+{
+    return qobject_cast<Interface *>(managers.value(qobject_interface_iid<Interface *>()));
+}
+
 /// Selects a page as the navigation does, with the function that the catalogue has it in.
-TavCall::Call selectionOf(const QJsonValue &key)
+std::function<QJsonValue(const TavScenario::Managers &)> selectionOf(const QJsonValue &key)
 {
     using Page = CTavSubFuncTypeHeader::TavSubFuncTypeHeader_;
     const auto page = TavJson::fromJson<Page>(key, "/page");
-    return [page](QObject *manager) -> QJsonValue {
-        auto *const selection = qobject_cast<ITavSelectFuncMgr *>(manager);
-        auto *const catalogue = tavObject<ITavFuncTypeMgr>();
+    return [page](const TavScenario::Managers &managers) -> QJsonValue {
+        auto *const selection = managerIn<ITavSelectFuncMgr>(managers);
+        auto *const catalogue = managerIn<ITavFuncTypeMgr>(managers);
         if (!selection) {
             throw TavCallError({}, "there is no selection manager");
         }
@@ -129,15 +134,29 @@ TavCall::Call selectionOf(const QJsonValue &key)
     };
 }
 
+QString cut(const QString &text, int mostLetters)
+{
+    return text.size() <= mostLetters ? text : text.left(mostLetters) + "…";
+}
+
 QString jsonText(const QJsonValue &value)
 {
     if (value.isUndefined()) {
         return "nothing";
     }
     const QByteArray text = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    constexpr int mostLetters = 200;
-    const QString whole = QString::fromUtf8(text.mid(1).chopped(1));
-    return whole.size() <= mostLetters ? whole : whole.left(mostLetters) + "…";
+    return cut(QString::fromUtf8(text.mid(1).chopped(1)), 200);
+}
+
+/// Names and keys that are wrong are quoted, and may be as long as a line.
+QString readable(const QString &message)
+{
+    return cut(message, 2000);
+}
+
+QString lineText(int line, const QString &path, const QString &problem)
+{
+    return line > 0 ? QString("line %1: %2").arg(line).arg(path.isEmpty() ? problem : path + ": " + problem) : problem;
 }
 }
 
@@ -192,12 +211,10 @@ bool TavScenario::isAsExpected(const QJsonValue &expected, const QJsonValue &act
 }
 
 TavScenarioError::TavScenarioError(int line, const QString &path, const QString &problem)
-    : std::runtime_error(
-        (line > 0 ? QString("line %1: %2").arg(line).arg(path.isEmpty() ? problem : path + ": " + problem) : problem)
-            .toStdString())
+    : std::runtime_error(lineText(line, readable(path), readable(problem)).toStdString())
     , m_line(line)
-    , m_path(path)
-    , m_problem(problem)
+    , m_path(readable(path))
+    , m_problem(readable(problem))
 {
 }
 
@@ -304,8 +321,7 @@ TavScenario::Line TavScenarioReader::lineOf(const QJsonObject &object)
     TavJson::refuseUnknownKeys(
         object,
         isPage ? QStringList{"at", "thread", "page"}
-               : QStringList{"at", "thread", "manager", "operation", "arguments", "returns", "page"},
-        {});
+               : QStringList{"at", "thread", "manager", "operation", "arguments", "returns", "page"});
     TavScenario::Line line;
     line.number = m_number;
     line.bytes = m_bytes;
@@ -345,7 +361,9 @@ TavScenario::Line TavScenarioReader::lineOf(const QJsonObject &object)
     }
     const TavCall::Prepared prepared
         = TavCall::preparedCall(line.manager, line.operation, line.arguments, "/arguments");
-    line.call = prepared.call;
+    line.call = [call = prepared.call, name = line.manager](const TavScenario::Managers &managers) {
+        return call(managers.value(name));
+    };
     if (line.manager == qobject_interface_iid<ITavPicResourceMgr *>() && line.thread != TavScenario::gui) {
         throw TavCallError("/thread", R"(ITavPicResourceMgr is called on the thread "gui" only)");
     }

@@ -3,12 +3,14 @@
 #include "TavCall.h"
 
 #include <QFileDevice>
+#include <QHash>
 #include <QJsonObject>
 #include <QJsonValue>
 #include <QSet>
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <stdexcept>
 
 /**
@@ -26,6 +28,8 @@ const QStringList &threads();
 constexpr int agent = 0; ///< place in threads() of the thread on which calls are made that name none
 constexpr int gui = 8; ///< place in threads() of the thread that runs the event loop
 
+using Managers = QHash<QString, QObject *>; ///< of one host, by the names of their interfaces
+
 /// @brief One line behind the first, read and found in order.
 struct Line {
     int number = 0; ///< in the file; the first line has 1
@@ -36,7 +40,8 @@ struct Line {
     QString operation;
     QJsonValue arguments = QJsonValue::Undefined; ///< by position or by name; undefined where a page is selected
     QString page; ///< key of the page to select; empty for a call
-    TavCall::Call call; ///< makes the call, or selects the page through the selection manager
+    /// Makes the call, or selects the page as the navigation does; returns and throws what TavCall::Call does.
+    std::function<QJsonValue(const Managers &managers)> call;
     QJsonValue returns = QJsonValue::Undefined; ///< what the call must return, at least; undefined for anything
 
     /// Manager and operation, or the page: what the line does, in the words of a message.

@@ -1,23 +1,15 @@
 #include "NetControlController.h"
 
+#include "NetControlPage.h"
 #include "TavEvents.h"
 #include "TavObjectMgr.h"
 
-#include <QMutex>
 #include <QSet>
 
 namespace
 {
 // The page that shows the network devices.
 constexpr auto ownPage = CTavSubFuncTypeHeader::SubFunc_serverResourceInfo;
-
-// Held over what looks at the model's devices and then changes them, and over what replaces them. One for all
-// controllers, as the model is one: under a lock of its own, each would let the others' answers in between.
-QMutex &modelMutex()
-{
-    static QMutex mutex;
-    return mutex;
-}
 
 QString nameOf(const Tav::NetControl::NetDeviceInfo &device)
 {
@@ -62,6 +54,11 @@ NetControlController::~NetControlController()
     m_thread.wait();
 }
 
+QWidget *NetControlController::createPage(QWidget *parent)
+{
+    return new NetControlPage(*this, parent);
+}
+
 void NetControlController::receiveAnswer(const QByteArray &answer)
 {
     QMetaObject::invokeMethod(
@@ -79,7 +76,7 @@ void NetControlController::workOff(const QByteArray &answer)
         return;
     }
     {
-        QMutexLocker lock(&modelMutex());
+        QMutexLocker lock(&m_mutex);
         QSet<QString> checked; // a check mark belongs to the device, whatever its position in the next answer
         const QVector<NetControlLine> before = lines();
         for (const NetControlLine &line : before) {
@@ -119,7 +116,7 @@ void NetControlController::setChecked(const QString &name, bool checked)
         return;
     }
     {
-        QMutexLocker lock(&modelMutex());
+        QMutexLocker lock(&m_mutex);
         const Tav::NetControl::NetDeviceInfos devices = m_model->getDeviceInfo();
         const int position = findDevice(name, devices);
         if (position < 0) {
@@ -137,7 +134,7 @@ void NetControlController::toggleDevice(const QString &name)
     }
     bool allowed = false;
     {
-        QMutexLocker lock(&modelMutex());
+        QMutexLocker lock(&m_mutex);
         // The page's line may be of an older answer: the device may stand elsewhere now, or be gone, and
         // reverseDeviceState ends the process when nothing stands there. The lock keeps the list until we are done.
         const int position = findDevice(name, m_model->getDeviceInfo());

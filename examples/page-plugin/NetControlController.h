@@ -2,8 +2,10 @@
 
 #include "CTavSubFuncTypeHeader.h"
 #include "ITavNetControlMgr.h"
+#include "ITavPage.h"
 #include "TavSubscription.h"
 
+#include <QMutex>
 #include <QObject>
 #include <QThread>
 #include <QVector>
@@ -16,21 +18,24 @@ struct NetControlLine {
 };
 
 /**
- * @brief Stands between the network-control page and its model in the data plugin.
+ * @brief Stands between the network-control page and its model in the data plugin, and makes the page.
  *
- * Lives in the GUI thread; receiveAnswer() alone may be called from any thread. Must end before the client's registry
- * does, as the managers end with that.
+ * Lives in the GUI thread; receiveAnswer() alone may be called from any thread. Registered behind the managers, it ends
+ * before them.
  */
-class NetControlController : public QObject
+class NetControlController : public QObject, public ITavPage
 {
     Q_OBJECT
+    Q_INTERFACES(ITavPage)
 public:
     explicit NetControlController(QObject *parent = nullptr);
     ~NetControlController() override;
 
+    QWidget *createPage(QWidget *parent) override;
+
     /// Takes a backend answer, a serialised Tav::NetControl::NetDeviceInfos, and returns at once: it is worked off on
     /// the worker thread. One that cannot be parsed changes nothing.
-    void receiveAnswer(const QByteArray &answer);
+    Q_INVOKABLE void receiveAnswer(const QByteArray &answer);
 
     /// What the page shows; empty before the first answer.
     QVector<NetControlLine> lines() const;
@@ -54,6 +59,7 @@ private:
     void pageSelected(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page);
 
     ITavNetControlMgr *const m_model; // null when the data plugin is not loaded
+    QMutex m_mutex; // held over what looks at the model's devices and then changes them, and over what replaces them
     QThread m_thread;
     QObject *m_worker; // lives in m_thread and ends with it
     TavSubscription m_pageChanges; // last, so that it ends first: nothing is called while the rest is taken down

@@ -1,12 +1,17 @@
 #include "NetControlPage.h"
 
+#include "NetControlController.h"
+
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-NetControlPage::NetControlPage(QWidget *parent)
-    : QWidget(parent), m_list(new QTreeWidget), m_toggle(new QPushButton(tr("Block or allow")))
+NetControlPage::NetControlPage(NetControlController &controller, QWidget *parent)
+    : QWidget(parent)
+    , m_controller(controller)
+    , m_list(new QTreeWidget)
+    , m_toggle(new QPushButton(tr("Block or allow")))
 {
     m_list->setRootIsDecorated(false);
     m_list->setHeaderLabels({tr("Device"), tr("State")});
@@ -16,11 +21,10 @@ NetControlPage::NetControlPage(QWidget *parent)
 
     // Queued: showing the lines may delete items, also the one that reports an edit at this moment.
     connect(&m_controller, &NetControlController::changed, this, &NetControlPage::showLines, Qt::QueuedConnection);
-    // The controller is the context: it ends before the child widgets do, and their signals must not reach it then.
-    connect(m_list, &QTreeWidget::itemChanged, &m_controller, [this](QTreeWidgetItem *item) {
+    connect(m_list, &QTreeWidget::itemChanged, this, [this](QTreeWidgetItem *item) {
         m_controller.setChecked(item->text(0), item->checkState(0) == Qt::Checked);
     });
-    connect(m_toggle, &QPushButton::clicked, &m_controller, [this] {
+    connect(m_toggle, &QPushButton::clicked, this, [this] {
         if (const QTreeWidgetItem *const item = m_list->currentItem()) {
             m_controller.toggleDevice(item->text(0));
         }
@@ -28,9 +32,11 @@ NetControlPage::NetControlPage(QWidget *parent)
     showLines(); // the model may have been filled before this page was made
 }
 
-void NetControlPage::receiveAnswer(const QByteArray &answer)
+NetControlPage::~NetControlPage()
 {
-    m_controller.receiveAnswer(answer);
+    // The child widgets end after this class has: what they signal then must not reach it.
+    m_list->disconnect(this);
+    m_toggle->disconnect(this);
 }
 
 void NetControlPage::showLines()

@@ -1,25 +1,24 @@
 #pragma once
 
-#include "IPage.h"
-#include "NetControlController.h"
+#include <QWidget>
 
+class NetControlController;
 class QPushButton;
 class QTreeWidget;
 
 /// @brief The page: the network devices, a check mark for each, and a button that blocks or allows the selected one.
-class NetControlPage : public QWidget, public IPage
+class NetControlPage : public QWidget
 {
     Q_OBJECT
-    Q_INTERFACES(IPage)
 public:
-    explicit NetControlPage(QWidget *parent = nullptr);
-
-    void receiveAnswer(const QByteArray &answer) override;
+    /// @p controller outlives the page.
+    explicit NetControlPage(NetControlController &controller, QWidget *parent = nullptr);
+    ~NetControlPage() override;
 
 private:
     void showLines();
 
-    NetControlController m_controller;
+    NetControlController &m_controller;
     QTreeWidget *m_list; // one item a line, with the device's name as its text
     QPushButton *m_toggle;
 };

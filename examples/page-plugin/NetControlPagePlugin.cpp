@@ -1,15 +1,19 @@
-#include "NetControlPage.h"
+#include "ITavDataPlugin.h"
+#include "NetControlController.h"
+#include "TavObjectMgr.h"
 
-/// @brief The plugin's root object: makes the page.
-class NetControlPagePlugin : public QObject, public IPagePlugin
+/// @brief The plugin's root object: registers the controller.
+class NetControlPagePlugin : public QObject, public ITavDataPlugin
 {
     Q_OBJECT
-    Q_PLUGIN_METADATA(IID "example.IPagePlugin")
-    Q_INTERFACES(IPagePlugin)
+    Q_PLUGIN_METADATA(IID "Tav_ORG_ITavDtaPlugin")
+    Q_INTERFACES(ITavDataPlugin)
 public:
-    QWidget *createPage(QWidget *parent) override
+    void registerObj() override
     {
-        return new NetControlPage(parent);
+        // Under the name that the catalogue gives the page's controller. The registry owns it.
+        TavGlobalInfoMgr::getObjectMgr()->registerObject(tavManagerKey("ITavHostInfoController"),
+                                                         new NetControlController, true);
     }
 };
 

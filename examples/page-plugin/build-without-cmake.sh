@@ -1,6 +1,6 @@
 # Builds the page with pkg-config alone: sh build-without-cmake.sh
 set -e
-moc=$(pkg-config --variable=host_bins Qt5Core)/moc
+moc="$(pkg-config --variable=host_bins Qt5Core)/moc $(pkg-config --cflags-only-I tav-data-plugin)"
 $moc NetControlController.h -o moc_NetControlController.cpp
 $moc NetControlPage.h -o moc_NetControlPage.cpp
 $moc NetControlPagePlugin.cpp -o NetControlPagePlugin.moc

@@ -2,32 +2,19 @@
 //
 //   page-preview PAGE_PLUGIN [PICTURE]    with PICTURE, saves what the window shows to that file and ends
 
-#include "IPage.h"
-#include "ITavDataPlugin.h"
-#include "ITavSelectFuncMgr.h"
+#include "ITavPage.h"
 #include "NetControl.pb.h"
-#include "TavObjectMgr.h"
+#include "TavPluginHost.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QPluginLoader>
 #include <QTimer>
+#include <QWidget>
 
 #include <memory>
 
 namespace
 {
-template<class Interface>
-Interface *load(const QString &file)
-{
-    QPluginLoader loader(file);
-    auto *const plugin = qobject_cast<Interface *>(loader.instance());
-    if (!plugin) {
-        qCritical("%s: %s", qPrintable(file), qPrintable(loader.errorString()));
-    }
-    return plugin;
-}
-
 /// An answer as a backend would give it: this machine's network devices, all allowed.
 QByteArray answer()
 {
@@ -40,6 +27,26 @@ QByteArray answer()
     }
     return QByteArray::fromStdString(devices.SerializeAsString());
 }
+
+int show(QApplication &application, const QStringList &arguments)
+{
+    TavPluginHost host(QStringLiteral(TAV_PLUGIN_FILE));
+    host.loadPages(arguments[1]);
+    QObject *const controller = host.managerObject("ITavHostInfoController");
+    auto *const pages = qobject_cast<ITavPage *>(controller);
+    if (!pages) {
+        qCritical("%s: has no page for ITavHostInfoController", qPrintable(arguments[1]));
+        return 1;
+    }
+    const std::unique_ptr<QWidget> page(pages->createPage(nullptr)); // ends before the host, which ends the controller
+    page->resize(480, 240);
+    page->show();
+    QMetaObject::invokeMethod(controller, "receiveAnswer", Q_ARG(QByteArray, answer()));
+    if (arguments.size() > 2) {
+        QTimer::singleShot(500, page.get(), [&] { application.exit(page->grab().save(arguments[2]) ? 0 : 1); });
+    }
+    return application.exec();
+}
 }
 
 int main(int argc, char **argv)
@@ -50,27 +57,10 @@ int main(int argc, char **argv)
         qCritical("usage: page-preview PAGE_PLUGIN [PICTURE]");
         return 2;
     }
-    auto *const dataPlugin = load<ITavDataPlugin>(QStringLiteral(TAV_PLUGIN_FILE));
-    auto *const pagePlugin = load<IPagePlugin>(arguments[1]);
-    if (!dataPlugin || !pagePlugin) {
+    try {
+        return show(application, arguments);
+    } catch (const TavPluginError &error) {
+        qCritical("%s", error.what());
         return 1;
     }
-    TavObjectMgr registry;
-    TavGlobalInfoMgr::setObjectMgr(&registry);
-    dataPlugin->registerObj();
-    int result = 0;
-    { // the page ends before the registry, which ends the managers
-        const std::unique_ptr<QWidget> page(pagePlugin->createPage(nullptr));
-        page->resize(480, 240);
-        page->show();
-        qobject_cast<IPage *>(page.get())->receiveAnswer(answer());
-        tavObject<ITavSelectFuncMgr>()->setCurSelType(CTavFuncTypeHeader::Func_HostInfo,
-                                                      CTavSubFuncTypeHeader::SubFunc_serverResourceInfo);
-        if (arguments.size() > 2) {
-            QTimer::singleShot(500, page.get(), [&] { application.exit(page->grab().save(arguments[2]) ? 0 : 1); });
-        }
-        result = application.exec();
-    }
-    TavGlobalInfoMgr::setObjectMgr(nullptr);
-    return result;
 }

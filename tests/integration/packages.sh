@@ -95,7 +95,7 @@ cat "$work/doctor.txt"
 inside sh -c 'apt-get install -y -q --no-install-recommends g++ cmake make pkgconf /root/packages/*.deb'
 inside cp -r /usr/share/doc/tav-data-plugin-dev/examples/page-plugin /root/page-plugin ||
     fail "the example is not installed; does this system's dpkg leave /usr/share/doc out?"
-for page in page-plugin-guide compatibility architecture; do
+for page in page-plugin-guide compatibility architecture scenarios; do
     inside test -s "/usr/share/doc/tav-data-plugin-dev/$page.md" || fail "$page.md is not installed"
 done
 inside cmake -S /root/page-plugin -B /root/page-plugin/build -DCMAKE_BUILD_TYPE=Release

@@ -1,5 +1,6 @@
 #include "TavScenarioPlayer.h"
 
+#include "ITavFuncTypeMgr.h"
 #include "ITavNetControlMgr.h"
 #include "ITavSelectFuncMgr.h"
 #include "ITavSystemConfigMgr.h"
@@ -199,10 +200,18 @@ TEST_F(ScenarioPlayer, CallsOnTheNamedThreadsWhileTheEventLoopRuns)
     EXPECT_EQ(threads, QStringList({"test", "test"}));
 }
 
-TEST_F(ScenarioPlayer, SelectsAPageWithTheFunctionOfTheCatalogue)
+TEST_F(ScenarioPlayer, SelectsAPageWithTheFunctionOfItsHostsCatalogue)
 {
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(TAV_SOURCE_DIR "/share/demo");
+    host.manager<ITavFuncTypeMgr>()->loadConfig();
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(QString());
+    ITavObjectMgr *const own = TavGlobalInfoMgr::getObjectMgr();
+    TavObjectMgr other; // as if another host had been made meanwhile
+    TavGlobalInfoMgr::setObjectMgr(&other);
     EXPECT_EQ(mistake({R"({"page": "SubFunc_LogAudit"})"}, checked()), "");
+    TavGlobalInfoMgr::setObjectMgr(own);
     EXPECT_EQ(host.manager<ITavSelectFuncMgr>()->getCurSelSubFuncType(), CTavSubFuncTypeHeader::SubFunc_LogAudit);
+    EXPECT_EQ(host.manager<ITavSelectFuncMgr>()->getCurSelFuncType(), CTavFuncTypeHeader::Func_SystemAudit);
 }
 
 TEST_F(ScenarioPlayer, WaitsForEachLinesTime)

@@ -10,6 +10,8 @@ cd "$(dirname "${BASH_SOURCE[0]}")/../.."
 
 mapfile -t sources < <(git ls-files '*.cpp' '*.h')
 mapfile -t units < <(git ls-files 'common/*.cpp' 'kit/*.cpp' 'managers/*.cpp' 'plugin/*.cpp' 'tools/*.cpp')
+folder_list=$(tests/lint/folder-units.py "$build" "$build/lint" "${units[@]}")
+mapfile -t folders <<<"$folder_list"
 mapfile -t scripts < <(git grep -lE '^#!.*\b(ba)?sh$')
 findings=0
 
@@ -30,14 +32,14 @@ ours="$PWD/(common|interfaces|kit|managers|plugin|tools)/.*"
 
 check clang-format clang-format --dry-run -Werror "${sources[@]}"
 tidy() {
-    printf '%s\n' "${units[@]}" | xargs -P "$(nproc)" -n 4 \
-        clang-tidy --quiet -p "$build" --warnings-as-errors='*' --header-filter="$ours" 2>/dev/null
+    printf '%s\n' "${folders[@]}" | xargs -P "$(nproc)" -n 1 \
+        clang-tidy --quiet -p "$build/lint" --config-file=.clang-tidy --warnings-as-errors='*' --header-filter="$ours" 2>/dev/null
 }
 
 clazy() {
     local output
-    output=$(printf '%s\n' "${units[@]}" | xargs -P "$(nproc)" -n 8 \
-        clazy-standalone -p "$build" --checks=level1 --header-filter="$ours" --ignore-dirs="$build|/usr/" 2>&1)
+    output=$(printf '%s\n' "${folders[@]}" | xargs -P "$(nproc)" -n 1 \
+        clazy-standalone -p "$build/lint" --checks=level1 --header-filter="$ours" --ignore-dirs="$build|/usr/" 2>&1)
     ! grep -E 'warning:|error:' <<<"$output"
 }
 

@@ -1,15 +1,19 @@
 #include "ValueTable.h"
 
+#include <QCoreApplication>
+#include <QStringList>
+
 #include <algorithm>
 
-QString ValueColumn::title() const
+namespace
+{
+/// The name of one field in words, in English.
+QString wordsOf(const QString &name)
 {
     QString words;
     for (const QChar letter : name) {
         if (letter == '_') {
             words += ' ';
-        } else if (letter == '.') {
-            words += ": ";
         } else if (letter.isUpper() && !words.isEmpty() && words.back().isLower()) {
             words += QString(' ') + letter.toLower();
         } else {
@@ -17,6 +21,17 @@ QString ValueColumn::title() const
         }
     }
     return words;
+}
+}
+
+QString ValueColumn::title() const
+{
+    QStringList titles;
+    const QStringList fields = name.split('.');
+    for (const QString &field : fields) {
+        titles.append(QCoreApplication::translate("Fields", wordsOf(field).toUtf8().constData()));
+    }
+    return titles.join(": ");
 }
 
 bool ValueColumn::isNumber() const

@@ -14,7 +14,7 @@ struct ValueColumn {
     QString name; ///< as record or message call it; of a message within a message behind that one's: "system.uid"
     TavFields::Kind kind;
 
-    /// The name in words: "memory total".
+    /// The name in words, "memory total", in the interface's language.
     QString title() const;
 
     /// Whether the cells are numbers, which stand at the end of their cell.

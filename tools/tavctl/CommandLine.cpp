@@ -174,7 +174,7 @@ public:
         time("--every", m_options->every, "from one reading of the machine to the next")
             ->default_str("5s")
             ->check(forwards(true));
-        m_command.add_flag("--all", m_options->all, "write values that have not changed, too");
+        m_command.add_flag("--all", m_options->all, "write calls that change nothing, too");
         return *this;
     }
 
@@ -296,7 +296,8 @@ void addCommands(CLI::App &app, Action &action)
         .root("directory to take for \"/\" when configuration is read")
         .runs(play, action);
 
-    CLI::App &scenario = *app.add_subcommand("scenario", "check, show or sum up a scenario without playing it");
+    CLI::App &scenario
+        = *app.add_subcommand("scenario", "check, show or sum up a scenario; print lines that check its end");
     scenario.require_subcommand(1);
     Command<ScenarioOptions>(scenario, "check", "report the mistakes in the file")
         .file()
@@ -307,6 +308,12 @@ void addCommands(CLI::App &app, Action &action)
         .file()
         .json()
         .looks(showScenarioInfo, action);
+    Command<ScenarioEndOptions>(scenario, "end",
+                                "play the file and print lines that check what every getter returns then")
+        .file()
+        .plugin()
+        .root("directory to take for \"/\" when configuration is read")
+        .looks(printScenarioEnd, action);
 
     CLI::App &catalogue = *app.add_subcommand("catalogue", "show, check, encode or decode a navigation catalogue");
     catalogue.require_subcommand(1);

@@ -3,14 +3,15 @@
 #include "PlayCommand.h"
 #include "PluginView.h"
 #include "Presentation.h"
-#include "ScenarioFile.h"
 #include "TavCall.h"
+#include "TavSetValue.h"
 #include "TextTable.h"
 #include "ValueText.h"
 
 #include <QJsonArray>
 
 #include <algorithm>
+#include <atomic>
 
 namespace
 {
@@ -57,46 +58,42 @@ QJsonValue argumentsOf(const CallOptions &options)
     return isByName ? values.first() : QJsonValue(values);
 }
 
-/// Whether @p file calls this operation.
-bool hasCall(const QString &file, const QString &manager, const QString &operation)
+/// Whether the operation returns whatever the memory holds until its setter has been called.
+bool isIndeterminateAtFirst(const CallOptions &options)
 {
-    QFile input;
-    openScenario(input, file);
-    try {
-        TavScenarioReader reader(input);
-        for (TavScenario::Line line; reader.next(line);) {
-            if (line.manager == manager && line.operation == operation) {
-                return true;
-            }
-        }
-    } catch (const TavScenarioError &) { // playing it says so
-    }
-    return false;
-}
-
-/// Whether the operation would return whatever the memory holds, since nothing calls its setter before.
-bool isIndeterminate(const CallOptions &options)
-{
-    const QVector<TavCall::HeldValue> &values = TavCall::heldValues();
-    return std::any_of(values.begin(), values.end(), [&](const TavCall::HeldValue &value) {
-        return value.isIndeterminateAtFirst && value.manager == options.manager && value.getter == options.operation
-            && (options.after.isEmpty() || !hasCall(options.after, value.manager, value.setter));
+    const QVector<TavCall::Operation> operations = TavCall::operationsOf(options.manager);
+    return std::any_of(operations.begin(), operations.end(), [&](const TavCall::Operation &operation) {
+        return operation.name == options.operation && operation.isIndeterminateAtFirst;
     });
 }
 
-/// Plays the scenario that is to come before the call; false when something in it is wrong, which has been printed.
-bool playBefore(const CallOptions &options, TavPluginHost &host)
+/// @brief What has come of the scenario that is played before the call.
+struct Before {
+    bool isPlayed = true; ///< false when something in it is wrong, which has been printed
+    bool hasSetValue = false; ///< it has set what the call returns
+};
+
+Before playBefore(const CallOptions &options, TavPluginHost &host)
 {
+    Before before;
     if (options.after.isEmpty()) {
-        return true;
+        return before;
     }
+    std::atomic<bool> hasSetValue = false;
     TavPlayOptions play;
     play.speed = TavPlayOptions::fastest;
+    play.observer = [&options, &hasSetValue](const TavPlayedCall &call) {
+        const TavScenario::Line &line = call.line;
+        if (line.manager == options.manager
+            && TavCall::setValueOf(line.manager, line.operation, line.arguments).getter == options.operation) {
+            hasSetValue = true;
+        }
+    };
     const TavPlayReport report = playFile(host, options.after, play);
     if (report.error) {
         printMistake(options.after, *report.error);
     }
-    return !report.error;
+    return {!report.error, hasSetValue};
 }
 }
 
@@ -118,14 +115,15 @@ ExitCode callOperation(const CallOptions &options)
     TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
     try {
         const TavCall::Call call = TavCall::prepared(options.manager, options.operation, argumentsOf(options));
-        if (isIndeterminate(options)) {
+        TavPluginHost host = loadPlugin(options.plugin);
+        const Before before = playBefore(options, host);
+        if (!before.isPlayed) {
+            return ExitCode::Findings;
+        }
+        if (isIndeterminateAtFirst(options) && !before.hasSetValue) {
             throw TavCallError({},
                                "returns whatever the memory holds until its setter has been called, and the plugin "
                                "is loaded afresh");
-        }
-        TavPluginHost host = loadPlugin(options.plugin);
-        if (!playBefore(options, host)) {
-            return ExitCode::Findings;
         }
         printLine(QString::fromUtf8(ValueText::write(call(host.managerObject(options.manager.toUtf8().constData())))));
         return ExitCode::Success;

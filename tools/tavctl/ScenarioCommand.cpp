@@ -1,12 +1,17 @@
 #include "ScenarioCommand.h"
 
 #include "CellText.h"
+#include "EndState.h"
+#include "PlayCommand.h"
+#include "PluginView.h"
 #include "Presentation.h"
 #include "ScenarioFile.h"
 #include "TavScenario.h"
 #include "TextTable.h"
 
 #include <QJsonArray>
+#include <QJsonDocument>
+#include <QMutex>
 
 #include <functional>
 #include <map>
@@ -154,5 +159,32 @@ ExitCode showScenarioInfo(const ScenarioOptions &options)
         table.addRow({subject, QString::number(share.lines), QString::number(share.bytes)});
     }
     table.print();
+    return ExitCode::Success;
+}
+
+ExitCode printScenarioEnd(const ScenarioEndOptions &options)
+{
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
+    TavPluginHost host = loadPlugin(options.plugin);
+    EndState end;
+    QMutex mutex; // the scenario's threads tell their calls at once
+    TavPlayOptions play;
+    play.speed = TavPlayOptions::fastest;
+    play.observer = [&end, &mutex](const TavPlayedCall &call) {
+        const QMutexLocker lock(&mutex);
+        end.note(call.line.manager, call.line.operation, call.line.arguments);
+    };
+    const TavPlayReport report = playFile(host, options.file, play);
+    if (report.error) {
+        printMistake(options.file, *report.error);
+        return ExitCode::Findings;
+    }
+    end.read(
+        host,
+        [](const QString &manager, const QString &getter, const QJsonArray &arguments, const QJsonValue &returned) {
+            const QJsonObject line{
+                {"manager", manager}, {"operation", getter}, {"arguments", arguments}, {"returns", returned}};
+            printLine(QString::fromUtf8(QJsonDocument(line).toJson(QJsonDocument::Compact)));
+        });
     return ExitCode::Success;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "InstallationPaths.h"
 #include "ToolError.h"
 
 struct ScenarioOptions {
@@ -15,3 +16,12 @@ ExitCode showScenario(const ScenarioOptions &options);
 
 /// Prints how long a scenario is and what it calls how often. Throws ToolError.
 ExitCode showScenarioInfo(const ScenarioOptions &options);
+
+struct ScenarioEndOptions {
+    QString file; ///< "-" for standard input
+    QString plugin = InstallationPaths::pluginBesideProgram(); ///< the one to load
+    QString root = "/"; ///< directory taken for "/"
+};
+
+/// Plays a scenario and prints the lines that hold what every getter returns then. Throws ToolError.
+ExitCode printScenarioEnd(const ScenarioEndOptions &options);

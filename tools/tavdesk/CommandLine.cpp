@@ -23,10 +23,10 @@ std::optional<int> readCommandLine(int argc, char **argv, DeskOptions &options)
         return app.add_option_function<std::string>(
             name, [&value](const std::string &given) { value = pathOf(given); }, description);
     };
-    path("PLUGIN", options.plugin, "the data plugin's file; without it the one beside tavdesk");
     path("--root", options.root, "directory to take for \"/\" when configuration is read")
         ->type_name("DIR")
         ->check(CLI::ExistingDirectory);
+    path("--plugin", options.plugin, "load this data plugin; without it, the one beside tavdesk")->type_name("FILE");
     path("--play", options.play, "a scenario to play at once")->type_name("FILE")->check(CLI::ExistingFile);
     app.add_option_function<std::vector<std::string>>(
            "--page",
@@ -35,13 +35,10 @@ std::optional<int> readCommandLine(int argc, char **argv, DeskOptions &options)
                    options.pages.append(pathOf(name));
                }
            },
-           "a page plugin, or a folder of them; once for each")
-        ->type_name("PLUGIN")
-        ->expected(1)
-        ->multi_option_policy(CLI::MultiOptionPolicy::TakeAll);
+           "page plugins, or folders of them")
+        ->type_name("PLUGIN");
     path("--pictures", options.pictures, "save a picture of each page, each dock and the window there, and end")
-        ->type_name("DIR")
-        ->check(CLI::ExistingDirectory);
+        ->type_name("DIR");
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {

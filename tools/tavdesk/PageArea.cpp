@@ -8,8 +8,7 @@
 #include "NavigationTree.h"
 #include "PageFrame.h"
 #include "ProblemView.h"
-
-#include <QLabel>
+#include "QuietLabel.h"
 
 namespace
 {
@@ -53,9 +52,8 @@ PageArea::PageArea(ClientSession &session, QWidget *parent) : QStackedWidget(par
         addWidget(newCatalogueProblem(this));
         return;
     }
-    auto *const hint = new QLabel(tr("Choose a page in the navigation."));
+    auto *const hint = new QuietLabel(tr("Choose a page in the navigation."));
     hint->setAlignment(Qt::AlignCenter);
-    hint->setForegroundRole(QPalette::PlaceholderText);
     addWidget(hint);
 }
 

@@ -42,6 +42,7 @@ PictureTour::PictureTour(MainWindow &window, ClientSession &session, const QStri
 
 QString PictureTour::run()
 {
+    QDir().mkpath(m_directory); // what cannot be written below it says so
     waitForContent();
     savePages();
     saveDocks();

@@ -17,11 +17,11 @@ constexpr qint64 microsecondsInMillisecond = 1000; // the slider counts in milli
 
 QString timeText(qint64 microseconds)
 {
-    const qint64 seconds = microseconds / 1'000'000;
+    const qint64 seconds = microseconds / 1000000;
     return QStringLiteral("%1:%2.%3")
         .arg(seconds / 60)
         .arg(seconds % 60, 2, 10, QLatin1Char('0'))
-        .arg(microseconds / 100'000 % 10);
+        .arg(microseconds / 100000 % 10);
 }
 }
 
@@ -64,7 +64,7 @@ void PlayBar::addSlider()
 {
     m_slider = new QSlider(Qt::Horizontal);
     m_slider->setMinimumWidth(160);
-    m_slider->setPageStep(10'000);
+    m_slider->setPageStep(10000);
     m_slider->setSingleStep(1000);
     m_slider->setAccessibleName(tr("Place in the scenario"));
     m_slider->setTracking(false); // one place is sought when the slider is let go, not a hundred on its way

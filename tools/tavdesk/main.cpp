@@ -1,7 +1,9 @@
 #include "CommandLine.h"
 #include "Desk.h"
+#include "InterfaceLanguage.h"
 
 #include <QApplication>
+#include <QIcon>
 
 // What escapes is a lack of memory, which nothing here could report.
 int main(int argc, char **argv) // NOLINT(bugprone-exception-escape)
@@ -19,6 +21,9 @@ int main(int argc, char **argv) // NOLINT(bugprone-exception-escape)
     QApplication::setOrganizationName(QStringLiteral("tavsec"));
     QApplication::setApplicationName(QStringLiteral("tavdesk"));
     QApplication::setApplicationVersion(QStringLiteral(TAV_VERSION));
+    QApplication::setDesktopFileName(QStringLiteral("org.tavsec.tavdesk"));
+    QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.tavsec.tavdesk")));
+    setInterfaceLanguage(QLocale());
     Desk desk(options);
     if (!options.pictures.isEmpty()) {
         return desk.savePictures();

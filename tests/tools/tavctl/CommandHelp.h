@@ -17,6 +17,7 @@ const QStringList commands[] = {
     {"scenario", "check"},
     {"scenario", "show"},
     {"scenario", "info"},
+    {"scenario", "end"},
     {"catalogue"},
     {"catalogue", "show"},
     {"catalogue", "check"},

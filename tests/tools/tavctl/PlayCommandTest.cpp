@@ -1,3 +1,4 @@
+#include "ChildProcess.h"
 #include "PrintQString.h"
 #include "ScenarioFiles.h"
 #include "Tavctl.h"
@@ -45,13 +46,54 @@ TEST(PlayCommand, EndsWithOneAtAMistakenLine)
               "tavctl: " + file.path() + ": line 2: /at: expected seconds from 0 to 1000000000, not the number -1\n");
 }
 
-TEST(PlayCommand, EndsWithOneAtACallThatIsRefused)
+TEST(PlayCommand, EndsWithOneAndOneLineAtWhateverIsWrong)
 {
-    const ScenarioFile file(
-        R"({"manager": "ITavNetControlMgr", "operation": "reverseDeviceState", "arguments": [99]})");
+    const QByteArray deep = QByteArray(10000, '[') + QByteArray(10000, ']');
+    const struct {
+        QByteArray lines;
+        QString mistake; ///< or its beginning
+    } rows[] = {
+        {R"({"manager": "ITavNetControlMgr", "operation": "setNetCount", "arguments": )" + deep + '}',
+         "line 2: nested deeper than the reader's 1024 levels (character 1098)"},
+        {QByteArray("{\"page\": \"SubFunc_\0LogAudit\"}", 30),
+         "line 2: a control character must be written as an escape, such as \\u0000 (character 19)"},
+        {QByteArray("{\"at\": 1,\0 \"page\": \"SubFunc_LogAudit\"}", 39),
+         "line 2: a NUL byte stands here (character 10)"},
+        {R"({"page": "SubFunc_LogAudit", "page": "SubFunc_LogAudit"})",
+         "line 2: /page: the key stands more than once in its object"},
+        {"{\"at\": 2, \"page\": \"SubFunc_LogAudit\"}\n{\"at\": 1, \"page\": \"SubFunc_LogAudit\"}",
+         "line 3: /at: the time falls: 1 stands behind 2"},
+        {R"({"thread": "agent9", "page": "SubFunc_LogAudit"})",
+         "line 2: /thread: there is no thread \"agent9\" (nearest: agent)"},
+        {R"({"manager": "ITavPicResourceMgr", "operation": "getImageRef", "arguments": ["a", "b"]})",
+         "line 2: /thread: ITavPicResourceMgr is called on the thread \"gui\" only"},
+        {R"({"manager": "ITavNetControlMgr", "operation": "reverseDeviceState", "arguments": [99]})",
+         "line 2: ITavNetControlMgr reverseDeviceState: reverseDeviceState(int index): the message library refused "},
+    };
+    for (const auto &row : rows) {
+        const ScenarioFile file(row.lines + "\n");
+        const Tavctl run = play(file.path());
+        EXPECT_EQ(run.exitCode, 1) << row.mistake.toStdString();
+        EXPECT_TRUE(run.errors.startsWith("tavctl: " + file.path() + ": " + row.mistake)) << run.errors.toStdString();
+        EXPECT_EQ(run.errors.count('\n'), 1) << run.errors.toStdString();
+    }
+}
+
+TEST(PlayCommand, TakesLittleMemoryForALineThatIsTooLong)
+{
+    const ScenarioFile file({});
+    QFile scenario(file.path());
+    ASSERT_TRUE(scenario.open(QIODevice::Append));
+    for (int i = 0; i < 100; ++i) { // in pieces, since the memory of this process would be counted
+        scenario.write(QByteArray(1 << 20, 'x'));
+    }
+    scenario.close();
     const Tavctl run = play(file.path());
     EXPECT_EQ(run.exitCode, 1);
-    EXPECT_TRUE(run.errors.contains("line 2: ITavNetControlMgr reverseDeviceState: ")) << run.errors.toStdString();
+    EXPECT_EQ(run.errors, "tavctl: " + file.path() + ": line 2: longer than 32 MiB\n");
+    if (!memoryIsInstrumented) {
+        EXPECT_LT(run.peakMiB, 100);
+    }
 }
 
 TEST(PlayCommand, PlaysWhatIsBeforeACutLineWhenTold)
@@ -124,6 +166,7 @@ TEST(CallCommand, AsksForAnIndeterminateValueOnlyBehindItsSetter)
     EXPECT_EQ(Tavctl(call + QStringList{without.path()}).exitCode, 2);
     const ScenarioFile with(R"({"manager": "ITavHostInfoMgr", "operation": "setResourceInfo", "arguments": [{}]})");
     EXPECT_EQ(Tavctl(call + QStringList{with.path()}).exitCode, 0);
+    EXPECT_EQ(Tavctl(call + QStringList{"-"}, with.path()).exitCode, 0) << "read once";
 }
 
 TEST(ScenarioCommand, ReportsEveryMistakenLine)
@@ -171,4 +214,27 @@ TEST(ScenarioCommand, SumsUpTheFile)
     const QJsonObject document = Tavctl({"scenario", "info", file.path(), "--json"}).json();
     EXPECT_EQ(document["calls"], 3);
     EXPECT_EQ(document["operations"].toArray().size(), 3);
+}
+
+TEST(ScenarioCommand, PrintsLinesThatCheckTheEnd)
+{
+    const QByteArray lines = soundLines
+        + R"({"manager": "ITavAccessControlMgr", "operation": "setObjectCount", "arguments": [7, true, 3]})"
+          "\n";
+    const ScenarioFile file(lines);
+    const Tavctl end({"scenario", "end", file.path(), "--plugin", TAV_PLUGIN_FILE});
+    EXPECT_EQ(end.exitCode, 0) << end.errors.toStdString();
+    const ScenarioFile checked(lines + end.bytes);
+    const Tavctl played = play(checked.path());
+    EXPECT_EQ(played.exitCode, 0) << played.errors.toStdString();
+    EXPECT_TRUE(played.output.endsWith(", 82 results compared\n")) << played.output.toStdString();
+
+    const QByteArray key = R"({"arguments":[true,3],"manager":"ITavAccessControlMgr","operation":"getObjectCount")";
+    const ScenarioFile changed(lines
+                               + QByteArray(end.bytes).replace(key + R"(,"returns":7})", key + R"(,"returns":8})"));
+    const Tavctl mistaken = play(changed.path());
+    EXPECT_EQ(mistaken.exitCode, 1);
+    EXPECT_TRUE(mistaken.errors.endsWith(
+        "ITavAccessControlMgr getObjectCount returned something else\n  expected: 8\n  returned: 7\n"))
+        << mistaken.errors.toStdString();
 }

@@ -10,8 +10,6 @@
 
 namespace
 {
-constexpr qint64 secondsPerDay = 86400;
-
 /// The user with this id; one without a name, and a note, when there is none.
 UserReader::User userOf(const QString &root, quint32 uid, ReadingNotes &notes)
 {
@@ -37,7 +35,8 @@ std::optional<int> daysLeft(const UserReader::User &user, qint64 now)
     if (!user.passwordChange) {
         return std::nullopt;
     }
-    const qint64 left = *user.passwordChange / secondsPerDay + *user.passwordDays - now / secondsPerDay;
+    const qint64 left
+        = *user.passwordChange / UserReader::secondsPerDay + *user.passwordDays - now / UserReader::secondsPerDay;
     return static_cast<int>(std::max<qint64>(left, 0));
 }
 

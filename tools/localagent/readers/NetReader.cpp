@@ -89,7 +89,7 @@ int duplexOf(const QByteArray &text)
     return text == "half" ? 0 : text == "full" ? 1 : -1;
 }
 
-Tav::NetControl::NetDeviceInfo readDevice(const QString &root, const QByteArray &name)
+Tav::NetControl::NetDeviceInfo readNetDevice(const QString &root, const QByteArray &name)
 {
     const QByteArray directory = netDirectory + '/' + name + '/';
     const auto number = [&](const char *attribute) { return HostFile::number(root, directory + attribute); };
@@ -143,7 +143,7 @@ Tav::NetControl::NetDeviceInfos NetReader::readDevices(const QString &root, Read
     QVector<Tav::NetControl::NetDeviceInfo> devices;
     const QVector<QByteArray> names = HostFile::entriesOrNote(root, netDirectory, notes);
     for (const QByteArray &name : names) {
-        Tav::NetControl::NetDeviceInfo device = readDevice(root, name);
+        Tav::NetControl::NetDeviceInfo device = readNetDevice(root, name);
         // Without an index it is no device but a control file of some driver, or it has just gone.
         if (device.has_index()) {
             device.set_gateway(gateways.value(name));

@@ -35,7 +35,7 @@ quint32 binaryCodedDecimal(const QByteArray &version)
     return QByteArray(version).replace(".", "").toUInt(nullptr, 16);
 }
 
-Tav::DevControl::DevUsbInfo readDevice(const QString &root, const QByteArray &name)
+Tav::DevControl::DevUsbInfo readUsbDevice(const QString &root, const QByteArray &name)
 {
     const QByteArray directory = devicesDirectory + '/' + name + '/';
     const auto decimal = [&](const char *attribute) { return HostFile::number(root, directory + attribute); };
@@ -150,7 +150,7 @@ Tav::DevControl::DevUsbInfoList UsbReader::readDevices(const QString &root, Read
         if (name.contains(':')) {
             continue;
         }
-        Tav::DevControl::DevUsbInfo device = readDevice(root, name);
+        Tav::DevControl::DevUsbInfo device = readUsbDevice(root, name);
         if (device.has_bus()) {
             readInterfaces(root, names, name, device);
             devices.append(device);

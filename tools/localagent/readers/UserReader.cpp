@@ -5,7 +5,6 @@
 
 namespace
 {
-constexpr qint64 secondsPerDay = 86400;
 constexpr qint64 noPasswordLimit = 10000; ///< days; the usual 99999 and everything from here on mean "for ever"
 
 /// Numeric field; nothing when it is not one.
@@ -70,7 +69,7 @@ void addPasswords(const QString &root, QVector<UserReader::User> &users, Reading
         }
         user.locked = found->at(1).startsWith('!') || found->at(1).startsWith('*');
         if (const auto days = idOf(found->at(2))) {
-            user.passwordChange = *days * secondsPerDay;
+            user.passwordChange = *days * UserReader::secondsPerDay;
         }
         const auto days = idOf(found->at(4));
         user.passwordDays = days && *days < noPasswordLimit ? static_cast<qint64>(*days) : -1;

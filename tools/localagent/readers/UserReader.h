@@ -18,6 +18,8 @@
  */
 namespace UserReader
 {
+constexpr qint64 secondsPerDay = 86400;
+
 /// One user of the host.
 struct User {
     QByteArray name;

@@ -1,5 +1,6 @@
 #include "FactsForm.h"
 
+#include "QuietLabel.h"
 #include "ValueModel.h"
 
 #include <QGridLayout>
@@ -15,8 +16,7 @@ FactsForm::FactsForm(const ValueModel &model, QWidget *parent)
     m_layout->setHorizontalSpacing(12);
     m_layout->setVerticalSpacing(2);
     for (int column = 0; column < model.columnCount(); ++column) {
-        const Fact fact{new QLabel(model.headerData(column, Qt::Horizontal).toString()), new QLabel};
-        fact.name->setForegroundRole(QPalette::PlaceholderText);
+        const Fact fact{new QuietLabel(model.headerData(column, Qt::Horizontal).toString()), new QLabel};
         fact.name->setToolTip(model.headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString());
         fact.value->setTextFormat(Qt::PlainText);
         fact.value->setTextInteractionFlags(Qt::TextSelectableByMouse);

@@ -1,6 +1,7 @@
 #include "ModelPage.h"
 
 #include "FactsForm.h"
+#include "QuietLabel.h"
 #include "TavCallError.h"
 #include "ValueList.h"
 #include "ValueModel.h"
@@ -156,9 +157,8 @@ void ModelPage::build(const PageReading &reading)
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     if (reading.parts.isEmpty()) {
-        auto *const hint = new QLabel(tr("No manager holds anything for this page."));
+        auto *const hint = new QuietLabel(tr("No manager holds anything for this page."));
         hint->setAlignment(Qt::AlignCenter);
-        hint->setForegroundRole(QPalette::PlaceholderText);
         layout->addWidget(hint);
         return;
     }

@@ -1,0 +1,1008 @@
+<?xml version="1.0" encoding="utf-8"?>
+<!DOCTYPE TS>
+<TS version="2.1" language="zh_CN" sourcelanguage="en">
+<context>
+    <name>AgentBar</name>
+    <message>
+        <source>Agent</source>
+        <translation>代理</translation>
+    </message>
+    <message>
+        <source>&amp;Feed</source>
+        <translation>填充(&amp;F)</translation>
+    </message>
+    <message>
+        <source>Read this machine and feed the managers.</source>
+        <translation>读取本机并填充各管理器。</translation>
+    </message>
+    <message>
+        <source>Feed &amp;Every</source>
+        <translation>定时填充(&amp;E)</translation>
+    </message>
+    <message>
+        <source>Feed again and again.</source>
+        <translation>反复填充。</translation>
+    </message>
+    <message>
+        <source> s</source>
+        <translation> 秒</translation>
+    </message>
+    <message>
+        <source>Seconds from one feeding to the next</source>
+        <translation>两次填充之间的秒数</translation>
+    </message>
+    <message>
+        <source>&amp;Record…</source>
+        <translation>录制(&amp;R)…</translation>
+    </message>
+    <message>
+        <source>Record all calls into a file.</source>
+        <translation>把所有调用录制到文件。</translation>
+    </message>
+    <message>
+        <source>Record Calls</source>
+        <translation>录制调用</translation>
+    </message>
+    <message>
+        <source>Scenarios (*.jsonl)</source>
+        <translation>场景 (*.jsonl)</translation>
+    </message>
+</context>
+<context>
+    <name>ArgumentForm</name>
+    <message>
+        <source>&amp;%1 (%2)</source>
+        <translation>&amp;%1（%2）</translation>
+    </message>
+</context>
+<context>
+    <name>BusyBar</name>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
+    </message>
+    <message>
+        <source>Under way</source>
+        <translation>进行中</translation>
+    </message>
+</context>
+<context>
+    <name>CallLogPanel</name>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Thread</source>
+        <translation>线程</translation>
+    </message>
+    <message>
+        <source>Manager</source>
+        <translation>管理器</translation>
+    </message>
+    <message>
+        <source>Operation</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>Arguments</source>
+        <translation>参数</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>Size</source>
+        <translation>大小</translation>
+    </message>
+    <message>
+        <source>µs</source>
+        <translation>微秒</translation>
+    </message>
+    <message>
+        <source>Save Selection…</source>
+        <translation>保存所选…</translation>
+    </message>
+    <message>
+        <source>Save the selected calls as a scenario.</source>
+        <translation>把所选调用保存为场景。</translation>
+    </message>
+    <message>
+        <source>Save Calls as a Scenario</source>
+        <translation>把调用保存为场景</translation>
+    </message>
+    <message>
+        <source>Scenarios (*.jsonl)</source>
+        <translation>场景 (*.jsonl)</translation>
+    </message>
+</context>
+<context>
+    <name>CallPanel</name>
+    <message>
+        <source>Manager</source>
+        <translation>管理器</translation>
+    </message>
+    <message>
+        <source>Operations</source>
+        <translation>操作</translation>
+    </message>
+    <message>
+        <source>&amp;Fill In What Is Held</source>
+        <translation>填入当前值(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Call</source>
+        <translation>调用(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Call the operation (Ctrl+Return).</source>
+        <translation>调用该操作（Ctrl+Return）。</translation>
+    </message>
+    <message>
+        <source>Result</source>
+        <translation>结果</translation>
+    </message>
+    <message>
+        <source>%1 returns %2</source>
+        <translation>%1 返回 %2</translation>
+    </message>
+    <message>
+        <source>Returned:</source>
+        <translation>返回：</translation>
+    </message>
+    <message>
+        <source>Refused:</source>
+        <translation>被拒绝：</translation>
+    </message>
+</context>
+<context>
+    <name>CatalogueProblem</name>
+    <message>
+        <source>There is no navigation catalogue</source>
+        <translation>没有导航目录</translation>
+    </message>
+    <message>
+        <source>%1 does not exist.</source>
+        <translation>%1 不存在。</translation>
+    </message>
+    <message>
+        <source>Put a catalogue there, or name another system root with --root.</source>
+        <translation>请在该处放置导航目录，或用 --root 指定其他系统根目录。</translation>
+    </message>
+    <message>
+        <source>The navigation catalogue holds no page</source>
+        <translation>导航目录中没有页面</translation>
+    </message>
+    <message>
+        <source>No page could be read from %1.</source>
+        <translation>无法从 %1 读出任何页面。</translation>
+    </message>
+    <message>
+        <source>It must be the Base64 text of a JSON array of functions. The findings tell where it is not.</source>
+        <translation>它必须是功能 JSON 数组的 Base64 文本。检查结果会指出问题所在。</translation>
+    </message>
+    <message>
+        <source>Show &amp;Findings…</source>
+        <translation>显示检查结果(&amp;F)…</translation>
+    </message>
+</context>
+<context>
+    <name>DeliveryPanel</name>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Page</source>
+        <translation>页面</translation>
+    </message>
+    <message>
+        <source>Subscriber</source>
+        <translation>订阅者</translation>
+    </message>
+    <message>
+        <source>Thread</source>
+        <translation>线程</translation>
+    </message>
+    <message>
+        <source>Latency in µs</source>
+        <translation>延迟（微秒）</translation>
+    </message>
+</context>
+<context>
+    <name>FindingsDialog</name>
+    <message>
+        <source>line %1, column %2</source>
+        <translation>第 %1 行，第 %2 列</translation>
+    </message>
+    <message>
+        <source>Findings</source>
+        <translation>检查结果</translation>
+    </message>
+    <message>
+        <source>%1: nothing was found.</source>
+        <translation>%1：未发现问题。</translation>
+    </message>
+    <message>
+        <source>Place</source>
+        <translation>位置</translation>
+    </message>
+    <message>
+        <source>Problem</source>
+        <translation>问题</translation>
+    </message>
+    <message>
+        <source>Effect</source>
+        <translation>影响</translation>
+    </message>
+    <message>
+        <source>Advice</source>
+        <translation>建议</translation>
+    </message>
+</context>
+<context>
+    <name>LinePanel</name>
+    <message>
+        <source>debug</source>
+        <translation>调试</translation>
+    </message>
+    <message>
+        <source>information</source>
+        <translation>信息</translation>
+    </message>
+    <message>
+        <source>warning</source>
+        <translation>警告</translation>
+    </message>
+    <message>
+        <source>error</source>
+        <translation>错误</translation>
+    </message>
+    <message>
+        <source>Time</source>
+        <translation>时间</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>级别</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>来源</translation>
+    </message>
+    <message>
+        <source>Thread</source>
+        <translation>线程</translation>
+    </message>
+    <message>
+        <source>Text</source>
+        <translation>文字</translation>
+    </message>
+</context>
+<context>
+    <name>LogPanel</name>
+    <message>
+        <source>Filter</source>
+        <translation>筛选</translation>
+    </message>
+    <message>
+        <source>Clear</source>
+        <translation>清除</translation>
+    </message>
+    <message>
+        <source>%1 entries</source>
+        <translation>%1 条</translation>
+    </message>
+    <message>
+        <source>%1 of %2 entries</source>
+        <translation>%2 条中的 %1 条</translation>
+    </message>
+</context>
+<context>
+    <name>MainWindow</name>
+    <message>
+        <source>%1 is not shown</source>
+        <translation>%1 未显示</translation>
+    </message>
+    <message>
+        <source>There is no data plugin to show</source>
+        <translation>没有可显示的数据插件</translation>
+    </message>
+    <message>
+        <source>Security Client for Development</source>
+        <translation>开发用安全客户端</translation>
+    </message>
+    <message>
+        <source>&amp;Choose Another File…</source>
+        <translation>选择其他文件(&amp;C)…</translation>
+    </message>
+    <message>
+        <source>Data Plugin</source>
+        <translation>数据插件</translation>
+    </message>
+    <message>
+        <source>Libraries (*.so)</source>
+        <translation>库文件 (*.so)</translation>
+    </message>
+    <message>
+        <source>%1 cannot be played</source>
+        <translation>无法播放 %1</translation>
+    </message>
+    <message>
+        <source>%1 cannot be recorded</source>
+        <translation>无法录制 %1</translation>
+    </message>
+    <message>
+        <source>&amp;Navigation</source>
+        <translation>导航(&amp;N)</translation>
+    </message>
+    <message>
+        <source>%1 was written.</source>
+        <translation>已写入 %1。</translation>
+    </message>
+    <message>
+        <source>%1 cannot be written</source>
+        <translation>无法写入 %1</translation>
+    </message>
+    <message>
+        <source>&amp;Registry</source>
+        <translation>注册表(&amp;R)</translation>
+    </message>
+    <message>
+        <source>&amp;Calls</source>
+        <translation>调用(&amp;C)</translation>
+    </message>
+    <message>
+        <source>Page C&amp;hanges</source>
+        <translation>页面切换(&amp;H)</translation>
+    </message>
+    <message>
+        <source>&amp;Log</source>
+        <translation>日志(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Call an &amp;Operation</source>
+        <translation>调用操作(&amp;O)</translation>
+    </message>
+    <message>
+        <source>&amp;Pictures</source>
+        <translation>图片(&amp;P)</translation>
+    </message>
+    <message>
+        <source>&amp;File</source>
+        <translation>文件(&amp;F)</translation>
+    </message>
+    <message>
+        <source>&amp;Quit</source>
+        <translation>退出(&amp;Q)</translation>
+    </message>
+    <message>
+        <source>&amp;Agent</source>
+        <translation>代理(&amp;A)</translation>
+    </message>
+    <message>
+        <source>&amp;Scenario</source>
+        <translation>场景(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;View</source>
+        <translation>视图(&amp;V)</translation>
+    </message>
+</context>
+<context>
+    <name>ModelPage</name>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>No manager holds anything for this page.</source>
+        <translation>没有管理器持有此页面的内容。</translation>
+    </message>
+    <message>
+        <source>Lists</source>
+        <translation>列表</translation>
+    </message>
+    <message>
+        <source>The list has changed meanwhile; nothing was edited.</source>
+        <translation>列表已发生变化，未作任何编辑。</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+</context>
+<context>
+    <name>NavigationView</name>
+    <message>
+        <source>Navigation</source>
+        <translation>导航</translation>
+    </message>
+</context>
+<context>
+    <name>PageArea</name>
+    <message>
+        <source>The page cannot be shown</source>
+        <translation>页面无法显示</translation>
+    </message>
+    <message>
+        <source>See createPage() of the page&apos;s controller.</source>
+        <translation>请查看该页面控制器的 createPage()。</translation>
+    </message>
+    <message>
+        <source>%1 made no widget.</source>
+        <translation>%1 没有创建窗口部件。</translation>
+    </message>
+    <message>
+        <source>%1 threw: %2</source>
+        <translation>%1 抛出异常：%2</translation>
+    </message>
+    <message>
+        <source>%1 threw.</source>
+        <translation>%1 抛出异常。</translation>
+    </message>
+    <message>
+        <source>Choose a page in the navigation.</source>
+        <translation>请在导航中选择页面。</translation>
+    </message>
+    <message>
+        <source>The page is not in the catalogue</source>
+        <translation>页面不在导航目录中</translation>
+    </message>
+    <message>
+        <source>%1 was selected, which the catalogue does not have.</source>
+        <translation>选择了 %1，但导航目录中没有该页面。</translation>
+    </message>
+    <message>
+        <source>Add the page to the catalogue, or choose another one.</source>
+        <translation>请把该页面加入导航目录，或选择其他页面。</translation>
+    </message>
+</context>
+<context>
+    <name>PageFrame</name>
+    <message>
+        <source>Back to %1</source>
+        <translation>返回 %1</translation>
+    </message>
+    <message>
+        <source>Open %1</source>
+        <translation>打开 %1</translation>
+    </message>
+</context>
+<context>
+    <name>PageValues</name>
+    <message>
+        <source>Host</source>
+        <translation>主机</translation>
+    </message>
+    <message>
+        <source>Kernel signature</source>
+        <translation>内核签名</translation>
+    </message>
+    <message>
+        <source>Server</source>
+        <translation>服务器</translation>
+    </message>
+    <message>
+        <source>Online state</source>
+        <translation>在线状态</translation>
+    </message>
+    <message>
+        <source>Log-in</source>
+        <translation>登录</translation>
+    </message>
+    <message>
+        <source>Password change</source>
+        <translation>修改密码</translation>
+    </message>
+    <message>
+        <source>USB</source>
+        <translation>USB</translation>
+    </message>
+    <message>
+        <source>Device functions</source>
+        <translation>设备功能</translation>
+    </message>
+    <message>
+        <source>Network control</source>
+        <translation>网络控制</translation>
+    </message>
+    <message>
+        <source>Network</source>
+        <translation>网络</translation>
+    </message>
+    <message>
+        <source>Network rules</source>
+        <translation>网络规则</translation>
+    </message>
+    <message>
+        <source>Last network command</source>
+        <translation>最近的网络命令</translation>
+    </message>
+    <message>
+        <source>Network rows</source>
+        <translation>网络行</translation>
+    </message>
+    <message>
+        <source>Mode</source>
+        <translation>模式</translation>
+    </message>
+    <message>
+        <source>Three-part configuration</source>
+        <translation>三项配置</translation>
+    </message>
+    <message>
+        <source>Policy</source>
+        <translation>策略</translation>
+    </message>
+    <message>
+        <source>Finish state</source>
+        <translation>完成状态</translation>
+    </message>
+    <message>
+        <source>Security switches</source>
+        <translation>安全开关</translation>
+    </message>
+    <message>
+        <source>States</source>
+        <translation>状态</translation>
+    </message>
+    <message>
+        <source>Check items</source>
+        <translation>检查项</translation>
+    </message>
+    <message>
+        <source>Scan state</source>
+        <translation>扫描状态</translation>
+    </message>
+    <message>
+        <source>Scan counts</source>
+        <translation>扫描计数</translation>
+    </message>
+    <message>
+        <source>Scan content</source>
+        <translation>扫描内容</translation>
+    </message>
+    <message>
+        <source>Configuration errors</source>
+        <translation>配置错误</translation>
+    </message>
+    <message>
+        <source>Level</source>
+        <translation>级别</translation>
+    </message>
+    <message>
+        <source>Scan</source>
+        <translation>扫描</translation>
+    </message>
+    <message>
+        <source>Current path</source>
+        <translation>当前路径</translation>
+    </message>
+    <message>
+        <source>Single scan</source>
+        <translation>单项扫描</translation>
+    </message>
+    <message>
+        <source>Kernel measurement</source>
+        <translation>内核度量</translation>
+    </message>
+    <message>
+        <source>Initialised</source>
+        <translation>已初始化</translation>
+    </message>
+    <message>
+        <source>Measurement count</source>
+        <translation>度量数量</translation>
+    </message>
+    <message>
+        <source>Measurements</source>
+        <translation>度量结果</translation>
+    </message>
+    <message>
+        <source>Interval</source>
+        <translation>间隔</translation>
+    </message>
+    <message>
+        <source>Measurement</source>
+        <translation>度量</translation>
+    </message>
+    <message>
+        <source>Trusted mode</source>
+        <translation>可信模式</translation>
+    </message>
+    <message>
+        <source>Trusted count</source>
+        <translation>可信数量</translation>
+    </message>
+    <message>
+        <source>Trusted list</source>
+        <translation>可信列表</translation>
+    </message>
+    <message>
+        <source>Trusted rows</source>
+        <translation>可信行</translation>
+    </message>
+    <message>
+        <source>System users</source>
+        <translation>系统用户</translation>
+    </message>
+    <message>
+        <source>Principal details</source>
+        <translation>主体详情</translation>
+    </message>
+    <message>
+        <source>Principal levels</source>
+        <translation>主体级别</translation>
+    </message>
+    <message>
+        <source>Checked principal level</source>
+        <translation>勾选的主体级别</translation>
+    </message>
+    <message>
+        <source>Last command</source>
+        <translation>最近的命令</translation>
+    </message>
+    <message>
+        <source>Object details</source>
+        <translation>客体详情</translation>
+    </message>
+    <message>
+        <source>Object levels</source>
+        <translation>客体级别</translation>
+    </message>
+    <message>
+        <source>Checked object level</source>
+        <translation>勾选的客体级别</translation>
+    </message>
+    <message>
+        <source>Principals to add</source>
+        <translation>待添加主体</translation>
+    </message>
+    <message>
+        <source>Files to add</source>
+        <translation>待添加文件</translation>
+    </message>
+    <message>
+        <source>Self protection</source>
+        <translation>自我保护</translation>
+    </message>
+    <message>
+        <source>Removal of software</source>
+        <translation>软件卸载</translation>
+    </message>
+    <message>
+        <source>Protections</source>
+        <translation>防护项</translation>
+    </message>
+    <message>
+        <source>Protected software count</source>
+        <translation>受保护软件数</translation>
+    </message>
+    <message>
+        <source>Protected software</source>
+        <translation>受保护软件</translation>
+    </message>
+    <message>
+        <source>Process protection</source>
+        <translation>进程防护</translation>
+    </message>
+    <message>
+        <source>Process count</source>
+        <translation>进程数</translation>
+    </message>
+    <message>
+        <source>Processes</source>
+        <translation>进程</translation>
+    </message>
+    <message>
+        <source>Process exceptions</source>
+        <translation>进程例外</translation>
+    </message>
+    <message>
+        <source>Exception rows</source>
+        <translation>例外行</translation>
+    </message>
+    <message>
+        <source>Kernel protection</source>
+        <translation>内核防护</translation>
+    </message>
+    <message>
+        <source>Blocking of modules</source>
+        <translation>模块拦截</translation>
+    </message>
+    <message>
+        <source>Module count</source>
+        <translation>模块数</translation>
+    </message>
+    <message>
+        <source>Kernel modules</source>
+        <translation>内核模块</translation>
+    </message>
+    <message>
+        <source>Blocked modules</source>
+        <translation>被拦截模块</translation>
+    </message>
+    <message>
+        <source>Directory protection</source>
+        <translation>目录防护</translation>
+    </message>
+    <message>
+        <source>File protection</source>
+        <translation>文件防护</translation>
+    </message>
+    <message>
+        <source>Directory count</source>
+        <translation>目录数</translation>
+    </message>
+    <message>
+        <source>File count</source>
+        <translation>文件数</translation>
+    </message>
+    <message>
+        <source>Directories</source>
+        <translation>目录</translation>
+    </message>
+    <message>
+        <source>Files</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>Protected objects</source>
+        <translation>受保护对象</translation>
+    </message>
+    <message>
+        <source>File destruction</source>
+        <translation>文件粉碎</translation>
+    </message>
+    <message>
+        <source>Total</source>
+        <translation>总计</translation>
+    </message>
+    <message>
+        <source>By type</source>
+        <translation>按类型</translation>
+    </message>
+    <message>
+        <source>By month</source>
+        <translation>按月</translation>
+    </message>
+    <message>
+        <source>Failures by month</source>
+        <translation>按月失败数</translation>
+    </message>
+    <message>
+        <source>Entries</source>
+        <translation>条目</translation>
+    </message>
+</context>
+<context>
+    <name>PictureModel</name>
+    <message>
+        <source>no picture</source>
+        <translation>无图片</translation>
+    </message>
+    <message>
+        <source>Key</source>
+        <translation>键</translation>
+    </message>
+    <message>
+        <source>Pixels</source>
+        <translation>像素</translation>
+    </message>
+    <message>
+        <source>File</source>
+        <translation>文件</translation>
+    </message>
+</context>
+<context>
+    <name>PicturePanel</name>
+    <message>
+        <source>Pictures</source>
+        <translation>图片</translation>
+    </message>
+    <message>
+        <source>&amp;Directories</source>
+        <translation>目录(&amp;D)</translation>
+    </message>
+    <message>
+        <source>Directories</source>
+        <translation>目录</translation>
+    </message>
+    <message>
+        <source>&amp;Append…</source>
+        <translation>追加(&amp;A)…</translation>
+    </message>
+    <message>
+        <source>Have the picture manager load another directory.</source>
+        <translation>让图片管理器再加载一个目录。</translation>
+    </message>
+    <message>
+        <source>Append a Picture Directory</source>
+        <translation>追加图片目录</translation>
+    </message>
+</context>
+<context>
+    <name>PlayBar</name>
+    <message>
+        <source>Scenario</source>
+        <translation>场景</translation>
+    </message>
+    <message>
+        <source>&amp;Open Scenario…</source>
+        <translation>打开场景(&amp;O)…</translation>
+    </message>
+    <message>
+        <source>&amp;Play</source>
+        <translation>播放(&amp;P)</translation>
+    </message>
+    <message>
+        <source>S&amp;tep</source>
+        <translation>单步(&amp;T)</translation>
+    </message>
+    <message>
+        <source>Make the next call of the scenario.</source>
+        <translation>执行场景的下一次调用。</translation>
+    </message>
+    <message>
+        <source>&amp;Stop</source>
+        <translation>停止(&amp;S)</translation>
+    </message>
+    <message>
+        <source>&amp;Loop</source>
+        <translation>循环(&amp;L)</translation>
+    </message>
+    <message>
+        <source>Begin again at the end.</source>
+        <translation>播完后重新开始。</translation>
+    </message>
+    <message>
+        <source>Place in the scenario</source>
+        <translation>场景中的位置</translation>
+    </message>
+    <message>
+        <source>Speed</source>
+        <translation>速度</translation>
+    </message>
+    <message>
+        <source>Times as fast as it was recorded</source>
+        <translation>相对录制速度的倍数</translation>
+    </message>
+    <message>
+        <source>%1×</source>
+        <translation>%1×</translation>
+    </message>
+    <message>
+        <source>fastest</source>
+        <translation>最快</translation>
+    </message>
+    <message>
+        <source>Open Scenario</source>
+        <translation>打开场景</translation>
+    </message>
+    <message>
+        <source>Scenarios (*.jsonl);;All files (*)</source>
+        <translation>场景 (*.jsonl);;所有文件 (*)</translation>
+    </message>
+    <message>
+        <source>&amp;Pause</source>
+        <translation>暂停(&amp;P)</translation>
+    </message>
+</context>
+<context>
+    <name>RegistryModel</name>
+    <message>
+        <source>Key</source>
+        <translation>键</translation>
+    </message>
+    <message>
+        <source>Class</source>
+        <translation>类</translation>
+    </message>
+    <message>
+        <source>Interface</source>
+        <translation>接口</translation>
+    </message>
+    <message>
+        <source>Thread</source>
+        <translation>线程</translation>
+    </message>
+    <message>
+        <source>Since</source>
+        <translation>注册时间</translation>
+    </message>
+</context>
+<context>
+    <name>RegistryPanel</name>
+    <message>
+        <source>Registered objects</source>
+        <translation>已注册对象</translation>
+    </message>
+</context>
+<context>
+    <name>ValueList</name>
+    <message>
+        <source>Filter</source>
+        <translation>筛选</translation>
+    </message>
+    <message>
+        <source>Filter of %1</source>
+        <translation>筛选 %1</translation>
+    </message>
+    <message>
+        <source>Check all</source>
+        <translation>全部勾选</translation>
+    </message>
+    <message>
+        <source>Uncheck all</source>
+        <translation>全部取消</translation>
+    </message>
+    <message>
+        <source>Toggle selected</source>
+        <translation>切换所选</translation>
+    </message>
+    <message>
+        <source>Toggle all</source>
+        <translation>全部切换</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n row(s)</source>
+        <translation>
+            <numerusform>%n 行</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n row(s)</source>
+        <translation>
+            <numerusform>%n 行中的 %1 行</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>ValueModel</name>
+    <message>
+        <source>checked</source>
+        <translation>已勾选</translation>
+    </message>
+    <message>
+        <source>not checked</source>
+        <translation>未勾选</translation>
+    </message>
+    <message>
+        <source>%1, in %2</source>
+        <translation>%1，单位：%2</translation>
+    </message>
+    <message>
+        <source>%1: absent</source>
+        <translation>%1：无</translation>
+    </message>
+</context>
+<context>
+    <name>WorkStatus</name>
+    <message>
+        <source>Reading this machine</source>
+        <translation>正在读取本机</translation>
+    </message>
+    <message>
+        <source>%1: %2 of %3 lines</source>
+        <translation>%1：%3 行中的第 %2 行</translation>
+    </message>
+    <message>
+        <source>Reading the scenario</source>
+        <translation>正在读取场景</translation>
+    </message>
+    <message>
+        <source>Waiting for the calls under way</source>
+        <translation>等待进行中的调用</translation>
+    </message>
+    <message>
+        <source>Recording %1: %2 calls, %3</source>
+        <translation>正在录制 %1：%2 次调用，%3</translation>
+    </message>
+    <message>
+        <source>Writing the recording</source>
+        <translation>正在写入录制文件</translation>
+    </message>
+</context>
+</TS>
