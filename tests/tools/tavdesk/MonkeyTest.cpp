@@ -51,6 +51,8 @@ void useMouse(QWidget &window, QRandomGenerator &random)
 
 TEST(Monkey, DoesNoHarmWhileAScenarioPlays)
 {
+    const QTemporaryDir scratch;
+    ASSERT_TRUE(QDir::setCurrent(scratch.path())); // it finds out how files are written
     const ScenarioFile file(soundLines);
     const TestWindow client;
     ScenarioPlay &play = client.window->play();
