@@ -14,7 +14,7 @@ constexpr quint32 seed = 20211121;
 int eventCount()
 {
     const int count = qEnvironmentVariableIntValue("TAV_MONKEY_EVENTS");
-    return count > 0 ? count : 5000;
+    return count > 0 ? count : 20'000;
 }
 
 /// Any key but those that would end the program or write a file.
@@ -51,6 +51,8 @@ void useMouse(QWidget &window, QRandomGenerator &random)
 
 TEST(Monkey, DoesNoHarmWhileAScenarioPlays)
 {
+    const QTemporaryDir scratch;
+    ASSERT_TRUE(QDir::setCurrent(scratch.path())); // it finds out how files are written
     const ScenarioFile file(soundLines);
     const TestWindow client;
     ScenarioPlay &play = client.window->play();

@@ -204,14 +204,14 @@ void ModelPage::build(const PageReading &reading)
     scroll->setWidget(facts);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setVisible(m_tabs.contains(-1));
-    m_lists->setVisible(m_lists->count() > 0);
 
     auto *const splitter = new QSplitter(Qt::Vertical);
     splitter->addWidget(scroll);
     splitter->addWidget(m_lists);
     splitter->setStretchFactor(1, 1);
     splitter->setChildrenCollapsible(false);
+    scroll->setVisible(m_tabs.contains(-1)); // now that it has a parent: it would be a window without one
+    m_lists->setVisible(m_lists->count() > 0);
     m_problem = new QLabel;
     m_problem->setTextFormat(Qt::PlainText);
     m_problem->setWordWrap(true);
