@@ -6,6 +6,7 @@
 #include "TavJson.h"
 #include "TavJsonText.h"
 #include "TavNearestText.h"
+#include "TavPluginHost.h"
 
 #include <QJsonDocument>
 
@@ -15,7 +16,6 @@
 
 namespace
 {
-constexpr double microsecondsInSecond = 1e6;
 
 /// What QJsonDocument takes although it is no JSON, or would lose: control characters and unknown escapes in a text,
 /// anything but ASCII outside of one. Also counts the members as they are written.
@@ -165,6 +165,16 @@ const QStringList &TavScenario::threads()
     static const QStringList names{"agent",  "agent2", "agent3", "agent4", "agent5",
                                    "agent6", "agent7", "agent8", "gui"};
     return names;
+}
+
+TavScenario::Managers TavScenario::managersOf(TavPluginHost &host)
+{
+    Managers managers;
+    const QStringList names = TavCall::managers();
+    for (const QString &name : names) {
+        managers.insert(name, host.managerObject(name.toUtf8().constData()));
+    }
+    return managers;
 }
 
 QString TavScenario::Line::subject() const
@@ -332,11 +342,12 @@ TavScenario::Line TavScenarioReader::lineOf(const QJsonObject &object)
                 "/at",
                 QString("expected seconds from 0 to %1, not %2").arg(latestTime).arg(TavJson::described(object["at"])));
         }
-        const qint64 at = std::llround(seconds * microsecondsInSecond);
+        const qint64 at = std::llround(seconds * TavScenario::microsecondsInSecond);
         if (at < m_at) {
-            throw TavCallError(
-                "/at",
-                QString("the time falls: %1 stands behind %2").arg(seconds).arg(double(m_at) / microsecondsInSecond));
+            throw TavCallError("/at",
+                               QString("the time falls: %1 stands behind %2")
+                                   .arg(seconds)
+                                   .arg(double(m_at) / TavScenario::microsecondsInSecond));
         }
         m_at = at;
     }

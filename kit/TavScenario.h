@@ -13,6 +13,8 @@
 #include <functional>
 #include <stdexcept>
 
+class TavPluginHost;
+
 /**
  * @brief Scenarios: the calls of a session as a text file of JSON lines, to be read, played and recorded.
  *
@@ -28,7 +30,11 @@ const QStringList &threads();
 constexpr int agent = 0; ///< place in threads() of the thread on which calls are made that name none
 constexpr int gui = 8; ///< place in threads() of the thread that runs the event loop
 
+constexpr double microsecondsInSecond = 1e6;
+
 using Managers = QHash<QString, QObject *>; ///< of one host, by the names of their interfaces
+
+Managers managersOf(TavPluginHost &host);
 
 /// @brief One line behind the first, read and found in order.
 struct Line {

@@ -20,8 +20,6 @@
 
 namespace
 {
-constexpr qint64 microsecondsInSecond = 1'000'000;
-
 /// Whether one of the texts in @p value holds half a character, which JSON cannot tell.
 bool hasHalfCharacter(const QJsonValue &value)
 {
@@ -111,7 +109,7 @@ struct TavScenarioRecorder::State {
         }
         last.remove(held); // should the line be lost, the next call is recorded, whatever its value
         const qint64 at = m_clock.nsecsElapsed() / 1000;
-        const QByteArray line = R"({"at":)" + QByteArray::number(double(at) / double(microsecondsInSecond), 'f', 6)
+        const QByteArray line = R"({"at":)" + QByteArray::number(double(at) / TavScenario::microsecondsInSecond, 'f', 6)
             + ',' + threadKey() + call + "}\n";
         if (!isTold || !m_progress.error.isEmpty() || m_waiting.size() + m_writing + line.size() > m_memory) {
             ++m_progress.lost;

@@ -19,9 +19,7 @@ namespace
 {
 using Page = CTavSubFuncTypeHeader::TavSubFuncTypeHeader_;
 
-constexpr double microsecondsInSecond = 1e6;
-
-Page pageWithKey(const QString &key)
+Page pageOfKey(const QString &key)
 {
     try {
         return TavJson::fromJson<Page>(key);
@@ -34,7 +32,7 @@ QJsonObject reportJson(const TavPlayReport &report)
 {
     QJsonObject json{{"calls", report.lines},
                      {"compared", report.checked},
-                     {"seconds", double(report.at) / microsecondsInSecond},
+                     {"seconds", double(report.at) / TavScenario::microsecondsInSecond},
                      {"cutLine", report.cutLine}};
     if (report.error) {
         json.insert("line", report.error->line());
@@ -61,7 +59,7 @@ void printReport(const PlayOptions &options, const TavPlayReport &report)
 {
     QString text = QString("%1: %2, %3 s of the scenario")
                        .arg(printable(options.file), counted(report.lines, "call"))
-                       .arg(double(report.at) / microsecondsInSecond);
+                       .arg(double(report.at) / TavScenario::microsecondsInSecond);
     if (options.check) {
         text += QString(", %1 compared").arg(counted(report.checked, "result"));
     }
@@ -75,9 +73,9 @@ TavPlayOptions playOptions(const PlayOptions &options)
 {
     TavPlayOptions play;
     play.speed = options.speed;
-    play.from = std::llround(options.from * microsecondsInSecond);
+    play.from = std::llround(options.from * TavScenario::microsecondsInSecond);
     if (options.until >= 0) {
-        play.until = std::llround(options.until * microsecondsInSecond);
+        play.until = std::llround(options.until * TavScenario::microsecondsInSecond);
     }
     play.isLooped = options.loop;
     play.isChecked = options.check;
@@ -96,7 +94,9 @@ TavPlayReport playFile(TavPluginHost &host, const QString &file, const TavPlayOp
     QTimer watch;
     QObject::connect(&watch, &QTimer::timeout, [&player, &line] {
         const TavPlayReport report = player.progress();
-        line.show(QString("%1 s, %2").arg(report.at / qint64(microsecondsInSecond)).arg(counted(report.lines, "call")));
+        line.show(QString("%1 s, %2")
+                      .arg(report.at / qint64(TavScenario::microsecondsInSecond))
+                      .arg(counted(report.lines, "call")));
         if (InterruptSignal::isRaised()) {
             player.stop();
         }
@@ -116,7 +116,7 @@ void printMistake(const QString &file, const TavScenarioError &error)
 
 ExitCode play(const PlayOptions &options)
 {
-    const Page page = options.page.isEmpty() ? Page() : pageWithKey(options.page);
+    const Page page = options.page.isEmpty() ? Page() : pageOfKey(options.page);
     TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
     TavPluginHost host = loadPlugin(options.plugin);
     determineHeldValues(); // the pages show them, whether the scenario sets them or not

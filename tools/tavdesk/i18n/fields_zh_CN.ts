@@ -344,24 +344,8 @@
         <translation>全名</translation>
     </message>
     <message>
-        <source>func enabled</source>
-        <translation>功能启用</translation>
-    </message>
-    <message>
-        <source>func icon</source>
-        <translation>功能图标</translation>
-    </message>
-    <message>
         <source>func id</source>
         <translation>功能标识</translation>
-    </message>
-    <message>
-        <source>func title</source>
-        <translation>功能标题</translation>
-    </message>
-    <message>
-        <source>func type</source>
-        <translation>功能类型</translation>
     </message>
     <message>
         <source>functions</source>
@@ -660,10 +644,6 @@
         <translation>包数</translation>
     </message>
     <message>
-        <source>parent func type</source>
-        <translation>上级功能类型</translation>
-    </message>
-    <message>
         <source>passed</source>
         <translation>通过</translation>
     </message>
@@ -758,10 +738,6 @@
     <message>
         <source>reached level</source>
         <translation>达到级别</translation>
-    </message>
-    <message>
-        <source>real parent type</source>
-        <translation>实际上级类型</translation>
     </message>
     <message>
         <source>reason</source>
@@ -952,30 +928,6 @@
         <translation>状态</translation>
     </message>
     <message>
-        <source>sub func class name</source>
-        <translation>页面类名</translation>
-    </message>
-    <message>
-        <source>sub func enabled</source>
-        <translation>页面启用</translation>
-    </message>
-    <message>
-        <source>sub func has parent</source>
-        <translation>页面有上级</translation>
-    </message>
-    <message>
-        <source>sub func help</source>
-        <translation>页面帮助</translation>
-    </message>
-    <message>
-        <source>sub func title</source>
-        <translation>页面标题</translation>
-    </message>
-    <message>
-        <source>sub func type</source>
-        <translation>页面类型</translation>
-    </message>
-    <message>
         <source>succeeded count</source>
         <translation>成功数</translation>
     </message>
@@ -1106,10 +1058,6 @@
     <message>
         <source>user text</source>
         <translation>用户文字</translation>
-    </message>
-    <message>
-        <source>usr list</source>
-        <translation>用户列表</translation>
     </message>
     <message>
         <source>vendor id</source>
