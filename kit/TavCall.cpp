@@ -181,10 +181,46 @@ TavCall::Call preparedAt(int place, const QJsonValue &arguments, const QString &
     return table().prepare[place](values, paths);
 }
 
+using google::protobuf::LogHandler;
+using google::protobuf::LogLevel;
+
+thread_local bool isGuarded = false; ///< what the message library refuses on this thread becomes an error that says so
+LogHandler *otherLog = nullptr;
+
+void logUnlessGuarded(LogLevel level, const char *file, int line, const std::string &message)
+{
+    if (otherLog && !(isGuarded && level == google::protobuf::LOGLEVEL_FATAL)) {
+        otherLog(level, file, line, message);
+    }
+}
+
+/// @brief As long as it lives, the message library does not print what it throws on this thread.
+class QuietRefusal
+{
+public:
+    QuietRefusal()
+    {
+        static const bool isInstalled = [] {
+            otherLog = google::protobuf::SetLogHandler(logUnlessGuarded);
+            return true;
+        }();
+        Q_UNUSED(isInstalled)
+        isGuarded = true;
+    }
+
+    ~QuietRefusal()
+    {
+        isGuarded = false;
+    }
+
+    Q_DISABLE_COPY(QuietRefusal)
+};
+
 /// Makes of what the message library throws, at a position that a list does not have, the error of a call.
 TavCall::Call guarded(const TavCall::Call &call, const TavCall::Operation &operation)
 {
     return [call, &operation](QObject *manager) {
+        const QuietRefusal quiet;
         try {
             return call(manager);
         } catch (const google::protobuf::FatalException &fatal) {

@@ -39,8 +39,12 @@ QString nearestText(const QString &text, const QStringList &known)
             && (text.startsWith(candidate, Qt::CaseInsensitive) || candidate.startsWith(text, Qt::CaseInsensitive))) {
             related.append(candidate);
         }
+        const int mostLetters = std::max(text.size(), candidate.size()) / 3;
+        if (std::abs(text.size() - candidate.size()) > mostLetters) {
+            continue; // at least so many differ, and counting them for a text of some MiB takes minutes
+        }
         const int letters = distance(text, candidate);
-        if (letters * 3 <= std::max(text.size(), candidate.size()) && (nearest.isEmpty() || letters < smallest)) {
+        if (letters <= mostLetters && (nearest.isEmpty() || letters < smallest)) {
             nearest = candidate;
             smallest = letters;
         }

@@ -134,15 +134,29 @@ std::function<QJsonValue(const TavScenario::Managers &)> selectionOf(const QJson
     };
 }
 
+QString cut(const QString &text, int mostLetters)
+{
+    return text.size() <= mostLetters ? text : text.left(mostLetters) + "…";
+}
+
 QString jsonText(const QJsonValue &value)
 {
     if (value.isUndefined()) {
         return "nothing";
     }
     const QByteArray text = QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact);
-    constexpr int mostLetters = 200;
-    const QString whole = QString::fromUtf8(text.mid(1).chopped(1));
-    return whole.size() <= mostLetters ? whole : whole.left(mostLetters) + "…";
+    return cut(QString::fromUtf8(text.mid(1).chopped(1)), 200);
+}
+
+/// Names and keys that are wrong are quoted, and may be as long as a line.
+QString readable(const QString &message)
+{
+    return cut(message, 2000);
+}
+
+QString lineText(int line, const QString &path, const QString &problem)
+{
+    return line > 0 ? QString("line %1: %2").arg(line).arg(path.isEmpty() ? problem : path + ": " + problem) : problem;
 }
 }
 
@@ -197,12 +211,10 @@ bool TavScenario::isAsExpected(const QJsonValue &expected, const QJsonValue &act
 }
 
 TavScenarioError::TavScenarioError(int line, const QString &path, const QString &problem)
-    : std::runtime_error(
-        (line > 0 ? QString("line %1: %2").arg(line).arg(path.isEmpty() ? problem : path + ": " + problem) : problem)
-            .toStdString())
+    : std::runtime_error(lineText(line, readable(path), readable(problem)).toStdString())
     , m_line(line)
-    , m_path(path)
-    , m_problem(problem)
+    , m_path(readable(path))
+    , m_problem(readable(problem))
 {
 }
 

@@ -1,8 +1,8 @@
 #include "TavScenarioPlayer.h"
 
+#include "ScenarioClock.h"
 #include "TavPluginHost.h"
 
-#include <QDeadlineTimer>
 #include <QEventLoop>
 #include <QHash>
 #include <QMutex>
@@ -31,7 +31,7 @@ struct TavScenarioPlayer::State {
     };
 
     State(TavPluginHost &host, QIODevice &device, const TavPlayOptions &options)
-        : m_device(device), m_options(options), m_speed(options.speed), m_isPaused(options.isPaused)
+        : m_device(device), m_options(options), m_clock(options.speed, options.isPaused)
     {
         const QStringList names = TavCall::managers();
         for (const QString &name : names) {
@@ -62,8 +62,7 @@ struct TavScenarioPlayer::State {
     void setPaused(bool isPaused)
     {
         const QMutexLocker lock(&m_mutex);
-        setTime(timeNow());
-        m_isPaused = isPaused;
+        m_clock.setPaused(isPaused);
         m_steps = 0;
         wakeAll();
     }
@@ -71,15 +70,14 @@ struct TavScenarioPlayer::State {
     void step()
     {
         const QMutexLocker lock(&m_mutex);
-        m_steps += m_isPaused ? 1 : 0;
+        m_steps += m_clock.isPaused() ? 1 : 0;
         wakeAll();
     }
 
     void setSpeed(double speed)
     {
         const QMutexLocker lock(&m_mutex);
-        setTime(timeNow());
-        m_speed = speed;
+        m_clock.setSpeed(speed);
         wakeAll();
     }
 
@@ -118,7 +116,7 @@ struct TavScenarioPlayer::State {
         if (m_isEnding || performer.isPlaying || performer.waiting.empty()) {
             return false;
         }
-        return !m_isPaused || (m_steps > 0 && isNext(performer.waiting.front()));
+        return !m_clock.isPaused() || (m_steps > 0 && isNext(performer.waiting.front()));
     }
 
     /// Whether no other line that could begin stands before @p line in the file. The mutex is held.
@@ -137,42 +135,13 @@ struct TavScenarioPlayer::State {
             [](int lines, const Performer &performer) { return lines - (performer.isPlaying ? 1 : 0); });
     }
 
-    // --- the scenario's time, in microseconds; the mutex is held
-
-    bool isFastest() const
-    {
-        return !(m_speed > 0);
-    }
-
-    double timeNow() const
-    {
-        if (m_isPaused || isFastest()) {
-            return m_time;
-        }
-        return m_time + m_speed * std::chrono::duration<double, std::micro>(Clock::now() - m_timeSet).count();
-    }
-
-    void setTime(double time)
-    {
-        m_time = time;
-        m_timeSet = Clock::now();
-    }
-
-    /// Whether a line of the time @p at may be handed out.
+    /// Whether a line of the time @p at may be handed out. The mutex is held.
     bool hasCome(double at) const
     {
-        return m_isPaused ? m_steps > linesToBegin() : isFastest() || timeNow() >= at;
-    }
-
-    /// When to look again whether a line of the time @p at may be handed out.
-    QDeadlineTimer due(double at) const
-    {
-        if (m_isPaused) {
-            return QDeadlineTimer::Forever;
+        if (m_clock.isPaused()) {
+            return m_steps > linesToBegin();
         }
-        constexpr double longest = 3600; // seconds; a speed may be so low that the time is beyond what a timer holds
-        const double seconds = std::min((at - timeNow()) / m_speed / 1e6, longest);
-        return {std::chrono::ceil<std::chrono::microseconds>(std::chrono::duration<double>(seconds)), Qt::PreciseTimer};
+        return m_clock.isFastest() || m_clock.now() >= at;
     }
 
     /// Ends the play with what is wrong; of several mistakes the first in the file counts. The mutex is held.
@@ -212,7 +181,7 @@ struct TavScenarioPlayer::State {
         TavScenarioReader reader(m_device, m_options.cutLine);
         {
             const QMutexLocker lock(&m_mutex);
-            setTime(double(m_options.from));
+            m_clock.set(double(m_options.from));
         }
         TavScenario::Line line;
         while (reader.next(line) && line.at <= m_options.until) {
@@ -259,12 +228,11 @@ struct TavScenarioPlayer::State {
     bool handOut(TavScenario::Line &line)
     {
         const QMutexLocker lock(&m_mutex);
-        while (!m_isEnding && !hasCome(double(line.at))) {
-            m_changed.wait(&m_mutex, due(double(line.at)));
+        const auto at = double(line.at);
+        while (!m_isEnding && !hasCome(at)) {
+            m_changed.wait(&m_mutex, m_clock.due(at));
         }
-        if (m_isPaused || isFastest()) {
-            setTime(std::max(m_time, double(line.at)));
-        }
+        m_clock.lineBegins(at);
         while (!m_isEnding && !mayBeHandedOut(line)) {
             m_changed.wait(&m_mutex);
         }
@@ -328,7 +296,7 @@ struct TavScenarioPlayer::State {
     void playOne(Performer &performer)
     {
         performer.isPlaying = true;
-        if (m_isPaused && --m_steps > 0) {
+        if (m_clock.isPaused() && --m_steps > 0) {
             wakeAll(); // the next one may now begin
         }
         TavPlayedCall played{performer.waiting.front()}; // stays where it is while others are appended
@@ -382,11 +350,8 @@ struct TavScenarioPlayer::State {
     int m_waitingLines = 0; ///< handed out and not ended
     qint64 m_waitingBytes = 0;
     TavPlayReport m_report;
-    double m_speed;
-    bool m_isPaused;
+    ScenarioClock m_clock;
     int m_steps = 0; ///< so many lines may begin although it is paused
-    double m_time = 0; ///< of the scenario, in microseconds, when it was set last
-    Clock::time_point m_timeSet; ///< when that was
     bool m_isGuiCalled = false; ///< performOnGui() is on its way
     bool m_isEnding = false;
     bool m_isAtEnd = false;

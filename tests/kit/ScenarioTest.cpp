@@ -196,6 +196,19 @@ TEST(Scenario, RefusesDepthAndLengthWithoutHarm)
               "line 2: longer than 32 MiB");
 }
 
+TEST(Scenario, QuotesOnlyTheBeginningOfAVeryLongName)
+{
+    const QByteArray name(10 << 20, 'x'); // to look for the nearest name would take hours
+    const QByteArray lines[] = {R"({"manager": ")" + name + R"(", "operation": "o", "arguments": []})",
+                                R"({"manager": "ITavAuditMgr", "operation": ")" + name + R"(", "arguments": []})",
+                                R"({"page": ")" + name + "\"}", '{' + ('"' + name + '"') + ": 1}"};
+    for (const QByteArray &line : lines) {
+        const QString mistake = mistakeInLine(line);
+        EXPECT_TRUE(mistake.contains("xxx…")) << mistake.toStdString();
+        EXPECT_LT(mistake.size(), 5000);
+    }
+}
+
 TEST(Scenario, SaysWhereTheCutLineIsAndReadsWhatIsBeforeItWhenTold)
 {
     const QByteArray whole = scenarioOf({with("\"at\": 1"), with("\"at\": 2")});

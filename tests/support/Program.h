@@ -7,6 +7,7 @@
 
 #include <fcntl.h>
 #include <spawn.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <vector>
 
@@ -41,10 +42,12 @@ struct Program {
         redirect(2, errorFile.fileName(), O_WRONLY | O_CREAT);
         pid_t child = -1;
         int status = -1;
+        rusage usage{};
         const int error = posix_spawnp(&child, arguments.front(), &files, nullptr, arguments.data(), environ);
         posix_spawn_file_actions_destroy(&files);
-        if (error == 0 && waitpid(child, &status, 0) == child && WIFEXITED(status)) {
+        if (error == 0 && wait4(child, &status, 0, &usage) == child && WIFEXITED(status)) {
             exitCode = WEXITSTATUS(status);
+            peakMiB = usage.ru_maxrss / 1024;
         }
         if (outputFile.open(QIODevice::ReadOnly) && errorFile.open(QIODevice::ReadOnly)) {
             output = outputFile.readAll();
@@ -54,5 +57,6 @@ struct Program {
 
     QByteArray output;
     QByteArray errors;
+    long peakMiB = 0; ///< the most memory that it had at one time, or this process had before
     int exitCode = -1; ///< -1 when it could not be started or a signal ended it
 };

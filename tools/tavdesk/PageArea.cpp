@@ -4,11 +4,11 @@
 #include "ClientSession.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavPage.h"
+#include "ModelPage.h"
 #include "NavigationTree.h"
 #include "PageFrame.h"
 #include "ProblemView.h"
-
-#include <QLabel>
+#include "QuietLabel.h"
 
 namespace
 {
@@ -52,9 +52,8 @@ PageArea::PageArea(ClientSession &session, QWidget *parent) : QStackedWidget(par
         addWidget(newCatalogueProblem(this));
         return;
     }
-    auto *const hint = new QLabel(tr("Choose a page in the navigation."));
+    auto *const hint = new QuietLabel(tr("Choose a page in the navigation."));
     hint->setAlignment(Qt::AlignCenter);
-    hint->setForegroundRole(QPalette::PlaceholderText);
     addWidget(hint);
 }
 
@@ -90,5 +89,9 @@ QWidget *PageArea::newContent(const TavSubFuncTypeData_ &page)
     if (auto *const controller = qobject_cast<ITavPage *>(object)) {
         return newOwnPage(*controller, page);
     }
-    return new QLabel(page.subFuncTitle); // PLACEHOLDER
+    return new ModelPage(
+        page.subFuncType,
+        [&session = m_session](const QString &manager, const QString &operation, const QJsonArray &arguments) {
+            session.call(manager, operation, arguments);
+        });
 }

@@ -1,6 +1,7 @@
 #include "PageFrame.h"
 
 #include "NavigationTree.h"
+#include "QuietLabel.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
@@ -17,10 +18,8 @@ PageFrame::PageFrame(const TavSubFuncTypeData_ &page, QWidget *content, const QV
     font.setPointSizeF(font.pointSizeF() * 1.4);
     font.setBold(true);
     title->setFont(font);
-    auto *const help = new QLabel(page.subFuncHelp);
-    help->setTextFormat(Qt::PlainText);
+    auto *const help = new QuietLabel(page.subFuncHelp);
     help->setWordWrap(true);
-    help->setForegroundRole(QPalette::PlaceholderText);
 
     auto *const line = new QHBoxLayout;
     line->addWidget(title);

@@ -1,3 +1,4 @@
+#include "ChildProcess.h"
 #include "PrintQString.h"
 #include "ScenarioFiles.h"
 #include "Tavctl.h"
@@ -45,13 +46,54 @@ TEST(PlayCommand, EndsWithOneAtAMistakenLine)
               "tavctl: " + file.path() + ": line 2: /at: expected seconds from 0 to 1000000000, not the number -1\n");
 }
 
-TEST(PlayCommand, EndsWithOneAtACallThatIsRefused)
+TEST(PlayCommand, EndsWithOneAndOneLineAtWhateverIsWrong)
 {
-    const ScenarioFile file(
-        R"({"manager": "ITavNetControlMgr", "operation": "reverseDeviceState", "arguments": [99]})");
+    const QByteArray deep = QByteArray(10000, '[') + QByteArray(10000, ']');
+    const struct {
+        QByteArray lines;
+        QString mistake; ///< or its beginning
+    } rows[] = {
+        {R"({"manager": "ITavNetControlMgr", "operation": "setNetCount", "arguments": )" + deep + '}',
+         "line 2: nested deeper than the reader's 1024 levels (character 1098)"},
+        {QByteArray("{\"page\": \"SubFunc_\0LogAudit\"}", 30),
+         "line 2: a control character must be written as an escape, such as \\u0000 (character 19)"},
+        {QByteArray("{\"at\": 1,\0 \"page\": \"SubFunc_LogAudit\"}", 39),
+         "line 2: a NUL byte stands here (character 10)"},
+        {R"({"page": "SubFunc_LogAudit", "page": "SubFunc_LogAudit"})",
+         "line 2: /page: the key stands more than once in its object"},
+        {"{\"at\": 2, \"page\": \"SubFunc_LogAudit\"}\n{\"at\": 1, \"page\": \"SubFunc_LogAudit\"}",
+         "line 3: /at: the time falls: 1 stands behind 2"},
+        {R"({"thread": "agent9", "page": "SubFunc_LogAudit"})",
+         "line 2: /thread: there is no thread \"agent9\" (nearest: agent)"},
+        {R"({"manager": "ITavPicResourceMgr", "operation": "getImageRef", "arguments": ["a", "b"]})",
+         "line 2: /thread: ITavPicResourceMgr is called on the thread \"gui\" only"},
+        {R"({"manager": "ITavNetControlMgr", "operation": "reverseDeviceState", "arguments": [99]})",
+         "line 2: ITavNetControlMgr reverseDeviceState: reverseDeviceState(int index): the message library refused "},
+    };
+    for (const auto &row : rows) {
+        const ScenarioFile file(row.lines + "\n");
+        const Tavctl run = play(file.path());
+        EXPECT_EQ(run.exitCode, 1) << row.mistake.toStdString();
+        EXPECT_TRUE(run.errors.startsWith("tavctl: " + file.path() + ": " + row.mistake)) << run.errors.toStdString();
+        EXPECT_EQ(run.errors.count('\n'), 1) << run.errors.toStdString();
+    }
+}
+
+TEST(PlayCommand, TakesLittleMemoryForALineThatIsTooLong)
+{
+    const ScenarioFile file({});
+    QFile scenario(file.path());
+    ASSERT_TRUE(scenario.open(QIODevice::Append));
+    for (int i = 0; i < 100; ++i) { // in pieces, since the memory of this process would be counted
+        scenario.write(QByteArray(1 << 20, 'x'));
+    }
+    scenario.close();
     const Tavctl run = play(file.path());
     EXPECT_EQ(run.exitCode, 1);
-    EXPECT_TRUE(run.errors.contains("line 2: ITavNetControlMgr reverseDeviceState: ")) << run.errors.toStdString();
+    EXPECT_EQ(run.errors, "tavctl: " + file.path() + ": line 2: longer than 32 MiB\n");
+    if (!memoryIsInstrumented) {
+        EXPECT_LT(run.peakMiB, 100);
+    }
 }
 
 TEST(PlayCommand, PlaysWhatIsBeforeACutLineWhenTold)

@@ -20,6 +20,7 @@ struct Tavctl {
         output = QString::fromUtf8(run.output);
         errors = QString::fromUtf8(run.errors);
         exitCode = run.exitCode;
+        peakMiB = run.peakMiB;
     }
 
     QJsonObject json() const
@@ -30,5 +31,6 @@ struct Tavctl {
     QByteArray bytes; ///< what it printed, byte for byte
     QString output; ///< the same as text
     QString errors;
+    long peakMiB; ///< the most memory that it had at one time
     int exitCode; ///< -1 when it crashed
 };

@@ -1,73 +1,54 @@
 #include "FactsForm.h"
 
+#include "QuietLabel.h"
 #include "ValueModel.h"
 
-#include <QGridLayout>
+#include <QFormLayout>
 #include <QLabel>
-#include <QResizeEvent>
 
-#include <algorithm>
-
-FactsForm::FactsForm(const ValueModel &model, QWidget *parent)
-    : QWidget(parent), m_model(model), m_layout(new QGridLayout(this))
+FactsForm::FactsForm(const QString &title, const ValueModel &model, QWidget *parent) : QWidget(parent), m_model(model)
 {
-    m_layout->setContentsMargins(0, 0, 0, 0);
-    m_layout->setHorizontalSpacing(12);
-    m_layout->setVerticalSpacing(2);
+    setAccessibleName(title);
+    auto *const heading = new QLabel(title);
+    QFont font = heading->font();
+    font.setBold(true);
+    heading->setFont(font);
+    auto *const layout = new QFormLayout(this);
+    layout->setContentsMargins(0, 0, 0, 4);
+    layout->setHorizontalSpacing(12);
+    layout->setVerticalSpacing(2);
+    layout->setLabelAlignment(Qt::AlignRight);
+    layout->addRow(heading);
     for (int column = 0; column < model.columnCount(); ++column) {
-        const Fact fact{new QLabel(model.headerData(column, Qt::Horizontal).toString()), new QLabel};
-        fact.name->setForegroundRole(QPalette::PlaceholderText);
-        fact.name->setToolTip(model.headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString());
-        fact.value->setTextFormat(Qt::PlainText);
-        fact.value->setTextInteractionFlags(Qt::TextSelectableByMouse);
-        fact.value->setAccessibleName(fact.name->text());
-        fact.value->setAutoFillBackground(true);
-        fact.value->setWordWrap(true);
-        m_facts.append(fact);
+        auto *const name = new QuietLabel(model.headerData(column, Qt::Horizontal).toString());
+        name->setToolTip(model.headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString());
+        auto *const value = new QLabel;
+        value->setTextFormat(Qt::PlainText);
+        value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        value->setAccessibleName(name->text());
+        value->setAutoFillBackground(true);
+        value->setWordWrap(true);
+        layout->addRow(name, value);
+        m_values.append(value);
     }
-    arrange(1);
     update();
     connect(&model, &ValueModel::dataChanged, this, &FactsForm::update);
 }
 
-void FactsForm::resizeEvent(QResizeEvent *event)
-{
-    QWidget::resizeEvent(event);
-    const int letters = event->size().width() / fontMetrics().averageCharWidth();
-    arrange(std::max(1, std::min(letters / 55, m_facts.size() / 3)));
-}
-
-void FactsForm::arrange(int columns)
-{
-    if (columns == m_columns) {
-        return;
-    }
-    for (int column = 0; column < m_columns; ++column) {
-        m_layout->setColumnStretch(2 * column + 1, 0);
-    }
-    m_columns = columns;
-    const int rows = (m_facts.size() + columns - 1) / columns;
-    for (int i = 0; i < m_facts.size(); ++i) {
-        m_layout->addWidget(m_facts[i].name, i % rows, 2 * (i / rows), Qt::AlignRight | Qt::AlignTop);
-        m_layout->addWidget(m_facts[i].value, i % rows, 2 * (i / rows) + 1, Qt::AlignTop);
-    }
-    for (int column = 0; column < columns; ++column) {
-        m_layout->setColumnStretch(2 * column + 1, 1);
-    }
-}
-
 void FactsForm::update()
 {
-    for (int column = 0; column < m_facts.size(); ++column) {
-        QLabel &label = *m_facts[column].value;
+    for (int column = 0; column < m_values.size(); ++column) {
+        QLabel &value = *m_values[column];
         const QModelIndex index = m_model.index(0, column);
         const QString text = index.data().toString();
-        label.setText(text.isEmpty() ? QStringLiteral("–") : text);
-        label.setEnabled(!text.isEmpty());
-        label.setToolTip(index.data(Qt::ToolTipRole).toString());
-        const QVariant background = index.data(Qt::BackgroundRole);
-        QPalette palette;
-        palette.setColor(QPalette::Window, background.isValid() ? background.value<QColor>() : Qt::transparent);
-        label.setPalette(palette);
+        value.setText(text.isEmpty() ? QStringLiteral("–") : text);
+        value.setEnabled(!text.isEmpty());
+        value.setToolTip(index.data(Qt::ToolTipRole).toString());
+        const QVariant mark = index.data(Qt::BackgroundRole);
+        const QColor background = mark.isValid() ? mark.value<QColor>() : QColor(Qt::transparent);
+        if (QPalette colors = value.palette(); colors.color(QPalette::Window) != background) {
+            colors.setColor(QPalette::Window, background);
+            value.setPalette(colors);
+        }
     }
 }

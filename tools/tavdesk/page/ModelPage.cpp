@@ -1,6 +1,8 @@
 #include "ModelPage.h"
 
 #include "FactsForm.h"
+#include "FactsPanel.h"
+#include "QuietLabel.h"
 #include "TavCallError.h"
 #include "ValueList.h"
 #include "ValueModel.h"
@@ -156,15 +158,12 @@ void ModelPage::build(const PageReading &reading)
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     if (reading.parts.isEmpty()) {
-        auto *const hint = new QLabel(tr("No manager holds anything for this page."));
+        auto *const hint = new QuietLabel(tr("No manager holds anything for this page."));
         hint->setAlignment(Qt::AlignCenter);
-        hint->setForegroundRole(QPalette::PlaceholderText);
         layout->addWidget(hint);
         return;
     }
-    auto *const facts = new QWidget;
-    auto *const factsLayout = new QVBoxLayout(facts);
-    factsLayout->setContentsMargins(0, 0, 6, 0);
+    auto *const facts = new FactsPanel;
     m_lists = new QTabWidget;
     m_lists->setDocumentMode(true);
     m_lists->setAccessibleName(tr("Lists"));
@@ -175,16 +174,9 @@ void ModelPage::build(const PageReading &reading)
         model->apply(*part.change);
         m_models.append(model);
         if (!part.change->rows.table->isList()) {
-            auto *const heading = new QLabel(title);
-            heading->setToolTip(origin);
-            QFont font = heading->font();
-            font.setBold(true);
-            heading->setFont(font);
-            factsLayout->addWidget(heading);
-            auto *const form = new FactsForm(*model);
-            form->setAccessibleName(title);
-            factsLayout->addWidget(form);
-            factsLayout->addSpacing(6);
+            auto *const form = new FactsForm(title, *model);
+            form->setToolTip(origin);
+            facts->add(form);
             m_tabs.append(-1);
             continue;
         }
@@ -198,20 +190,24 @@ void ModelPage::build(const PageReading &reading)
         const int rows = model->rows().table->rowCount();
         m_tabs.append(m_lists->addTab(list, tr("%1 (%2)").arg(title).arg(rows)));
         m_lists->setTabToolTip(m_tabs.last(), origin);
+        if (rows > 0 && m_models.value(m_tabs.indexOf(m_lists->currentIndex()))->rowCount() == 0) {
+            m_lists->setCurrentIndex(m_tabs.last()); // the first that holds anything
+        }
     }
-    factsLayout->addStretch(1);
     auto *const scroll = new QScrollArea;
     scroll->setWidget(facts);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
-    scroll->setVisible(m_tabs.contains(-1));
-    m_lists->setVisible(m_lists->count() > 0);
 
     auto *const splitter = new QSplitter(Qt::Vertical);
     splitter->addWidget(scroll);
     splitter->addWidget(m_lists);
     splitter->setStretchFactor(1, 1);
     splitter->setChildrenCollapsible(false);
+    const int factsHeight = std::min(facts->heightFor(width()), height() / 2);
+    splitter->setSizes({factsHeight, height() - factsHeight});
+    scroll->setVisible(!facts->isEmpty()); // now that it has a parent: it would be a window without one
+    m_lists->setVisible(m_lists->count() > 0);
     m_problem = new QLabel;
     m_problem->setTextFormat(Qt::PlainText);
     m_problem->setWordWrap(true);

@@ -1,5 +1,6 @@
 #include "ValueList.h"
 
+#include "TableStyle.h"
 #include "ValueModel.h"
 
 #include <QAction>
@@ -35,6 +36,10 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     m_filter->setMaximumWidth(fontMetrics().averageCharWidth() * widestColumn);
     connect(m_filter, &QLineEdit::textChanged, &model, &ValueModel::setFilter);
 
+    auto *const style = new TableStyle;
+    style->setParent(m_view);
+    m_view->setStyle(style);
+    m_view->horizontalHeader()->setStyle(style);
     m_view->setModel(&model);
     m_view->setAccessibleName(name);
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
@@ -50,7 +55,8 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     m_view->horizontalHeader()->setHighlightSections(false);
-    m_view->horizontalHeader()->setStretchLastSection(true);
+    const auto isNumber = [&model](int column) { return model.rows().table->columns()[column].isNumber(); };
+    m_view->horizontalHeader()->setStretchLastSection(!isNumber(model.columnCount() - 1)); // far from its name
     m_view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder); // the list's own order
     m_view->setSortingEnabled(true);
 
@@ -118,9 +124,9 @@ void ValueList::setColumnWidths()
     constexpr int looked = 50;
     const QFontMetrics metrics = fontMetrics();
     for (int column = 0; column < m_model.columnCount(); ++column) {
-        int width = metrics.horizontalAdvance(m_model.headerData(column, Qt::Horizontal).toString()) + 24;
+        int width = metrics.horizontalAdvance(m_model.headerData(column, Qt::Horizontal).toString()) + 32;
         for (int row = 0; row < std::min(looked, m_model.rowCount()); ++row) {
-            width = std::max(width, metrics.horizontalAdvance(m_model.index(row, column).data().toString()) + 12);
+            width = std::max(width, metrics.horizontalAdvance(m_model.index(row, column).data().toString()) + 20);
         }
         m_view->setColumnWidth(column, std::min(width, metrics.averageCharWidth() * widestColumn));
     }

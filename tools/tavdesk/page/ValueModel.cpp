@@ -106,7 +106,7 @@ int ValueModel::columnCount(const QModelIndex &parent) const
 
 QVariant ValueModel::data(const QModelIndex &index, int role) const
 {
-    if (!checkIndex(index, CheckIndexOption::IndexIsValid)) {
+    if (!index.isValid()) {
         return {};
     }
     const ValueColumn &column = m_rows.table->columns()[index.column()];
@@ -152,7 +152,7 @@ QVariant ValueModel::headerData(int section, Qt::Orientation orientation, int ro
 
 Qt::ItemFlags ValueModel::flags(const QModelIndex &index) const
 {
-    const Qt::ItemFlags flags = QAbstractTableModel::flags(index) | Qt::ItemNeverHasChildren;
+    const Qt::ItemFlags flags = QAbstractTableModel::flags(index);
     const bool isCheckable
         = m_isEditable && index.isValid() && m_rows.table->columns()[index.column()].kind == Kind::CheckMark;
     return isCheckable ? flags | Qt::ItemIsUserCheckable : flags;

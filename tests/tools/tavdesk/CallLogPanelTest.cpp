@@ -1,0 +1,149 @@
+#include "TestWindow.h"
+
+#include "CallLogPanel.h"
+#include "TavScenarioPlayer.h"
+
+#include <QAbstractItemModelTester>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QLineEdit>
+#include <QTableView>
+#include <QThread>
+
+namespace
+{
+/// @brief The panel on a log of its own.
+struct TestPanel {
+    TestPanel()
+    {
+        panel.show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(&panel));
+    }
+
+    void note(const QString &operation, const QJsonValue &arguments = QJsonArray())
+    {
+        LoggedCall call;
+        call.time = QDateTime::currentDateTime();
+        call.thread = "agent";
+        call.manager = "ITavNetControlMgr";
+        call.operation = operation;
+        call.arguments = arguments;
+        log.note(call);
+    }
+
+    QTableView &view()
+    {
+        return *panel.findChild<QTableView *>();
+    }
+
+    int rows()
+    {
+        panel.update();
+        return view().model()->rowCount();
+    }
+
+    CallLog log;
+    CallLogPanel panel{log};
+    QAbstractItemModelTester tester{view().model(), QAbstractItemModelTester::FailureReportingMode::Fatal};
+};
+}
+
+TEST(CallLogPanel, AppendsWhatHappensAndKeepsTheSelection)
+{
+    TestPanel test;
+    test.note("setNetCount");
+    EXPECT_EQ(test.rows(), 1);
+    test.view().selectRow(0);
+    test.note("getNetCount");
+    EXPECT_EQ(test.rows(), 2);
+    EXPECT_EQ(test.panel.selectedRows(), QVector<int>{0});
+}
+
+TEST(CallLogPanel, ForgetsTheOldestWhenThereAreTooMany)
+{
+    TestPanel test;
+    for (int i = 0; i < 20'001; ++i) {
+        test.note(QString::number(i));
+    }
+    EXPECT_EQ(test.rows(), 20'000);
+    EXPECT_EQ(test.view().model()->index(0, 3).data().toString(), "1");
+    test.note("last");
+    EXPECT_EQ(test.rows(), 20'000);
+    EXPECT_EQ(test.view().model()->index(0, 3).data().toString(), "2");
+    EXPECT_EQ(test.view().model()->index(19'999, 3).data().toString(), "last");
+}
+
+TEST(CallLogPanel, ShowsWhatTheFilterLeaves)
+{
+    TestPanel test;
+    test.note("setNetCount");
+    test.note("getNetCount");
+    test.note("setState");
+    auto &filter = *test.panel.findChild<QLineEdit *>();
+    QTest::keyClicks(&filter, "COUNT");
+    EXPECT_EQ(test.rows(), 2);
+    test.note("setNetCount");
+    EXPECT_EQ(test.rows(), 3) << "new entries pass the filter, too";
+    filter.clear();
+    EXPECT_EQ(test.rows(), 4);
+}
+
+TEST(CallLogPanel, TakesCallsFromAnyThread)
+{
+    TestPanel test;
+    std::vector<std::unique_ptr<QThread>> threads;
+    for (int i = 0; i < 4; ++i) {
+        threads.emplace_back(QThread::create([&test] {
+            for (int call = 0; call < 500; ++call) {
+                test.note("setNetCount");
+            }
+        }));
+        threads.back()->start();
+    }
+    for (const auto &thread : threads) {
+        while (!thread->wait(1)) {
+            test.rows();
+        }
+    }
+    EXPECT_EQ(test.rows(), 2000);
+}
+
+TEST(CallLogPanel, SavesTheSelectionAsAScenarioThatPlays)
+{
+    TestPanel test;
+    test.note("getState");
+    test.note("setState", QJsonArray{QJsonObject{{"state", 7}}});
+    test.note("setState", QJsonArray{QJsonObject{{"state", 8}}});
+    EXPECT_EQ(test.rows(), 3);
+    test.view().selectRow(1);
+    const QTemporaryDir directory;
+    QString error = "not told";
+    QObject::connect(&test.panel, &CallLogPanel::saved, &test.panel,
+                     [&error](const QString &, const QString &told) { error = told; });
+    test.panel.saveSelection(directory.filePath("saved.jsonl"));
+    ASSERT_TRUE(waitUntil([&] { return error != "not told"; }));
+    EXPECT_EQ(error.toStdString(), "");
+
+    TavPluginHost host(TAV_PLUGIN_FILE);
+    QFile file(directory.filePath("saved.jsonl"));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const TavPlayReport report = TavScenarioPlayer(host, file).wait();
+    EXPECT_FALSE(report.error) << report.error->what();
+    EXPECT_EQ(report.lines, 1);
+    const QJsonValue state
+        = TavCall::call(host.managerObject("ITavNetControlMgr"), "ITavNetControlMgr", "getState", QJsonArray());
+    EXPECT_EQ(state["state"].toInt(), 7);
+}
+
+TEST(CallLogPanel, SaysWhyTheSelectionCannotBeSaved)
+{
+    TestPanel test;
+    test.note("getState");
+    test.rows();
+    test.view().selectRow(0);
+    QString error;
+    QObject::connect(&test.panel, &CallLogPanel::saved, &test.panel,
+                     [&error](const QString &, const QString &told) { error = told; });
+    test.panel.saveSelection("/proc/no/such/folder.jsonl");
+    EXPECT_TRUE(waitUntil([&] { return !error.isEmpty(); }));
+}

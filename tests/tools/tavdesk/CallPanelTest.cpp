@@ -1,0 +1,130 @@
+#include "TestWindow.h"
+
+#include "ITavNetControlMgr.h"
+
+#include <QComboBox>
+#include <QDockWidget>
+#include <QJsonArray>
+#include <QJsonObject>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QTableView>
+
+namespace
+{
+/// @brief The window with its call panel in front.
+struct TestCalls : TestWindow {
+    TestCalls()
+    {
+        auto *const dock = window->findChild<QDockWidget *>("call");
+        dock->raise();
+        EXPECT_TRUE(waitUntil([dock] { return dock->widget()->isVisible() && !dock->visibleRegion().isEmpty(); }));
+    }
+
+    void choose(const QString &manager, const QString &operation) const
+    {
+        named<QComboBox>("Manager")->setCurrentText(manager);
+        auto *const list = named<QListWidget>("Operations");
+        const auto items = list->findItems(operation, Qt::MatchStartsWith);
+        ASSERT_FALSE(items.isEmpty());
+        list->setCurrentItem(items.first());
+    }
+
+    QPushButton *button(const QString &text) const
+    {
+        const QList<QPushButton *> buttons = window->findChildren<QPushButton *>();
+        for (QPushButton *const button : buttons) {
+            if (button->text().remove('&') == text) {
+                return button;
+            }
+        }
+        return nullptr;
+    }
+
+    QString resultAfterCall() const
+    {
+        auto *const result = named<QPlainTextEdit>("Result");
+        result->setPlainText("waiting");
+        QTest::mouseClick(button("Call"), Qt::LeftButton);
+        EXPECT_TRUE(waitUntil([result] { return result->toPlainText() != "waiting"; }));
+        return result->toPlainText();
+    }
+};
+}
+
+TEST(CallPanel, CallsAnOperationOffTheGuiThreadAndShowsWhatItReturns)
+{
+    TestCalls client;
+    client.choose("ITavNetControlMgr", "setState(");
+    client.named<QPlainTextEdit>("state")->setPlainText(R"({"state": 5})");
+    EXPECT_EQ(client.resultAfterCall(), "null");
+    client.choose("ITavNetControlMgr", "getState(");
+    EXPECT_TRUE(client.resultAfterCall().contains("\"state\": 5"));
+    const auto calls = client.session.calls().from(0).entries;
+    ASSERT_EQ(calls.size(), 2);
+    EXPECT_EQ(calls[0].operation, "setState");
+    EXPECT_EQ(calls[0].thread, "call");
+}
+
+TEST(CallPanel, SaysWhichArgumentIsNoJson)
+{
+    TestCalls client;
+    client.choose("ITavNetControlMgr", "setState(");
+    client.named<QPlainTextEdit>("state")->setPlainText("{state: 5}");
+    EXPECT_TRUE(client.resultAfterCall().startsWith("state: ")) << client.resultAfterCall().toStdString();
+    EXPECT_TRUE(client.session.calls().from(0).entries.isEmpty());
+}
+
+TEST(CallPanel, ShowsWhyACallIsRefused)
+{
+    TestCalls client;
+    client.choose("ITavNetControlMgr", "setState(");
+    client.named<QPlainTextEdit>("state")->setPlainText(R"({"stat": 5})");
+    EXPECT_TRUE(client.resultAfterCall().contains("stat"));
+    EXPECT_FALSE(client.session.calls().from(0).entries.value(0).error.isEmpty());
+}
+
+TEST(CallPanel, FillsInWhatTheManagerHolds)
+{
+    TestCalls client;
+    client.session.call("ITavNetControlMgr", "setState", QJsonArray{QJsonObject{{"state", 3}}});
+    client.choose("ITavNetControlMgr", "setState(");
+    QTest::mouseClick(client.button("Fill In What Is Held"), Qt::LeftButton);
+    auto *const field = client.named<QPlainTextEdit>("state");
+    EXPECT_TRUE(waitUntil([field] { return field->toPlainText().contains("\"state\": 3"); }));
+}
+
+TEST(CallPanel, CallsThePictureManagerOnTheGuiThread)
+{
+    TestCalls client;
+    client.choose("ITavPicResourceMgr", "getImageRef(");
+    client.named<QPlainTextEdit>("dirName")->setPlainText("\"navigation\"");
+    client.named<QPlainTextEdit>("imageName")->setPlainText("\"hostIcon\"");
+    EXPECT_TRUE(client.resultAfterCall().contains("\"width\": 48")) << client.resultAfterCall().toStdString();
+    EXPECT_EQ(client.session.calls().from(0).entries.value(0).thread, "gui");
+}
+
+TEST(CallPanel, IsReachedAndUsedWithTheKeyboardAlone)
+{
+    TestCalls client;
+    client.choose("ITavNetControlMgr", "getState(");
+    client.named<QListWidget>("Operations")->setFocus();
+    QTest::keyClick(client.window.get(), Qt::Key_Return, Qt::ControlModifier);
+    EXPECT_TRUE(waitUntil([&] { return client.session.calls().from(0).entries.size() == 1; }));
+}
+
+TEST(PicturePanel, ListsThePicturesOfTheInstallationByTheirKeys)
+{
+    TestWindow client;
+    const QAbstractItemModel &model = *client.named<QTableView>("Pictures")->model();
+    EXPECT_EQ(model.rowCount(), 36);
+    EXPECT_EQ(model.index(0, 0).data().toString(), "NAVIGATION/ACCESSICON");
+    EXPECT_EQ(model.index(0, 1).data().toString(), "48×48");
+}
+
+TEST(Registry, ShowsTheFifteenManagers)
+{
+    TestWindow client;
+    EXPECT_EQ(client.named<QTableView>("Registered objects")->model()->rowCount(), 15);
+}

@@ -1,0 +1,97 @@
+#include "TestWindow.h"
+
+#include "ITavSelectFuncMgr.h"
+#include "TavEvents.h"
+
+#include <QAbstractItemModelTester>
+#include <QPushButton>
+
+using Pages = CTavSubFuncTypeHeader;
+
+TEST(Navigation, ShowsTheFunctionsOfTheCatalogueWithTheirPages)
+{
+    const TestWindow client;
+    const QAbstractItemModelTester tester(client.navigation().model(),
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    EXPECT_EQ(client.navigation().model()->rowCount(), 5);
+    const QModelIndex page = client.entry(Pages::SubFunc_LogAudit);
+    ASSERT_TRUE(page.isValid());
+    EXPECT_TRUE(page.parent().parent().isValid()) << "its function is nested in another";
+}
+
+TEST(Navigation, GivesEachFunctionThreePictures)
+{
+    const TestWindow client;
+    const QIcon icon = client.navigation().model()->index(0, 0).data(Qt::DecorationRole).value<QIcon>();
+    const QImage normal = icon.pixmap(24, QIcon::Normal).toImage();
+    EXPECT_FALSE(normal.isNull());
+    EXPECT_NE(normal, icon.pixmap(24, QIcon::Active).toImage());
+    EXPECT_NE(normal, icon.pixmap(24, QIcon::Selected).toImage());
+    EXPECT_NE(icon.pixmap(24, QIcon::Active).toImage(), icon.pixmap(24, QIcon::Selected).toImage());
+}
+
+TEST(Navigation, SelectsThePageThatIsClickedAndOpensItWhenTheChangeArrives)
+{
+    TestWindow client;
+    client.click(Pages::SubFunc_BaselineScan);
+    EXPECT_EQ(client.session.host().manager<ITavSelectFuncMgr>()->getCurSelSubFuncType(), Pages::SubFunc_BaselineScan);
+    EXPECT_EQ(client.window->pages().openPage(), Pages::SubFunc_None) << "the click alone opens nothing";
+    EXPECT_TRUE(client.waitForPage(Pages::SubFunc_BaselineScan));
+}
+
+TEST(Navigation, OpensAndMarksAPageThatSomebodyElseHasSelected)
+{
+    TestWindow client;
+    eventFuncPageUpdate.Emit(Pages::SubFunc_LogAudit);
+    EXPECT_TRUE(client.waitForPage(Pages::SubFunc_LogAudit));
+    EXPECT_EQ(client.navigation().currentIndex(), client.entry(Pages::SubFunc_LogAudit));
+}
+
+TEST(Navigation, ChoosesThePageWithTheKeyboard)
+{
+    TestWindow client;
+    client.navigation().setFocus();
+    client.navigation().setCurrentIndex(client.entry(Pages::SubFunc_SelfProtect));
+    QTest::keyClick(&client.navigation(), Qt::Key_Down);
+    QTest::keyClick(&client.navigation(), Qt::Key_Return);
+    EXPECT_TRUE(client.waitForPage(Pages::SubFunc_ProcessProtect));
+}
+
+TEST(Navigation, LeadsToAPageThatStandsAloneAndBack)
+{
+    TestWindow client;
+    EXPECT_FALSE(client.entry(Pages::SubFunc_PrincipalAdd).isValid());
+    client.click(Pages::SubFunc_PrincipalSettings);
+    ASSERT_TRUE(client.waitForPage(Pages::SubFunc_PrincipalSettings));
+    const auto pressFirst = [&client] {
+        auto *const frame = client.window->pages().currentWidget();
+        auto *const button = frame->findChild<QPushButton *>(QString(), Qt::FindDirectChildrenOnly);
+        ASSERT_TRUE(button);
+        QTest::mouseClick(button, Qt::LeftButton);
+    };
+    pressFirst();
+    ASSERT_TRUE(client.waitForPage(Pages::SubFunc_PrincipalAdd));
+    pressFirst();
+    EXPECT_TRUE(client.waitForPage(Pages::SubFunc_PrincipalSettings));
+}
+
+TEST(Navigation, NotesEveryDeliveryWithItsLatency)
+{
+    TestWindow client;
+    client.click(Pages::SubFunc_LogAudit);
+    ASSERT_TRUE(waitUntil([&] { return client.session.deliveries().from(0).entries.size() == 2; }));
+    const auto entries = client.session.deliveries().from(0).entries;
+    for (const LoggedDelivery &entry : entries) {
+        EXPECT_EQ(entry.delivery.page, QString("SubFunc_LogAudit"));
+        EXPECT_GT(entry.delivery.nanoseconds, 0);
+    }
+    EXPECT_NE(entries[0].delivery.thread, entries[1].delivery.thread);
+}
+
+TEST(Navigation, SaysOfAPageThatTheCatalogueDoesNotHave)
+{
+    TestWindow client;
+    eventFuncPageUpdate.Emit(Pages::TavSubFuncTypeHeader_(77));
+    ASSERT_TRUE(client.waitForPage(Pages::TavSubFuncTypeHeader_(77)));
+    EXPECT_TRUE(labelTexts(*client.window->pages().currentWidget()).contains("77 was selected"));
+}

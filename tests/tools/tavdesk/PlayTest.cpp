@@ -1,0 +1,153 @@
+#include "TestWindow.h"
+
+#include "../tavctl/ScenarioFiles.h"
+#include "ITavNetControlMgr.h"
+#include "ScenarioPlay.h"
+
+#include <QDropEvent>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QSlider>
+
+namespace
+{
+using State = ScenarioPlay::State;
+
+/// Three states, a second from one to the next.
+const QByteArray threeStates = R"({"manager": "ITavNetControlMgr", "operation": "setState", "arguments": [{"state": 1}]}
+{"at": 1, "manager": "ITavNetControlMgr", "operation": "setState", "arguments": [{"state": 2}]}
+{"at": 2, "thread": "gui", "manager": "ITavNetControlMgr", "operation": "setState", "arguments": [{"state": 3}]}
+)";
+
+/// @brief The window with a scenario open.
+struct TestPlay : TestWindow {
+    explicit TestPlay(const QByteArray &lines = threeStates) : file(lines)
+    {
+        play().open(file.path());
+        EXPECT_TRUE(waitUntil([this] { return play().state() == State::Ready; }));
+    }
+
+    ScenarioPlay &play() const
+    {
+        return window->play();
+    }
+
+    int heldState()
+    {
+        return session.host().manager<ITavNetControlMgr>()->getState().state();
+    }
+
+    bool waitForState(State state) const
+    {
+        return waitUntil([this, state] { return play().state() == state; });
+    }
+
+    const ScenarioFile file;
+};
+}
+
+TEST(Play, ShowsHowLongTheScenarioIs)
+{
+    const TestPlay test;
+    EXPECT_EQ(test.named<QSlider>("Place in the scenario")->maximum(), 2000);
+    EXPECT_TRUE(labelTexts(*test.window).contains("0:00.0 / 0:02.0"));
+}
+
+TEST(Play, PlaysAScenarioThatIsDroppedOnTheWindow)
+{
+    const TestWindow client;
+    const ScenarioFile file(threeStates);
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file.path())});
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(client.window.get(), &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(client.window.get(), &drop);
+    EXPECT_TRUE(waitUntil([&] { return client.window->play().state() == State::Ready; }));
+}
+
+TEST(Play, MakesTheCallsAndNotesThemInTheLog)
+{
+    TestPlay test;
+    test.play().setSpeed(TavPlayOptions::fastest);
+    test.action("Play")->trigger();
+    EXPECT_TRUE(test.waitForState(State::Ready));
+    EXPECT_EQ(test.heldState(), 3);
+    const auto calls = test.session.calls().from(0).entries;
+    ASSERT_EQ(calls.size(), 3);
+    EXPECT_EQ(calls[0].operation, "setState");
+    EXPECT_EQ(calls[0].thread, "agent");
+    EXPECT_EQ(calls[2].thread, "gui");
+    EXPECT_GT(calls[0].bytes, 0);
+}
+
+TEST(Play, StandsWhilePausedAndMakesOneCallAStep)
+{
+    TestPlay test;
+    test.action("Step")->trigger();
+    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 1; }));
+    EXPECT_EQ(test.play().state(), State::Paused);
+    test.action("Step")->trigger();
+    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 2; }));
+    QTest::qWait(1200);
+    EXPECT_EQ(test.heldState(), 2) << "the third call is not made while the play stands";
+    test.action("Play")->trigger();
+    EXPECT_TRUE(test.waitForState(State::Ready));
+    EXPECT_EQ(test.heldState(), 3);
+}
+
+TEST(Play, GoesToThePlaceOfTheSlider)
+{
+    TestPlay test;
+    test.named<QSlider>("Place in the scenario")->setValue(1500);
+    EXPECT_EQ(test.play().position(), 1'500'000);
+    test.action("Play")->trigger();
+    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 2; })) << "what is before is made at once";
+    test.play().stop();
+    EXPECT_TRUE(test.waitForState(State::Ready));
+}
+
+TEST(Play, StopsAndBeginsAgain)
+{
+    TestPlay test;
+    test.action("Play")->trigger();
+    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 1; }));
+    test.action("Stop")->trigger();
+    EXPECT_TRUE(test.waitForState(State::Ready));
+    EXPECT_LT(test.heldState(), 3);
+    test.play().seek(0);
+    test.play().setSpeed(TavPlayOptions::fastest);
+    test.action("Play")->trigger();
+    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 3; }));
+}
+
+TEST(Play, OpensThePagesThatTheScenarioSelects)
+{
+    TestPlay test(R"({"thread": "gui", "page": "SubFunc_LogAudit"})");
+    test.action("Play")->trigger();
+    EXPECT_TRUE(test.waitForPage(CTavSubFuncTypeHeader::SubFunc_LogAudit));
+    EXPECT_TRUE(test.waitForState(State::Ready));
+    EXPECT_EQ(test.session.calls().from(0).entries.value(0).operation, "setCurSelType");
+}
+
+TEST(Play, SaysWhatIsWrongWithAScenario)
+{
+    const TestWindow client;
+    const ScenarioFile file("{\"at\": -1}\n");
+    client.window->play().open(file.path());
+    QMessageBox *box = nullptr;
+    ASSERT_TRUE(waitUntil([&] { return (box = client.window->findChild<QMessageBox *>()) != nullptr; }));
+    EXPECT_TRUE(box->text().contains(file.path()));
+    EXPECT_TRUE(box->informativeText().contains("line 2: /at"));
+    EXPECT_EQ(client.window->play().state(), State::Empty);
+}
+
+TEST(Play, SaysWhichLineHasEndedThePlay)
+{
+    TestPlay test(R"({"manager": "ITavNetControlMgr", "operation": "reverseDeviceState", "arguments": [99]})");
+    test.action("Play")->trigger();
+    QMessageBox *box = nullptr;
+    ASSERT_TRUE(waitUntil([&] { return (box = test.window->findChild<QMessageBox *>()) != nullptr; }));
+    EXPECT_TRUE(box->informativeText().contains("line 2"));
+}

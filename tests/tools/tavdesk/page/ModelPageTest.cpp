@@ -1,0 +1,302 @@
+#include "ModelPage.h"
+
+#include "ITavAccessControlMgr.h"
+#include "ITavHostInfoMgr.h"
+#include "ITavNetControlMgr.h"
+#include "ITavOneReinforceMgr.h"
+#include "ITavProtectMgr.h"
+#include "PrintQString.h"
+#include "TavCall.h"
+#include "TavPluginHost.h"
+#include "ValueModel.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTabWidget>
+#include <QtTest>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+using Types = CTavSubFuncTypeHeader;
+
+class ModelPageWindow : public testing::Test
+{
+protected:
+    ModelPageWindow()
+    {
+        determineHeldValues();
+    }
+
+    /// Shows the page, and waits until it has been read.
+    void open(ModelPage::Page type)
+    {
+        page = std::make_unique<ModelPage>(
+            type, [this](const QString &manager, const QString &operation, const QJsonArray &arguments) {
+                TavCall::call(host.managerObject(manager.toUtf8().constData()), manager, operation, arguments);
+            });
+        page->resize(900, 700);
+        page->show();
+        page->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(page.get()));
+        EXPECT_TRUE(QTest::qWaitFor([this] { return page->layout() != nullptr; }));
+    }
+
+    /// The table with this accessible name, in front.
+    QTableView *table(const QString &name)
+    {
+        const auto views = page->findChildren<QTableView *>();
+        for (QTableView *const view : views) {
+            if (view->accessibleName() == name) {
+                page->findChild<QTabWidget *>()->setCurrentWidget(view->parentWidget());
+                EXPECT_TRUE(QTest::qWaitFor([view] { return view->isVisible(); }));
+                view->setFocus();
+                return view;
+            }
+        }
+        throw std::runtime_error("no table " + name.toStdString());
+    }
+
+    template<class Widget>
+    Widget *in(QTableView *view, const QString &text = {})
+    {
+        const auto widgets = view->parentWidget()->findChildren<Widget *>();
+        for (Widget *const widget : widgets) {
+            if (text.isEmpty() || widget->text() == text) {
+                return widget;
+            }
+        }
+        throw std::runtime_error("no " + text.toStdString());
+    }
+
+    QString cell(QTableView *view, int row, int column)
+    {
+        return view->model()->index(row, column).data().toString();
+    }
+
+    QLabel *fact(const QString &name)
+    {
+        const auto labels = page->findChildren<QLabel *>();
+        for (QLabel *const label : labels) {
+            if (label->accessibleName() == name) {
+                return label;
+            }
+        }
+        throw std::runtime_error("no fact " + name.toStdString());
+    }
+
+    template<class Interface>
+    Interface &manager()
+    {
+        return *host.manager<Interface>();
+    }
+
+    TavPluginHost host{TAV_PLUGIN_FILE};
+    std::unique_ptr<ModelPage> page;
+};
+
+STAccessSetUIData level(int value, bool checked)
+{
+    STAccessSetUIData level;
+    level.level = value;
+    level.checked = checked;
+    return level;
+}
+
+STSystemProUIData protection(const QString &key, bool checked = false)
+{
+    STSystemProUIData row;
+    row.itemKey = key;
+    row.title = key;
+    row.isChecked = checked;
+    return row;
+}
+}
+
+TEST_F(ModelPageWindow, ShowsWhatWasSetAndWhatIsSetLater)
+{
+    manager<ITavOneReinforceMgr>().setStateInfo({{"first", "1"}});
+    open(Types::SubFunc_OneClickReinforcement);
+    QTableView *const states = table("States");
+    EXPECT_EQ(cell(states, 0, 0), "first");
+    manager<ITavOneReinforceMgr>().setStateInfo({{"first", "1"}, {"second", "2"}});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return states->model()->rowCount() == 2; }));
+    EXPECT_EQ(cell(states, 1, 0), "second");
+    EXPECT_TRUE(states->model()->index(1, 0).data(Qt::BackgroundRole).isValid());
+}
+
+TEST_F(ModelPageWindow, ShowsARecordAsAForm)
+{
+    open(Types::SubFunc_serverResourceInfo);
+    EXPECT_EQ(fact("memory total")->text(), "0 bytes");
+    STResourceInfoAsr info{};
+    info.memoryTotal = 1 << 20;
+    manager<ITavHostInfoMgr>().setResourceInfo(info);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return fact("memory total")->text() == "1.00 MiB"; }));
+    EXPECT_EQ(fact("memory total")->toolTip(), "memoryTotal: 1048576 bytes");
+    EXPECT_EQ(fact("secure boot")->text(), "–") << "an absent field of a message";
+}
+
+TEST_F(ModelPageWindow, SortsAndFiltersByMouseAndKeyboard)
+{
+    manager<ITavOneReinforceMgr>().setStateInfo({{"b", "1"}, {"a", "2"}, {"c", "1"}});
+    open(Types::SubFunc_OneClickReinforcement);
+    QTableView *const states = table("States");
+    QHeaderView *const header = states->horizontalHeader();
+    QTest::mouseClick(header->viewport(), Qt::LeftButton, {}, QPoint(header->sectionViewportPosition(0) + 5, 5));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return cell(states, 0, 0) == "a"; }));
+
+    QTest::keySequence(states, QKeySequence::Find);
+    auto *const filter = in<QLineEdit>(states);
+    EXPECT_TRUE(filter->hasFocus());
+    QTest::keyClicks(filter, "1");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return states->model()->rowCount() == 2; }));
+    EXPECT_EQ(cell(states, 0, 0), "b");
+    EXPECT_EQ(in<QLabel>(states)->text(), "2 of 3 row(s)");
+    QTest::keyClick(filter, Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return states->model()->rowCount() == 3; }));
+}
+
+TEST_F(ModelPageWindow, ChecksARowByItsKeyAndReadsItBack)
+{
+    manager<ITavProtectMgr>().setProtectUIData({protection("one"), protection("two")});
+    open(Types::SubFunc_SelfProtect);
+    QTableView *const rows = table("Protections");
+    rows->setCurrentIndex(rows->model()->index(1, 1));
+    QTest::keyClick(rows, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return manager<ITavProtectMgr>().getProtectUIData()[1].isChecked; }));
+    EXPECT_FALSE(manager<ITavProtectMgr>().getProtectUIData()[0].isChecked);
+    const QModelIndex mark = rows->model()->index(1, 0);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return mark.data(Qt::CheckStateRole).toInt() == Qt::Checked; }));
+}
+
+TEST_F(ModelPageWindow, ChecksARowWithTheMouse)
+{
+    manager<ITavProtectMgr>().setProtectUIData({protection("one"), protection("two")});
+    open(Types::SubFunc_SelfProtect);
+    QTableView *const rows = table("Protections");
+    const QRect box = rows->visualRect(rows->model()->index(0, 0));
+    QTest::mouseClick(rows->viewport(), Qt::LeftButton, {}, QPoint(box.left() + 10, box.center().y()));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return manager<ITavProtectMgr>().getProtectUIData()[0].isChecked; }));
+}
+
+TEST_F(ModelPageWindow, ChecksAndUnchecksAll)
+{
+    manager<ITavProtectMgr>().setProtectUIData({protection("one"), protection("two", true)});
+    open(Types::SubFunc_SelfProtect);
+    QTableView *const rows = table("Protections");
+    in<QPushButton>(rows, "Check all")->click();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return manager<ITavProtectMgr>().getProtectUIData()[0].isChecked; }));
+    in<QPushButton>(rows, "Uncheck all")->click();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !manager<ITavProtectMgr>().getProtectUIData()[1].isChecked; }));
+}
+
+TEST_F(ModelPageWindow, ChecksOneLevelAlone)
+{
+    auto &access = manager<ITavAccessControlMgr>();
+    access.updateUIPriData({level(1, true), level(2, true), level(3, false)});
+    open(Types::SubFunc_PrincipalSettings);
+    QTableView *const levels = table("Principal levels");
+    levels->setCurrentIndex(levels->model()->index(2, 0));
+    QTest::keyClick(levels, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return access.getCheckPriLevel() == 3; }));
+}
+
+TEST_F(ModelPageWindow, FindsARowByItsPositionWhereItsManagerDoes)
+{
+    auto &net = manager<ITavNetControlMgr>();
+    net.setUIData({{false, 9, "a"}, {false, 9, "b"}});
+    open(Types::SubFunc_serverResourceInfo);
+    QTableView *const rows = table("Network rows");
+    rows->setCurrentIndex(rows->model()->index(1, 0));
+    QTest::keyClick(rows, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return net.getUIData()[1].isChecked; }));
+    EXPECT_EQ(net.getUIData()[1].protoData, "b");
+    EXPECT_FALSE(net.getUIData()[0].isChecked);
+}
+
+TEST_F(ModelPageWindow, TogglesDevices)
+{
+    auto &net = manager<ITavNetControlMgr>();
+    Tav::NetControl::NetDeviceInfos devices;
+    devices.add_devices()->set_name("eth0");
+    devices.add_devices()->set_name("eth1");
+    net.setDeviceInfo(devices);
+    open(Types::SubFunc_serverResourceInfo);
+    QTableView *const view = table("Network: devices");
+    view->setCurrentIndex(view->model()->index(1, 0));
+    QTest::keyClick(view, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return net.getDeviceInfo().devices(1).state() == 1; }));
+    EXPECT_EQ(net.getDeviceInfo().devices(0).state(), 0);
+    in<QPushButton>(view, "Toggle all")->click();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return net.getDeviceInfo().devices(0).state() == 1; }));
+    EXPECT_EQ(net.getDeviceInfo().devices(1).state(), 0);
+}
+
+TEST_F(ModelPageWindow, DoesNotEditARowThatHasBecomeAnother)
+{
+    auto &net = manager<ITavNetControlMgr>();
+    Tav::NetControl::NetDeviceInfos devices;
+    devices.add_devices()->set_name("eth0");
+    net.setDeviceInfo(devices);
+    open(Types::SubFunc_serverResourceInfo);
+    QTableView *const view = table("Network: devices");
+    view->setCurrentIndex(view->model()->index(0, 0));
+    net.setDeviceInfo({});
+    QTest::keyClick(view, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([&] {
+        const auto labels = page->findChildren<QLabel *>();
+        return std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
+            return label->isVisible() && label->text() == "The list has changed meanwhile; nothing was edited.";
+        });
+    }));
+}
+
+TEST_F(ModelPageWindow, CopiesTheSelectedRows)
+{
+    manager<ITavProtectMgr>().setProtectUIData({protection("one"), protection("two", true)});
+    open(Types::SubFunc_SelfProtect);
+    QTableView *const rows = table("Protections");
+    rows->selectAll();
+    QTest::keySequence(rows, QKeySequence::Copy);
+    const QStringList lines = QApplication::clipboard()->text().split('\n');
+    ASSERT_EQ(lines.size(), 2);
+    EXPECT_TRUE(lines[1].startsWith("checked\ttwo\t")) << lines[1].toStdString();
+}
+
+TEST_F(ModelPageWindow, RestsWhileItIsHidden)
+{
+    manager<ITavOneReinforceMgr>().setStateInfo({{"first", "1"}});
+    open(Types::SubFunc_OneClickReinforcement);
+    QTableView *const states = table("States");
+    page->hide();
+    QTest::qWait(300); // a reading that was under way
+    manager<ITavOneReinforceMgr>().setStateInfo({});
+    QTest::qWait(600);
+    EXPECT_EQ(states->model()->rowCount(), 1);
+    page->show();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return states->model()->rowCount() == 0; }));
+}
+
+TEST_F(ModelPageWindow, EndsAtAnyMoment)
+{
+    for (int moment = 0; moment < 40; ++moment) {
+        page = std::make_unique<ModelPage>(Types::SubFunc_serverResourceInfo,
+                                           [](const QString &, const QString &, const QJsonArray &) {});
+        page->show();
+        QTest::qWait(moment);
+        page.reset();
+    }
+}
+
+TEST_F(ModelPageWindow, SaysWhenNothingIsBehindIt)
+{
+    open(Types::SubFunc_None);
+    EXPECT_EQ(page->findChild<QLabel *>()->text(), "No manager holds anything for this page.");
+}
