@@ -22,6 +22,7 @@ PROGRAMS = {
     "Configuration": "loading the configurations",
     "Picture": "pictures",
     "Emission": "announcing a page, to the last callback",
+    "Scenario": "scenarios",
     "PluginLoad": "the plugin, in a fresh process",
 }
 
