@@ -28,13 +28,6 @@ QString fixture(const QString &name)
     return QString(TAV_FIXTURE_DIR "/lib%1.so").arg(name);
 }
 
-QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
-    return file.readAll();
-}
-
 /// Why the file is refused; fails the test when it is not.
 TavPluginError errorOf(const QString &file)
 {

@@ -19,6 +19,7 @@
 #include <gtest/gtest.h>
 
 #include <optional>
+#include <vector>
 
 namespace
 {
@@ -84,13 +85,13 @@ public:
         m_buffer.open(QIODevice::ReadOnly);
         m_options.observer = [this](const TavPlayedCall &played) {
             const QMutexLocker lock(&m_mutex);
-            m_numbers.append(played.line.number);
+            m_numbers.push_back(played.line.number);
         };
         player.emplace(host, m_buffer, m_options);
     }
 
     /// The numbers of the lines that have been played, in their order.
-    QVector<int> numbers() const
+    std::vector<int> numbers() const
     {
         const QMutexLocker lock(&m_mutex);
         return m_numbers;
@@ -99,9 +100,9 @@ public:
     /// Whether exactly so many lines are played, now and a while later.
     bool standsAt(int count) const
     {
-        const bool hasCome = QTest::qWaitFor([&] { return numbers().size() >= count; });
+        const bool hasCome = QTest::qWaitFor([&] { return int(numbers().size()) >= count; });
         QTest::qWait(50);
-        return hasCome && numbers().size() == count;
+        return hasCome && int(numbers().size()) == count;
     }
 
 private:
@@ -109,7 +110,7 @@ private:
     QBuffer m_buffer{&m_text};
     TavPlayOptions m_options;
     mutable QMutex m_mutex;
-    QVector<int> m_numbers;
+    std::vector<int> m_numbers;
 
 public:
     std::optional<TavScenarioPlayer> player; ///< last, since its threads use the others
@@ -279,8 +280,8 @@ TEST_F(ScenarioPlayer, PlaysOneLineAStepWhileItIsPaused)
     EXPECT_TRUE(play.standsAt(0));
     for (int i = 0; i < lines.size(); ++i) {
         play.player->step();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return play.numbers().size() > i; })) << i;
-        EXPECT_EQ(play.numbers().last(), i + 2);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return int(play.numbers().size()) > i; })) << i;
+        EXPECT_EQ(play.numbers().back(), i + 2);
     }
     EXPECT_FALSE(play.player->wait().isStopped);
 }
@@ -307,7 +308,7 @@ TEST_F(ScenarioPlayer, StepsInTheOrderOfTheFileAlsoWhereAThreadIsLate)
     play.player->step();
     play.player->step();
     QThread::msleep(50); // the event loop does not run, and so the first line does not begin
-    EXPECT_TRUE(play.numbers().isEmpty());
+    EXPECT_TRUE(play.numbers().empty());
     EXPECT_EQ(play.player->wait().lines, 2);
 }
 
@@ -322,12 +323,12 @@ TEST_F(ScenarioPlayer, BeginsNoLineWhileItIsPausedHoweverManyWait)
         QTest::qWait(1);
         play.player->pause();
         QThread::msleep(50); // for the call under way
-        const int played = play.numbers().size();
+        const int played = int(play.numbers().size());
         EXPECT_TRUE(play.standsAt(played));
         play.player->resume();
     }
     EXPECT_EQ(play.player->wait().lines, 1000);
-    EXPECT_EQ(play.numbers().size(), 1000);
+    EXPECT_EQ(play.numbers().size(), 1000u);
 }
 
 TEST_F(ScenarioPlayer, IsStoppedByItsObserverAtTheCallThatWasMade)
@@ -359,7 +360,7 @@ TEST_F(ScenarioPlayer, GoesOnFromWhereItWasPaused)
     EXPECT_TRUE(play.standsAt(1));
     play.player->pause();
     QTest::qWait(500); // the time of the second line would have come
-    EXPECT_EQ(play.numbers().size(), 1);
+    EXPECT_EQ(play.numbers().size(), 1u);
     QElapsedTimer timer;
     timer.start();
     play.player->resume();
@@ -389,7 +390,7 @@ TEST_F(ScenarioPlayer, ChangesItsSpeedWhileItPlays)
     QElapsedTimer timer;
     timer.start();
     play.player->setSpeed(3600 / 0.2);
-    EXPECT_TRUE(QTest::qWaitFor([&] { return play.numbers().size() == 2; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return play.numbers().size() == 2u; }));
     EXPECT_GE(timer.elapsed(), 190);
     play.player->setSpeed(1);
     EXPECT_TRUE(play.standsAt(2));

@@ -15,3 +15,11 @@ inline void writeFile(const QString &path, const QByteArray &content)
     EXPECT_TRUE(file.open(QIODevice::WriteOnly)) << qPrintable(path);
     EXPECT_EQ(file.write(content), content.size());
 }
+
+/// All bytes of a file; fails the test when it cannot be read.
+inline QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
+    return file.readAll();
+}

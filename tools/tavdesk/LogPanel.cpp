@@ -109,6 +109,6 @@ void LogPanel::hideEvent(QHideEvent *event)
 void LogPanel::showCount()
 {
     const int shown = m_model->rowCount();
-    m_count->setText(shown == m_model->held() ? tr("%1 entries").arg(shown)
-                                              : tr("%1 of %2 entries").arg(shown).arg(m_model->held()));
+    m_count->setText(shown == m_model->held() ? tr("%n row(s)", nullptr, shown)
+                                              : tr("%1 of %n row(s)", nullptr, m_model->held()).arg(shown));
 }

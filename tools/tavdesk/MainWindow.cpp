@@ -25,6 +25,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QSettings>
 #include <QShortcut>
 #include <QStatusBar>
@@ -40,6 +41,12 @@ QString scenarioIn(const QMimeData &data)
 {
     const QString file = data.urls().value(0).toLocalFile();
     return file.endsWith(QLatin1String(".jsonl")) ? file : QString();
+}
+
+/// The text without its mnemonic, which some languages put behind it in brackets.
+QString withoutMnemonic(QString text)
+{
+    return text.remove(QRegularExpression(QStringLiteral("\\(&.\\)"))).remove(QLatin1Char('&'));
 }
 
 /// Adds the buttons of @p bar to @p menu; its fields have their places in the bar alone.
@@ -163,7 +170,7 @@ void MainWindow::addDocks()
 
 QDockWidget *MainWindow::addDock(const QString &name, const QString &title, QWidget *content, Qt::DockWidgetArea area)
 {
-    auto *const dock = new QDockWidget(QString(title).remove(QLatin1Char('&')), this);
+    auto *const dock = new QDockWidget(withoutMnemonic(title), this);
     dock->setObjectName(name); // under which its place is kept
     dock->setWidget(content);
     addDockWidget(area, dock);

@@ -46,7 +46,7 @@ QString PictureTour::run()
     waitForContent();
     savePages();
     saveDocks();
-    save(m_window, QStringLiteral("window"));
+    saveWindow();
     return m_failed;
 }
 
@@ -67,13 +67,18 @@ void PictureTour::savePages()
 {
     const QVector<TavSubFuncTypeData_> pages = m_session.host().manager<ITavFuncTypeMgr>()->getSubFuncInfo();
     for (const TavSubFuncTypeData_ &page : pages) {
-        m_session.select(page);
-        if (m_window.pages().openPage() != page.subFuncType) {
-            waitFor(m_session, &ClientSession::pageChanged);
-        }
-        runLoop(settleTime);
+        open(page);
         save(m_window.pages(), QStringLiteral("page-") + pageKey(page.subFuncType));
     }
+}
+
+void PictureTour::open(const TavSubFuncTypeData_ &page)
+{
+    m_session.select(page);
+    if (m_window.pages().openPage() != page.subFuncType) {
+        waitFor(m_session, &ClientSession::pageChanged);
+    }
+    runLoop(settleTime);
 }
 
 void PictureTour::saveDocks()
@@ -85,6 +90,18 @@ void PictureTour::saveDocks()
         runLoop(settleTime);
         save(*dock, QStringLiteral("dock-") + dock->objectName());
     }
+}
+
+/// With the first page, on which there is the most to see, and the calls below it.
+void PictureTour::saveWindow()
+{
+    const QVector<TavSubFuncTypeData_> pages = m_session.host().manager<ITavFuncTypeMgr>()->getSubFuncInfo();
+    if (!pages.isEmpty()) {
+        open(pages.first());
+    }
+    m_window.findChild<QDockWidget *>(QStringLiteral("calls"))->raise();
+    runLoop(settleTime);
+    save(m_window, QStringLiteral("window"));
 }
 
 void PictureTour::save(QWidget &widget, const QString &name)

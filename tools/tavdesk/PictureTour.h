@@ -5,6 +5,7 @@
 class ClientSession;
 class MainWindow;
 class QWidget;
+struct TavSubFuncTypeData_;
 
 /// @brief Saves pictures of a window: of each page, of each dock, and of the whole.
 class PictureTour
@@ -21,6 +22,8 @@ private:
     void waitForContent();
     void savePages();
     void saveDocks();
+    void saveWindow();
+    void open(const TavSubFuncTypeData_ &page);
     void save(QWidget &widget, const QString &name);
 
     MainWindow &m_window;

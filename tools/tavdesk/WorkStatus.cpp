@@ -50,9 +50,10 @@ void WorkStatus::showPlay()
     using State = ScenarioPlay::State;
     const ScenarioSurvey &survey = m_play.survey();
     const QString name = survey.title.isEmpty() ? QFileInfo(survey.file).fileName() : survey.title;
-    m_playText->setText(survey.file.isEmpty()
-                            ? QString()
-                            : tr("%1: %2 of %3 lines").arg(name).arg(m_play.linesPlayed()).arg(survey.lines));
+    m_playText->setText(
+        survey.file.isEmpty()
+            ? QString()
+            : tr("%1: %2 of %n call(s)", nullptr, int(survey.lines)).arg(name, QString::number(m_play.linesPlayed())));
     if (m_play.state() == State::Opening) {
         m_busy->begin(&m_play, tr("Reading the scenario"), [this] { m_play.stop(); });
     } else if (m_play.state() == State::Stopping) {
@@ -67,10 +68,9 @@ void WorkStatus::showRecording()
     using State = Recording::State;
     const TavRecordProgress progress = m_recording.progress();
     m_recordingText->setText(m_recording.state() == State::On
-                                 ? tr("Recording %1: %2 calls, %3")
-                                       .arg(QFileInfo(m_recording.file()).fileName())
-                                       .arg(progress.lines)
-                                       .arg(CellText::ofKind(TavFields::Kind::Size, progress.bytes))
+                                 ? tr("Recording %1: %n call(s), %2", nullptr, int(progress.lines))
+                                       .arg(QFileInfo(m_recording.file()).fileName(),
+                                            CellText::ofKind(TavFields::Kind::Size, progress.bytes))
                                  : QString());
     if (m_recording.state() == State::Beginning || m_recording.state() == State::Ending) {
         m_busy->begin(&m_recording, tr("Writing the recording"), {});

@@ -15,13 +15,6 @@ const QString broken = QStringLiteral(TAV_SOURCE_DIR "/tests/data/broken"); ///<
 const QByteArray onePage = R"json([{"funcType": "Func_HostInfo", "funcTitle": "主机信息", "funcIcon": "hostIcon",
     "subFunList": [{"subFuncType": "SubFunc_LogAudit", "subFuncTitile": "审计日志", "subFuncClassName": "I"}]}])json";
 
-inline QByteArray contentOf(const QString &path)
-{
-    QFile file(path);
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << qPrintable(path);
-    return file.readAll();
-}
-
 /// @brief A directory for the files of one test.
 class TestFiles : public testing::Test
 {

@@ -2,6 +2,23 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>LogPanel</name>
+    <message numerus="yes">
+        <source>%n row(s)</source>
+        <translation>
+            <numerusform>%n row</numerusform>
+            <numerusform>%n rows</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n row(s)</source>
+        <translation>
+            <numerusform>%1 of %n row</numerusform>
+            <numerusform>%1 of %n rows</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>ValueList</name>
     <message numerus="yes">
         <source>%n row(s)</source>
@@ -15,6 +32,23 @@
         <translation>
             <numerusform>%1 of %n row</numerusform>
             <numerusform>%1 of %n rows</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>WorkStatus</name>
+    <message numerus="yes">
+        <source>%1: %2 of %n call(s)</source>
+        <translation>
+            <numerusform>%1: %2 of %n call</numerusform>
+            <numerusform>%1: %2 of %n calls</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Recording %1: %n call(s), %2</source>
+        <translation>
+            <numerusform>Recording %1: %n call, %2</numerusform>
+            <numerusform>Recording %1: %n calls, %2</numerusform>
         </translation>
     </message>
 </context>

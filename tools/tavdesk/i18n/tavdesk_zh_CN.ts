@@ -290,13 +290,17 @@
         <source>Clear</source>
         <translation>清除</translation>
     </message>
-    <message>
-        <source>%1 entries</source>
-        <translation>%1 条</translation>
+    <message numerus="yes">
+        <source>%n row(s)</source>
+        <translation>
+            <numerusform>%n 行</numerusform>
+        </translation>
     </message>
-    <message>
-        <source>%1 of %2 entries</source>
-        <translation>%2 条中的 %1 条</translation>
+    <message numerus="yes">
+        <source>%1 of %n row(s)</source>
+        <translation>
+            <numerusform>%n 行中的 %1 行</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -985,10 +989,6 @@
         <translation>正在读取本机</translation>
     </message>
     <message>
-        <source>%1: %2 of %3 lines</source>
-        <translation>%1：%3 行中的第 %2 行</translation>
-    </message>
-    <message>
         <source>Reading the scenario</source>
         <translation>正在读取场景</translation>
     </message>
@@ -997,12 +997,20 @@
         <translation>等待进行中的调用</translation>
     </message>
     <message>
-        <source>Recording %1: %2 calls, %3</source>
-        <translation>正在录制 %1：%2 次调用，%3</translation>
-    </message>
-    <message>
         <source>Writing the recording</source>
         <translation>正在写入录制文件</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1: %2 of %n call(s)</source>
+        <translation>
+            <numerusform>%1：%n 次调用中的第 %2 次</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>Recording %1: %n call(s), %2</source>
+        <translation>
+            <numerusform>正在录制 %1：%n 次调用，%2</numerusform>
+        </translation>
     </message>
 </context>
 </TS>

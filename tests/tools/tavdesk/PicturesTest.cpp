@@ -1,0 +1,56 @@
+#include "Program.h"
+
+#include <QDir>
+#include <QImage>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+namespace
+{
+/// The real program, run to its end, under an emulator when the tests are.
+Program runDesk(const QStringList &arguments)
+{
+    const QStringList emulator = QString(TAV_EMULATOR).split(' ', Qt::SkipEmptyParts);
+    return Program(emulator + QStringList{TAV_TAVDESK_FILE} + arguments);
+}
+
+const QStringList onDemo{"--root", TAV_SOURCE_DIR "/share/demo"};
+}
+
+TEST(Pictures, AreSavedOfEachPageEachDockAndTheWindow)
+{
+    const QTemporaryDir directory;
+    const Program desk = runDesk(onDemo + QStringList{"--pictures", directory.path()});
+    EXPECT_EQ(desk.exitCode, 0) << desk.errors.toStdString();
+    const QStringList files = QDir(directory.path()).entryList(QDir::Files);
+    EXPECT_EQ(files.filter("page-").size(), 14) << files.join(' ').toStdString();
+    EXPECT_EQ(files.filter("dock-").size(), 7) << files.join(' ').toStdString();
+    EXPECT_EQ(QImage(directory.filePath("window.png")).size(), QSize(1280, 860));
+    for (const QString &file : files) {
+        EXPECT_FALSE(QImage(directory.filePath(file)).isNull()) << file.toStdString();
+    }
+}
+
+TEST(Pictures, EndWithTwoWhenTheyCannotBeWritten)
+{
+    const Program desk = runDesk(onDemo + QStringList{"--pictures", "/proc/no/such"});
+    EXPECT_EQ(desk.exitCode, 2);
+    EXPECT_TRUE(desk.errors.contains("cannot be written")) << desk.errors.toStdString();
+}
+
+TEST(Pictures, EndWithTwoWhenThereIsNoPlugin)
+{
+    const QTemporaryDir directory;
+    const Program desk = runDesk(onDemo + QStringList{"--plugin", "/nonexistent.so", "--pictures", directory.path()});
+    EXPECT_EQ(desk.exitCode, 2);
+    EXPECT_TRUE(desk.errors.contains("/nonexistent.so")) << desk.errors.toStdString();
+}
+
+TEST(CommandLine, IsExplainedAndMistakesAreNamed)
+{
+    EXPECT_EQ(runDesk({"--help"}).exitCode, 0);
+    const Program desk = runDesk({"--rot", "/"});
+    EXPECT_EQ(desk.exitCode, 2);
+    EXPECT_TRUE(desk.errors.contains("--rot")) << desk.errors.toStdString();
+}
