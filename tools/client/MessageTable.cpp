@@ -90,7 +90,7 @@ QVector<ValueColumn> columnsOf(const Paths &paths)
 }
 }
 
-MessageTable::MessageTable(std::shared_ptr<const Message> whole, const Field *list)
+MessageTable::MessageTable(const std::shared_ptr<const Message> &whole, const Field *list)
     : MessageTable(whole, list, pathsIn(list ? list->message_type() : whole->GetDescriptor()))
 {
 }

@@ -14,7 +14,7 @@ public:
     using Field = google::protobuf::FieldDescriptor;
 
     /// The rows are the messages of @p list, a repeated field of @p whole; without one @p whole is the one row.
-    explicit MessageTable(std::shared_ptr<const Message> whole, const Field *list = nullptr);
+    explicit MessageTable(const std::shared_ptr<const Message> &whole, const Field *list = nullptr);
 
     /// The lists of messages among the fields of @p message.
     static std::vector<const Field *> listsIn(const Message &message);

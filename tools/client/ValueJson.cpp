@@ -20,8 +20,8 @@ QJsonValue number(const QVariant &value)
 
 QJsonValue time(const QVariant &value)
 {
-    constexpr qint64 yearOne = Q_INT64_C(-62135596800);
-    constexpr qint64 yearTenThousand = Q_INT64_C(253402300800);
+    constexpr auto yearOne = Q_INT64_C(-62135596800);
+    constexpr auto yearTenThousand = Q_INT64_C(253402300800);
     const qint64 seconds = value.toLongLong();
     if (seconds == 0) {
         return QJsonValue::Null;

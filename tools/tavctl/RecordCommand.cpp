@@ -23,9 +23,8 @@ namespace
 QString statusOf(const TavRecordProgress &progress)
 {
     QString text = QString("%1 s, %2, %3")
-                       .arg(progress.microseconds / 1'000'000)
-                       .arg(counted(progress.lines, "call"))
-                       .arg(CellText::ofKind(TavFields::Kind::Size, progress.bytes));
+                       .arg(QString::number(progress.microseconds / 1'000'000), counted(progress.lines, "call"),
+                            CellText::ofKind(TavFields::Kind::Size, progress.bytes));
     return progress.lost > 0 ? text + QString(", %1 lost").arg(progress.lost) : text;
 }
 
@@ -81,7 +80,7 @@ ExitCode record(const RecordOptions &options)
             LocalAgent agent;
             agent.setObserver([&recorder, &end](const AgentCall &call) {
                 recorder.record(call.manager, call.operation, [&] {
-                    const QJsonArray arguments = call.arguments();
+                    QJsonArray arguments = call.arguments();
                     end.note(call.manager, call.operation, arguments);
                     return arguments;
                 });

@@ -24,7 +24,7 @@ void AgentBar::addFeeding(AgentFeeder &feeder)
     feed->setToolTip(tr("Read this machine and feed the managers."));
     QAction *const repeat = addAction(symbolIcon(Symbol::Repeat), tr("Feed &Every"));
     repeat->setCheckable(true);
-    repeat->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F5));
+    repeat->setShortcut(QKeySequence(Qt::SHIFT + Qt::Key_F5));
     repeat->setToolTip(tr("Feed again and again."));
     auto *const seconds = new QSpinBox;
     seconds->setRange(1, 3600);
@@ -51,7 +51,7 @@ void AgentBar::addRecording(Recording &recording)
 {
     QAction *const record = addAction(symbolIcon(Symbol::Record), tr("&Record…"));
     record->setCheckable(true);
-    record->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_R));
+    record->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_R));
     record->setToolTip(tr("Record all calls into a file."));
     connect(&recording, &Recording::stateChanged, record, [record, &recording] {
         record->setChecked(recording.state() != Recording::State::Off);

@@ -102,7 +102,7 @@ QWidget *CallPanel::newCall()
     scroll->setFrameShape(QFrame::NoFrame);
     m_held = new QPushButton(tr("&Fill In What Is Held"));
     m_call = new QPushButton(tr("&Call"));
-    m_call->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_Return));
+    m_call->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Return));
     m_call->setToolTip(tr("Call the operation (Ctrl+Return)."));
     auto *const buttons = new QHBoxLayout;
     buttons->addWidget(m_held);

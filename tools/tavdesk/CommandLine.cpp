@@ -6,8 +6,6 @@
 
 namespace
 {
-constexpr int usageError = 2;
-
 /// Absolute, as it is shown.
 QString pathOf(const std::string &name)
 {

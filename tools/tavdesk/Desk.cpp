@@ -15,8 +15,6 @@
 
 namespace
 {
-constexpr int usageError = 2;
-
 void printError(const QString &text)
 {
     std::cerr << "tavdesk: " << text.toStdString() << '\n';

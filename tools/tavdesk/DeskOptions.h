@@ -3,6 +3,8 @@
 #include <QString>
 #include <QStringList>
 
+constexpr int usageError = 2; ///< exit code when what the command line asks for cannot be done
+
 /// @brief What the command line asks for.
 struct DeskOptions {
     QString plugin; ///< the file to load; empty: the one beside this program

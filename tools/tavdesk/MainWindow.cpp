@@ -178,7 +178,7 @@ QDockWidget *MainWindow::addDock(const QString &name, const QString &title, QWid
     QAction *const action = dock->toggleViewAction();
     action->setText(title);
     // The shortcut brings the dock to the front, too: showing one that lies under another shows nothing.
-    auto *const toFront = new QShortcut(QKeySequence(Qt::CTRL + Qt::Key_0 + m_docks.size()), this);
+    auto *const toFront = new QShortcut(QKeySequence(int(Qt::CTRL) + Qt::Key_0 + m_docks.size()), this);
     connect(toFront, &QShortcut::activated, dock, [dock, content] {
         dock->show();
         dock->raise();

@@ -14,6 +14,8 @@
 #include <QPixmap>
 #include <QTimer>
 
+#include <utility>
+
 namespace
 {
 constexpr int settleTime = 400; // milliseconds in which a page reads what it shows
@@ -35,8 +37,8 @@ void waitFor(const Sender &sender, Signal signal)
 }
 }
 
-PictureTour::PictureTour(MainWindow &window, ClientSession &session, const QString &directory)
-    : m_window(window), m_session(session), m_directory(directory)
+PictureTour::PictureTour(MainWindow &window, ClientSession &session, QString directory)
+    : m_window(window), m_session(session), m_directory(std::move(directory))
 {
 }
 

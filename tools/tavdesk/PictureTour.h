@@ -12,7 +12,7 @@ class PictureTour
 {
 public:
     /// Saves into @p directory.
-    PictureTour(MainWindow &window, ClientSession &session, const QString &directory);
+    PictureTour(MainWindow &window, ClientSession &session, QString directory);
 
     /// Waits for the scenario that is being played, or feeds from this machine when there is none, and saves all
     /// pictures. Runs the event loop. Returns the file that could not be written; empty when all were.

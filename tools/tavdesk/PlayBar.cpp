@@ -47,15 +47,15 @@ void PlayBar::addButtons()
             m_play.play();
         }
     });
-    m_playOrPause->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_P));
+    m_playOrPause->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_P));
     m_step = addAction(symbolIcon(Symbol::Step), tr("S&tep"), &m_play, &ScenarioPlay::step);
     m_step->setShortcut(QKeySequence(Qt::Key_F10));
     m_step->setToolTip(tr("Make the next call of the scenario."));
     m_stop = addAction(symbolIcon(Symbol::Stop), tr("&Stop"), &m_play, &ScenarioPlay::stop);
-    m_stop->setShortcut(QKeySequence(Qt::SHIFT | Qt::Key_F10));
+    m_stop->setShortcut(QKeySequence(Qt::SHIFT + Qt::Key_F10));
     QAction *const loop = addAction(symbolIcon(Symbol::Loop), tr("&Loop"));
     loop->setCheckable(true);
-    loop->setShortcut(QKeySequence(Qt::CTRL | Qt::Key_L));
+    loop->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_L));
     loop->setToolTip(tr("Begin again at the end."));
     connect(loop, &QAction::toggled, &m_play, &ScenarioPlay::setLooped);
 }

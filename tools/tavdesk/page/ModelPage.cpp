@@ -228,7 +228,8 @@ void ModelPage::edit(const PartReading &part, const ValueTablePointer &seen, con
             return tr("The list has changed meanwhile; nothing was edited.");
         }
         try {
-            for (const ValueEdit &one : edit(*now)) {
+            const QVector<ValueEdit> calls = edit(*now);
+            for (const ValueEdit &one : calls) {
                 call(value.manager, one.operation, one.arguments);
             }
         } catch (const TavCallError &error) {

@@ -33,7 +33,7 @@ qint64 ValueModel::now()
 
 ShownRows ValueModel::apply(const RowChange &change)
 {
-    const ShownRows before = m_rows;
+    ShownRows before = m_rows;
     if (!before.table) {
         beginResetModel();
         m_rows = change.rows;
