@@ -49,7 +49,7 @@ private:
         const QMutexLocker lock(&m_mutex);
         for (auto log = m_logs.begin(); log != m_logs.end();) {
             if (const auto held = log->lock()) {
-                held->append(line, line.text.size() * 2);
+                held->append(line, qint64(line.text.size()) * 2);
                 ++log;
             } else {
                 log = m_logs.erase(log);
