@@ -1,5 +1,6 @@
 #include "CallLog.h"
 
+#include "ShortJson.h"
 #include "TavCall.h"
 #include "TavScenarioRecorder.h"
 #include "ThreadName.h"
@@ -61,10 +62,11 @@ QJsonValue CallLog::make(QObject *object, const QString &manager, const QString 
     call.operation = operation;
     call.arguments = arguments;
     call.bytes = lengthOf(arguments);
+    QJsonValue returned;
     QElapsedTimer clock;
     clock.start();
     try {
-        call.returned = TavCall::call(object, manager, operation, arguments);
+        returned = TavCall::call(object, manager, operation, arguments);
     } catch (const std::exception &error) {
         call.nanoseconds = clock.nsecsElapsed();
         call.error = QString::fromUtf8(error.what());
@@ -72,8 +74,9 @@ QJsonValue CallLog::make(QObject *object, const QString &manager, const QString 
         throw;
     }
     call.nanoseconds = clock.nsecsElapsed();
+    call.returned = shortJson(returned);
     note(call);
-    return call.returned;
+    return returned;
 }
 
 void CallLog::setRecorder(std::shared_ptr<TavScenarioRecorder> recorder)

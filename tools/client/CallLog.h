@@ -17,7 +17,7 @@ struct LoggedCall {
     QString manager; ///< name of the interface
     QString operation;
     QJsonValue arguments; ///< an array by position or an object by name
-    QJsonValue returned = QJsonValue::Undefined; ///< undefined where it is not known
+    QString returned; ///< beginning of its JSON; empty where it is not known
     QString error; ///< why it was refused; empty when it was made
     qint64 bytes = 0; ///< length of the arguments as JSON
     qint64 nanoseconds = 0;

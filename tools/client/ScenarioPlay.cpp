@@ -3,6 +3,7 @@
 #include "ClientSession.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavSelectFuncMgr.h"
+#include "ShortJson.h"
 #include "TavJson.h"
 
 #include <utility>
@@ -49,9 +50,11 @@ void ScenarioPlay::open(const QString &file, Opened opened)
                          if (opened == Opened::Play) {
                              play();
                          }
-                     } else {
-                         m_survey = {};
-                         setState(State::Empty);
+                         return;
+                     }
+                     m_survey = {};
+                     setState(State::Empty);
+                     if (!*isCancelled) {
                          emit failed(survey.file, survey.error);
                      }
                  });
@@ -197,7 +200,7 @@ void ScenarioPlay::noteCall(const TavPlayedCall &played)
     call.time = QDateTime::fromMSecsSinceEpoch(
         std::chrono::duration_cast<std::chrono::milliseconds>(played.start.time_since_epoch()).count());
     call.thread = TavScenario::threads()[line.thread];
-    call.returned = played.returned;
+    call.returned = shortJson(played.returned);
     call.error = played.error ? QString::fromUtf8(played.error->what()) : QString();
     call.bytes = line.bytes;
     call.nanoseconds = played.nanoseconds;

@@ -4,6 +4,7 @@
 #include "CallScenario.h"
 #include "CellText.h"
 #include "LogTexts.h"
+#include "ShortJson.h"
 #include "SymbolIcon.h"
 
 #include <QAction>
@@ -15,8 +16,7 @@ LogModel<LoggedCall> *newModel(CallLog &log)
 {
     const auto manager = [](const LoggedCall &call) { return call.manager; };
     const auto operation = [](const LoggedCall &call) { return call.operation; };
-    const auto result
-        = [](const LoggedCall &call) { return call.error.isEmpty() ? LogTexts::shortJson(call.returned) : call.error; };
+    const auto result = [](const LoggedCall &call) { return call.error.isEmpty() ? call.returned : call.error; };
     const auto matches = [](const LoggedCall &call, const QString &text) {
         return call.operation.contains(text, Qt::CaseInsensitive) || call.manager.contains(text, Qt::CaseInsensitive)
             || call.thread.contains(text, Qt::CaseInsensitive) || call.error.contains(text, Qt::CaseInsensitive);
@@ -27,7 +27,7 @@ LogModel<LoggedCall> *newModel(CallLog &log)
          {CallLogPanel::tr("Thread"), [](const LoggedCall &call) { return call.thread; }},
          {CallLogPanel::tr("Manager"), manager},
          {CallLogPanel::tr("Operation"), operation},
-         {CallLogPanel::tr("Arguments"), [](const LoggedCall &call) { return LogTexts::shortJson(call.arguments); }},
+         {CallLogPanel::tr("Arguments"), [](const LoggedCall &call) { return shortJson(call.arguments); }},
          {CallLogPanel::tr("Result"), result},
          {CallLogPanel::tr("Size"),
           [](const LoggedCall &call) { return CellText::ofKind(TavFields::Kind::Size, call.bytes); }, Qt::AlignRight},

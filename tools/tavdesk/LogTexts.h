@@ -1,9 +1,8 @@
 #pragma once
 
 #include <QDateTime>
-#include <QJsonValue>
 
-/// What the tables of this program show for times and values.
+/// What the tables of this program show for times.
 namespace LogTexts
 {
 /// The time of day with milliseconds.
@@ -11,7 +10,4 @@ QString time(const QDateTime &time);
 
 /// With one decimal; "–" for what is not known.
 QString microseconds(qint64 nanoseconds);
-
-/// JSON on one line, cut when it is long; empty for an undefined value and for null.
-QString shortJson(const QJsonValue &value);
 }
