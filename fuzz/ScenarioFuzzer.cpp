@@ -55,10 +55,10 @@ void play(TavPluginHost &plugin, const TavScenario::Line &line)
     if (line.operation == "appendPicResourcePath") {
         return; // would walk through any directory of this machine; the fuzzer of the pictures has one of its own
     }
-    QObject *const manager = plugin.managerObject(line.manager.toUtf8().constData());
-    require(manager != nullptr, "a line is of a manager that there is");
+    const TavScenario::Managers managers = TavScenario::managersOf(plugin);
+    require(managers.contains(line.manager), "a line is of a manager that there is");
     try {
-        const QJsonValue returned = line.call(manager);
+        const QJsonValue returned = line.call(managers);
         TavScenario::Difference difference;
         require(TavScenario::isAsExpected(returned, returned, difference), "what is returned is as itself");
         TavScenario::isAsExpected(line.returns, returned, difference);

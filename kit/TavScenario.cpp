@@ -6,6 +6,7 @@
 #include "TavJson.h"
 #include "TavJsonText.h"
 #include "TavNearestText.h"
+#include "TavPluginHost.h"
 
 #include <QJsonDocument>
 
@@ -165,6 +166,16 @@ const QStringList &TavScenario::threads()
     static const QStringList names{"agent",  "agent2", "agent3", "agent4", "agent5",
                                    "agent6", "agent7", "agent8", "gui"};
     return names;
+}
+
+TavScenario::Managers TavScenario::managersOf(TavPluginHost &host)
+{
+    Managers managers;
+    const QStringList names = TavCall::managers();
+    for (const QString &name : names) {
+        managers.insert(name, host.managerObject(name.toUtf8().constData()));
+    }
+    return managers;
 }
 
 QString TavScenario::Line::subject() const

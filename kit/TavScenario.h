@@ -13,6 +13,8 @@
 #include <functional>
 #include <stdexcept>
 
+class TavPluginHost;
+
 /**
  * @brief Scenarios: the calls of a session as a text file of JSON lines, to be read, played and recorded.
  *
@@ -29,6 +31,9 @@ constexpr int agent = 0; ///< place in threads() of the thread on which calls ar
 constexpr int gui = 8; ///< place in threads() of the thread that runs the event loop
 
 using Managers = QHash<QString, QObject *>; ///< of one host, by the names of their interfaces
+
+/// The managers of @p host, which outlives them.
+Managers managersOf(TavPluginHost &host);
 
 /// @brief One line behind the first, read and found in order.
 struct Line {

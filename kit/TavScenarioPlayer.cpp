@@ -1,7 +1,6 @@
 #include "TavScenarioPlayer.h"
 
 #include "ScenarioClock.h"
-#include "TavPluginHost.h"
 
 #include <QEventLoop>
 #include <QHash>
@@ -31,12 +30,11 @@ struct TavScenarioPlayer::State {
     };
 
     State(TavPluginHost &host, QIODevice &device, const TavPlayOptions &options)
-        : m_device(device), m_options(options), m_clock(options.speed, options.isPaused)
+        : m_device(device)
+        , m_options(options)
+        , m_managers(TavScenario::managersOf(host))
+        , m_clock(options.speed, options.isPaused)
     {
-        const QStringList names = TavCall::managers();
-        for (const QString &name : names) {
-            m_managers.insert(name, host.managerObject(name.toUtf8().constData()));
-        }
         m_conductor.reset(QThread::create([this] { conduct(); }));
         m_conductor->setObjectName("scenario");
         m_conductor->start();
@@ -342,7 +340,7 @@ struct TavScenarioPlayer::State {
 
     QIODevice &m_device;
     const TavPlayOptions m_options;
-    TavScenario::Managers m_managers;
+    const TavScenario::Managers m_managers;
 
     QMutex m_mutex; ///< for what follows
     QWaitCondition m_changed; ///< a line has ended, or the play ends; only the conductor waits for it
