@@ -34,6 +34,7 @@ constexpr double microsecondsInSecond = 1e6;
 
 using Managers = QHash<QString, QObject *>; ///< of one host, by the names of their interfaces
 
+/// The managers of @p host, which outlives them.
 Managers managersOf(TavPluginHost &host);
 
 /// @brief One line behind the first, read and found in order.

@@ -1,7 +1,6 @@
 #include "TavScenarioPlayer.h"
 
 #include "ScenarioClock.h"
-#include "TavPluginHost.h"
 
 #include <QEventLoop>
 #include <QHash>
