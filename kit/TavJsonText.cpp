@@ -110,9 +110,10 @@ TavJsonText::TavJsonText(const QByteArray &text) : m_text(text), m_counter(text)
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     if (error.error != QJsonParseError::NoError) {
-        const int offset = offsetOf(error, text);
+        const int offset = isUtf16(text) ? 0 : offsetOf(error, text);
         m_error = reasonOf(error, text, offset);
         m_errorPlace = placeAt(text, offset);
+        m_errorOffset = offset;
         return;
     }
     m_document = document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
@@ -131,14 +132,16 @@ bool TavJsonText::isAt(char character)
     return m_position >= m_text.size() || m_text[m_position] == character;
 }
 
-void TavJsonText::readValue(const QString &path)
+void TavJsonText::readValue(const QString &path, const TextRange &key)
 {
-    if (isAt('{')) {
+    const bool isObject = isAt('{');
+    const int start = m_position;
+    const TextPlace place = m_counter.at(start);
+    if (isObject) {
         readMembers(path);
     } else if (isAt('[')) {
         readElements(path);
     } else {
-        m_places.insert(path, m_counter.at(m_position));
         if (isAt('"')) {
             readString();
         }
@@ -146,13 +149,15 @@ void TavJsonText::readValue(const QString &path)
             ++m_position;
         }
     }
+    m_values.insert(path, {place, {start, m_position - start}, key});
 }
 
 void TavJsonText::readMembers(const QString &path)
 {
-    m_places.insert(path, m_counter.at(m_position++));
+    ++m_position;
     QSet<QString> keys;
     while (!isAt('}')) {
+        const int start = m_position;
         const QByteArray quoted = readString();
         const QString key = QJsonDocument::fromJson('[' + quoted + ']').array().first().toString();
         const QString member = TavJson::memberPath(path, key);
@@ -163,7 +168,7 @@ void TavJsonText::readMembers(const QString &path)
         if (isAt(':')) {
             ++m_position;
         }
-        readValue(member);
+        readValue(member, {start, quoted.size()});
         if (isAt(',')) {
             ++m_position;
         }
@@ -173,7 +178,7 @@ void TavJsonText::readMembers(const QString &path)
 
 void TavJsonText::readElements(const QString &path)
 {
-    m_places.insert(path, m_counter.at(m_position++));
+    ++m_position;
     for (int index = 0; !isAt(']'); ++index) {
         readValue(TavJson::elementPath(path, index));
         if (isAt(',')) {
