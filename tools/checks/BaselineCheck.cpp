@@ -1,5 +1,6 @@
 #include "BaselineCheck.h"
 
+#include "Base64Text.h"
 #include "BaselineList.h"
 #include "BaselineScript.h"
 #include "InstallationPaths.h"
@@ -11,6 +12,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <optional>
 
 namespace
 {
@@ -27,7 +29,7 @@ Findings checkIds(const QJsonArray &items)
         const QString path = "/enableConfig/" + QString::number(i);
         if (winners[id] != path) {
             findings.append(Finding::ofValue(
-                items[i].toObject().contains("itemId") ? path + "/itemId" : path,
+                FindingCode::IdTwice, items[i].toObject().contains("itemId") ? path + "/itemId" : path,
                 QString("the plugin reads the id %1 also from %2").arg(id).arg(winners[id]),
                 QString("this item is overwritten by %2, which getItemConfig(%1) gives").arg(id).arg(winners[id]),
                 "write another id in one of them"));
@@ -36,8 +38,15 @@ Findings checkIds(const QJsonArray &items)
     return findings;
 }
 
-/// Why the script with this name cannot be run, and what to do; two empty texts when it can.
-QPair<QString, QString> scriptFault(const QString &name)
+/// @brief Why a script cannot be run, and what to do.
+struct ScriptFault {
+    FindingCode code;
+    QString problem;
+    QString advice;
+};
+
+/// Of the script with this name; none when it can be run.
+std::optional<ScriptFault> scriptFault(const QString &name)
 {
     const QString path = InstallationPaths::scripts() + name;
     const QString script = '"' + TavCommonUtils::pathInSystemRoot(path) + '"';
@@ -45,14 +54,16 @@ QPair<QString, QString> scriptFault(const QString &name)
     case ScriptState::Runnable:
         return {};
     case ScriptState::Missing:
-        return {"there is no script " + script,
-                std::any_of(name.begin(), name.end(), [](QChar character) { return character.isSpace(); })
-                    ? "put the script there, or correct its name: a blank is part of it, and arguments cannot be given"
-                    : "put the script there, or correct its name"};
+        return ScriptFault{
+            FindingCode::ScriptMissing, "there is no script " + script,
+            std::any_of(name.begin(), name.end(), [](QChar character) { return character.isSpace(); })
+                ? "put the script there, or correct its name: a blank is part of it, and arguments cannot be given"
+                : "put the script there, or correct its name"};
     case ScriptState::NotAFile:
-        return {script + " is not a regular file", "name a script"};
+        return ScriptFault{FindingCode::ScriptNotAFile, script + " is not a regular file", "name a script"};
     case ScriptState::NotExecutable:
-        return {script + " is not executable", "make it executable with \"chmod +x\""};
+        return ScriptFault{FindingCode::ScriptNotExecutable, script + " is not executable",
+                           "make it executable with \"chmod +x\""};
     }
     return {};
 }
@@ -65,10 +76,11 @@ Findings checkScripts(const QJsonArray &items)
         if (!value.startsWith('/')) {
             continue; // no path within the script directory
         }
-        const auto [problem, advice] = scriptFault(value);
-        if (!problem.isEmpty()) {
-            findings.append(Finding::ofValue(QString("/enableConfig/%1/checkValueScript").arg(i), problem,
-                                             "the plugin hands its path out, but the item cannot be checked", advice));
+        const std::optional<ScriptFault> fault = scriptFault(value);
+        if (fault) {
+            findings.append(
+                Finding::ofValue(fault->code, QString("/enableConfig/%1/checkValueScript").arg(i), fault->problem,
+                                 "the plugin hands its path out, but the item cannot be checked", fault->advice));
         }
     }
     return findings;
@@ -78,9 +90,13 @@ Findings checkScripts(const QJsonArray &items)
 Findings checkBaseline(const QString &file, const QByteArray &content)
 {
     const TavJsonText text(content);
+    if (Base64Text::firstWrong(content) < 0 && Base64Text::isJsonText(Base64Text::decoded(content))) {
+        return {Finding::atPlace(FindingCode::Base64WhereJsonBelongs, file, text.errorPlace(),
+                                 "not JSON: this is Base64", "the plugin loads no check item",
+                                 R"(write what "tavctl catalogue decode" shows)")};
+    }
     if (!text.error().isEmpty()) {
-        return {Finding::atPlace(file, text.errorPlace(), "not JSON: " + text.error(), "the plugin loads no check item",
-                                 "correct the text")};
+        return {Finding::ofNoJson(file, content, text, "the plugin loads no check item")};
     }
     const QJsonArray items = BaselineList::itemsOf(text.document().toObject());
     return located(checkAgainstSchema("baseline.schema.json", text.document()) + checkIds(items) + checkScripts(items),

@@ -2,6 +2,9 @@
 
 #include "Finding.h"
 
-/// Mistakes in a navigation catalogue: @p content is the Base64 text that @p file holds. Places and paths are those of
-/// the JSON text inside, once it can be read.
+/// Mistakes in a navigation catalogue as the plugin reads it: @p content is the Base64 text that @p file holds. What is
+/// found in the JSON text inside has its place in both.
 Findings checkCatalogue(const QString &file, const QByteArray &content);
+
+/// Mistakes in the JSON text of a catalogue, from which the Base64 text is made.
+Findings checkCatalogueText(const QString &file, const QByteArray &json);

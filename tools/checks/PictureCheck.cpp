@@ -101,11 +101,12 @@ void checkKeys(const QVector<PictureFile> &files, Findings &findings)
         if (file.canonicalFilePath() == winner.canonicalFilePath()) {
             continue;
         }
+        const bool isChance = differInCaseAlone(picture.file, winner.filePath());
         findings.append(
-            Finding::ofFile(picture.file, QString("has the same key as %1: %2").arg(winner.filePath(), picture.key()),
-                            differInCaseAlone(picture.file, winner.filePath())
-                                ? "which of the two the plugin holds is left to chance"
-                                : "the other one wins: the plugin loads it later, and this picture is never found",
+            Finding::ofFile(isChance ? FindingCode::PictureLeftToChance : FindingCode::PictureKeyTwice, picture.file,
+                            QString("has the same key as %1: %2").arg(winner.filePath(), picture.key()),
+                            isChance ? "which of the two the plugin holds is left to chance"
+                                     : "the other one wins: the plugin loads it later, and this picture is never found",
                             "give one of them a name that differs before its first dot"));
     }
 }
@@ -118,7 +119,8 @@ void checkContents(const QVector<PictureFile> &files, Findings &findings)
         const bool isFile = QFileInfo(picture.file).isFile();
         if (!isFile || reader.read().isNull()) {
             findings.append(Finding::ofFile(
-                picture.file, isFile ? "cannot be decoded: " + reader.errorString() : "not a regular file",
+                isFile ? FindingCode::PictureUndecodable : FindingCode::PictureNotAFile, picture.file,
+                isFile ? "cannot be decoded: " + reader.errorString() : "not a regular file",
                 "the plugin holds an empty picture for the key " + picture.key(), "put a PNG picture in its place"));
         }
     }
@@ -144,8 +146,9 @@ Findings checkPictures(const PictureFiles &pictures)
     checkKeys(pictures.files, findings);
     checkContents(pictures.files, findings);
     for (const QString &directory : pictures.skippedDirectories) {
-        findings.append(Finding::ofFile(directory, "a directory inside a picture directory",
-                                        "the plugin does not scan it", "move it beside the directory that it is in"));
+        findings.append(Finding::ofFile(FindingCode::PictureDirectoryInside, directory,
+                                        "a directory inside a picture directory", "the plugin does not scan it",
+                                        "move it beside the directory that it is in"));
     }
     return findings;
 }

@@ -98,7 +98,8 @@ public:
         }
         if (!conforms(value, only({"type", "minimum", "maximum"}, schema))) {
             const QString type = expected(schema["type"].toString());
-            add(path, described(value) + " where " + type + " is expected", schema["x-wrong"], "write " + type);
+            add(FindingCode::WrongType, path, described(value) + " where " + type + " is expected", schema["x-wrong"],
+                "write " + type);
         } else if (!conforms(value, only({"enum"}, schema))) {
             addWrongKey(schema, value.toString(), path);
         } else if (value.isObject()) {
@@ -164,10 +165,10 @@ private:
                 // A key that is there already cannot be what was meant.
                 const QString nearest = nearestText(key, properties.keys());
                 if (nearest.isEmpty() || meant.contains(nearest)) {
-                    add(TavJson::memberPath(path, key), "unknown key " + quoted(key), "the plugin does not read it",
-                        "remove it, or write " + anyOf(properties.keys()));
+                    add(FindingCode::UnknownKey, TavJson::memberPath(path, key), "unknown key " + quoted(key),
+                        "the plugin does not read it", "remove it, or write " + anyOf(properties.keys()));
                 } else {
-                    add(TavJson::memberPath(path, key), "unknown key " + quoted(key),
+                    add(FindingCode::MistypedKey, TavJson::memberPath(path, key), "unknown key " + quoted(key),
                         "it is not read, and " + missing(properties[nearest].toObject()), "write " + quoted(nearest));
                     meant.insert(nearest, object[key]);
                 }
@@ -176,8 +177,8 @@ private:
         const QStringList required = schema["required"].toVariant().toStringList();
         for (const QString &key : required) {
             if (!meant.contains(key)) {
-                add(path, "the key " + quoted(key) + " is missing", missing(properties[key].toObject()),
-                    "add " + quoted(key));
+                add(FindingCode::MissingKey, path, "the key " + quoted(key) + " is missing",
+                    missing(properties[key].toObject()), "add " + quoted(key));
             }
         }
         return meant;
@@ -191,10 +192,11 @@ private:
         const int value = keysOf(type).keyToValue(key.toUtf8().constData());
         if (value > 0) {
             const QString plain = quoted(keysOf(type).valueToKey(value));
-            add(path, quoted(key) + " is not the plain key of a " + type, "the plugin reads it as " + plain,
-                "write " + plain);
+            add(FindingCode::QualifiedEntryType, path, quoted(key) + " is not the plain key of a " + type,
+                "the plugin reads it as " + plain, "write " + plain);
         } else {
-            add(path, quoted(key) + " is no " + type, schema[value == 0 ? "x-none" : "x-wrong"],
+            add(value == 0 ? FindingCode::EntryTypeNone : FindingCode::UnknownEntryType, path,
+                quoted(key) + " is no " + type, schema[value == 0 ? "x-none" : "x-wrong"],
                 "write " + (value == 0 ? anyOf(keys) : known(key, keys)));
         }
     }
@@ -212,8 +214,9 @@ private:
         for (const QJsonValue &rule : rules) {
             if (!conforms(value, rule) && !conforms(meant, rule)) {
                 const QString member = rule["x-at"].toString();
-                add(member.isEmpty() ? path : TavJson::memberPath(path, member), rule["x-problem"].toString(),
-                    rule["x-effect"].toString().replace("{value}", cut(value.toString())), rule["x-advice"].toString());
+                add(FindingCode(rule["x-code"].toInt()), member.isEmpty() ? path : TavJson::memberPath(path, member),
+                    rule["x-problem"].toString(), rule["x-effect"].toString().replace("{value}", cut(value.toString())),
+                    rule["x-advice"].toString());
             }
         }
     }
@@ -232,9 +235,10 @@ private:
         }
     }
 
-    void add(const QString &path, const QString &problem, const QJsonValue &effect, const QString &advice)
+    void add(FindingCode code, const QString &path, const QString &problem, const QJsonValue &effect,
+             const QString &advice)
     {
-        m_findings.append(Finding::ofValue(path, problem, effect.toString(), advice));
+        m_findings.append(Finding::ofValue(code, path, problem, effect.toString(), advice));
     }
 
     QJsonObject m_schema;

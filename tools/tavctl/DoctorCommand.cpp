@@ -2,7 +2,6 @@
 
 #include "BaselineCheck.h"
 #include "CatalogueCheck.h"
-#include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "PictureCheck.h"
 #include "PluginCheck.h"
@@ -14,7 +13,8 @@
 #include "WholeFile.h"
 
 #include <QDir>
-#include <QJsonObject>
+#include <QFileInfo>
+#include <QJsonArray>
 
 namespace
 {
@@ -38,7 +38,8 @@ Part checkFile(const QString &name, const QString &path, FileCheck check, const 
     }
     return {name,
             file,
-            {Finding::ofFile(file, error, effectOfNone, "put it there, or name another system root with --root")}};
+            {Finding::ofFile(FindingCode::NoConfigurationFile, file, error, effectOfNone,
+                             "put it there, or name another system root with --root")}};
 }
 
 /// Pictures that lie beside the picture directories.
@@ -47,11 +48,11 @@ Findings checkStrayPictures(const QDir &pictures)
     Findings findings;
     const QFileInfoList files = pictures.entryInfoList({"*.png"}, QDir::Files, QDir::Name);
     for (const QFileInfo &file : files) {
-        findings.append(
-            Finding::ofFile(file.filePath(), "a picture outside of every picture directory",
-                            QString("the plugin holds it only for a client that loads %1 itself, under the key %2/%3")
-                                .arg(pictures.path(), pictures.dirName().toUpper(), file.baseName().toUpper()),
-                            "move it into a picture directory"));
+        findings.append(Finding::ofFile(
+            FindingCode::PictureOutside, file.filePath(), "a picture outside of every picture directory",
+            QString("the plugin holds it only for a client that loads %1 itself, under the key %2/%3")
+                .arg(pictures.path(), pictures.dirName().toUpper(), file.baseName().toUpper()),
+            "move it into a picture directory"));
     }
     return findings;
 }
@@ -63,7 +64,8 @@ Part checkPictureDirectories()
     const QStringList names = directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
     if (names.isEmpty()) {
         const Findings none{
-            Finding::ofFile(path, directory.exists() ? "there is no directory in it" : "there is no such directory",
+            Finding::ofFile(FindingCode::NoPictureDirectory, path,
+                            directory.exists() ? "there is no directory in it" : "there is no such directory",
                             "the pages have no pictures",
                             "put the picture directories there, or name another system root with --root")};
         return {"pictures", path, none + checkStrayPictures(directory)};
@@ -73,11 +75,6 @@ Part checkPictureDirectories()
         directories.append(directory.filePath(name));
     }
     return {"pictures", path, checkPictures(listPictures(directories)) + checkStrayPictures(directory)};
-}
-
-QString summaryOf(const QVector<Part> &parts, const Findings &findings)
-{
-    return QString("%1 parts checked, %2").arg(parts.size()).arg(countText(findings));
 }
 
 /// @brief The plugin that an installation is checked with.
@@ -100,7 +97,7 @@ Plugin pluginFor(const DoctorOptions &options)
         : Plugin{installed, {}};
 }
 
-void print(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin, const Findings &findings)
+void printInstallation(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin)
 {
     printHeading("Installation");
     TextTable table({{"part"}, {"place", TextTable::Left, 120}, {"state"}});
@@ -113,12 +110,9 @@ void print(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFact
                                 .arg(chosen.origin.isEmpty() ? QString() : chosen.origin + ": ", plugin.identifier,
                                      plugin.qtVersion, plugin.machine)));
     }
-    printFindings(findings);
-    printLine(summaryOf(parts, findings));
 }
 
-QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin,
-                       const Findings &findings)
+QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin)
 {
     QJsonArray rows;
     for (const Part &part : parts) {
@@ -129,9 +123,7 @@ QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const T
              QJsonObject{{"origin", chosen.origin},
                          {"identifier", plugin.identifier},
                          {"qtVersion", plugin.qtVersion},
-                         {"machine", plugin.machine}}},
-            {"findings", findingsJson(findings)},
-            {"summary", summaryOf(parts, findings)}};
+                         {"machine", plugin.machine}}}};
 }
 }
 
@@ -145,15 +137,15 @@ ExitCode doctor(const DoctorOptions &options)
         checkFile("baseline", InstallationPaths::baseline(), checkBaseline, "the plugin loads no check item"),
         checkPictureDirectories(),
     };
-    Findings findings;
+    FindingReport report(options.findings);
     for (const Part &part : parts) {
-        findings += part.findings;
+        report.add(part.findings, QFileInfo(TavCommonUtils::pathInSystemRoot(InstallationPaths::catalogue())).path());
     }
     const TavPluginFacts facts = TavPluginHost::factsOf(plugin.file);
-    if (options.json) {
-        printJson(documentOf(parts, plugin, facts, findings));
-    } else {
-        print(parts, plugin, facts, findings);
+    if (report.showsText()) {
+        printInstallation(parts, plugin, facts);
+        printFindingsHeading(report.findings());
     }
-    return exitCodeFor(findings);
+    report.print(numbered(parts.size(), "part") + " checked", documentOf(parts, plugin, facts));
+    return report.exitCode();
 }

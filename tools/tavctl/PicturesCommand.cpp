@@ -1,6 +1,5 @@
 #include "PicturesCommand.h"
 
-#include "FindingReport.h"
 #include "ITavPicResourceMgr.h"
 #include "PictureCheck.h"
 #include "PluginView.h"
@@ -109,16 +108,16 @@ ExitCode showPictures(const PicturesOptions &options)
 {
     const QStringList directories = existingDirectories(options.directories);
     const PictureFiles files = listPictures(directories);
-    const Findings findings = checkPictures(files);
+    FindingReport report(options.findings);
+    report.add(checkPictures(files), {});
     const TavPluginHost host = loadPlugin(options.plugin);
     const HeldPictures pictures = load(directories, files.files);
-    if (options.json) {
-        printJson(
-            {{"pictures", picturesJson(pictures)}, {"bytes", bytesOf(pictures)}, {"findings", findingsJson(findings)}});
-    } else {
+    if (report.showsText()) {
         printPictures(pictures);
-        printFindings(findings);
-        printLine(countText(findings));
+        printFindingsHeading(report.findings());
     }
-    return exitCodeFor(findings);
+    report.print(QString("%1 checked")
+                     .arg(directories.size() == 1 ? "1 directory" : QString("%1 directories").arg(directories.size())),
+                 {{"pictures", picturesJson(pictures)}, {"bytes", bytesOf(pictures)}});
+    return report.exitCode();
 }

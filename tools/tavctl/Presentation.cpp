@@ -1,17 +1,21 @@
 #include "Presentation.h"
 
+#include "TextTable.h"
+
 #include <QJsonDocument>
 
 #include <iostream>
 
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace
 {
 QString styled(const char *code, const QString &text)
 {
-    static const bool isTerminal = isatty(STDOUT_FILENO) == 1;
-    return isTerminal ? QStringLiteral("\033[%1m%2\033[0m").arg(QLatin1String(code), text) : text;
+    static const bool isStyled
+        = isatty(STDOUT_FILENO) == 1 && qEnvironmentVariableIsEmpty("NO_COLOR") && qgetenv("TERM") != "dumb";
+    return isStyled ? QStringLiteral("\033[%1m%2\033[0m").arg(QLatin1String(code), text) : text;
 }
 }
 
@@ -33,6 +37,32 @@ void printJson(const QJsonObject &document)
 QString dimmed(const QString &text)
 {
     return styled("2", text);
+}
+
+QString wrapped(const QString &text, int start)
+{
+    winsize size = {};
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0) {
+        return text;
+    }
+    const QString indent(4, ' ');
+    QString lines;
+    int column = start;
+    const QStringList words = text.split(' ');
+    for (const QString &word : words) {
+        const int width = displayWidth(word);
+        if (!lines.isEmpty() && column + 1 + width <= size.ws_col) {
+            lines += ' ' + word;
+            column += 1 + width;
+        } else if (lines.isEmpty() && column + width <= size.ws_col) {
+            lines += word;
+            column += width;
+        } else {
+            lines += '\n' + indent + word;
+            column = indent.size() + width;
+        }
+    }
+    return lines;
 }
 
 QString microseconds(qint64 nanoseconds)

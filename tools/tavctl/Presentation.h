@@ -15,5 +15,9 @@ void printJson(const QJsonObject &document);
 /// @p text in a quieter colour; unchanged when standard output is not a terminal.
 QString dimmed(const QString &text);
 
+/// @p text with line ends where it would not fit on the terminal, when its first line begins in column @p start, from
+/// 0; unchanged when standard output is none. No word is broken.
+QString wrapped(const QString &text, int start);
+
 /// @p nanoseconds as microseconds with one decimal.
 QString microseconds(qint64 nanoseconds);
