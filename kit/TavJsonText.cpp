@@ -1,5 +1,6 @@
 #include "TavJsonText.h"
 
+#include "TavHiddenCharacter.h"
 #include "TavJsonPath.h"
 
 #include <QJsonArray>
@@ -47,6 +48,10 @@ QString reasonOf(const QJsonParseError &error, const QByteArray &text, int offse
     if (there == "//" || there == "/*") {
         return "JSON has no comments";
     }
+    const QString hidden = hiddenCharacterIn(QString::fromUtf8(text.mid(offset, 3)).left(1));
+    if (!hidden.isEmpty() && error.error != QJsonParseError::IllegalUTF8String) {
+        return hidden + " stands here, which JSON has only in strings";
+    }
     switch (error.error) {
     case QJsonParseError::UnterminatedObject:
         return R"(a name, "," or "}" is expected here)";
@@ -74,6 +79,20 @@ QString reasonOf(const QJsonParseError &error, const QByteArray &text, int offse
     default:
         return error.errorString();
     }
+}
+}
+
+namespace
+{
+/// Whether JSON allows what stands between the quotes: Qt's reader takes more.
+bool isStrict(const QByteArray &quoted)
+{
+    for (int i = 1; i + 1 < quoted.size(); ++i) {
+        if (uchar(quoted[i]) < 0x20 || (quoted[i] == '\\' && !std::strchr("\"\\/bfnrtu", quoted[++i]))) {
+            return false;
+        }
+    }
+    return true;
 }
 }
 
@@ -142,8 +161,8 @@ void TavJsonText::readValue(const QString &path, const TextRange &key)
     } else if (isAt('[')) {
         readElements(path);
     } else {
-        if (isAt('"')) {
-            readString();
+        if (isAt('"') && !isStrict(readString())) {
+            m_lenientStrings.insert(path);
         }
         while (m_position < m_text.size() && !std::strchr(",]} \t\r\n", m_text[m_position])) {
             ++m_position;
@@ -159,12 +178,16 @@ void TavJsonText::readMembers(const QString &path)
     while (!isAt('}')) {
         const int start = m_position;
         const QByteArray quoted = readString();
+        const bool isStrictKey = isStrict(quoted);
         const QString key = QJsonDocument::fromJson('[' + quoted + ']').array().first().toString();
         const QString member = TavJson::memberPath(path, key);
         if (keys.contains(key)) {
             m_doubledKeys.insert(member);
         }
         keys.insert(key);
+        if (!isStrictKey) {
+            m_lenientStrings.insert(member);
+        }
         if (isAt(':')) {
             ++m_position;
         }

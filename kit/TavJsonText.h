@@ -93,6 +93,18 @@ public:
         return m_doubledKeys;
     }
 
+    bool hasByteOrderMark() const
+    {
+        return m_text.startsWith("\xef\xbb\xbf");
+    }
+
+    /// Paths of the texts that JSON forbids and the reader takes, or of the members whose keys are such: they hold
+    /// control characters, or a backslash before a character that needs none.
+    QSet<QString> lenientStrings() const
+    {
+        return m_lenientStrings;
+    }
+
 private:
     struct Value {
         TextPlace place;
@@ -115,4 +127,5 @@ private:
     int m_position = 0; // in m_text, while its values are read
     QHash<QString, Value> m_values; // by path
     QSet<QString> m_doubledKeys;
+    QSet<QString> m_lenientStrings;
 };

@@ -222,9 +222,8 @@ void checkManagers(const QString &file, TavObjectMgr &registry)
 
 TavPluginHost::TavPluginHost(const QString &file) : m_file(file)
 {
-    checkFile(file);
+    checkUnloaded(file);
     QPluginLoader loader(QFileInfo(file).absoluteFilePath()); // or it would look in the directories of libraries
-    checkMetaData(file, loader.metaData());
 
     QElapsedTimer timer;
     timer.start();
@@ -254,6 +253,12 @@ TavPluginHost::~TavPluginHost()
 QObject *TavPluginHost::managerObject(const char *interfaceName)
 {
     return m_registry.getObject(tavManagerKey(interfaceName));
+}
+
+void TavPluginHost::checkUnloaded(const QString &file)
+{
+    checkFile(file);
+    checkMetaData(file, QPluginLoader(QFileInfo(file).absoluteFilePath()).metaData());
 }
 
 TavPluginFacts TavPluginHost::factsOf(const QString &file)
