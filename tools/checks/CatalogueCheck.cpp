@@ -10,6 +10,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QMetaEnum>
+#include <QSet>
 
 namespace
 {
@@ -39,13 +40,25 @@ public:
     void checkParents()
     {
         for (const Parent &parent : qAsConst(m_parents)) {
-            if (!m_pages.contains(parent.type)) {
+            if (leadsBack(parent)) {
+                m_findings.append(
+                    Finding::ofValue(FindingCode::ParentInCircle, parent.path,
+                                     parent.page == parent.type ? "the page is its own parent"
+                                                                : "the page is a parent of its own parents",
+                                     "no way leads to the page, and a client that goes up to the first comes to no end",
+                                     "name a page that is opened from elsewhere"));
+            } else if (!m_pages.contains(parent.type)) {
                 m_findings.append(Finding::ofValue(FindingCode::ParentMissing, parent.path,
                                                    '"' + parent.key + "\" is a parent that does not exist",
                                                    "the plugin stores the type, under which the catalogue has no page",
                                                    "name a page of the catalogue, or add this one"));
             }
         }
+    }
+
+    bool hasPages() const
+    {
+        return !m_pages.isEmpty();
     }
 
     Findings findings() const
@@ -68,8 +81,21 @@ private:
     struct Parent {
         QString path;
         QString key;
+        int page; // whose parent it is
         int type;
     };
+
+    /// Whether the way from parent to parent comes back to the page that it begins with.
+    bool leadsBack(const Parent &parent) const
+    {
+        QSet<int> seen;
+        int type = parent.type;
+        while (type != parent.page && !seen.contains(type)) {
+            seen.insert(type);
+            type = m_parentOf.value(type);
+        }
+        return type > 0 && type == parent.page;
+    }
 
     void checkFunction(const QJsonObject &function, const QString &path)
     {
@@ -129,7 +155,8 @@ private:
         m_pages.insert(type, first);
         const int parent = typeOf<Type>(page["realParentType"]);
         if (parent > 0 && page.contains("subFuncHasParent") && !page["subFuncHasParent"].toBool()) {
-            m_parents.append({path + "/realParentType", page["realParentType"].toString(), parent});
+            m_parents.append({path + "/realParentType", page["realParentType"].toString(), type, parent});
+            m_parentOf.insert(type, parent);
         }
     }
 
@@ -137,6 +164,7 @@ private:
     QHash<int, Page> m_pages; // the first page of each type
     QVector<int> m_above; // types of the functions that the current one is nested in
     QVector<Parent> m_parents;
+    QHash<int, int> m_parentOf; // of each page by its type, 0 for none
     Findings m_findings;
 };
 
@@ -214,7 +242,30 @@ Findings checkText(const QString &file, const QByteArray &json, const TavJsonTex
     EntryCheck entries;
     entries.checkFunctions(text.document().toArray(), QString());
     entries.checkParents();
-    return located(checkAgainstSchema("funcTypeConfig.schema.json", text.document()) + entries.findings(), file, text);
+    Findings findings = checkAgainstSchema("funcTypeConfig.schema.json", text.document()) + entries.findings();
+    if (findings.isEmpty() && !entries.hasPages()) { // anything else that was found may be the reason
+        findings.append(Finding::ofValue(FindingCode::NoVisiblePage, {}, "no entry has a page that is not disabled",
+                                         "there is nothing to open", "add a page, or enable one"));
+    }
+    return located(findings, file, text);
+}
+
+/// The icons of the functions, and of those nested in them, that are none of @p names.
+void checkIconsOf(const QJsonArray &functions, const QString &path, const QSet<QString> &names, Findings &findings)
+{
+    for (int i = 0; i < functions.size(); ++i) {
+        const QJsonObject function = functions[i].toObject();
+        const QString functionPath = TavJson::elementPath(path, i);
+        const QString icon = function["funcIcon"].toString();
+        const bool isName = !icon.trimmed().isEmpty() && !icon.contains('.') && !icon.contains('/');
+        if (isName && function.contains("funcType") && !names.contains(icon.toUpper())) {
+            findings.append(Finding::ofValue(FindingCode::IconWithoutPicture, functionPath + "/funcIcon",
+                                             "no picture directory holds the icon \"" + icon + '"',
+                                             "the function is shown without an icon",
+                                             "put " + icon + ".png into a picture directory, or name another picture"));
+        }
+        checkIconsOf(function["funcList"].toArray(), functionPath + "/funcList", names, findings);
+    }
 }
 
 /// @p findings in the order of @p text, each with the place in the file that holds it as @p base64, too.
@@ -242,4 +293,20 @@ Findings checkCatalogue(const QString &file, const QByteArray &content)
 Findings checkCatalogueText(const QString &file, const QByteArray &json)
 {
     return checkText(file, json, TavJsonText(json));
+}
+
+Findings checkIcons(const QString &file, const QByteArray &content, const PictureFiles &pictures)
+{
+    QSet<QString> names;
+    for (const PictureFile &picture : pictures.files) {
+        names.insert(picture.name);
+    }
+    const TavJsonText text(Base64Text::decoded(content));
+    Findings findings;
+    checkIconsOf(text.document().toArray(), {}, names, findings);
+    for (Finding &finding : findings) {
+        finding.file = file;
+        finding.place = text.placeOf(finding.path);
+    }
+    return inBase64(findings, content, text);
 }

@@ -20,6 +20,17 @@ Findings located(Findings findings, const QString &file, const TavJsonText &text
         findings.append(Finding::ofValue(FindingCode::DoubledKey, path, "the key stands more than once in its object",
                                          "the plugin reads this one alone, the last", "remove the others"));
     }
+    if (text.hasByteOrderMark()) {
+        findings.append(Finding::ofValue(FindingCode::ByteOrderMark, {}, "the text begins with a byte order mark",
+                                         "the plugin's reader passes over it, but JSON has none", "save it without"));
+    }
+    const QSet<QString> lenient = text.lenientStrings();
+    for (const QString &path : lenient) {
+        findings.append(
+            Finding::ofValue(FindingCode::LenientText, path, "JSON forbids this text",
+                             "the plugin's reader takes it, but other readers refuse the whole file",
+                             R"(write control characters as escapes such as "\n", and "\\" for a backslash)"));
+    }
     for (Finding &finding : findings) {
         finding.file = file;
         finding.place = text.placeOf(finding.path);

@@ -55,6 +55,26 @@ const std::vector<FindingKind> &findingKinds()
          "Of several members with one key in an object the plugin reads the last alone.",
          R"({"name": "a", "itemId": 1, "name": "b"})", R"({"itemId": 1, "name": "b"})"},
 
+        {Code::BlankText, Severity::Error, "a blank text",
+         "A title, name, icon or controller is empty or consists of blanks: the client shows nothing, or finds "
+         "nothing.",
+         R"("funcTitle": " ")", R"("funcTitle": "主机信息")"},
+        {Code::TextAmongBlanks, Severity::Warning, "blanks around a text",
+         "The plugin keeps blanks at the beginning and the end; a look-up by the text without them finds nothing.",
+         R"("subFuncClassName": "ITavHostInfoController ")", R"("subFuncClassName": "ITavHostInfoController")"},
+        {Code::HiddenCharacter, Severity::Error, "a character that nobody sees",
+         "The text holds a control character, a character without a width, one that turns the direction of writing, or "
+         "half a character. What is shown is not what is written.",
+         R"("name": "a\u202eb")", R"("name": "ab")"},
+        {Code::ByteOrderMark, Severity::Note, "a byte order mark",
+         "The plugin passes over the mark at the beginning of a text. JSON has none, and other readers refuse it.",
+         "a file saved as \"UTF-8 with signature\"", "the same file saved as UTF-8"},
+        {Code::LenientText, Severity::Warning, "a text that JSON forbids",
+         "In a string JSON has no line ends, tabs or other control characters, and no backslash before a character "
+         "that "
+         "needs none. The plugin's reader takes them all the same.",
+         R"("name": "C:\data")", R"("name": "C:\\data")"},
+
         {Code::UnknownEntryType, Severity::Error, "an unknown function or page type",
          "The plugin knows the types by their keys, case included. Any other text is stored as -1.",
          R"("subFuncType": "SubFunc_ServerResourceInfo")", R"("subFuncType": "SubFunc_serverResourceInfo")"},
@@ -92,6 +112,24 @@ const std::vector<FindingKind> &findingKinds()
          R"("subFuncHasParent": false, "realParentType": "SubFunc_ObjectSetting")",
          "the same, and a page of the type SubFunc_ObjectSetting"},
 
+        {Code::IconWithoutPicture, Severity::Error, "an icon without a picture",
+         "No picture directory of the installation holds a picture of this name, upper and lower case apart.",
+         R"("funcIcon": "hostIcom")", R"("funcIcon": "hostIcon", with hostIcon.png in a picture directory)"},
+        {Code::IconNotAName, Severity::Error, "an icon with a suffix or a directory",
+         "A picture is looked up by its name before the first dot, apart from its directory: a text with a dot or a "
+         "slash finds none.",
+         R"("funcIcon": "hostIcon.png")", R"("funcIcon": "hostIcon")"},
+        {Code::NoVisiblePage, Severity::Error, "a catalogue without a page",
+         "Every page is disabled, or no entry has one. There is nothing to open.",
+         R"([{"funcType": "Func_HostInfo", …, "subFunList": []}])",
+         R"([{"funcType": "Func_HostInfo", …, "subFunList": [{"subFuncType": "SubFunc_serverResourceInfo", …}]}])"},
+        {Code::ParentInCircle, Severity::Error, "pages opened from each other in a circle",
+         "A page names itself as the one from which it is opened, or several name each other. No way leads to them, "
+         "and "
+         "a client that goes up to the first comes to no end.",
+         R"({"subFuncType": "SubFunc_LogAudit", …, "realParentType": "SubFunc_LogAudit"})",
+         R"({"subFuncType": "SubFunc_LogAudit", …, "realParentType": "SubFunc_SelfProtect"})"},
+
         {Code::IdTwice, Severity::Error, "one id twice",
          "The plugin keeps the check items by their ids, the last of each. What is no id counts as 0.",
          R"({"itemId": 101, …}, {"itemId": 101, …})", R"({"itemId": 101, …}, {"itemId": 102, …})"},
@@ -118,6 +156,32 @@ const std::vector<FindingKind> &findingKinds()
         {Code::ScriptNotExecutable, Severity::Error, "a script that nobody may execute",
          "Any execute permission will do: the agent that runs the checks is another user than the one who looks.",
          "-rw-r--r-- check.sh", "-rwxr-xr-x check.sh"},
+        {Code::ScriptOutside, Severity::Error, "a script outside of the script directory",
+         "The name leads out of the directory by \"..\", or a link does. Only what lies in the directory is guarded "
+         "like "
+         "the rest of the installation.",
+         R"("checkValueScript": "/../check.sh")", R"("checkValueScript": "/check.sh")"},
+        {Code::ScriptEmpty, Severity::Error, "an empty script",
+         "A shell takes an empty script for one that succeeds, whatever the machine is like.", "check.sh of 0 bytes",
+         "#!/bin/sh\n…"},
+        {Code::ScriptLineEnd, Severity::Error, "a script with another system's line ends",
+         "The carriage return belongs to the interpreter's name, and there is no such program.",
+         "#!/bin/sh, a carriage return, a line feed", "#!/bin/sh, a line feed"},
+        {Code::NoInterpreter, Severity::Error, "a script without interpreter",
+         "The first line names no program, or one that is not there. A system root without any programs is not asked "
+         "for one.",
+         "#!/usr/bin/zsh", "#!/bin/sh"},
+        {Code::SlashAtEnd, Severity::Error, "a slash too many",
+         "With a slash at its end, the name can only be that of a directory.", R"("checkValueScript": "/check.sh/")",
+         R"("checkValueScript": "/check.sh")"},
+        {Code::ScriptWithDirectory, Severity::Error, "a script with its directory",
+         "The plugin puts the script directory before the text, also where it stands there already, or where the text "
+         "is a URL.",
+         R"("checkValueScript": "/opt/tavsec/script/baselineScript/check.sh")", R"("checkValueScript": "/check.sh")"},
+        {Code::NoScriptDirectory, Severity::Error, "no script directory",
+         "Below the system root there is no script directory, so that no item can be checked. A list of check items "
+         "that is checked by itself wants --root.",
+         "tavctl baseline check baseline.json", "tavctl baseline check baseline.json --root DIR"},
 
         {Code::PictureKeyTwice, Severity::Error, "one picture key fought over",
          "A picture's key is its directory's name and its own name before the first dot, both upper-cased. Of several "
@@ -141,6 +205,25 @@ const std::vector<FindingKind> &findingKinds()
         {Code::NoPictureDirectory, Severity::Error, "no picture directory",
          "In /opt/tavsec/pictures there is no directory, or that place is missing: pages have no pictures.",
          "/opt/tavsec/pictures/", "/opt/tavsec/pictures/navigation/hostIcon.png"},
+
+        {Code::PictureOfOtherSuffix, Severity::Warning, "a picture of another suffix",
+         "The plugin takes files whose names end in \".png\", upper and lower case apart.", "icon.svg", "icon.png"},
+        {Code::PictureHidden, Severity::Warning, "a hidden picture",
+         "The plugin passes over files whose names begin with a dot.", ".icon.png", "icon.png"},
+        {Code::PictureLinkDangling, Severity::Error, "a link to no picture",
+         "What the link names does not exist, and the plugin passes over it.", "icon.png -> gone.png",
+         "icon.png -> hostIcon.png"},
+        {Code::EmptyPictureDirectory, Severity::Warning, "a picture directory without pictures",
+         "There is no file in it that the plugin takes.", "pictures/navigation/", "pictures/navigation/hostIcon.png"},
+        {Code::BlankInPictureName, Severity::Warning, "a blank at the edge of a picture's name",
+         "The blank belongs to the key, and a look-up without it finds nothing.", "\"icon .png\"", "\"icon.png\""},
+        {Code::PictureOfOtherFormat, Severity::Warning, "a picture of another format",
+         "The file is called PNG and is something else. The plugin decodes it where a decoder for that is installed.",
+         "a JPEG picture called icon.png", "a PNG picture called icon.png"},
+        {Code::PictureTooLarge, Severity::Error, "a picture beyond measure",
+         "The header announces more than 16 million pixels. The plugin decodes every picture when a directory is "
+         "appended, at four bytes a pixel: 30000 by 30000 pixels take 3.4 GiB. The picture was not decoded.",
+         "icon.png of 30000 × 30000 pixels", "icon.png of 48 × 48 pixels"},
 
         {Code::NoPluginFile, Severity::Error, "no plugin", "There is no file where the plugin is looked for.",
          "--plugin libTavDataPlugin", "--plugin libTavDataPlugin.so"},
@@ -180,6 +263,14 @@ const std::vector<FindingKind> &findingKinds()
         {Code::PluginWithOtherManagers, Severity::Error, "a plugin with other managers",
          "The plugin does not register every manager that pages look up.", "registers no managers",
          "registers the fifteen managers"},
+        {Code::PluginCrashes, Severity::Error, "a plugin that crashes",
+         "The process in which the plugin was loaded, and was to register its managers, did not end by itself.",
+         "an access to memory that is not there", "registers the fifteen managers"},
+        {Code::PluginHangs, Severity::Error, "a plugin that hangs",
+         "Loading the plugin and having it register its managers takes a moment. After ten seconds the process in "
+         "which "
+         "that was tried was ended.",
+         "a loop without end", "registers the fifteen managers"},
         {Code::NoConfigurationFile, Severity::Error, "a missing configuration file",
          "An installation has a catalogue and a list of check items.", "/etc/tavsec.d/",
          "/etc/tavsec.d/funcTypeConfig.json"},
@@ -188,6 +279,15 @@ const std::vector<FindingKind> &findingKinds()
          "The file exists, but whoever looks may not read it, or the disk does not give it. What is in it was not "
          "checked.",
          "-rw------- root", "-rw-r--r-- root"},
+        {Code::WritableByOthers, Severity::Error, "writable by others",
+         "Somebody else than the owner may change the file, or put another in its place. The client shows it, or the "
+         "agent runs it with its own rights. A group that is the owner's alone, and directories in which each may "
+         "change "
+         "but his own, are not meant.",
+         "-rwxrwxrwx check.sh", "-rwxr-xr-x check.sh"},
+        {Code::OwnedByStranger, Severity::Error, "owned by a stranger",
+         "The owner is neither the administrator nor the owner of the whole system root.", "-rw-r--r-- guest",
+         "-rw-r--r-- root"},
     };
     return kinds;
 }

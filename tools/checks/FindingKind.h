@@ -27,6 +27,11 @@ enum class FindingCode {
     MistypedKey,
     MissingKey,
     DoubledKey,
+    BlankText,
+    TextAmongBlanks,
+    HiddenCharacter,
+    ByteOrderMark,
+    LenientText,
 
     UnknownEntryType = 201, // 2xx: the catalogue
     QualifiedEntryType,
@@ -38,6 +43,10 @@ enum class FindingCode {
     FunctionTwice,
     PageTwice,
     ParentMissing,
+    IconWithoutPicture,
+    IconNotAName,
+    NoVisiblePage,
+    ParentInCircle,
 
     IdTwice = 301, // 3xx: the list of check items
     NoCheckItem,
@@ -49,6 +58,13 @@ enum class FindingCode {
     ScriptMissing,
     ScriptNotAFile,
     ScriptNotExecutable,
+    ScriptOutside,
+    ScriptEmpty,
+    ScriptLineEnd,
+    NoInterpreter,
+    SlashAtEnd,
+    ScriptWithDirectory,
+    NoScriptDirectory,
 
     PictureKeyTwice = 501, // 5xx: the pictures
     PictureLeftToChance,
@@ -57,6 +73,13 @@ enum class FindingCode {
     PictureDirectoryInside,
     PictureOutside,
     NoPictureDirectory,
+    PictureOfOtherSuffix,
+    PictureHidden,
+    PictureLinkDangling,
+    EmptyPictureDirectory,
+    BlankInPictureName,
+    PictureOfOtherFormat,
+    PictureTooLarge,
 
     NoPluginFile = 601, // 6xx: the plugin, and what an installation consists of
     PluginNotAFile,
@@ -72,9 +95,13 @@ enum class FindingCode {
     PluginNotLoadable,
     PluginWithoutInterface,
     PluginWithOtherManagers,
+    PluginCrashes,
+    PluginHangs,
     NoConfigurationFile = 620,
 
     NotReadable = 701, // 7xx: permissions
+    WritableByOthers,
+    OwnedByStranger,
 };
 
 /// @brief What all findings with one code have in common. docs/findings.md is made of it.

@@ -2,6 +2,7 @@
 
 #include "CTavFuncTypeHeader.h"
 #include "CTavSubFuncTypeHeader.h"
+#include "TavHiddenCharacter.h"
 #include "TavJsonPath.h"
 #include "TavNearestText.h"
 
@@ -25,6 +26,9 @@ namespace
 {
 bool conforms(const QJsonValue &value, const QJsonValue &schema)
 {
+    if (schema.toObject().isEmpty()) {
+        return true;
+    }
     // Kept: compiling a schema takes much longer than validating, and the elements of a list share one.
     static QHash<QByteArray, std::shared_ptr<valijson::Schema>> compiled;
     std::shared_ptr<valijson::Schema> &own = compiled[QJsonDocument(schema.toObject()).toJson(QJsonDocument::Compact)];
@@ -107,6 +111,9 @@ public:
             checkMembers(schema["properties"].toObject(), value.toObject(), path);
         } else {
             checkRules(schema, value, value, path);
+            if (schema["x-shown"].toBool()) {
+                checkShown(value.toString(), path);
+            }
             checkElements(schema["items"].toObject(), value.toArray(), path);
         }
     }
@@ -218,6 +225,22 @@ private:
                     rule["x-problem"].toString(), rule["x-effect"].toString().replace("{value}", cut(value.toString())),
                     rule["x-advice"].toString());
             }
+        }
+    }
+
+    /// Reports what makes a text that people see, or that others look for, another one than it seems.
+    void checkShown(const QString &text, const QString &path)
+    {
+        const QString hidden = hiddenCharacterIn(text);
+        if (!hidden.isEmpty()) {
+            add(FindingCode::HiddenCharacter, path, hidden + " stands in the text",
+                "the plugin keeps it, and what is shown is not what is written", "remove it");
+        } else if (text.trimmed().isEmpty()) {
+            add(FindingCode::BlankText, path, text.isEmpty() ? "the text is empty" : "the text is blank",
+                "the client shows nothing there, or finds nothing by it", "write a text");
+        } else if (text.trimmed() != text) {
+            add(FindingCode::TextAmongBlanks, path, "blanks stand around the text",
+                "the plugin keeps them, and a look-up without them finds nothing", "remove them");
         }
     }
 

@@ -234,6 +234,12 @@ public:
         return *this;
     }
 
+    Command &noLoad()
+    {
+        m_command.add_flag("!--no-load", m_options->loads, "look at the plugin's file alone: nothing of it runs");
+        return *this;
+    }
+
     /// As file(), but not standard output: a recording is written in place.
     Command &recording()
     {
@@ -443,6 +449,7 @@ void addCommands(CLI::App &app, Action &action)
     Command<DoctorOptions>(app, "doctor", "check a whole installation: plugin, catalogue, check items, pictures")
         .root("directory to take for \"/\"")
         .plugin()
+        .noLoad()
         .findings()
         .looks(doctor, action);
     Command<ExplainOptions>(app, "explain", "tell what a finding is about").code().runs(explain, action);

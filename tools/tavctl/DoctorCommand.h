@@ -5,6 +5,7 @@
 struct DoctorOptions {
     QString root = "/"; ///< directory taken for "/"
     QString plugin; ///< empty for the one of the installation, or beside this program when that has none
+    bool loads = true; ///< have the plugin register its managers
     FindingOptions findings;
 };
 

@@ -14,6 +14,8 @@
 #include <QMap>
 #include <QMetaEnum>
 
+#include <algorithm>
+
 namespace
 {
 /// @brief A picture that the plugin holds.
@@ -109,9 +111,14 @@ ExitCode showPictures(const PicturesOptions &options)
     const QStringList directories = existingDirectories(options.directories);
     const PictureFiles files = listPictures(directories);
     FindingReport report(options.findings);
-    report.add(checkPictures(files), {});
+    const Findings findings = checkPictures(files);
+    report.add(findings, {});
     const TavPluginHost host = loadPlugin(options.plugin);
-    const HeldPictures pictures = load(directories, files.files);
+    const bool isTooLarge = std::any_of(findings.begin(), findings.end(), [](const Finding &finding) {
+        return finding.code == FindingCode::PictureTooLarge;
+    });
+    // The plugin would decode it, too.
+    const HeldPictures pictures = isTooLarge ? HeldPictures() : load(directories, files.files);
     if (report.showsText()) {
         printPictures(pictures);
         printFindingsHeading(report.findings());

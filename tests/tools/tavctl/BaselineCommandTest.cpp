@@ -87,8 +87,8 @@ TEST_F(BaselineCommand, TellsEveryItemThatAnotherOneOverwrites)
 
 TEST_F(BaselineCommand, TakesNoBlankOfTheSystemRootForOneOfAScript)
 {
-    ASSERT_TRUE(QDir(directory.path()).mkdir("a root"));
-    const QString item = put("baseline", R"({"enableConfig": [{"itemId": 1, "name": "", "checkValueScript": "/x"}]})");
+    ASSERT_TRUE(QDir(directory.path()).mkpath("a root/opt/tavsec/script/baselineScript"));
+    const QString item = put("baseline", R"({"enableConfig": [{"itemId": 1, "name": "a", "checkValueScript": "/x"}]})");
     const Tavctl run({"baseline", "check", "--root", directory.filePath("a root"), item});
     EXPECT_TRUE(run.output.contains("; put the script there, or correct its name\n")) << run.output.toStdString();
 }
@@ -96,18 +96,18 @@ TEST_F(BaselineCommand, TakesNoBlankOfTheSystemRootForOneOfAScript)
 TEST_F(BaselineCommand, TellsAScriptWithANulInItsNameWithoutAWarningOfQt)
 {
     const QString item
-        = put("baseline", R"({"enableConfig": [{"itemId": 1, "name": "", "checkValueScript": "/x\u0000"}]})");
-    const Tavctl run({"baseline", "check", item});
-    EXPECT_TRUE(run.output.contains(": there is no script \"")) << run.output.toStdString();
+        = put("baseline", R"({"enableConfig": [{"itemId": 1, "name": "a", "checkValueScript": "/x\u0000"}]})");
+    const Tavctl run({"baseline", "check", item, "--root", brokenRoot});
+    EXPECT_TRUE(run.output.contains(": the script \"")) << run.output.toStdString();
     EXPECT_EQ(run.errors, "");
 }
 
 TEST_F(BaselineCommand, ShortensLongKeysInTextAlone)
 {
     const QByteArray key(1000, 'x');
-    const QString file
-        = put("baseline",
-              R"({"enableConfig": [{"itemId": 1, "name": "", "checkValueScript": "/check.sh", ")" + key + R"(": 1}]})");
+    const QString file = put("baseline",
+                             R"({"enableConfig": [{"itemId": 1, "name": "a", "checkValueScript": "/check.sh", ")" + key
+                                 + R"(": 1}]})");
     EXPECT_TRUE(reportOn(file).contains(": /enableConfig/0/" + key.left(40) + "…: unknown key"));
     const Tavctl json({"baseline", "check", "--json", "--root", brokenRoot, file});
     EXPECT_EQ(json.json()["findings"].toArray().first()["path"].toString(), "/enableConfig/0/" + key);
@@ -129,7 +129,7 @@ TEST_F(BaselineCommand, LooksAtAFileOnceHoweverManyMistakesItHas)
 
 TEST_F(BaselineCommand, OffersTheSameTextInOtherCaseAndTheOneThatGoesOn)
 {
-    const QByteArray item = R"({"enableConfig": [{"ITEMID": 1, "name": "", "checkValueScript": "/check.sh",
+    const QByteArray item = R"({"enableConfig": [{"ITEMID": 1, "name": "a", "checkValueScript": "/check.sh",
         "description": ""}]})";
     const QString report = reportOn(put("baseline", item));
     EXPECT_TRUE(
@@ -149,7 +149,7 @@ TEST_F(BaselineCommand, OffersOnlyKeysThatAreNear)
 TEST_F(BaselineCommand, CutsLongValues)
 {
     const QByteArray item = R"({"enableConfig": [{"itemId": ")" + QByteArray(1000, 'x')
-        + R"(", "name": "", "checkValueScript": "/check.sh"}]})";
+        + R"(", "name": "a", "checkValueScript": "/check.sh"}]})";
     EXPECT_TRUE(reportOn(put("baseline", item))
                     .contains("/itemId: the string \"" + QString(39, 'x') + "… where a whole number"));
 }
@@ -176,6 +176,6 @@ TEST_F(BaselineCommand, TheBaselineIsTheItemsThatThePluginHolds)
 TEST_F(BaselineCommand, FindsNothingInWhatIsUnusualButRight)
 {
     const QString withSchema = put("baseline", R"({"$schema": "baseline.schema.json", "enableConfig": [
-        {"itemId": -1, "name": "", "checkValueScript": "/../check.sh/../baselineScript/check.sh", "btntext": ""}]})");
+        {"itemId": -1, "name": "a", "checkValueScript": "/../baselineScript/./check.sh", "btntext": ""}]})");
     EXPECT_EQ(reportOn(withSchema), "1 file checked with the scripts below " + brokenRoot + ", no findings\n");
 }

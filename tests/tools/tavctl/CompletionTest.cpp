@@ -37,7 +37,8 @@ TEST(Completion, OffersWhatTheHelpOfEachCommandNames)
     }
     EXPECT_EQ(offers({"cat"}), QStringList{"catalogue"});
     EXPECT_EQ(offers({"doctor", ""}),
-              QStringList({"--fail-on", "--format", "--help", "--ignore", "--json", "--plugin", "--quiet", "--root"}))
+              QStringList({"--fail-on", "--format", "--help", "--ignore", "--json", "--no-load", "--plugin", "--quiet",
+                           "--root"}))
         << "it takes no file";
     EXPECT_EQ(offers({"catalogue", "encode", "-"}), QStringList({"--help", "--output", "--wrap", "-o"}));
     EXPECT_EQ(offers({"catalogue", "decode", "-"}), QStringList({"--help", "--lenient", "--output", "-o"}));

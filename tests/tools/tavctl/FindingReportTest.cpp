@@ -86,7 +86,7 @@ TEST_F(FindingReport, QuietPrintsTheLastLineAlone)
 {
     EXPECT_EQ(check({"--quiet"}).output, checked() + ", 2 findings: 1 error, 1 warning\n");
     const Tavctl doctor({"doctor", "--root", demoRoot, "--quiet"});
-    EXPECT_EQ(doctor.output, "4 parts checked, no findings\n");
+    EXPECT_EQ(doctor.output, "5 parts checked, no findings\n");
     EXPECT_EQ(doctor.exitCode, 0);
 }
 

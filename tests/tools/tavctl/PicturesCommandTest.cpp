@@ -98,7 +98,6 @@ TEST_F(PicturesCommand, FollowsThePluginsWayThroughDirectories)
     put("all/more.png/icon.PNG", png);
     put("all/apart/icon.png", png);
     put("all/.hidden/icon.png", png);
-    put("all/.hidden.png", png);
     put("all/notes.txt", "");
     ASSERT_TRUE(QFile::link(directory.filePath("all"), directory.filePath("all/round.png")));
     const Tavctl run({"pictures", "--json", directory.filePath("all"), directory.filePath("all/apart")});
