@@ -142,10 +142,10 @@ class KeptMessages
 public:
     KeptMessages()
     {
-        s_first.clear();
+        first().clear();
         qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &text) {
-            if (s_first.isEmpty()) {
-                s_first = text;
+            if (first().isEmpty()) {
+                first() = text;
             }
         });
     }
@@ -157,13 +157,12 @@ public:
 
     Q_DISABLE_COPY(KeptMessages)
 
-    static QString first()
+    /// The first of them; empty when there is none.
+    static QString &first()
     {
-        return s_first;
+        static QString text;
+        return text;
     }
-
-private:
-    inline static QString s_first;
 };
 
 void checkContent(const PictureFile &picture, Findings &findings)
