@@ -1,5 +1,6 @@
 #include "TavJsonText.h"
 
+#include "TavHiddenCharacter.h"
 #include "TavJsonPath.h"
 
 #include <QJsonArray>
@@ -47,6 +48,10 @@ QString reasonOf(const QJsonParseError &error, const QByteArray &text, int offse
     if (there == "//" || there == "/*") {
         return "JSON has no comments";
     }
+    const QString hidden = hiddenCharacterIn(QString::fromUtf8(text.mid(offset, 3)).left(1));
+    if (!hidden.isEmpty() && error.error != QJsonParseError::IllegalUTF8String) {
+        return hidden + " stands here, which JSON has only in strings";
+    }
     switch (error.error) {
     case QJsonParseError::UnterminatedObject:
         return R"(a name, "," or "}" is expected here)";
@@ -74,6 +79,20 @@ QString reasonOf(const QJsonParseError &error, const QByteArray &text, int offse
     default:
         return error.errorString();
     }
+}
+}
+
+namespace
+{
+/// Whether JSON allows what stands between the quotes: Qt's reader takes more.
+bool isStrict(const QByteArray &quoted)
+{
+    for (int i = 1; i + 1 < quoted.size(); ++i) {
+        if (uchar(quoted[i]) < 0x20 || (quoted[i] == '\\' && !std::strchr("\"\\/bfnrtu", quoted[++i]))) {
+            return false;
+        }
+    }
+    return true;
 }
 }
 
@@ -110,9 +129,10 @@ TavJsonText::TavJsonText(const QByteArray &text) : m_text(text), m_counter(text)
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
     if (error.error != QJsonParseError::NoError) {
-        const int offset = offsetOf(error, text);
+        const int offset = isUtf16(text) ? 0 : offsetOf(error, text);
         m_error = reasonOf(error, text, offset);
         m_errorPlace = placeAt(text, offset);
+        m_errorOffset = offset;
         return;
     }
     m_document = document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
@@ -131,39 +151,47 @@ bool TavJsonText::isAt(char character)
     return m_position >= m_text.size() || m_text[m_position] == character;
 }
 
-void TavJsonText::readValue(const QString &path)
+void TavJsonText::readValue(const QString &path, const TextRange &key)
 {
-    if (isAt('{')) {
+    const bool isObject = isAt('{');
+    const int start = m_position;
+    const TextPlace place = m_counter.at(start);
+    if (isObject) {
         readMembers(path);
     } else if (isAt('[')) {
         readElements(path);
     } else {
-        m_places.insert(path, m_counter.at(m_position));
-        if (isAt('"')) {
-            readString();
+        if (isAt('"') && !isStrict(readString())) {
+            m_lenientStrings.insert(path);
         }
         while (m_position < m_text.size() && !std::strchr(",]} \t\r\n", m_text[m_position])) {
             ++m_position;
         }
     }
+    m_values.insert(path, {place, {start, m_position - start}, key});
 }
 
 void TavJsonText::readMembers(const QString &path)
 {
-    m_places.insert(path, m_counter.at(m_position++));
+    ++m_position;
     QSet<QString> keys;
     while (!isAt('}')) {
+        const int start = m_position;
         const QByteArray quoted = readString();
+        const bool isStrictKey = isStrict(quoted);
         const QString key = QJsonDocument::fromJson('[' + quoted + ']').array().first().toString();
         const QString member = TavJson::memberPath(path, key);
         if (keys.contains(key)) {
             m_doubledKeys.insert(member);
         }
         keys.insert(key);
+        if (!isStrictKey) {
+            m_lenientStrings.insert(member);
+        }
         if (isAt(':')) {
             ++m_position;
         }
-        readValue(member);
+        readValue(member, {start, quoted.size()});
         if (isAt(',')) {
             ++m_position;
         }
@@ -173,7 +201,7 @@ void TavJsonText::readMembers(const QString &path)
 
 void TavJsonText::readElements(const QString &path)
 {
-    m_places.insert(path, m_counter.at(m_position++));
+    ++m_position;
     for (int index = 0; !isAt(']'); ++index) {
         readValue(TavJson::elementPath(path, index));
         if (isAt(',')) {

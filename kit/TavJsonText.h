@@ -12,6 +12,12 @@ struct TextPlace {
     int column = 0;
 };
 
+/// @brief A stretch of a text, in bytes; an offset of -1 for none.
+struct TextRange {
+    int offset = -1;
+    int length = 0;
+};
+
 /// @brief Counts the lines and characters of a UTF-8 text in one walk: each place asked for lies behind the last.
 class PlaceCounter
 {
@@ -51,6 +57,12 @@ public:
         return m_errorPlace;
     }
 
+    /// The byte where it ceases to be JSON.
+    int errorOffset() const
+    {
+        return m_errorOffset;
+    }
+
     /// The array or object that the text holds.
     QJsonValue document() const
     {
@@ -60,7 +72,19 @@ public:
     /// Where the value at this JSON pointer (TavJsonPath.h) begins; none when there is no such value.
     TextPlace placeOf(const QString &path) const
     {
-        return m_places.value(path);
+        return m_values.value(path).place;
+    }
+
+    /// What the value at this JSON pointer takes of the text; none when there is no such value.
+    TextRange rangeOf(const QString &path) const
+    {
+        return m_values.value(path).range;
+    }
+
+    /// What the key of the member at this JSON pointer takes of the text, with its quotes; none when it is no member.
+    TextRange keyRangeOf(const QString &path) const
+    {
+        return m_values.value(path).key;
     }
 
     /// Paths of the members whose key stands more than once in one object.
@@ -69,9 +93,27 @@ public:
         return m_doubledKeys;
     }
 
+    bool hasByteOrderMark() const
+    {
+        return m_text.startsWith("\xef\xbb\xbf");
+    }
+
+    /// Paths of the texts that JSON forbids and the reader takes, or of the members whose keys are such: they hold
+    /// control characters, or a backslash before a character that needs none.
+    QSet<QString> lenientStrings() const
+    {
+        return m_lenientStrings;
+    }
+
 private:
+    struct Value {
+        TextPlace place;
+        TextRange range;
+        TextRange key;
+    };
+
     bool isAt(char character);
-    void readValue(const QString &path);
+    void readValue(const QString &path, const TextRange &key = {});
     void readMembers(const QString &path);
     void readElements(const QString &path);
     QByteArray readString();
@@ -80,8 +122,10 @@ private:
     PlaceCounter m_counter;
     QString m_error;
     TextPlace m_errorPlace;
+    int m_errorOffset = -1;
     QJsonValue m_document;
-    int m_position = 0; // in m_text, while its places are read
-    QHash<QString, TextPlace> m_places; // of the values, by path
+    int m_position = 0; // in m_text, while its values are read
+    QHash<QString, Value> m_values; // by path
     QSet<QString> m_doubledKeys;
+    QSet<QString> m_lenientStrings;
 };

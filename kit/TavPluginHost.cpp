@@ -176,13 +176,6 @@ QString absolutePath(const QString &file)
     return QFileInfo(file).absoluteFilePath();
 }
 
-/// What can be told of the file without running any of it.
-void checkPlugin(const QString &file)
-{
-    checkFile(file);
-    checkMetaData(file, QPluginLoader(absolutePath(file)).metaData());
-}
-
 /// Loads the plugin, which stays; its root object.
 ITavDataPlugin &load(const QString &file)
 {
@@ -263,7 +256,7 @@ void checkManagers(const QString &file, TavObjectMgr &registry)
 
 TavPluginHost::TavPluginHost(const QString &file) : m_file(file)
 {
-    checkPlugin(file);
+    checkUnloaded(file);
     QElapsedTimer timer;
     timer.start();
     ITavDataPlugin &plugin = load(file);
@@ -283,7 +276,7 @@ TavPluginHost::~TavPluginHost()
 QVector<TavRegistration> TavPluginHost::loadPages(const QString &file)
 {
     try {
-        checkPlugin(file);
+        checkUnloaded(file);
         const QVector<TavRegistration> registered = registerObjects(file, load(file), m_registry);
         if (std::all_of(registered.begin(), registered.end(), [](const auto &row) { return isManagerKey(row.key); })) {
             throw TavPluginError(Kind::NoPages, file,
@@ -300,13 +293,19 @@ QObject *TavPluginHost::managerObject(const char *interfaceName)
     return m_registry.getObject(tavManagerKey(interfaceName));
 }
 
+void TavPluginHost::checkUnloaded(const QString &file)
+{
+    checkFile(file);
+    checkMetaData(file, QPluginLoader(absolutePath(file)).metaData());
+}
+
 TavPluginFacts TavPluginHost::factsOf(const QString &file)
 {
     if (!QFileInfo(file).isFile()) {
         return {};
     }
     const ElfFile library(file);
-    const QJsonObject metaData = QPluginLoader(QFileInfo(file).absoluteFilePath()).metaData();
+    const QJsonObject metaData = QPluginLoader(absolutePath(file)).metaData();
     return {metaData["IID"].toString(), metaData["className"].toString(),
             metaData.isEmpty() ? QString() : qtVersionIn(metaData).toString(),
             library.hasMark() ? library.machine().name() : QString()};

@@ -74,6 +74,9 @@ public:
         return m_loadNanoseconds;
     }
 
+    /// Looks at the file alone, and runs nothing of it. Throws TavPluginError for what speaks against loading it.
+    static void checkUnloaded(const QString &file);
+
     /// What any file says about itself; nothing of it is run. Empty texts when it says nothing.
     static TavPluginFacts factsOf(const QString &file);
 

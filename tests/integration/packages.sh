@@ -85,7 +85,7 @@ cp -r "$broken_root" "$root/root/broken-root"
 status=0
 inside tavctl doctor --root /root/broken-root >"$work/doctor.txt" || status=$?
 cat "$work/doctor.txt"
-[[ $status -eq 1 && $(tail -n 1 "$work/doctor.txt") == "4 parts checked, 33 findings" ]] ||
+[[ $status -eq 1 && $(tail -n 1 "$work/doctor.txt") == "5 parts checked, 51 findings: 40 errors, 11 warnings" ]] ||
     fail "tavctl doctor does not find the planted mistakes"
 # shellcheck disable=SC2016  # that shell expands it
 [[ $(inside bash -c 'source /usr/share/bash-completion/completions/tavctl

@@ -60,7 +60,26 @@ int Base64Text::spareBits(const QByteArray &text)
     return QByteArray::fromBase64(digits).toBase64(QByteArray::OmitTrailingEquals) == digits ? -1 : last;
 }
 
+bool Base64Text::isJsonText(const QByteArray &bytes)
+{
+    const QByteArray text = QByteArray(bytes).replace("\xef\xbb\xbf", "").trimmed();
+    return text.startsWith('[') || text.startsWith('{');
+}
+
 QByteArray Base64Text::decoded(const QByteArray &bytes)
 {
     return QByteArray::fromBase64(QString::fromUtf8(bytes).toLocal8Bit());
+}
+
+Base64Places::Base64Places(const QByteArray &base64) : m_base64(base64), m_counter(base64)
+{
+}
+
+TextPlace Base64Places::at(int offset)
+{
+    const int digits = offset / 3 * 4 + offset % 3; // three bytes are four digits; the second begins in the second
+    while (m_position < m_base64.size() && (m_digits < digits || !isDigit(m_base64[m_position]))) {
+        m_digits += isDigit(m_base64[m_position++]) ? 1 : 0;
+    }
+    return m_counter.at(m_position);
 }

@@ -1,8 +1,10 @@
 #include "BaselineCheck.h"
 
+#include "Base64Text.h"
 #include "BaselineList.h"
 #include "BaselineScript.h"
 #include "InstallationPaths.h"
+#include "RootedPath.h"
 #include "SchemaCheck.h"
 #include "TavCommonUtils.h"
 
@@ -11,6 +13,7 @@
 #include <QJsonObject>
 
 #include <algorithm>
+#include <cerrno>
 
 namespace
 {
@@ -27,7 +30,7 @@ Findings checkIds(const QJsonArray &items)
         const QString path = "/enableConfig/" + QString::number(i);
         if (winners[id] != path) {
             findings.append(Finding::ofValue(
-                items[i].toObject().contains("itemId") ? path + "/itemId" : path,
+                FindingCode::IdTwice, items[i].toObject().contains("itemId") ? path + "/itemId" : path,
                 QString("the plugin reads the id %1 also from %2").arg(id).arg(winners[id]),
                 QString("this item is overwritten by %2, which getItemConfig(%1) gives").arg(id).arg(winners[id]),
                 "write another id in one of them"));
@@ -36,39 +39,104 @@ Findings checkIds(const QJsonArray &items)
     return findings;
 }
 
-/// Why the script with this name cannot be run, and what to do; two empty texts when it can.
-QPair<QString, QString> scriptFault(const QString &name)
+FindingCode codeOf(ScriptFlaw::Kind kind)
 {
-    const QString path = InstallationPaths::scripts() + name;
-    const QString script = '"' + TavCommonUtils::pathInSystemRoot(path) + '"';
-    switch (scriptState(path)) {
-    case ScriptState::Runnable:
-        return {};
-    case ScriptState::Missing:
-        return {"there is no script " + script,
-                std::any_of(name.begin(), name.end(), [](QChar character) { return character.isSpace(); })
-                    ? "put the script there, or correct its name: a blank is part of it, and arguments cannot be given"
-                    : "put the script there, or correct its name"};
-    case ScriptState::NotAFile:
-        return {script + " is not a regular file", "name a script"};
-    case ScriptState::NotExecutable:
-        return {script + " is not executable", "make it executable with \"chmod +x\""};
+    switch (kind) {
+    case ScriptFlaw::Missing:
+        return FindingCode::ScriptMissing;
+    case ScriptFlaw::NotReadable:
+        return FindingCode::NotReadable;
+    case ScriptFlaw::NotAFile:
+        return FindingCode::ScriptNotAFile;
+    case ScriptFlaw::NotExecutable:
+        return FindingCode::ScriptNotExecutable;
+    case ScriptFlaw::Outside:
+        return FindingCode::ScriptOutside;
+    case ScriptFlaw::Empty:
+        return FindingCode::ScriptEmpty;
+    case ScriptFlaw::ForeignLineEnd:
+        return FindingCode::ScriptLineEnd;
+    case ScriptFlaw::NoInterpreter:
+        return FindingCode::NoInterpreter;
     }
-    return {};
+    Q_UNREACHABLE();
+}
+
+/// What to do about the flaw of the script with this name.
+QString adviceFor(ScriptFlaw::Kind kind, const QString &name)
+{
+    switch (kind) {
+    case ScriptFlaw::Missing:
+        return std::any_of(name.begin(), name.end(), [](QChar character) { return character.isSpace(); })
+            ? "put the script there, or correct its name: a blank is part of it, and arguments cannot be given"
+            : "put the script there, or correct its name";
+    case ScriptFlaw::NotReadable:
+        return "look at it as a user who may";
+    case ScriptFlaw::NotAFile:
+        return "name a script";
+    case ScriptFlaw::NotExecutable:
+        return R"(make it executable with "chmod +x")";
+    case ScriptFlaw::Outside:
+        return "put the script itself into the directory";
+    case ScriptFlaw::Empty:
+        return "write the script";
+    case ScriptFlaw::ForeignLineEnd:
+        return "save it with line feeds alone";
+    case ScriptFlaw::NoInterpreter:
+        return R"(begin it with a line such as "#!/bin/sh")";
+    }
+    Q_UNREACHABLE();
+}
+
+QString effectOf(ScriptFlaw::Kind kind)
+{
+    switch (kind) {
+    case ScriptFlaw::NotReadable:
+        return "whether it can be run is not known";
+    case ScriptFlaw::Outside:
+        return "the agent runs with its own rights what others may be able to change";
+    case ScriptFlaw::Empty:
+        return "the item is checked by a script that never fails";
+    default:
+        return "the plugin hands its path out, but the item cannot be checked";
+    }
+}
+
+/// Whether the schema has found fault with the name already.
+bool isWrongName(const QString &name)
+{
+    return !name.startsWith('/') || (name.size() > 1 && name.endsWith('/'))
+        || name.startsWith(InstallationPaths::scripts() + '/');
 }
 
 Findings checkScripts(const QJsonArray &items)
 {
+    const RootedPath directory = followInRoot(InstallationPaths::scripts());
+    if (directory.error != 0 && !items.isEmpty()) {
+        const bool isHidden = directory.error == EACCES;
+        return {Finding::ofValue(isHidden ? FindingCode::NotReadable : FindingCode::NoScriptDirectory, "/enableConfig",
+                                 QString(R"(the script directory "%1" %2)")
+                                     .arg(TavCommonUtils::pathInSystemRoot(InstallationPaths::scripts()),
+                                          isHidden ? "cannot be seen" : "does not exist"),
+                                 "no item can be checked", "put it there, or name another system root with --root")};
+    }
     Findings findings;
+    QHash<QString, QVector<ScriptFlaw>> flawsOf;
     for (int i = 0; i < items.size(); ++i) {
-        const QString value = items[i]["checkValueScript"].toString();
-        if (!value.startsWith('/')) {
-            continue; // no path within the script directory
+        const QString name = items[i]["checkValueScript"].toString();
+        if (isWrongName(name)) {
+            continue;
         }
-        const auto [problem, advice] = scriptFault(value);
-        if (!problem.isEmpty()) {
-            findings.append(Finding::ofValue(QString("/enableConfig/%1/checkValueScript").arg(i), problem,
-                                             "the plugin hands its path out, but the item cannot be checked", advice));
+        const QString path = InstallationPaths::scripts() + name;
+        if (!flawsOf.contains(path)) { // many items may share a script
+            flawsOf.insert(path, scriptFlaws(path));
+        }
+        const QVector<ScriptFlaw> flaws = flawsOf[path];
+        for (const ScriptFlaw &flaw : flaws) {
+            findings.append(Finding::ofValue(
+                codeOf(flaw.kind), QString("/enableConfig/%1/checkValueScript").arg(i),
+                QString(R"(the script "%1" %2)").arg(TavCommonUtils::pathInSystemRoot(path), flaw.problem),
+                effectOf(flaw.kind), adviceFor(flaw.kind, name)));
         }
     }
     return findings;
@@ -78,9 +146,13 @@ Findings checkScripts(const QJsonArray &items)
 Findings checkBaseline(const QString &file, const QByteArray &content)
 {
     const TavJsonText text(content);
+    if (Base64Text::firstWrong(content) < 0 && Base64Text::isJsonText(Base64Text::decoded(content))) {
+        return {Finding::atPlace(FindingCode::Base64WhereJsonBelongs, file, text.errorPlace(),
+                                 "not JSON: this is Base64", "the plugin loads no check item",
+                                 R"(write what "tavctl catalogue decode" shows)")};
+    }
     if (!text.error().isEmpty()) {
-        return {Finding::atPlace(file, text.errorPlace(), "not JSON: " + text.error(), "the plugin loads no check item",
-                                 "correct the text")};
+        return {Finding::ofNoJson(file, content, text, "the plugin loads no check item")};
     }
     const QJsonArray items = BaselineList::itemsOf(text.document().toObject());
     return located(checkAgainstSchema("baseline.schema.json", text.document()) + checkIds(items) + checkScripts(items),

@@ -10,6 +10,7 @@
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QMetaEnum>
+#include <QSet>
 
 namespace
 {
@@ -39,12 +40,25 @@ public:
     void checkParents()
     {
         for (const Parent &parent : qAsConst(m_parents)) {
-            if (!m_pages.contains(parent.type)) {
-                m_findings.append(Finding::ofValue(parent.path, '"' + parent.key + "\" is a parent that does not exist",
+            if (leadsBack(parent)) {
+                m_findings.append(
+                    Finding::ofValue(FindingCode::ParentInCircle, parent.path,
+                                     parent.page == parent.type ? "the page is its own parent"
+                                                                : "the page is a parent of its own parents",
+                                     "no way leads to the page, and a client that goes up to the first comes to no end",
+                                     "name a page that is opened from elsewhere"));
+            } else if (!m_pages.contains(parent.type)) {
+                m_findings.append(Finding::ofValue(FindingCode::ParentMissing, parent.path,
+                                                   '"' + parent.key + "\" is a parent that does not exist",
                                                    "the plugin stores the type, under which the catalogue has no page",
                                                    "name a page of the catalogue, or add this one"));
             }
         }
+    }
+
+    bool hasPages() const
+    {
+        return !m_pages.isEmpty();
     }
 
     Findings findings() const
@@ -67,8 +81,21 @@ private:
     struct Parent {
         QString path;
         QString key;
+        int page; // whose parent it is
         int type;
     };
+
+    /// Whether the way from parent to parent comes back to the page that it begins with.
+    bool leadsBack(const Parent &parent) const
+    {
+        QSet<int> seen;
+        int type = parent.type;
+        while (type != parent.page && !seen.contains(type)) {
+            seen.insert(type);
+            type = m_parentOf.value(type);
+        }
+        return type > 0 && type == parent.page;
+    }
 
     void checkFunction(const QJsonObject &function, const QString &path)
     {
@@ -77,14 +104,16 @@ private:
         const Function self{path, function["funcTitle"].toString(), function["funcIcon"].toString()};
         const Function first = m_functions.value(type, self);
         if (type > 0 && m_above.contains(type)) {
-            m_findings.append(Finding::ofValue(
-                path + "/funcType", '"' + key + "\" is the type of an entry that this one is nested in",
-                "the pages of both are found for either, and a client that builds its menu by the "
-                "types of parents comes to no end",
-                "write another type, or move its pages to an entry that stands beside the other"));
+            m_findings.append(
+                Finding::ofValue(FindingCode::NestedInItself, path + "/funcType",
+                                 '"' + key + "\" is the type of an entry that this one is nested in",
+                                 "the pages of both are found for either, and a client that builds its menu by the "
+                                 "types of parents comes to no end",
+                                 "write another type, or move its pages to an entry that stands beside the other"));
         } else if (type > 0 && (first.title != self.title || first.icon != self.icon)) {
             m_findings.append(Finding::ofValue(
-                path + "/funcType", '"' + key + "\" stands already at " + first.path + ", with another title or icon",
+                FindingCode::FunctionTwice, path + "/funcType",
+                '"' + key + "\" stands already at " + first.path + ", with another title or icon",
                 QString("getFuncInfoData gives the first title and icon (%1, %2)").arg(first.title, first.icon),
                 "write the title and icon of the first, or another type"));
         }
@@ -115,17 +144,19 @@ private:
         const Page self{path, page["subFuncClassName"].toString()};
         const Page first = m_pages.value(type, self);
         if (type > 0 && first.path != path) {
-            m_findings.append(Finding::ofValue(
-                path + "/subFuncType", '"' + page["subFuncType"].toString() + "\" stands already at " + first.path,
-                QString("a look-up by type finds the first: choosing this page opens the first one's "
-                        "controller (%1)")
-                    .arg(first.controller),
-                "remove or disable one of them, or write another type"));
+            m_findings.append(
+                Finding::ofValue(FindingCode::PageTwice, path + "/subFuncType",
+                                 '"' + page["subFuncType"].toString() + "\" stands already at " + first.path,
+                                 QString("a look-up by type finds the first: choosing this page opens the first one's "
+                                         "controller (%1)")
+                                     .arg(first.controller),
+                                 "remove or disable one of them, or write another type"));
         }
         m_pages.insert(type, first);
         const int parent = typeOf<Type>(page["realParentType"]);
         if (parent > 0 && page.contains("subFuncHasParent") && !page["subFuncHasParent"].toBool()) {
-            m_parents.append({path + "/realParentType", page["realParentType"].toString(), parent});
+            m_parents.append({path + "/realParentType", page["realParentType"].toString(), type, parent});
+            m_parentOf.insert(type, parent);
         }
     }
 
@@ -133,6 +164,7 @@ private:
     QHash<int, Page> m_pages; // the first page of each type
     QVector<int> m_above; // types of the functions that the current one is nested in
     QVector<Parent> m_parents;
+    QHash<int, int> m_parentOf; // of each page by its type, 0 for none
     Findings m_findings;
 };
 
@@ -141,41 +173,50 @@ const char *const nothingRead = "the plugin reads nothing, and the navigation is
 /// What is wrong with the Base64 text; @p isRead tells whether the plugin finds JSON in it all the same.
 Findings checkBase64(const QString &file, const QByteArray &content, bool isRead)
 {
-    const auto found = [&](int offset, const QString &problem, const QString &effect, const QString &advice) {
-        return Finding::atPlace(file, placeAt(content, offset), problem, effect, advice);
-    };
+    using Code = FindingCode;
+    const auto found
+        = [&](Code code, int offset, const QString &problem, const QString &effect, const QString &advice) {
+              return Finding::atPlace(code, file, placeAt(content, offset), problem, effect, advice);
+          };
     if (content.trimmed().isEmpty()) {
-        return {found(0, "the file is empty", nothingRead,
+        return {found(Code::EmptyFile, 0, "the file is empty", nothingRead,
                       R"(write it with "tavctl catalogue encode" from the JSON text of a catalogue)")};
     }
     if (isUtf16(content)) {
-        return {found(0, "not Base64: the file is UTF-16", nothingRead, "save the file as UTF-8 or ASCII")};
+        return {
+            found(Code::Utf16, 0, "not Base64: the file is UTF-16", nothingRead, "save the file as UTF-8 or ASCII")};
+    }
+    if (Base64Text::isJsonText(content)) {
+        return {found(Code::JsonWhereBase64Belongs, 0, "not Base64: this is the JSON text itself", nothingRead,
+                      R"(encode it with "tavctl catalogue encode")")};
+    }
+    if (content.trimmed().startsWith("-----BEGIN")) {
+        return {found(Code::PemArmour, content.indexOf('-'), "not Base64: lines stand around it", nothingRead,
+                      "remove the lines that begin with dashes")};
     }
     Findings findings;
     const int nul = content.indexOf('\0');
     const QByteArray text = content.mid(0, nul); // all of it when there is none
     const int wrong = Base64Text::firstWrong(text);
     const QByteArray character = text.mid(wrong, 1);
-    const bool isPlain = content.trimmed().startsWith('[') || content.trimmed().startsWith('{');
+    const Code code = isRead ? Code::StrayInBase64 : Code::NotBase64;
     const QString again = isRead
         ? R"(write what "tavctl catalogue decode --lenient" shows with "tavctl catalogue encode")"
-        : isPlain
-        ? R"(encode the JSON text with "tavctl catalogue encode")"
         : R"(correct what "tavctl catalogue decode --lenient" shows, and write that with "tavctl catalogue encode")";
     if (wrong == text.size()) {
-        findings.append(found(wrong, "not Base64: the text ends too early",
+        findings.append(found(code, wrong, "not Base64: the text ends too early",
                               isRead ? "the plugin leaves the last character out and reads the rest" : nothingRead,
                               again));
     } else if (wrong >= 0 && (character == "-" || character == "_")) {
-        findings.append(found(wrong, "not Base64: this character is of the alphabet for URLs",
+        findings.append(found(code, wrong, "not Base64: this character is of the alphabet for URLs",
                               isRead ? "the plugin leaves it out and reads the rest" : nothingRead,
                               R"(write "+" for each "-" and "/" for each "_")"));
     } else if (wrong >= 0) {
-        findings.append(found(wrong, "not Base64: this character does not belong there",
+        findings.append(found(code, wrong, "not Base64: this character does not belong there",
                               isRead ? "the plugin leaves it out and reads the rest" : nothingRead, again));
     }
     if (nul >= 0) {
-        findings.append(found(nul, "not Base64: a NUL byte",
+        findings.append(found(code, nul, "not Base64: a NUL byte",
                               isRead ? "the plugin reads only what stands before it"
                                      : "the plugin reads only what stands before it, and the navigation is empty",
                               again));
@@ -183,26 +224,58 @@ Findings checkBase64(const QString &file, const QByteArray &content, bool isRead
     return findings;
 }
 
-/// Why the decoded text is no JSON.
+/// Why the text is no JSON.
 Finding checkNoJson(const QString &file, const QByteArray &json, const TavJsonText &text)
 {
-    if (isUtf16(json)) {
-        return Finding::atPlace(file, {1, 1}, "not JSON: the text is UTF-16", nothingRead,
-                                "save the JSON text as UTF-8, and encode that");
-    }
     if (Base64Text::firstWrong(json) < 0 && TavJsonText(Base64Text::decoded(json)).error().isEmpty()) {
-        return Finding::atPlace(file, {1, 1}, "not JSON: the text is encoded twice", nothingRead,
-                                R"(put the text there that "tavctl catalogue decode" shows)");
+        return Finding::atPlace(FindingCode::EncodedTwice, file, {1, 1}, "not JSON: the text is encoded twice",
+                                nothingRead, R"(put the text there that "tavctl catalogue decode" shows)");
     }
-    return Finding::atPlace(file, text.errorPlace(), "not JSON: " + text.error(), nothingRead,
-                            R"(correct the text that "tavctl catalogue decode" shows)");
+    return Finding::ofNoJson(file, json, text, nothingRead);
 }
 
-/// @p findings as those of the text that the file holds in Base64.
-Findings decoded(Findings findings)
+Findings checkText(const QString &file, const QByteArray &json, const TavJsonText &text)
 {
+    if (!text.error().isEmpty()) {
+        return {checkNoJson(file, json, text)};
+    }
+    EntryCheck entries;
+    entries.checkFunctions(text.document().toArray(), QString());
+    entries.checkParents();
+    Findings findings = checkAgainstSchema("funcTypeConfig.schema.json", text.document()) + entries.findings();
+    if (findings.isEmpty() && !entries.hasPages()) { // anything else that was found may be the reason
+        findings.append(Finding::ofValue(FindingCode::NoVisiblePage, {}, "no entry has a page that is not disabled",
+                                         "there is nothing to open", "add a page, or enable one"));
+    }
+    return located(findings, file, text);
+}
+
+/// The icons of the functions, and of those nested in them, that are none of @p names.
+void checkIconsOf(const QJsonArray &functions, const QString &path, const QSet<QString> &names, Findings &findings)
+{
+    for (int i = 0; i < functions.size(); ++i) {
+        const QJsonObject function = functions[i].toObject();
+        const QString functionPath = TavJson::elementPath(path, i);
+        const QString icon = function["funcIcon"].toString();
+        const bool isName = !icon.trimmed().isEmpty() && !icon.contains('.') && !icon.contains('/');
+        if (isName && function.contains("funcType") && !names.contains(icon.toUpper())) {
+            findings.append(Finding::ofValue(FindingCode::IconWithoutPicture, functionPath + "/funcIcon",
+                                             "no picture directory holds the icon \"" + icon + '"',
+                                             "the function is shown without an icon",
+                                             "put " + icon + ".png into a picture directory, or name another picture"));
+        }
+        checkIconsOf(function["funcList"].toArray(), functionPath + "/funcList", names, findings);
+    }
+}
+
+/// @p findings in the order of @p text, each with the place in the file that holds it as @p base64, too.
+Findings inBase64(Findings findings, const QByteArray &base64, const TavJsonText &text)
+{
+    Base64Places places(base64);
     for (Finding &finding : findings) {
-        finding.decoded = true;
+        finding.inText = finding.place;
+        finding.place
+            = places.at(qMax(0, text.error().isEmpty() ? text.rangeOf(finding.path).offset : text.errorOffset()));
     }
     return findings;
 }
@@ -214,12 +287,26 @@ Findings checkCatalogue(const QString &file, const QByteArray &content)
     const TavJsonText text(json);
     const bool isRead = text.error().isEmpty();
     const Findings findings = checkBase64(file, content, isRead);
-    if (!isRead) {
-        return findings.isEmpty() ? decoded({checkNoJson(file, json, text)}) : findings;
+    return !isRead && !findings.isEmpty() ? findings : findings + inBase64(checkText(file, json, text), content, text);
+}
+
+Findings checkCatalogueText(const QString &file, const QByteArray &json)
+{
+    return checkText(file, json, TavJsonText(json));
+}
+
+Findings checkIcons(const QString &file, const QByteArray &content, const PictureFiles &pictures)
+{
+    QSet<QString> names;
+    for (const PictureFile &picture : pictures.files) {
+        names.insert(picture.name);
     }
-    EntryCheck entries;
-    entries.checkFunctions(text.document().toArray(), QString());
-    entries.checkParents();
-    const Findings inside = checkAgainstSchema("funcTypeConfig.schema.json", text.document()) + entries.findings();
-    return findings + decoded(located(inside, file, text));
+    const TavJsonText text(Base64Text::decoded(content));
+    Findings findings;
+    checkIconsOf(text.document().toArray(), {}, names, findings);
+    for (Finding &finding : findings) {
+        finding.file = file;
+        finding.place = text.placeOf(finding.path);
+    }
+    return inBase64(findings, content, text);
 }

@@ -1,7 +1,14 @@
 #pragma once
 
 #include "Finding.h"
+#include "PictureCheck.h"
 
-/// Mistakes in a navigation catalogue: @p content is the Base64 text that @p file holds. Places and paths are those of
-/// the JSON text inside, once it can be read.
+/// Mistakes in a navigation catalogue as the plugin reads it: @p content is the Base64 text that @p file holds. What is
+/// found in the JSON text inside has its place in both.
 Findings checkCatalogue(const QString &file, const QByteArray &content);
+
+/// The icons of the catalogue that none of @p pictures has the name of.
+Findings checkIcons(const QString &file, const QByteArray &content, const PictureFiles &pictures);
+
+/// Mistakes in the JSON text of a catalogue, from which the Base64 text is made.
+Findings checkCatalogueText(const QString &file, const QByteArray &json);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FindingKind.h"
 #include "TavJsonText.h"
 
 #include <QString>
@@ -8,31 +9,43 @@
 /// @brief A mistake in a file of an installation: where it stands and what to do about it.
 struct Finding {
     /// A mistake of the file or directory as a whole.
-    static Finding ofFile(const QString &file, const QString &problem, const QString &effect, const QString &advice)
+    static Finding ofFile(FindingCode code, const QString &file, const QString &problem, const QString &effect,
+                          const QString &advice)
     {
-        return {file, {}, {}, problem, effect, advice};
+        return {code, file, {}, {}, {}, problem, effect, advice};
     }
 
     /// A mistake at a place of the file's text.
-    static Finding atPlace(const QString &file, const TextPlace &place, const QString &problem, const QString &effect,
-                           const QString &advice)
+    static Finding atPlace(FindingCode code, const QString &file, const TextPlace &place, const QString &problem,
+                           const QString &effect, const QString &advice)
     {
-        return {file, place, {}, problem, effect, advice};
+        return {code, file, place, {}, {}, problem, effect, advice};
     }
 
     /// A mistake of the value at a JSON pointer; located() says in which file that is, and where.
-    static Finding ofValue(const QString &path, const QString &problem, const QString &effect, const QString &advice)
+    static Finding ofValue(FindingCode code, const QString &path, const QString &problem, const QString &effect,
+                           const QString &advice)
     {
-        return {{}, {}, path, problem, effect, advice};
+        return {code, {}, {}, {}, path, problem, effect, advice};
     }
 
+    /// That @p content, which @p text has tried to read, is no JSON.
+    static Finding ofNoJson(const QString &file, const QByteArray &content, const TavJsonText &text,
+                            const QString &effect);
+
+    const FindingKind &kind() const
+    {
+        return kindOf(code);
+    }
+
+    FindingCode code;
     QString file;
-    TextPlace place; ///< of the value; none when the finding is about the file as a whole
+    TextPlace place; ///< in the file; none when the finding is about the file as a whole
+    TextPlace inText; ///< in the JSON text that the file holds in Base64; none when it does not
     QString path; ///< JSON pointer of the value; empty for the document, and for files that are not JSON
     QString problem; ///< what is wrong
     QString effect; ///< what the plugin makes of it
     QString advice; ///< what to write instead
-    bool decoded = false; ///< the place is one of the text that the file holds in Base64
 };
 
 using Findings = QVector<Finding>;

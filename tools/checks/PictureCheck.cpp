@@ -7,6 +7,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <optional>
 
 namespace
 {
@@ -26,11 +27,15 @@ public:
             m_listed.clear();
             m_found.clear();
             list(directory);
+            if (!QDir(directory).isReadable()) {
+                m_result.passedOver.append({FindingCode::NotReadable, directory});
+            } else if (m_found.isEmpty()) {
+                m_result.passedOver.append({FindingCode::EmptyPictureDirectory, directory});
+            }
             std::reverse(m_found.begin(), m_found.end());
             m_result.files += m_found;
         }
         keepLastOfEachFile();
-        m_result.skippedDirectories.sort();
     }
 
     PictureFiles result() const
@@ -57,14 +62,34 @@ private:
                 m_found.append({directory.dirName().toUpper(), entry->baseName().toUpper(), entry->filePath()});
             }
         }
-        const QFileInfoList below = directory.entryInfoList(QDir::Dirs | QDir::NoDotAndDotDot);
-        for (const QFileInfo &entry : below) {
-            const QString place = entry.canonicalFilePath();
-            if (!QDir::match(pattern, entry.fileName()) && !m_scannedOrTold.contains(place)) {
+        const QFileInfoList all = directory.entryInfoList(
+            QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
+        for (const QFileInfo &entry : all) {
+            const std::optional<FindingCode> code = whyPassedOver(entry);
+            const QString place = entry.isDir() ? entry.canonicalFilePath() : entry.absoluteFilePath();
+            if (code && !entries.contains(entry) && !m_scannedOrTold.contains(place)) {
                 m_scannedOrTold.insert(place);
-                m_result.skippedDirectories.append(entry.filePath());
+                m_result.passedOver.append({*code, entry.filePath()});
             }
         }
+    }
+
+    /// Why the plugin does not take an entry that it does not list; none for what nobody takes for a picture.
+    static std::optional<FindingCode> whyPassedOver(const QFileInfo &entry)
+    {
+        static const QStringList otherSuffixes{"bmp",  "gif", "ico",  "jpeg", "jpg", "svg",
+                                               "svgz", "tif", "tiff", "webp", "xpm"};
+        const bool isNamedSo = QDir::match(pattern, entry.fileName());
+        if (entry.isDir()) {
+            return isNamedSo || entry.isHidden() ? std::nullopt : std::optional(FindingCode::PictureDirectoryInside);
+        }
+        if (!isNamedSo) {
+            return otherSuffixes.contains(entry.suffix().toLower()) ? std::optional(FindingCode::PictureOfOtherSuffix)
+                                                                    : std::nullopt;
+        }
+        return !entry.exists() ? FindingCode::PictureLinkDangling
+            : !entry.isFile()  ? FindingCode::PictureNotAFile
+                               : FindingCode::PictureHidden;
     }
 
     /// A file that is loaded again for its key, as from a directory that is appended twice, counts once.
@@ -101,26 +126,111 @@ void checkKeys(const QVector<PictureFile> &files, Findings &findings)
         if (file.canonicalFilePath() == winner.canonicalFilePath()) {
             continue;
         }
+        const bool isChance = differInCaseAlone(picture.file, winner.filePath());
         findings.append(
-            Finding::ofFile(picture.file, QString("has the same key as %1: %2").arg(winner.filePath(), picture.key()),
-                            differInCaseAlone(picture.file, winner.filePath())
-                                ? "which of the two the plugin holds is left to chance"
-                                : "the other one wins: the plugin loads it later, and this picture is never found",
+            Finding::ofFile(isChance ? FindingCode::PictureLeftToChance : FindingCode::PictureKeyTwice, picture.file,
+                            QString("has the same key as %1: %2").arg(winner.filePath(), picture.key()),
+                            isChance ? "which of the two the plugin holds is left to chance"
+                                     : "the other one wins: the plugin loads it later, and this picture is never found",
                             "give one of them a name that differs before its first dot"));
     }
 }
 
-void checkContents(const QVector<PictureFile> &files, Findings &findings)
+/// @brief Keeps what Qt would log for as long as it lives: decoders explain themselves there, on standard error.
+class KeptMessages
 {
-    for (const PictureFile &picture : files) {
-        // A pipe or a device in a picture's place could block for ever.
-        QImageReader reader(picture.file);
-        const bool isFile = QFileInfo(picture.file).isFile();
-        if (!isFile || reader.read().isNull()) {
-            findings.append(Finding::ofFile(
-                picture.file, isFile ? "cannot be decoded: " + reader.errorString() : "not a regular file",
-                "the plugin holds an empty picture for the key " + picture.key(), "put a PNG picture in its place"));
-        }
+public:
+    KeptMessages()
+    {
+        first().clear();
+        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &text) {
+            if (first().isEmpty()) {
+                first() = text;
+            }
+        });
+    }
+
+    ~KeptMessages()
+    {
+        qInstallMessageHandler(nullptr);
+    }
+
+    Q_DISABLE_COPY(KeptMessages)
+
+    /// The first of them; empty when there is none.
+    static QString &first()
+    {
+        static QString text;
+        return text;
+    }
+};
+
+void checkContent(const PictureFile &picture, Findings &findings)
+{
+    const QString emptyPicture = "the plugin holds an empty picture for the key " + picture.key();
+    const auto found = [&](FindingCode code, const QString &problem, const QString &effect, const QString &advice) {
+        findings.append(Finding::ofFile(code, picture.file, problem, effect, advice));
+    };
+    const QFileInfo file(picture.file);
+    if (!file.isFile()) { // a pipe or a device in a picture's place could block for ever
+        found(FindingCode::PictureNotAFile, "not a regular file", emptyPicture, "put a PNG picture in its place");
+        return;
+    }
+    if (!file.isReadable()) {
+        found(FindingCode::NotReadable, QString("cannot be read; it belongs to the user %1").arg(file.ownerId()),
+              "what it holds is not known", "look at it as a user who may read it");
+        return;
+    }
+    const KeptMessages messages;
+    QImageReader reader(picture.file);
+    const QSize size = reader.size();
+    constexpr qint64 mostPixels = 16 << 20;
+    if (qint64(size.width()) * size.height() > mostPixels) {
+        found(FindingCode::PictureTooLarge, QString("has %1 × %2 pixels").arg(size.width()).arg(size.height()),
+              QString("the plugin takes %1 MiB of memory for it").arg((qint64(size.width()) * size.height() * 4) >> 20),
+              "put a smaller picture in its place");
+        return;
+    }
+    const QByteArray format = reader.format();
+    if (reader.read().isNull()) {
+        found(FindingCode::PictureUndecodable,
+              "cannot be decoded: " + (KeptMessages::first().isEmpty() ? reader.errorString() : KeptMessages::first()),
+              emptyPicture, "put a PNG picture in its place");
+    } else if (format != "png") {
+        found(FindingCode::PictureOfOtherFormat, "is no PNG picture, but " + QString::fromLatin1(format),
+              "the plugin holds it where a decoder for that is installed", "put a PNG picture in its place");
+    }
+    if (picture.name.trimmed() != picture.name) {
+        found(FindingCode::BlankInPictureName, "a blank at the edge of the name",
+              QString("the plugin holds it under the key \"%1\", blank included").arg(picture.key()), "rename it");
+    }
+}
+
+Finding findingOn(const PassedOver &entry)
+{
+    const auto found = [&entry](const QString &problem, const QString &effect, const QString &advice) {
+        return Finding::ofFile(entry.code, entry.file, problem, effect, advice);
+    };
+    const QString passedOver = "the plugin passes over it";
+    switch (entry.code) {
+    case FindingCode::PictureDirectoryInside:
+        return found("a directory inside a picture directory", "the plugin does not scan it",
+                     "move it beside the directory that it is in");
+    case FindingCode::PictureOfOtherSuffix:
+        return found("a picture of another suffix", passedOver, "put a PNG picture in its place");
+    case FindingCode::PictureHidden:
+        return found("a hidden picture", passedOver, "give it a name without a dot before it, or remove it");
+    case FindingCode::PictureLinkDangling:
+        return found("a link to nothing: " + QFileInfo(entry.file).symLinkTarget(), passedOver,
+                     "put the picture there, or remove the link");
+    case FindingCode::EmptyPictureDirectory:
+        return found("a picture directory without pictures", "pages find nothing in it",
+                     "put pictures there, or remove it");
+    case FindingCode::NotReadable:
+        return found(QString("cannot be listed; it belongs to the user %1").arg(QFileInfo(entry.file).ownerId()),
+                     "what it holds is not known", "look at it as a user who may");
+    default:
+        return found("not a regular file", passedOver, "put a PNG picture in its place");
     }
 }
 }
@@ -142,10 +252,11 @@ Findings checkPictures(const PictureFiles &pictures)
 {
     Findings findings;
     checkKeys(pictures.files, findings);
-    checkContents(pictures.files, findings);
-    for (const QString &directory : pictures.skippedDirectories) {
-        findings.append(Finding::ofFile(directory, "a directory inside a picture directory",
-                                        "the plugin does not scan it", "move it beside the directory that it is in"));
+    for (const PictureFile &picture : pictures.files) {
+        checkContent(picture, findings);
+    }
+    for (const PassedOver &entry : pictures.passedOver) {
+        findings.append(findingOn(entry));
     }
     return findings;
 }

@@ -17,10 +17,16 @@ struct PictureFile {
     }
 };
 
+/// @brief A file or directory that the plugin passes over, and why.
+struct PassedOver {
+    FindingCode code;
+    QString file;
+};
+
 /// @brief What the plugin takes from picture directories, and what it passes over.
 struct PictureFiles {
     QVector<PictureFile> files; ///< in the order in which the plugin loads them
-    QStringList skippedDirectories; ///< below the directories, and not scanned
+    QVector<PassedOver> passedOver;
 };
 
 /// Lists directories that are appended in this order.

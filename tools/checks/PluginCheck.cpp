@@ -2,13 +2,173 @@
 
 #include "TavPluginHost.h"
 
+#include <QDataStream>
+#include <QElapsedTimer>
+#include <QFile>
+
+#include <csignal>
+#include <cstring>
+#include <fcntl.h>
+#include <poll.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace
+{
+FindingCode codeOf(TavPluginError::Kind kind)
+{
+    using Kind = TavPluginError::Kind;
+    switch (kind) {
+    case Kind::NoSuchFile:
+        return FindingCode::NoPluginFile;
+    case Kind::NotAFile:
+        return FindingCode::PluginNotAFile;
+    case Kind::NotReadable:
+        return FindingCode::NotReadable;
+    case Kind::NotALibrary:
+        return FindingCode::PluginNotALibrary;
+    case Kind::CutOff:
+        return FindingCode::PluginCutOff;
+    case Kind::OtherMachine:
+        return FindingCode::PluginForOtherMachine;
+    case Kind::OtherWordSize:
+        return FindingCode::PluginOfOtherWordSize;
+    case Kind::NotAPlugin:
+        return FindingCode::NotAPlugin;
+    case Kind::OtherPlugin:
+        return FindingCode::OtherPlugin;
+    case Kind::OtherQt:
+        return FindingCode::PluginOfOtherQt;
+    case Kind::MissingLibrary:
+        return FindingCode::PluginLacksLibrary;
+    case Kind::UndefinedSymbol:
+        return FindingCode::PluginLacksSymbol;
+    case Kind::NotLoadable:
+        return FindingCode::PluginNotLoadable;
+    case Kind::NoInterface:
+        return FindingCode::PluginWithoutInterface;
+    case Kind::WrongManagers:
+        return FindingCode::PluginWithOtherManagers;
+    }
+    Q_UNREACHABLE();
+}
+
+constexpr int secondsToLoad = 10;
+
+Finding findingOf(const TavPluginError &error)
+{
+    return Finding::ofFile(codeOf(error.kind()), error.file(), error.problem(), error.effect(), pluginAdvice(error));
+}
+
+/// @brief A process of its own, in which the plugin is loaded: what it does there ends with it.
+class LoadingProcess
+{
+public:
+    explicit LoadingProcess(const QString &file) : m_file(file)
+    {
+        int ends[2] = {-1, -1};
+        if (pipe2(ends, O_CLOEXEC) != 0) {
+            return;
+        }
+        m_child = fork();
+        if (m_child == 0) {
+            load(ends[1]);
+        }
+        close(ends[1]);
+        m_output.open(ends[0], QIODevice::ReadOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle);
+    }
+
+    Q_DISABLE_COPY(LoadingProcess)
+
+    /// Waits for its end. To be called once.
+    Findings findings()
+    {
+        const bool isInTime = waitForEnd();
+        if (!isInTime) {
+            kill(m_child, SIGKILL);
+        }
+        int status = 0;
+        waitpid(m_child, &status, 0);
+        if (!isInTime) {
+            return {Finding::ofFile(FindingCode::PluginHangs, m_file,
+                                    QString("does not return within %1 s of being loaded").arg(secondsToLoad),
+                                    "the client hangs when it starts", "install another build of the plugin")};
+        }
+        if (WIFSIGNALED(status)) {
+            return {Finding::ofFile(FindingCode::PluginCrashes, m_file,
+                                    QString("ends the process that loads it: %1").arg(sigdescr_np(WTERMSIG(status))),
+                                    "the client crashes when it starts", "install another build of the plugin")};
+        }
+        QDataStream stream(m_result);
+        int code = 0;
+        QString problem;
+        QString effect;
+        QString advice;
+        stream >> code >> problem >> effect >> advice;
+        return problem.isEmpty() ? Findings()
+                                 : Findings{Finding::ofFile(FindingCode(code), m_file, problem, effect, advice)};
+    }
+
+private:
+    /// In the child.
+    [[noreturn]] void load(int output)
+    {
+        const int nowhere = open("/dev/null", O_WRONLY); // what the plugin prints is no part of the report
+        dup2(nowhere, STDOUT_FILENO);
+        dup2(nowhere, STDERR_FILENO);
+        try {
+            const TavPluginHost host(m_file);
+        } catch (const TavPluginError &error) {
+            const Finding finding = findingOf(error);
+            QFile file;
+            file.open(output, QIODevice::WriteOnly | QIODevice::Unbuffered);
+            QByteArray bytes;
+            QDataStream(&bytes, QIODevice::WriteOnly)
+                << int(finding.code) << finding.problem << finding.effect << finding.advice;
+            file.write(bytes);
+        }
+        _exit(0);
+    }
+
+    /// Reads what the child writes until it closes the pipe. False when that takes too long.
+    bool waitForEnd()
+    {
+        QElapsedTimer timer;
+        timer.start();
+        for (;;) {
+            pollfd descriptor{m_output.handle(), POLLIN, 0};
+            const qint64 left = secondsToLoad * 1000 - timer.elapsed();
+            if (left <= 0 || poll(&descriptor, 1, int(left)) == 0) {
+                return false;
+            }
+            const QByteArray bytes = m_output.read(4096);
+            if (bytes.isEmpty()) {
+                return true;
+            }
+            m_result += bytes;
+        }
+    }
+
+    QString m_file;
+    pid_t m_child = -1;
+    QFile m_output;
+    QByteArray m_result;
+};
+}
+
 Findings checkPlugin(const QString &file)
 {
+    const Findings findings = checkPluginUnloaded(file);
+    return findings.isEmpty() ? LoadingProcess(file).findings() : findings;
+}
+
+Findings checkPluginUnloaded(const QString &file)
+{
     try {
-        const TavPluginHost host(file);
+        TavPluginHost::checkUnloaded(file);
         return {};
     } catch (const TavPluginError &error) {
-        return {{file, {}, {}, error.problem(), error.effect(), pluginAdvice(error)}};
+        return {findingOf(error)};
     }
 }
 

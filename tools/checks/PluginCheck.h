@@ -3,8 +3,12 @@
 #include "Finding.h"
 #include "TavPluginError.h"
 
-/// What keeps a client from taking @p file for its data plugin. Loads the plugin when nothing speaks against it.
+/// What keeps a client from taking @p file for its data plugin. When nothing speaks against it, loads the plugin and
+/// has it register its managers, in a process of its own that is given ten seconds.
 Findings checkPlugin(const QString &file);
+
+/// The same without loading it: nothing of the file runs.
+Findings checkPluginUnloaded(const QString &file);
 
 /// What a user of this program is to do about @p error.
 QString pluginAdvice(const TavPluginError &error);

@@ -2,6 +2,7 @@
 
 #include "CTavFuncTypeHeader.h"
 #include "CTavSubFuncTypeHeader.h"
+#include "TavHiddenCharacter.h"
 #include "TavJsonPath.h"
 #include "TavNearestText.h"
 
@@ -25,6 +26,9 @@ namespace
 {
 bool conforms(const QJsonValue &value, const QJsonValue &schema)
 {
+    if (schema.toObject().isEmpty()) {
+        return true;
+    }
     // Kept: compiling a schema takes much longer than validating, and the elements of a list share one.
     static QHash<QByteArray, std::shared_ptr<valijson::Schema>> compiled;
     std::shared_ptr<valijson::Schema> &own = compiled[QJsonDocument(schema.toObject()).toJson(QJsonDocument::Compact)];
@@ -98,7 +102,8 @@ public:
         }
         if (!conforms(value, only({"type", "minimum", "maximum"}, schema))) {
             const QString type = expected(schema["type"].toString());
-            add(path, described(value) + " where " + type + " is expected", schema["x-wrong"], "write " + type);
+            add(FindingCode::WrongType, path, described(value) + " where " + type + " is expected", schema["x-wrong"],
+                "write " + type);
         } else if (!conforms(value, only({"enum"}, schema))) {
             addWrongKey(schema, value.toString(), path);
         } else if (value.isObject()) {
@@ -106,6 +111,9 @@ public:
             checkMembers(schema["properties"].toObject(), value.toObject(), path);
         } else {
             checkRules(schema, value, value, path);
+            if (schema["x-shown"].toBool()) {
+                checkShown(value.toString(), path);
+            }
             checkElements(schema["items"].toObject(), value.toArray(), path);
         }
     }
@@ -164,10 +172,10 @@ private:
                 // A key that is there already cannot be what was meant.
                 const QString nearest = nearestText(key, properties.keys());
                 if (nearest.isEmpty() || meant.contains(nearest)) {
-                    add(TavJson::memberPath(path, key), "unknown key " + quoted(key), "the plugin does not read it",
-                        "remove it, or write " + anyOf(properties.keys()));
+                    add(FindingCode::UnknownKey, TavJson::memberPath(path, key), "unknown key " + quoted(key),
+                        "the plugin does not read it", "remove it, or write " + anyOf(properties.keys()));
                 } else {
-                    add(TavJson::memberPath(path, key), "unknown key " + quoted(key),
+                    add(FindingCode::MistypedKey, TavJson::memberPath(path, key), "unknown key " + quoted(key),
                         "it is not read, and " + missing(properties[nearest].toObject()), "write " + quoted(nearest));
                     meant.insert(nearest, object[key]);
                 }
@@ -176,8 +184,8 @@ private:
         const QStringList required = schema["required"].toVariant().toStringList();
         for (const QString &key : required) {
             if (!meant.contains(key)) {
-                add(path, "the key " + quoted(key) + " is missing", missing(properties[key].toObject()),
-                    "add " + quoted(key));
+                add(FindingCode::MissingKey, path, "the key " + quoted(key) + " is missing",
+                    missing(properties[key].toObject()), "add " + quoted(key));
             }
         }
         return meant;
@@ -191,10 +199,11 @@ private:
         const int value = keysOf(type).keyToValue(key.toUtf8().constData());
         if (value > 0) {
             const QString plain = quoted(keysOf(type).valueToKey(value));
-            add(path, quoted(key) + " is not the plain key of a " + type, "the plugin reads it as " + plain,
-                "write " + plain);
+            add(FindingCode::QualifiedEntryType, path, quoted(key) + " is not the plain key of a " + type,
+                "the plugin reads it as " + plain, "write " + plain);
         } else {
-            add(path, quoted(key) + " is no " + type, schema[value == 0 ? "x-none" : "x-wrong"],
+            add(value == 0 ? FindingCode::EntryTypeNone : FindingCode::UnknownEntryType, path,
+                quoted(key) + " is no " + type, schema[value == 0 ? "x-none" : "x-wrong"],
                 "write " + (value == 0 ? anyOf(keys) : known(key, keys)));
         }
     }
@@ -212,9 +221,26 @@ private:
         for (const QJsonValue &rule : rules) {
             if (!conforms(value, rule) && !conforms(meant, rule)) {
                 const QString member = rule["x-at"].toString();
-                add(member.isEmpty() ? path : TavJson::memberPath(path, member), rule["x-problem"].toString(),
-                    rule["x-effect"].toString().replace("{value}", cut(value.toString())), rule["x-advice"].toString());
+                add(FindingCode(rule["x-code"].toInt()), member.isEmpty() ? path : TavJson::memberPath(path, member),
+                    rule["x-problem"].toString(), rule["x-effect"].toString().replace("{value}", cut(value.toString())),
+                    rule["x-advice"].toString());
             }
+        }
+    }
+
+    /// Reports what makes a text that people see, or that others look for, another one than it seems.
+    void checkShown(const QString &text, const QString &path)
+    {
+        const QString hidden = hiddenCharacterIn(text);
+        if (!hidden.isEmpty()) {
+            add(FindingCode::HiddenCharacter, path, hidden + " stands in the text",
+                "the plugin keeps it, and what is shown is not what is written", "remove it");
+        } else if (text.trimmed().isEmpty()) {
+            add(FindingCode::BlankText, path, text.isEmpty() ? "the text is empty" : "the text is blank",
+                "the client shows nothing there, or finds nothing by it", "write a text");
+        } else if (text.trimmed() != text) {
+            add(FindingCode::TextAmongBlanks, path, "blanks stand around the text",
+                "the plugin keeps them, and a look-up without them finds nothing", "remove them");
         }
     }
 
@@ -232,9 +258,10 @@ private:
         }
     }
 
-    void add(const QString &path, const QString &problem, const QJsonValue &effect, const QString &advice)
+    void add(FindingCode code, const QString &path, const QString &problem, const QJsonValue &effect,
+             const QString &advice)
     {
-        m_findings.append(Finding::ofValue(path, problem, effect.toString(), advice));
+        m_findings.append(Finding::ofValue(code, path, problem, effect.toString(), advice));
     }
 
     QJsonObject m_schema;

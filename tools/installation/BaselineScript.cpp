@@ -1,18 +1,72 @@
 #include "BaselineScript.h"
 
-#include "TavCommonUtils.h"
+#include "InstallationPaths.h"
+#include "RootedPath.h"
 
+#include <QFile>
 #include <QFileInfo>
 
-ScriptState scriptState(const QString &path)
+#include <cerrno>
+
+namespace
 {
+bool hasPrograms()
+{
+    return followInRoot("/bin").error == 0 || followInRoot("/usr/bin").error == 0;
+}
+
+/// What is wrong with the first line, which names the interpreter.
+QVector<ScriptFlaw> flawsInFirstLine(const QByteArray &begin)
+{
+    if (begin.isEmpty()) {
+        return {{ScriptFlaw::Empty, "is empty"}};
+    }
+    if (begin.startsWith("\x7f"
+                         "ELF")) {
+        return {};
+    }
+    if (!begin.startsWith("#!")) {
+        return {{ScriptFlaw::NoInterpreter, "names no interpreter in its first line"}};
+    }
+    const QByteArray line = begin.mid(2).split('\n').first();
+    if (line.endsWith('\r')) {
+        return {{ScriptFlaw::ForeignLineEnd, "has a carriage return at the end of its first line"}};
+    }
+    const QString interpreter = QFile::decodeName(line).trimmed().section(' ', 0, 0).section('\t', 0, 0);
+    if (interpreter.isEmpty() || (hasPrograms() && followInRoot(interpreter).error != 0)) {
+        return {{ScriptFlaw::NoInterpreter, "names an interpreter that does not exist: \"" + interpreter + '"'}};
+    }
+    return {};
+}
+}
+
+QVector<ScriptFlaw> scriptFlaws(const QString &path)
+{
+    const RootedPath script = followInRoot(path);
+    if (script.error == EACCES) {
+        return {{ScriptFlaw::NotReadable, "cannot be seen: " + qt_error_string(EACCES)}};
+    }
+    if (script.error != 0) {
+        return {{ScriptFlaw::Missing, "does not exist"}};
+    }
+    QFile file(script.file());
+    if (!QFileInfo(file).isFile()) {
+        return {{ScriptFlaw::NotAFile, "is not a regular file"}};
+    }
+    QVector<ScriptFlaw> flaws;
+    const RootedPath directory = followInRoot(InstallationPaths::scripts());
+    if (!script.path.startsWith(directory.path + '/')) {
+        flaws.append({ScriptFlaw::Outside, "lies outside of the script directory, at " + script.path});
+    }
     constexpr auto executable = QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
-    const QFileInfo file(TavCommonUtils::pathInSystemRoot(path));
-    if (path.contains(QChar::Null) || !file.exists()) { // no file has a name with a NUL, and Qt would complain of it
-        return ScriptState::Missing;
+    if (!(file.permissions() & executable)) {
+        flaws.append({ScriptFlaw::NotExecutable, "is not executable"});
     }
-    if (!file.isFile()) {
-        return ScriptState::NotAFile;
+    constexpr int mostOfFirstLine = 4096;
+    if (file.open(QIODevice::ReadOnly)) {
+        flaws += flawsInFirstLine(file.read(mostOfFirstLine));
+    } else {
+        flaws.append({ScriptFlaw::NotReadable, "cannot be read: " + file.errorString()});
     }
-    return file.permissions() & executable ? ScriptState::Runnable : ScriptState::NotExecutable;
+    return flaws;
 }

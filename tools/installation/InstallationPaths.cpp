@@ -58,6 +58,13 @@ QString InstallationPaths::plugin()
     return {};
 }
 
+QString InstallationPaths::rootOf(const QString &file)
+{
+    const QString path = QFileInfo(file).canonicalFilePath();
+    const QString root = path.endsWith(baseline()) ? path.chopped(baseline().size()) : QString();
+    return root.isEmpty() ? "/" : root;
+}
+
 QString InstallationPaths::pluginBesideProgram()
 {
     return QDir::cleanPath(QCoreApplication::applicationDirPath() + "/" TAV_PLUGIN_FROM_PROGRAM);

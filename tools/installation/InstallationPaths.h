@@ -14,6 +14,9 @@ QString pictures(); ///< directory of the picture directories
 /// none.
 QString plugin();
 
+/// The system root in which @p file is the list of check items; "/" for any other file.
+QString rootOf(const QString &file);
+
 /// Where the plugin lies beside this program, in its build tree or its installation; outside of the system root.
 QString pluginBesideProgram();
 }

@@ -2,7 +2,6 @@
 
 #include "BaselineCheck.h"
 #include "BaselineList.h"
-#include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "ITavLineScanMgr.h"
 #include "PluginView.h"
@@ -13,6 +12,8 @@
 #include "TextTable.h"
 #include "WholeFile.h"
 
+#include <QFileInfo>
+#include <QJsonArray>
 #include <QMap>
 
 namespace
@@ -82,10 +83,18 @@ ExitCode showBaseline(const BaselineShowOptions &options)
     return ExitCode::Success;
 }
 
-ExitCode checkBaselineFile(const BaselineCheckOptions &options)
+ExitCode checkBaselineFiles(const BaselineCheckOptions &options)
 {
-    TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
-    const Findings findings = checkBaseline(options.file, WholeFile::read(options.file));
-    reportOn(options.file, findings, options.json);
-    return exitCodeFor(findings);
+    FindingReport report(options.findings);
+    QStringList roots;
+    for (const QString &file : options.files) {
+        const QString root = options.root.isEmpty() ? InstallationPaths::rootOf(file) : options.root;
+        TavGlobalInfoMgr::getInstance()->setSystemRoot(root);
+        report.add(checkBaseline(file, WholeFile::read(file)), QFileInfo(file).path());
+        roots.append(root);
+    }
+    roots.removeDuplicates();
+    report.print(
+        QString("%1 checked with the scripts below %2").arg(numbered(options.files.size(), "file"), roots.join(", ")));
+    return report.exitCode();
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "ToolError.h"
 
@@ -13,10 +14,10 @@ struct BaselineShowOptions {
 ExitCode showBaseline(const BaselineShowOptions &options);
 
 struct BaselineCheckOptions {
-    QString file;
-    QString root = "/"; ///< directory taken for "/", below which the scripts lie
-    bool json = false;
+    QStringList files;
+    QString root; ///< directory taken for "/", below which the scripts lie; empty for that which holds the file
+    FindingOptions findings;
 };
 
-/// Reports the mistakes in the file and in the scripts that it names. Throws ToolError.
-ExitCode checkBaselineFile(const BaselineCheckOptions &options);
+/// Reports the mistakes in the files and in the scripts that they name. Throws ToolError.
+ExitCode checkBaselineFiles(const BaselineCheckOptions &options);

@@ -2,7 +2,6 @@
 
 #include "Base64Text.h"
 #include "CatalogueCheck.h"
-#include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "ITavFuncTypeMgr.h"
 #include "NavigationReport.h"
@@ -12,6 +11,8 @@
 #include "TavObjectMgr.h"
 #include "TemporaryRoot.h"
 #include "WholeFile.h"
+
+#include <QFileInfo>
 
 namespace
 {
@@ -43,11 +44,16 @@ ExitCode showCatalogue(const CatalogueShowOptions &options)
     return ExitCode::Success;
 }
 
-ExitCode checkCatalogueFile(const CatalogueCheckOptions &options)
+ExitCode checkCatalogueFiles(const CatalogueCheckOptions &options)
 {
-    const Findings findings = checkCatalogue(options.file, WholeFile::read(options.file));
-    reportOn(options.file, findings, options.json);
-    return exitCodeFor(findings);
+    FindingReport report(options.findings);
+    for (const QString &file : options.files) {
+        const QByteArray content = WholeFile::read(file);
+        report.add(Base64Text::isJsonText(content) ? checkCatalogueText(file, content) : checkCatalogue(file, content),
+                   QFileInfo(file).path());
+    }
+    report.print(numbered(options.files.size(), "file") + " checked");
+    return report.exitCode();
 }
 
 ExitCode encodeCatalogue(const CatalogueEncodeOptions &options)

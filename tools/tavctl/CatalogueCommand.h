@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "ToolError.h"
 
@@ -13,12 +14,12 @@ struct CatalogueShowOptions {
 ExitCode showCatalogue(const CatalogueShowOptions &options);
 
 struct CatalogueCheckOptions {
-    QString file;
-    bool json = false;
+    QStringList files; ///< each in Base64, or the JSON text itself
+    FindingOptions findings;
 };
 
-/// Reports the mistakes in the file. Throws ToolError.
-ExitCode checkCatalogueFile(const CatalogueCheckOptions &options);
+/// Reports the mistakes in the files. Throws ToolError.
+ExitCode checkCatalogueFiles(const CatalogueCheckOptions &options);
 
 struct CatalogueEncodeOptions {
     QString file;

@@ -3,6 +3,7 @@
 #include "BaselineCommand.h"
 #include "CatalogueCommand.h"
 #include "DoctorCommand.h"
+#include "ExplainCommand.h"
 #include "InstallationPaths.h"
 #include "OperationsCommand.h"
 #include "PicturesCommand.h"
@@ -26,6 +27,32 @@ namespace
 CLI::Validator namedFile()
 {
     return {[](const std::string &name) { return std::string(name.empty() ? "the name is empty" : ""); }, ""};
+}
+
+const std::map<std::string, Severity> severities{
+    {"error", Severity::Error}, {"warning", Severity::Warning}, {"note", Severity::Note}};
+
+const std::map<std::string, FindingFormat> formats{{"text", FindingFormat::Text},
+                                                   {"json", FindingFormat::Json},
+                                                   {"jsonl", FindingFormat::JsonLines},
+                                                   {"sarif", FindingFormat::Sarif},
+                                                   {"github", FindingFormat::Github}};
+
+/// Refuses what is none of the names.
+template<class Value>
+CLI::Validator nameIn(const std::map<std::string, Value> &values)
+{
+    return CLI::IsMember(&values).description("");
+}
+
+CLI::Validator findingCode()
+{
+    return {[](const std::string &code) {
+                return kindNamed(QString::fromStdString(code))
+                    ? std::string()
+                    : '"' + code + "\" is no code of a finding (\"tavctl explain\" lists them)";
+            },
+            ""};
 }
 
 /// A time such as 60, 60s, 500ms, 2m or 1h: in seconds.
@@ -65,19 +92,66 @@ public:
         return *this;
     }
 
+    Command &files()
+    {
+        texts("FILE", m_options->files, "the files; - for standard input");
+        return *this;
+    }
+
     Command &directories()
     {
+        texts("DIR", m_options->directories, "picture directories, in the order of loading");
+        return *this;
+    }
+
+    Command &code()
+    {
+        text("CODE", m_options->code, "the code of a finding, such as TAV101; without it, all of them");
+        return *this;
+    }
+
+    /// How findings are weighed and shown.
+    Command &findings()
+    {
+        FindingOptions &findings = m_options->findings;
+        m_command
+            .add_option_function<std::string>(
+                "--fail-on",
+                [options = m_options, &findings](const std::string &given) { findings.failOn = severities.at(given); },
+                "the least severity that ends the program with 1")
+            ->default_str("warning")
+            ->type_name("error|warning|note")
+            ->check(nameIn(severities));
         m_command
             .add_option_function<std::vector<std::string>>(
-                "DIR",
-                [options = m_options](const std::vector<std::string> &names) {
-                    for (const std::string &name : names) {
-                        options->directories.append(QString::fromStdString(name));
+                "--ignore",
+                [options = m_options, &findings](const std::vector<std::string> &codes) {
+                    for (const std::string &code : codes) {
+                        findings.ignored.insert(kindNamed(QString::fromStdString(code))->code);
                     }
                 },
-                "picture directories, in the order of loading")
-            ->required()
-            ->check(namedFile());
+                "findings to leave out, by their codes")
+            ->delimiter(',')
+            ->expected(1) // or what follows would be taken for codes
+            ->take_all()
+            ->type_name("CODE[,CODE...]")
+            ->check(findingCode());
+        CLI::Option *const format = m_command
+                                        .add_option_function<std::string>(
+                                            "--format",
+                                            [options = m_options, &findings](const std::string &given) {
+                                                findings.format = formats.at(given);
+                                            },
+                                            "the form of what is printed")
+                                        ->default_str("text")
+                                        ->type_name("text|json|jsonl|sarif|github")
+                                        ->check(nameIn(formats));
+        m_command
+            .add_flag_callback(
+                "--json", [options = m_options, &findings] { findings.format = FindingFormat::Json; },
+                "the same as --format json")
+            ->excludes(format);
+        m_command.add_flag("--quiet", findings.quiet, "of text, print the last line alone");
         return *this;
     }
 
@@ -157,6 +231,12 @@ public:
     Command &json()
     {
         m_command.add_flag("--json", m_options->json, "print one JSON document, for scripts");
+        return *this;
+    }
+
+    Command &noLoad()
+    {
+        m_command.add_flag("!--no-load", m_options->loads, "look at the plugin's file alone: nothing of it runs");
         return *this;
     }
 
@@ -242,6 +322,22 @@ private:
             ->transform(duration());
     }
 
+    /// Operands, one at least. @p values is a member of the command's options.
+    void texts(const std::string &name, QStringList &values, const std::string &description)
+    {
+        m_command
+            .add_option_function<std::vector<std::string>>(
+                name,
+                [options = m_options, &values](const std::vector<std::string> &given) {
+                    for (const std::string &value : given) {
+                        values.append(QString::fromStdString(value));
+                    }
+                },
+                description)
+            ->required()
+            ->check(namedFile());
+    }
+
     /// An option for a text. @p value is a member of the command's options; what it holds before is the default.
     CLI::Option *text(const std::string &name, QString &value, const std::string &description)
     {
@@ -322,10 +418,10 @@ void addCommands(CLI::App &app, Action &action)
         .plugin()
         .json()
         .looks(showCatalogue, action);
-    Command<CatalogueCheckOptions>(catalogue, "check", "report the mistakes in the file")
-        .file()
-        .json()
-        .looks(checkCatalogueFile, action);
+    Command<CatalogueCheckOptions>(catalogue, "check", "report the mistakes in the files")
+        .files()
+        .findings()
+        .looks(checkCatalogueFiles, action);
     Command<CatalogueEncodeOptions>(catalogue, "encode", "write the file in Base64, as the plugin reads it")
         .file()
         .output()
@@ -344,23 +440,26 @@ void addCommands(CLI::App &app, Action &action)
         .plugin()
         .json()
         .looks(showBaseline, action);
-    Command<BaselineCheckOptions>(baseline, "check", "report the mistakes in the file and in the scripts that it names")
-        .file()
+    Command<BaselineCheckOptions>(baseline, "check",
+                                  "report the mistakes in the files and in the scripts that they name")
+        .files()
         .root("directory to take for \"/\"")
-        .json()
-        .looks(checkBaselineFile, action);
+        .findings()
+        .looks(checkBaselineFiles, action);
 
     Command<PicturesOptions>(app, "pictures",
                              "show the pictures of directories as the plugin holds them; report mistakes")
         .directories()
         .plugin()
-        .json()
+        .findings()
         .looks(showPictures, action);
     Command<DoctorOptions>(app, "doctor", "check a whole installation: plugin, catalogue, check items, pictures")
         .root("directory to take for \"/\"")
         .plugin()
-        .json()
+        .noLoad()
+        .findings()
         .looks(doctor, action);
+    Command<ExplainOptions>(app, "explain", "tell what a finding is about").code().runs(explain, action);
 }
 
 /// What is wrong with the first of @p words that stands where a command is expected and is none; empty when all are.

@@ -1,12 +1,14 @@
 #include "DoctorCommand.h"
 
+#include "AccessCheck.h"
 #include "BaselineCheck.h"
+#include "BaselineList.h"
 #include "CatalogueCheck.h"
-#include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "PictureCheck.h"
 #include "PluginCheck.h"
 #include "Presentation.h"
+#include "RootedPath.h"
 #include "TavCommonUtils.h"
 #include "TavGlobalInfoMgr.h"
 #include "TavPluginHost.h"
@@ -14,7 +16,11 @@
 #include "WholeFile.h"
 
 #include <QDir>
-#include <QJsonObject>
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <cerrno>
 
 namespace
 {
@@ -25,20 +31,49 @@ struct Part {
     Findings findings;
 };
 
-using FileCheck = Findings (*)(const QString &file, const QByteArray &content);
-
-/// Checks a file of the installation; that it is missing is a finding too.
-Part checkFile(const QString &name, const QString &path, FileCheck check, const QString &effectOfNone)
-{
-    const QString file = TavCommonUtils::pathInSystemRoot(path);
+/// @brief A configuration file of the installation.
+struct ConfigurationFile {
+    QString file; ///< as it is shown
     QByteArray content;
-    const QString error = WholeFile::tryRead(file, content);
-    if (error.isEmpty()) {
-        return {name, file, check(file, content)};
+    Findings findings; ///< why it cannot be read; none when it can
+};
+
+ConfigurationFile readConfiguration(const QString &path, const QString &effectOfNone)
+{
+    ConfigurationFile read{TavCommonUtils::pathInSystemRoot(path), {}, {}};
+    const RootedPath at = followInRoot(path);
+    const QFileInfo file(at.file());
+    const bool isForbidden = at.error == EACCES || (at.error == 0 && file.isFile() && !file.isReadable());
+    if (isForbidden) {
+        read.findings.append(Finding::ofFile(
+            FindingCode::NotReadable, read.file,
+            QString("cannot be read: %1; it belongs to the user %2").arg(qt_error_string(EACCES)).arg(file.ownerId()),
+            "what it holds is not known", "look at it as a user who may read it"));
+        return read;
     }
-    return {name,
-            file,
-            {Finding::ofFile(file, error, effectOfNone, "put it there, or name another system root with --root")}};
+    const QString error = WholeFile::tryRead(file.filePath(), read.content);
+    if (!error.isEmpty()) {
+        read.findings.append(Finding::ofFile(FindingCode::NoConfigurationFile, read.file, error, effectOfNone,
+                                             "put it there, or name another system root with --root"));
+    }
+    return read;
+}
+
+/// The files that the agent runs and the client loads, by their paths.
+QStringList guardedPaths(const QByteArray &baseline, const QString &plugin)
+{
+    QStringList paths{InstallationPaths::catalogue(), InstallationPaths::baseline(), InstallationPaths::scripts(),
+                      InstallationPaths::pictures()};
+    const QJsonArray items = BaselineList::itemsOf(QJsonDocument::fromJson(baseline).object());
+    for (const QJsonValue &item : items) {
+        paths.append(InstallationPaths::scripts() + item["checkValueScript"].toString());
+    }
+    const QString root = QFileInfo(TavCommonUtils::pathInSystemRoot("/")).absoluteFilePath();
+    const QString inside = root == "/" ? QString() : root;
+    if (plugin.startsWith(inside + '/')) {
+        paths.append(plugin.mid(inside.size()));
+    }
+    return paths;
 }
 
 /// Pictures that lie beside the picture directories.
@@ -47,37 +82,41 @@ Findings checkStrayPictures(const QDir &pictures)
     Findings findings;
     const QFileInfoList files = pictures.entryInfoList({"*.png"}, QDir::Files, QDir::Name);
     for (const QFileInfo &file : files) {
-        findings.append(
-            Finding::ofFile(file.filePath(), "a picture outside of every picture directory",
-                            QString("the plugin holds it only for a client that loads %1 itself, under the key %2/%3")
-                                .arg(pictures.path(), pictures.dirName().toUpper(), file.baseName().toUpper()),
-                            "move it into a picture directory"));
+        findings.append(Finding::ofFile(
+            FindingCode::PictureOutside, file.filePath(), "a picture outside of every picture directory",
+            QString("the plugin holds it only for a client that loads %1 itself, under the key %2/%3")
+                .arg(pictures.path(), pictures.dirName().toUpper(), file.baseName().toUpper()),
+            "move it into a picture directory"));
     }
     return findings;
 }
 
-Part checkPictureDirectories()
+/// The picture directories of the installation, by the order of their names.
+QStringList pictureDirectories()
 {
-    const QString path = TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures());
-    const QDir directory(path);
-    const QStringList names = directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
-    if (names.isEmpty()) {
-        const Findings none{
-            Finding::ofFile(path, directory.exists() ? "there is no directory in it" : "there is no such directory",
-                            "the pages have no pictures",
-                            "put the picture directories there, or name another system root with --root")};
-        return {"pictures", path, none + checkStrayPictures(directory)};
-    }
     QStringList directories;
+    const QDir directory(followInRoot(InstallationPaths::pictures()).file());
+    const QStringList names = directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
     for (const QString &name : names) {
         directories.append(directory.filePath(name));
     }
-    return {"pictures", path, checkPictures(listPictures(directories)) + checkStrayPictures(directory)};
+    return directories;
 }
 
-QString summaryOf(const QVector<Part> &parts, const Findings &findings)
+Findings checkPictureDirectories(const PictureFiles &pictures, bool isAny)
 {
-    return QString("%1 parts checked, %2").arg(parts.size()).arg(countText(findings));
+    const QString path = TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures());
+    const QDir directory(path);
+    if (directory.exists() && !directory.isReadable()) {
+        return {Finding::ofFile(FindingCode::NotReadable, path,
+                                QString("cannot be listed; it belongs to the user %1").arg(QFileInfo(path).ownerId()),
+                                "what it holds is not known", "look at it as a user who may")};
+    }
+    const Findings none{Finding::ofFile(
+        FindingCode::NoPictureDirectory, path,
+        directory.exists() ? "there is no directory in it" : "there is no such directory", "the pages have no pictures",
+        "put the picture directories there, or name another system root with --root")};
+    return (isAny ? checkPictures(pictures) : none) + checkStrayPictures(directory);
 }
 
 /// @brief The plugin that an installation is checked with.
@@ -100,7 +139,7 @@ Plugin pluginFor(const DoctorOptions &options)
         : Plugin{installed, {}};
 }
 
-void print(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin, const Findings &findings)
+void printInstallation(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin)
 {
     printHeading("Installation");
     TextTable table({{"part"}, {"place", TextTable::Left, 120}, {"state"}});
@@ -113,12 +152,9 @@ void print(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFact
                                 .arg(chosen.origin.isEmpty() ? QString() : chosen.origin + ": ", plugin.identifier,
                                      plugin.qtVersion, plugin.machine)));
     }
-    printFindings(findings);
-    printLine(summaryOf(parts, findings));
 }
 
-QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin,
-                       const Findings &findings)
+QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin)
 {
     QJsonArray rows;
     for (const Part &part : parts) {
@@ -129,9 +165,7 @@ QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const T
              QJsonObject{{"origin", chosen.origin},
                          {"identifier", plugin.identifier},
                          {"qtVersion", plugin.qtVersion},
-                         {"machine", plugin.machine}}},
-            {"findings", findingsJson(findings)},
-            {"summary", summaryOf(parts, findings)}};
+                         {"machine", plugin.machine}}}};
 }
 }
 
@@ -139,21 +173,35 @@ ExitCode doctor(const DoctorOptions &options)
 {
     TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
     const Plugin plugin = pluginFor(options);
-    const QVector<Part> parts{
-        {"plugin", plugin.file, checkPlugin(plugin.file)},
-        checkFile("catalogue", InstallationPaths::catalogue(), checkCatalogue, "the navigation is empty"),
-        checkFile("baseline", InstallationPaths::baseline(), checkBaseline, "the plugin loads no check item"),
-        checkPictureDirectories(),
+    const ConfigurationFile catalogue = readConfiguration(InstallationPaths::catalogue(), "the navigation is empty");
+    const ConfigurationFile baseline
+        = readConfiguration(InstallationPaths::baseline(), "the plugin loads no check item");
+    const QStringList directories = pictureDirectories();
+    const PictureFiles pictures = listPictures(directories);
+    const auto foundIn = [](const ConfigurationFile &file, auto check) {
+        return file.findings.isEmpty() ? check(file.file, file.content) : file.findings;
     };
-    Findings findings;
+    const auto checkCatalogueWithIcons = [&](const QString &file, const QByteArray &content) {
+        return checkCatalogue(file, content)
+            + (directories.isEmpty() ? Findings() : checkIcons(file, content, pictures));
+    };
+    const QVector<Part> parts{
+        {"plugin", plugin.file, options.loads ? checkPlugin(plugin.file) : checkPluginUnloaded(plugin.file)},
+        {"catalogue", catalogue.file, foundIn(catalogue, checkCatalogueWithIcons)},
+        {"baseline", baseline.file, foundIn(baseline, checkBaseline)},
+        {"pictures", TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures()),
+         checkPictureDirectories(pictures, !directories.isEmpty())},
+        {"permissions", options.root, checkAccess(guardedPaths(baseline.content, plugin.file))},
+    };
+    FindingReport report(options.findings);
     for (const Part &part : parts) {
-        findings += part.findings;
+        report.add(part.findings, QFileInfo(TavCommonUtils::pathInSystemRoot(InstallationPaths::catalogue())).path());
     }
     const TavPluginFacts facts = TavPluginHost::factsOf(plugin.file);
-    if (options.json) {
-        printJson(documentOf(parts, plugin, facts, findings));
-    } else {
-        print(parts, plugin, facts, findings);
+    if (report.showsText()) {
+        printInstallation(parts, plugin, facts);
+        printFindingsHeading(report.findings());
     }
-    return exitCodeFor(findings);
+    report.print(numbered(parts.size(), "part") + " checked", documentOf(parts, plugin, facts));
+    return report.exitCode();
 }

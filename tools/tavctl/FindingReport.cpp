@@ -1,91 +1,93 @@
 #include "FindingReport.h"
 
+#include "FindingFormats.h"
+#include "IgnoreFile.h"
 #include "Presentation.h"
-#include "TextTable.h"
 
-#include <QJsonObject>
+#include <algorithm>
 
-namespace
+FindingReport::FindingReport(const FindingOptions &options) : m_options(options)
 {
-/// @p path with long keys cut: a line is for people, and --json has all of it.
-QString shortened(const QString &path)
-{
-    constexpr int mostLetters = 40;
-    QStringList keys = path.split('/');
-    for (QString &key : keys) {
-        if (key.size() > mostLetters) {
-            key = key.left(mostLetters) + "…";
-        }
-    }
-    return keys.join('/');
 }
 
-void printLines(const Findings &findings)
+void FindingReport::add(const Findings &findings, const QString &directory)
 {
+    std::set<FindingCode> ignored = IgnoreFile::codesIn(directory);
+    ignored.insert(m_options.ignored.begin(), m_options.ignored.end());
     for (const Finding &finding : findings) {
-        QString where = finding.file + (finding.decoded ? " (decoded)" : "");
-        if (finding.place.line > 0) {
-            where += QString(":%1:%2").arg(finding.place.line).arg(finding.place.column);
+        if (ignored.count(finding.code) > 0) {
+            ++m_ignored;
+        } else {
+            m_findings.append(finding);
         }
-        where += ": ";
-        if (!finding.path.isEmpty()) {
-            where += shortened(finding.path) + ": ";
+    }
+}
+
+void FindingReport::print(const QString &checked, const QJsonObject &others) const
+{
+    switch (m_options.format) {
+    case FindingFormat::Text:
+        if (!m_options.quiet) {
+            FindingFormats::printText(m_findings);
         }
-        printLine(dimmed(printable(where))
-                  + printable(QStringList{finding.problem, finding.effect, finding.advice}.join("; ")));
+        printLine(summary(checked));
+        break;
+    case FindingFormat::Json:
+        FindingFormats::printJson(m_findings, summary(checked), others);
+        break;
+    case FindingFormat::JsonLines:
+        FindingFormats::printJsonLines(m_findings, summary(checked));
+        break;
+    case FindingFormat::Sarif:
+        FindingFormats::printSarif(m_findings, summary(checked));
+        break;
+    case FindingFormat::Github:
+        FindingFormats::printGithub(m_findings);
+        printLine(summary(checked));
+        break;
     }
 }
-}
 
-QString countText(const Findings &findings)
+ExitCode FindingReport::exitCode() const
 {
-    switch (findings.size()) {
-    case 0:
-        return "no findings";
-    case 1:
-        return "1 finding";
-    default:
-        return QString("%1 findings").arg(findings.size());
-    }
+    const bool isFailed = std::any_of(m_findings.begin(), m_findings.end(), [this](const Finding &finding) {
+        return finding.kind().severity >= m_options.failOn;
+    });
+    return isFailed ? ExitCode::Findings : ExitCode::Success;
 }
 
-QJsonArray findingsJson(const Findings &findings)
+QString FindingReport::summary(const QString &checked) const
 {
-    QJsonArray rows;
-    for (const Finding &finding : findings) {
-        rows.append(QJsonObject{{"file", finding.file},
-                                {"line", finding.place.line},
-                                {"column", finding.place.column},
-                                {"decoded", finding.decoded},
-                                {"path", finding.path},
-                                {"problem", finding.problem},
-                                {"effect", finding.effect},
-                                {"advice", finding.advice}});
-    }
-    return rows;
+    return checked + ", " + countText(m_findings) + (m_ignored > 0 ? QString(", %1 ignored").arg(m_ignored) : "");
 }
 
-void printFindings(const Findings &findings)
+void printFindingsHeading(const Findings &findings)
 {
     if (findings.isEmpty()) {
         printLine(QString());
     } else {
         printHeading("Findings");
-        printLines(findings);
     }
 }
 
-void reportOn(const QString &file, const Findings &findings, bool json)
+QString countText(const Findings &findings)
 {
-    if (json) {
-        printJson({{"findings", findingsJson(findings)}});
-    } else {
-        printLines(findings);
-        printLine(printable(file) + ": " + countText(findings));
+    if (findings.isEmpty()) {
+        return "no findings";
     }
+    QStringList counts;
+    for (const Severity severity : {Severity::Error, Severity::Warning, Severity::Note}) {
+        const auto count = std::count_if(findings.begin(), findings.end(), [severity](const Finding &finding) {
+            return finding.kind().severity == severity;
+        });
+        if (count > 0) {
+            counts.append(numbered(int(count), nameOf(severity)));
+        }
+    }
+    return numbered(findings.size(), "finding") + ": " + counts.join(", ");
 }
 
-ExitCode exitCodeFor(const Findings &findings)
+QString numbered(int count, const QString &noun)
 {
-    return findings.isEmpty() ? ExitCode::Success : ExitCode::Findings;
+    return QString("%1 %2%3").arg(count).arg(noun, QLatin1String(count == 1 ? "" : "s"));
 }

@@ -1,6 +1,5 @@
 #include "PicturesCommand.h"
 
-#include "FindingReport.h"
 #include "ITavPicResourceMgr.h"
 #include "PictureCheck.h"
 #include "PluginView.h"
@@ -14,6 +13,8 @@
 #include <QJsonObject>
 #include <QMap>
 #include <QMetaEnum>
+
+#include <algorithm>
 
 namespace
 {
@@ -109,16 +110,21 @@ ExitCode showPictures(const PicturesOptions &options)
 {
     const QStringList directories = existingDirectories(options.directories);
     const PictureFiles files = listPictures(directories);
+    FindingReport report(options.findings);
     const Findings findings = checkPictures(files);
+    report.add(findings, {});
     const TavPluginHost host = loadPlugin(options.plugin);
-    const HeldPictures pictures = load(directories, files.files);
-    if (options.json) {
-        printJson(
-            {{"pictures", picturesJson(pictures)}, {"bytes", bytesOf(pictures)}, {"findings", findingsJson(findings)}});
-    } else {
+    const bool isTooLarge = std::any_of(findings.begin(), findings.end(), [](const Finding &finding) {
+        return finding.code == FindingCode::PictureTooLarge;
+    });
+    // The plugin would decode it, too.
+    const HeldPictures pictures = isTooLarge ? HeldPictures() : load(directories, files.files);
+    if (report.showsText()) {
         printPictures(pictures);
-        printFindings(findings);
-        printLine(countText(findings));
+        printFindingsHeading(report.findings());
     }
-    return exitCodeFor(findings);
+    report.print(QString("%1 checked")
+                     .arg(directories.size() == 1 ? "1 directory" : QString("%1 directories").arg(directories.size())),
+                 {{"pictures", picturesJson(pictures)}, {"bytes", bytesOf(pictures)}});
+    return report.exitCode();
 }

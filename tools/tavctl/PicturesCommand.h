@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "ToolError.h"
 
@@ -8,7 +9,7 @@
 struct PicturesOptions {
     QStringList directories; ///< in the order of loading
     QString plugin = InstallationPaths::pluginBesideProgram(); ///< the one that loads the pictures
-    bool json = false; ///< print one JSON document instead of text
+    FindingOptions findings;
 };
 
 /// Shows the pictures that the plugin holds of the directories, and reports the mistakes in them. Throws ToolError.

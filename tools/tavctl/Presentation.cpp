@@ -1,5 +1,7 @@
 #include "Presentation.h"
 
+#include "TextTable.h"
+
 #include <QJsonDocument>
 
 #include <iostream>
@@ -11,8 +13,9 @@ namespace
 {
 QString styled(const char *code, const QString &text)
 {
-    static const bool isTerminal = isatty(STDOUT_FILENO) == 1;
-    return isTerminal ? QStringLiteral("\033[%1m%2\033[0m").arg(QLatin1String(code), text) : text;
+    static const bool isStyled
+        = isatty(STDOUT_FILENO) == 1 && qEnvironmentVariableIsEmpty("NO_COLOR") && qgetenv("TERM") != "dumb";
+    return isStyled ? QStringLiteral("\033[%1m%2\033[0m").arg(QLatin1String(code), text) : text;
 }
 }
 
@@ -41,6 +44,32 @@ int terminalWidth()
     winsize size{};
     const bool isKnown = ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0;
     return isKnown ? size.ws_col : 120;
+}
+
+QString wrapped(const QString &text, int start)
+{
+    if (isatty(STDOUT_FILENO) == 0) {
+        return text;
+    }
+    const int places = terminalWidth();
+    const QString indent(4, ' ');
+    QString lines;
+    int column = start;
+    const QStringList words = text.split(' ');
+    for (const QString &word : words) {
+        const int width = displayWidth(word);
+        if (!lines.isEmpty() && column + 1 + width <= places) {
+            lines += ' ' + word;
+            column += 1 + width;
+        } else if (lines.isEmpty() && column + width <= places) {
+            lines += word;
+            column += width;
+        } else {
+            lines += '\n' + indent + word;
+            column = indent.size() + width;
+        }
+    }
+    return lines;
 }
 
 QString microseconds(qint64 nanoseconds)

@@ -18,6 +18,10 @@ QString dimmed(const QString &text);
 /// Places in a line of the terminal; 120 when standard output is none.
 int terminalWidth();
 
+/// @p text with line ends where it would not fit on the terminal, when its first line begins in column @p start, from
+/// 0; unchanged when standard output is none. No word is broken.
+QString wrapped(const QString &text, int start);
+
 /// @p nanoseconds as microseconds with one decimal.
 QString microseconds(qint64 nanoseconds);
 

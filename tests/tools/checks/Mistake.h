@@ -3,7 +3,8 @@
 /// @brief A mistake and how tavctl has to tell it. "@" stands for the broken root.
 struct Mistake {
     const char *file;
-    const char *place; ///< line and column; empty when the mistake is in no line
+    const char *code;
+    const char *place; ///< line and column, in the JSON text; empty when the mistake is in no line
     const char *path;
     const char *problem;
     const char *effect;

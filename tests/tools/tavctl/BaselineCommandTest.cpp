@@ -22,7 +22,8 @@ protected:
 
 TEST_F(BaselineCommand, NamesTheMistakeOfEachBrokenBaseline)
 {
-    expectMistakes(baselineMistakes, "baseline", {"--root", brokenRoot});
+    expectMistakes(baselineMistakes, "baseline", "1 file checked with the scripts below " + brokenRoot,
+                   {"--root", brokenRoot});
 }
 
 TEST_F(BaselineCommand, SaysWhereATextCeasesToBeJsonAndWhy)
@@ -31,9 +32,10 @@ TEST_F(BaselineCommand, SaysWhereATextCeasesToBeJsonAndWhy)
         QByteArray text;
         const char *place;
         const char *reason;
+        const char *code = "TAV102";
     } const rows[] = {
-        {"", ":1:1", "the text is empty"},
-        {" \n", ":1:2", "the text is empty"},
+        {"", ":1:1", "the text is empty", "TAV101"},
+        {" \n", ":1:2", "the text is empty", "TAV101"},
         {"7", ":1:1", "the text must begin with [ or {"},
         {"\xef\xbb\xbf \"a\"", ":1:2", "the text must begin with [ or {"},
         {"{\"a\":,}", ":1:6", "a value is expected here"},
@@ -44,7 +46,7 @@ TEST_F(BaselineCommand, SaysWhereATextCeasesToBeJsonAndWhy)
         {"[1 // x\n]", ":1:4", "JSON has no comments"},
         {"{\"a\": // x\n1}", ":1:7", "JSON has no comments"},
         {"[1] // x", ":1:5", "JSON has no comments"},
-        {QByteArray("\xff\xfe[\0]\0", 6), ":1:1", "the text is UTF-16, and the reader wants UTF-8"},
+        {QByteArray("\xff\xfe[\0]\0", 6), ":1:1", "the text is UTF-16, and the reader wants UTF-8", "TAV103"},
         {"[-]", ":1:2", "this is no number, nor another value"},
         {QByteArray(1025, '[') + QByteArray(1025, ']'), ":1:1025", "nested deeper than the reader's 1024 levels"},
         {"{\n  \"a\": 1\n  \"b\": 2\n}", ":3:3", R"(a name, "," or "}" is expected here)"},
@@ -59,9 +61,10 @@ TEST_F(BaselineCommand, SaysWhereATextCeasesToBeJsonAndWhy)
         {"\n\n [\"\xff\"]", ":3:4", "this is not UTF-8"},
     };
     for (const auto &row : rows) {
-        EXPECT_EQ(
-            reportOn(put("baseline", row.text)).section('\n', 0, 0),
-            QString("%1: not JSON: %2; the plugin loads no check item; correct the text").arg(row.place, row.reason));
+        EXPECT_EQ(reportOn(put("baseline", row.text)).section('\n', 0, 0),
+                  QString("%1: error: %3: not JSON: %2; the plugin loads no check item; %4")
+                      .arg(row.place, row.reason, row.code,
+                           QLatin1String(row.code == QByteArray("TAV103") ? "save it as UTF-8" : "correct the text")));
     }
 }
 
@@ -72,7 +75,7 @@ TEST_F(BaselineCommand, TellsEveryItemThatAnotherOneOverwrites)
     QStringList overwritten;
     const QStringList lines = reportOn(items).split('\n').filter("is overwritten by");
     for (const QString &line : lines) {
-        overwritten.append(line.section(": ", 1, 1) + " < " + line.section("overwritten by ", 1).section(';', 0, 0));
+        overwritten.append(line.section(": ", 3, 3) + " < " + line.section("overwritten by ", 1).section(';', 0, 0));
     }
     EXPECT_EQ(overwritten,
               QStringList({"/enableConfig/0/itemId < /enableConfig/5, which getItemConfig(7) gives",
@@ -84,8 +87,8 @@ TEST_F(BaselineCommand, TellsEveryItemThatAnotherOneOverwrites)
 
 TEST_F(BaselineCommand, TakesNoBlankOfTheSystemRootForOneOfAScript)
 {
-    ASSERT_TRUE(QDir(directory.path()).mkdir("a root"));
-    const QString item = put("baseline", R"({"enableConfig": [{"itemId": 1, "name": "", "checkValueScript": "/x"}]})");
+    ASSERT_TRUE(QDir(directory.path()).mkpath("a root/opt/tavsec/script/baselineScript"));
+    const QString item = put("baseline", R"({"enableConfig": [{"itemId": 1, "name": "a", "checkValueScript": "/x"}]})");
     const Tavctl run({"baseline", "check", "--root", directory.filePath("a root"), item});
     EXPECT_TRUE(run.output.contains("; put the script there, or correct its name\n")) << run.output.toStdString();
 }
@@ -93,18 +96,18 @@ TEST_F(BaselineCommand, TakesNoBlankOfTheSystemRootForOneOfAScript)
 TEST_F(BaselineCommand, TellsAScriptWithANulInItsNameWithoutAWarningOfQt)
 {
     const QString item
-        = put("baseline", R"({"enableConfig": [{"itemId": 1, "name": "", "checkValueScript": "/x\u0000"}]})");
-    const Tavctl run({"baseline", "check", item});
-    EXPECT_TRUE(run.output.contains(": there is no script \"")) << run.output.toStdString();
+        = put("baseline", R"({"enableConfig": [{"itemId": 1, "name": "a", "checkValueScript": "/x\u0000"}]})");
+    const Tavctl run({"baseline", "check", item, "--root", brokenRoot});
+    EXPECT_TRUE(run.output.contains(": the script \"")) << run.output.toStdString();
     EXPECT_EQ(run.errors, "");
 }
 
 TEST_F(BaselineCommand, ShortensLongKeysInTextAlone)
 {
     const QByteArray key(1000, 'x');
-    const QString file
-        = put("baseline",
-              R"({"enableConfig": [{"itemId": 1, "name": "", "checkValueScript": "/check.sh", ")" + key + R"(": 1}]})");
+    const QString file = put("baseline",
+                             R"({"enableConfig": [{"itemId": 1, "name": "a", "checkValueScript": "/check.sh", ")" + key
+                                 + R"(": 1}]})");
     EXPECT_TRUE(reportOn(file).contains(": /enableConfig/0/" + key.left(40) + "…: unknown key"));
     const Tavctl json({"baseline", "check", "--json", "--root", brokenRoot, file});
     EXPECT_EQ(json.json()["findings"].toArray().first()["path"].toString(), "/enableConfig/0/" + key);
@@ -120,13 +123,13 @@ TEST_F(BaselineCommand, LooksAtAFileOnceHoweverManyMistakesItHas)
     QElapsedTimer timer;
     timer.start();
     const QString report = reportOn(put("baseline", R"({"enableConfig": [)" + items.chopped(1) + "]}"));
-    EXPECT_TRUE(report.endsWith(": 20000 findings\n"));
+    EXPECT_TRUE(report.endsWith(", 20000 findings: 10000 errors, 10000 warnings\n"));
     EXPECT_LT(timer.elapsed(), 20000) << "in one line: a walk from its start for each takes minutes";
 }
 
 TEST_F(BaselineCommand, OffersTheSameTextInOtherCaseAndTheOneThatGoesOn)
 {
-    const QByteArray item = R"({"enableConfig": [{"ITEMID": 1, "name": "", "checkValueScript": "/check.sh",
+    const QByteArray item = R"({"enableConfig": [{"ITEMID": 1, "name": "a", "checkValueScript": "/check.sh",
         "description": ""}]})";
     const QString report = reportOn(put("baseline", item));
     EXPECT_TRUE(
@@ -146,7 +149,7 @@ TEST_F(BaselineCommand, OffersOnlyKeysThatAreNear)
 TEST_F(BaselineCommand, CutsLongValues)
 {
     const QByteArray item = R"({"enableConfig": [{"itemId": ")" + QByteArray(1000, 'x')
-        + R"(", "name": "", "checkValueScript": "/check.sh"}]})";
+        + R"(", "name": "a", "checkValueScript": "/check.sh"}]})";
     EXPECT_TRUE(reportOn(put("baseline", item))
                     .contains("/itemId: the string \"" + QString(39, 'x') + "… where a whole number"));
 }
@@ -173,6 +176,6 @@ TEST_F(BaselineCommand, TheBaselineIsTheItemsThatThePluginHolds)
 TEST_F(BaselineCommand, FindsNothingInWhatIsUnusualButRight)
 {
     const QString withSchema = put("baseline", R"({"$schema": "baseline.schema.json", "enableConfig": [
-        {"itemId": -1, "name": "", "checkValueScript": "/../check.sh/../baselineScript/check.sh", "btntext": ""}]})");
-    EXPECT_EQ(reportOn(withSchema), ": no findings\n");
+        {"itemId": -1, "name": "a", "checkValueScript": "/../baselineScript/./check.sh", "btntext": ""}]})");
+    EXPECT_EQ(reportOn(withSchema), "1 file checked with the scripts below " + brokenRoot + ", no findings\n");
 }

@@ -35,7 +35,7 @@ TEST_F(CommandLine, EndsWithTwoAndOneLineWhenItCannotRun)
          "there is no command \"checks\" (nearest: check); \"tavctl --help\" tells what there is"},
         {{"fly"},
          "there is no command \"fly\" (there are: run, registry, operations, call, record, play, scenario, catalogue, "
-         "baseline, pictures, doctor); "
+         "baseline, pictures, doctor, explain); "
          "\"tavctl --help\" tells what there is"},
         {{"catalogue", "check", ""}, "FILE: the name is empty; \"tavctl --help\" tells what there is"},
         {{"catalogue", "encode", item, "-o", ""}, "--output: the name is empty; \"tavctl --help\" tells what there is"},

@@ -36,7 +36,10 @@ TEST(Completion, OffersWhatTheHelpOfEachCommandNames)
         }
     }
     EXPECT_EQ(offers({"cat"}), QStringList{"catalogue"});
-    EXPECT_EQ(offers({"doctor", ""}), QStringList({"--help", "--json", "--plugin", "--root"})) << "it takes no file";
+    EXPECT_EQ(offers({"doctor", ""}),
+              QStringList({"--fail-on", "--format", "--help", "--ignore", "--json", "--no-load", "--plugin", "--quiet",
+                           "--root"}))
+        << "it takes no file";
     EXPECT_EQ(offers({"catalogue", "encode", "-"}), QStringList({"--help", "--output", "--wrap", "-o"}));
     EXPECT_EQ(offers({"catalogue", "decode", "-"}), QStringList({"--help", "--lenient", "--output", "-o"}));
 }
@@ -53,6 +56,8 @@ TEST(Completion, OffersFilesAndDirectories)
     QStringList pages = typeKeys<CTavSubFuncTypeHeader::TavSubFuncTypeHeader_>();
     pages.sort();
     EXPECT_EQ(offers({"run", "--page", ""}), pages);
+    EXPECT_EQ(offers({"doctor", "--fail-on", ""}), QStringList({"error", "note", "warning"}));
+    EXPECT_EQ(offers({"doctor", "--format", "s"}), QStringList{"sarif"});
     for (const char *const option : {"--root", "--plugin"}) { // the shell takes "=" for a word of its own
         EXPECT_EQ(offers({"doctor", option, "=", demoRoot.chopped(2)}), QStringList{demoRoot});
     }

@@ -15,7 +15,7 @@ TEST_F(DoctorCommand, FindsNothingInTheDemo)
 {
     const Tavctl run({"doctor", "--root", demoRoot});
     EXPECT_EQ(run.exitCode, 0);
-    EXPECT_TRUE(run.output.endsWith("\n\n4 parts checked, no findings\n")) << run.output.toStdString();
+    EXPECT_TRUE(run.output.endsWith("\n\n5 parts checked, no findings\n")) << run.output.toStdString();
     EXPECT_FALSE(run.output.contains("Findings"));
     EXPECT_EQ(run.errors, "");
     const QJsonObject plugin = Tavctl({"doctor", "--root", demoRoot, "--json"}).json()["plugin"].toObject();
@@ -38,17 +38,17 @@ TEST_F(DoctorCommand, NamesEveryPlantedMistakeAndNoOther)
     }
     const Tavctl text({"doctor", "--root", brokenRoot});
     EXPECT_EQ(text.exitCode, 1);
-    EXPECT_EQ(text.output.section("\nFindings\n", 1).split('\n'),
-              expected + QStringList({QString("4 parts checked, %1 findings").arg(expected.size()), ""}));
+    const QString summary = "5 parts checked, 51 findings: 40 errors, 11 warnings";
+    EXPECT_EQ(text.output.section("\nFindings\n", 1).split('\n'), expected + QStringList({summary, ""}));
     const Tavctl json({"doctor", "--root", brokenRoot, "--json"});
     EXPECT_EQ(json.exitCode, 1);
     EXPECT_EQ(findingLines(json), expected);
-    EXPECT_EQ(json.json()["summary"].toString(), QString("4 parts checked, %1 findings").arg(expected.size()));
+    EXPECT_EQ(json.json()["summary"].toString(), summary);
     QVector<int> counts;
     for (const QJsonValue &part : json.json()["parts"].toArray()) {
         counts.append(part["findings"].toInt());
     }
-    EXPECT_EQ(counts, QVector<int>({0, 13, 17, 3})) << "plugin, catalogue, baseline, pictures";
+    EXPECT_EQ(counts, QVector<int>({0, 14, 29, 8, 0})) << "plugin, catalogue, baseline, pictures, permissions";
 }
 
 TEST_F(DoctorCommand, MissesWhatAnEmptyInstallationLacks)
@@ -57,27 +57,29 @@ TEST_F(DoctorCommand, MissesWhatAnEmptyInstallationLacks)
     const QString advice = ", or name another system root with --root";
     EXPECT_EQ(
         findingLines(Tavctl({"doctor", "--root", root, "--json"})),
-        QStringList({root
-                         + "/etc/tavsec.d/funcTypeConfig.json: there is no such file; the navigation is empty; put "
-                           "it there"
-                         + advice,
-                     root
-                         + "/etc/tavsec.d/baselineConfig/baseline.json: there is no such file; the plugin loads "
-                           "no check item; put it there"
-                         + advice,
-                     root
-                         + "/opt/tavsec/pictures: there is no such directory; the pages have no pictures; put "
-                           "the picture directories there"
-                         + advice}));
+        QStringList(
+            {root
+                 + "/etc/tavsec.d/funcTypeConfig.json: error: TAV620: there is no such file; the navigation is empty; "
+                   "put "
+                   "it there"
+                 + advice,
+             root
+                 + "/etc/tavsec.d/baselineConfig/baseline.json: error: TAV620: there is no such file; the plugin loads "
+                   "no check item; put it there"
+                 + advice,
+             root
+                 + "/opt/tavsec/pictures: error: TAV507: there is no such directory; the pages have no pictures; put "
+                   "the picture directories there"
+                 + advice}));
     ASSERT_TRUE(QDir(root).mkpath("opt/tavsec/pictures"));
     EXPECT_TRUE(findingLines(Tavctl({"doctor", "--root", root, "--json"}))
                     .value(2)
-                    .startsWith(root + "/opt/tavsec/pictures: there is no directory in it; "));
+                    .startsWith(root + "/opt/tavsec/pictures: error: TAV507: there is no directory in it; "));
     ASSERT_TRUE(QDir(root).mkpath("etc/tavsec.d"));
     ASSERT_EQ(mkfifo((root + "/etc/tavsec.d/funcTypeConfig.json").toUtf8().constData(), 0600), 0);
     EXPECT_TRUE(findingLines(Tavctl({"doctor", "--root", root, "--json"}))
                     .value(0)
-                    .startsWith(root + "/etc/tavsec.d/funcTypeConfig.json: not a regular file; "));
+                    .startsWith(root + "/etc/tavsec.d/funcTypeConfig.json: error: TAV620: not a regular file; "));
 }
 
 TEST_F(DoctorCommand, ChecksThePluginOfTheInstallationWhenItHasOne)
@@ -100,7 +102,7 @@ TEST_F(DoctorCommand, ChecksThePluginOfTheInstallationWhenItHasOne)
     const QString root = QDir::current().relativeFilePath(directory.path());
     const Tavctl run({"doctor", "--root", root});
     EXPECT_TRUE(run.output.contains("\nplugin: Tav_ORG_ITavDtaPlugin, ")) << run.output.toStdString();
-    EXPECT_TRUE(run.output.endsWith("4 parts checked, 3 findings\n")) << "the plugin is not among them";
+    EXPECT_TRUE(run.output.endsWith("5 parts checked, 3 findings: 3 errors\n")) << "the plugin is not among them";
 }
 
 TEST_F(DoctorCommand, NamesPicturesThatLieBesideThePictureDirectories)
@@ -109,13 +111,15 @@ TEST_F(DoctorCommand, NamesPicturesThatLieBesideThePictureDirectories)
     put("opt/tavsec/pictures/common/icon.png", png);
     const QString stray = put("opt/tavsec/pictures/stray.small.png", png);
     const Tavctl run({"doctor", "--root", directory.path(), "--json"});
-    EXPECT_EQ(findingLines(run).mid(2),
-              QStringList{stray
-                          + ": a picture outside of every picture directory; the plugin holds it only for a client "
-                            "that loads "
-                          + directory.path()
-                          + "/opt/tavsec/pictures itself, under the key "
-                            "PICTURES/STRAY; move it into a picture directory"});
+    EXPECT_EQ(
+        findingLines(run).mid(2),
+        QStringList{
+            stray
+            + ": warning: TAV506: a picture outside of every picture directory; the plugin holds it only for a client "
+              "that loads "
+            + directory.path()
+            + "/opt/tavsec/pictures itself, under the key "
+              "PICTURES/STRAY; move it into a picture directory"});
 }
 
 TEST_F(DoctorCommand, SaysWhatIsWrongWithAPluginFile)
@@ -126,6 +130,8 @@ TEST_F(DoctorCommand, SaysWhatIsWrongWithAPluginFile)
     QByteArray forOtherMachine = plugin;
     const bool isArm = plugin[18] == char(183);
     forOtherMachine[18] = char(isArm ? 62 : 183);
+    QByteArray ofOtherWordSize = plugin;
+    ofOtherWordSize[4] = 1;
     const QString own = isArm ? "AArch64" : "x86-64";
     const QString other = isArm ? "x86-64" : "AArch64";
     const QString noManagers = "; the client has none of the managers; ";
@@ -133,37 +139,256 @@ TEST_F(DoctorCommand, SaysWhatIsWrongWithAPluginFile)
     const QString qt = QString(qVersion()).section('.', 0, 1);
     struct {
         QString file;
+        QString code;
         QString finding;
     } const rows[] = {
-        {directory.filePath("none"),
+        {directory.filePath("none"), "TAV601",
          "there is no such file" + noManagers + "install the plugin, or name its file with --plugin"},
-        {TAV_SOURCE_DIR "/CMakeLists.txt", "not a shared library" + noManagers + name},
-        {TAV_TAVCTL_FILE, "not a Qt plugin" + noManagers + name},
-        {TAV_OTHER_PLUGIN_FILE,
+        {TAV_SOURCE_DIR "/CMakeLists.txt", "TAV603", "not a shared library" + noManagers + name},
+        {TAV_TAVCTL_FILE, "TAV607", "not a Qt plugin" + noManagers + name},
+        {TAV_OTHER_PLUGIN_FILE, "TAV608",
          "another plugin: its identifier is \"org.example.OtherPlugin\" and not \"Tav_ORG_ITavDtaPlugin\"" + noManagers
              + name},
-        {put("newer.so", ofNewerQt),
+        {put("newer.so", ofNewerQt), "TAV609",
          QString("built with Qt 5.99.0, but this is Qt %1; Qt refuses to load it: it takes plugins of its own or an "
                  "earlier minor version; build the plugin with Qt %2")
              .arg(qVersion(), qt)},
-        {put("machine.so", forOtherMachine),
+        {put("machine.so", forOtherMachine), "TAV605",
          QString("built for %1, but this program for %2; no client for %2 can load it; install the plugin for %2")
              .arg(other, own)},
         {put("incomplete.so",
              QByteArray(plugin)
                  .replace("libTavCommon.so.1", "libTavComm0n.so.1")
                  .replace("libstdc++.so.6", "libstdc--.so.6")),
+         "TAV610",
          "cannot be loaded: it lacks libTavComm0n.so.1, libstdc--.so.6" + noManagers + "install what it lacks"},
-        {"/tmp", "not a regular file" + noManagers + name},
-        {put("cut.so", plugin.left(plugin.size() - 1)),
+        {"/tmp", "TAV602", "not a regular file" + noManagers + name},
+        {put("cut.so", plugin.left(plugin.size() - 1)), "TAV604",
          "cut off: it ends before what its headers announce" + noManagers + "install the plugin again"},
-        {TAV_NO_MANAGERS_PLUGIN_FILE,
+        {put("words.so", ofOtherWordSize), "TAV606",
+         "built for words of 32 bits, but this program for 64; no client for " + own
+             + " can load it; install the plugin for " + own},
+        {TAV_UNDEFINED_SYMBOL_PLUGIN_FILE, "TAV611",
+         "cannot be loaded: it lacks the symbol tavNowhere(int)" + noManagers
+             + "install the libraries that it was built with"},
+        {TAV_NO_INTERFACE_PLUGIN_FILE, "TAV613",
+         "its root object, a NoInterfacePlugin, has no interface ITavDataPlugin" + noManagers + name},
+        {TAV_NO_MANAGERS_PLUGIN_FILE, "TAV614",
          "registers no managers; pages do not find what they look up; install the plugin that belongs to this client"},
     };
     for (const auto &row : rows) {
         const Tavctl run({"doctor", "--root", demoRoot, "--json", "--plugin", row.file});
-        EXPECT_EQ(findingLines(run), QStringList{row.file + ": " + row.finding});
+        EXPECT_EQ(findingLines(run), QStringList{row.file + ": error: " + row.code + ": " + row.finding});
         EXPECT_EQ(run.exitCode, 1);
         EXPECT_EQ(run.errors, "");
     }
+}
+
+TEST_F(DoctorCommand, PassesOnAnyOtherReasonOfTheLoader)
+{
+    const QString file
+        = put("version.so", contentOf(TAV_PLUGIN_FILE).replace(QByteArray("\0Qt_5\0", 6), QByteArray("\0Qt_9\0", 6)));
+    const QStringList lines = findingLines(Tavctl({"doctor", "--root", demoRoot, "--json", "--plugin", file}));
+    EXPECT_TRUE(lines.value(0).startsWith(file + ": error: TAV612: cannot be loaded: "))
+        << lines.value(0).toStdString();
+    EXPECT_EQ(lines.size(), 1);
+}
+
+TEST_F(DoctorCommand, TakesNoJsonTextForTheInstalledCatalogue)
+{
+    const QString file = put("etc/tavsec.d/funcTypeConfig.json", onePage);
+    EXPECT_EQ(findingLines(Tavctl({"doctor", "--root", directory.path(), "--json"})).value(0),
+              file
+                  + ":1:1: error: TAV107: not Base64: this is the JSON text itself; the plugin reads nothing, and the "
+                    "navigation is empty; encode it with \"tavctl catalogue encode\"");
+}
+
+TEST_F(DoctorCommand, SaysThatItMayNotReadThePlugin)
+{
+    const QString file = put("plugin.so", contentOf(TAV_PLUGIN_FILE));
+    ASSERT_TRUE(QFile::setPermissions(directory.path(), QFile::Permissions(0x7755)));
+    ASSERT_TRUE(QFile::setPermissions(file, {}));
+    const Tavctl run = Tavctl::byStranger({"doctor", "--root", demoRoot, "--json", "--plugin", file});
+    EXPECT_EQ(
+        findingLines(run),
+        QStringList{file
+                    + ": error: TAV701: cannot be read: Permission denied; the client has none of the managers; let "
+                      "this user read it"});
+}
+
+TEST_F(DoctorCommand, OutlivesAPluginThatCrashesOrHangs)
+{
+    struct {
+        QString file;
+        QString finding;
+    } const rows[] = {
+        {TAV_CRASHING_PLUGIN_FILE,
+         ": error: TAV615: ends the process that loads it: Segmentation fault; the client crashes when it starts; "
+         "install "
+         "another build of the plugin"},
+        {TAV_HANGING_PLUGIN_FILE,
+         ": error: TAV616: does not return within 10 s of being loaded; the client hangs when it starts; install "
+         "another "
+         "build of the plugin"},
+    };
+    for (const auto &row : rows) {
+        const QStringList arguments{"doctor", "--root", demoRoot, "--json", "--plugin", row.file};
+        const Tavctl run(arguments);
+        EXPECT_EQ(findingLines(run), QStringList{row.file + row.finding});
+        EXPECT_EQ(run.exitCode, 1);
+        EXPECT_EQ(run.errors, "");
+        EXPECT_EQ(findingLines(Tavctl(arguments + QStringList{"--no-load"})), QStringList()) << "nothing of it runs";
+    }
+}
+
+namespace
+{
+/// @brief A copy of the demo, to be broken, that everybody may look at.
+class DoctorOnACopy : public TestFiles
+{
+protected:
+    DoctorOnACopy()
+    {
+        const Program copy({"cp", "-r", demoRoot + "/.", root});
+        EXPECT_EQ(copy.exitCode, 0);
+        EXPECT_EQ(Program({"chmod", "0755", root}).exitCode, 0);
+        EXPECT_EQ(Program({"chmod", "-R", "go-w", root}).exitCode, 0);
+    }
+
+    QStringList findings() const
+    {
+        return withoutRoot(Tavctl({"doctor", "--root", root, "--json"}));
+    }
+
+    QStringList findingsByStranger() const
+    {
+        return withoutRoot(Tavctl::byStranger({"doctor", "--root", root, "--json"}));
+    }
+
+    QStringList withoutRoot(const Tavctl &run) const
+    {
+        QStringList lines = findingLines(run);
+        return lines.replaceInStrings(root, "@");
+    }
+
+    const QString root = directory.path();
+    const QString scripts = root + "/opt/tavsec/script/baselineScript";
+    const QString pictures = root + "/opt/tavsec/pictures";
+};
+}
+
+TEST_F(DoctorOnACopy, FindsWhatOthersMayWrite)
+{
+    EXPECT_EQ(findings(), QStringList());
+    ASSERT_EQ(Program({"chmod", "o+w", scripts + "/file-umask.sh", scripts, root + "/etc/tavsec.d/funcTypeConfig.json"})
+                  .exitCode,
+              0);
+    const QString finding
+        = ": error: TAV702: everybody may write it; others than its owner decide what the client shows "
+          "and the agent runs; take the right away with \"chmod go-w\"";
+    QStringList expected{"@/etc/tavsec.d/funcTypeConfig.json" + finding, "@/opt/tavsec/script/baselineScript" + finding,
+                         "@/opt/tavsec/script/baselineScript/file-umask.sh" + finding};
+    EXPECT_EQ(findings(), expected) << "each once";
+    ASSERT_EQ(Program({"chmod", "+t", scripts}).exitCode, 0);
+    expected.removeAt(1);
+    EXPECT_EQ(findings(), expected) << "each may change but his own there";
+}
+
+TEST_F(DoctorOnACopy, FindsWhatBelongsToAStranger)
+{
+    if (geteuid() != 0) {
+        GTEST_SKIP() << "only the administrator gives files away";
+    }
+    ASSERT_EQ(Program({"chown", "4711", root + "/etc/tavsec.d/baselineConfig/baseline.json"}).exitCode, 0);
+    EXPECT_EQ(
+        findings(),
+        QStringList{"@/etc/tavsec.d/baselineConfig/baseline.json: error: TAV703: belongs to the user 4711; this user "
+                    "decides what the client shows and the agent runs; give it to the administrator with \"chown "
+                    "root\""});
+    ASSERT_EQ(Program({"chown", "-R", "4711", root}).exitCode, 0);
+    EXPECT_EQ(findings(), QStringList()) << "the whole root is this user's";
+}
+
+TEST_F(DoctorOnACopy, ReportsWhatItMayNotReadAsThat)
+{
+    ASSERT_EQ(Program({"chmod", "0", root + "/etc/tavsec.d/funcTypeConfig.json", pictures + "/navigation/hostIcon.png",
+                       pictures + "/navigationLarge"})
+                  .exitCode,
+              0);
+    ASSERT_EQ(Program({"chmod", "0100", scripts + "/file-umask.sh"}).exitCode, 0);
+    const QStringList found = findingsByStranger();
+    QStringList starts;
+    for (const QString &line : found) {
+        starts.append(line.section(';', 0, 0).section(" it belongs", 0, 0));
+    }
+    const QString denied = "cannot be read: Permission denied";
+    ASSERT_EQ(starts.size(), 4) << found.join('\n').toStdString();
+    EXPECT_EQ(starts[0], "@/etc/tavsec.d/funcTypeConfig.json: error: TAV701: " + denied);
+    EXPECT_TRUE(starts[1].contains(": error: TAV701: /enableConfig/")) << starts[1].toStdString();
+    EXPECT_TRUE(starts[1].endsWith("/file-umask.sh\" " + denied)) << starts[1].toStdString();
+    EXPECT_EQ(starts[2], "@/opt/tavsec/pictures/navigation/hostIcon.png: error: TAV701: cannot be read");
+    EXPECT_EQ(starts[3], "@/opt/tavsec/pictures/navigationLarge: error: TAV701: cannot be listed");
+    ASSERT_EQ(Program({"chmod", "0", root + "/etc/tavsec.d", pictures, root + "/opt/tavsec/script"}).exitCode, 0);
+    QStringList codes;
+    for (const QString &line : findingsByStranger()) {
+        codes.append(line.section(": ", 0, 0) + ' ' + line.section(": ", 2, 2));
+    }
+    EXPECT_EQ(codes,
+              QStringList({"@/etc/tavsec.d/funcTypeConfig.json TAV701",
+                           "@/etc/tavsec.d/baselineConfig/baseline.json TAV701", "@/opt/tavsec/pictures TAV701"}))
+        << "nothing is called missing";
+}
+
+TEST_F(DoctorOnACopy, SeesAPictureBeyondMeasureWithoutDecodingIt)
+{
+    // A header of 30000 × 30000 pixels before the data of a few.
+    const char *const picture
+        = "89504e470d0a1a0a0000000d49484452000075300000753008060000006627f8ba0000001149444154789c63601805a36014"
+          "0c77000003e80001b3a6d3460000000049454e44ae426082";
+    put("opt/tavsec/pictures/large/icon.png", QByteArray::fromHex(picture));
+    const QStringList found = findings();
+    ASSERT_EQ(found.size(), 1) << found.join('\n').toStdString();
+    EXPECT_TRUE(
+        found[0].startsWith("@/opt/tavsec/pictures/large/icon.png: error: TAV514: has 30000 × 30000 pixels; the "
+                            "plugin takes 3433 MiB of memory for it; "))
+        << found[0].toStdString();
+    const Tavctl pictures({"pictures", "--json", root + "/opt/tavsec/pictures/large"});
+    EXPECT_EQ(pictures.exitCode, 1);
+    EXPECT_EQ(pictures.json()["pictures"].toArray().size(), 0) << "nor does the plugin";
+}
+
+TEST_F(DoctorOnACopy, NamesAnEmptyPictureDirectoryAndAPipe)
+{
+    ASSERT_TRUE(QDir(pictures).mkdir("empty"));
+    ASSERT_EQ(mkfifo((pictures + "/navigation/pipe.png").toUtf8().constData(), 0600), 0);
+    EXPECT_EQ(
+        findings(),
+        QStringList({"@/opt/tavsec/pictures/empty: warning: TAV511: a picture directory without pictures; pages find "
+                     "nothing in it; put pictures there, or remove it",
+                     "@/opt/tavsec/pictures/navigation/pipe.png: error: TAV504: not a regular file; the plugin "
+                     "passes over it; put a PNG picture in its place"}));
+}
+
+TEST_F(DoctorOnACopy, FollowsAbsoluteLinksInsideTheRoot)
+{
+    ASSERT_TRUE(QDir(root).mkdir("data"));
+    for (const char *const name : {"etc", "opt"}) {
+        ASSERT_TRUE(QFile::rename(root + '/' + name, root + "/data/" + name));
+        ASSERT_TRUE(QFile::link(QString("/data/") + name, root + '/' + name));
+    }
+    EXPECT_EQ(findings(), QStringList());
+}
+
+TEST_F(DoctorOnACopy, AsksForTheRootOnceWhenThereIsNoScriptDirectory)
+{
+    const QString list = put("baseline.json", contentOf(demoRoot + "/etc/tavsec.d/baselineConfig/baseline.json"));
+    const QDir empty(directory.filePath("none"));
+    ASSERT_TRUE(QDir(root).mkdir("none"));
+    const Tavctl run({"baseline", "check", list, "--root", empty.path(), "--json"});
+    const QStringList lines = findingLines(run);
+    ASSERT_EQ(lines.size(), 1);
+    EXPECT_TRUE(lines[0].contains(": error: TAV412: /enableConfig: the script directory \"" + empty.path()
+                                  + "/opt/tavsec/script/baselineScript\" does not exist; "));
+    EXPECT_EQ(Tavctl({"baseline", "check", root + "/etc/tavsec.d/baselineConfig/baseline.json"}).output,
+              "1 file checked with the scripts below " + root + ", no findings\n");
 }

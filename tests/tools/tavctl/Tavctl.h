@@ -5,6 +5,8 @@
 #include <QJsonDocument>
 #include <QJsonObject>
 
+#include <unistd.h>
+
 /// The command that runs tavctl, under an emulator when the tests are.
 inline QStringList tavctlCommand(const QStringList &arguments)
 {
@@ -13,14 +15,23 @@ inline QStringList tavctlCommand(const QStringList &arguments)
 
 /// @brief The tool tavctl, run once with the arguments given; what it printed and how it ended.
 struct Tavctl {
-    explicit Tavctl(const QStringList &arguments, const QString &inputFile = QStringLiteral("/dev/null"))
+    /// @p before stands before the command, to run it in another way.
+    explicit Tavctl(const QStringList &arguments, const QString &inputFile = QStringLiteral("/dev/null"),
+                    const QStringList &before = {})
     {
-        const Program run(tavctlCommand(arguments), inputFile);
+        const Program run(before + tavctlCommand(arguments), inputFile);
         bytes = run.output;
         output = QString::fromUtf8(run.output);
         errors = QString::fromUtf8(run.errors);
         exitCode = run.exitCode;
         peakMiB = run.peakMiB;
+    }
+
+    /// Run by somebody who may do no more than everybody, also when the tests are run by the administrator.
+    static Tavctl byStranger(const QStringList &arguments)
+    {
+        const QStringList asNobody{"setpriv", "--reuid", "65534", "--clear-groups"};
+        return Tavctl(arguments, QStringLiteral("/dev/null"), geteuid() == 0 ? asNobody : QStringList());
     }
 
     QJsonObject json() const

@@ -35,17 +35,14 @@ void checkKey(const QJsonObject &item, int itemId, const QString &key, QJsonValu
 void checkScript(const QString &script, int itemId, Tav::Reinforce::LineScanItemConfigErr &faults)
 {
     const QString key = QStringLiteral("checkValueScript");
-    switch (scriptState(script)) {
-    case ScriptState::Runnable:
-        break;
-    case ScriptState::Missing:
-    case ScriptState::NotAFile:
-        addFault(faults, itemId, ScriptMissing, key, QStringLiteral("there is no %1").arg(script));
-        break;
-    case ScriptState::NotExecutable:
-        addFault(faults, itemId, ScriptNotExecutable, key, QStringLiteral("%1 is not executable").arg(script));
-        break;
+    const QVector<ScriptFlaw> flaws = scriptFlaws(script);
+    if (flaws.isEmpty()) {
+        return;
     }
+    const ScriptFlaw &flaw = flaws.first();
+    const bool isMissing = flaw.kind == ScriptFlaw::Missing || flaw.kind == ScriptFlaw::NotAFile;
+    addFault(faults, itemId, isMissing ? ScriptMissing : ScriptNotExecutable, key,
+             isMissing ? QStringLiteral("there is no %1").arg(script) : script + ' ' + flaw.problem);
 }
 }
 

@@ -1,0 +1,173 @@
+#include "FindingFormats.h"
+
+#include "Presentation.h"
+#include "TextTable.h"
+
+#include <QFileInfo>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QUrl>
+
+#include <iostream>
+
+namespace
+{
+/// Of the JSON that this prints: raised when a reader of it would have to change.
+constexpr int version = 1;
+
+/// @p path with long keys cut: a line is for people, and JSON has all of it.
+QString shortened(const QString &path)
+{
+    constexpr int mostLetters = 40;
+    QStringList keys = path.split('/');
+    for (QString &key : keys) {
+        if (key.size() > mostLetters) {
+            key = key.left(mostLetters) + "…";
+        }
+    }
+    return keys.join('/');
+}
+
+/// What is found, without the file: where in it, what that means and what to do.
+QString message(const Finding &finding)
+{
+    QString text;
+    if (finding.inText.line > 0) {
+        text += QString("in the JSON text %1:%2: ").arg(finding.inText.line).arg(finding.inText.column);
+    }
+    if (!finding.path.isEmpty()) {
+        text += shortened(finding.path) + ": ";
+    }
+    return printable(text + QStringList{finding.problem, finding.effect, finding.advice}.join("; "));
+}
+
+QJsonObject jsonOf(const Finding &finding)
+{
+    return {{"code", finding.kind().name()},
+            {"severity", nameOf(finding.kind().severity)},
+            {"file", finding.file},
+            {"line", finding.place.line},
+            {"column", finding.place.column},
+            {"textLine", finding.inText.line},
+            {"textColumn", finding.inText.column},
+            {"path", finding.path},
+            {"problem", finding.problem},
+            {"effect", finding.effect},
+            {"advice", finding.advice}};
+}
+
+void printCompact(const QJsonObject &object)
+{
+    std::cout << QJsonDocument(object).toJson(QJsonDocument::Compact).constData() << '\n';
+}
+
+QString sarifLevel(Severity severity)
+{
+    return nameOf(severity); // SARIF's levels have the same names
+}
+
+QJsonArray sarifRules()
+{
+    QJsonArray rules;
+    for (const FindingKind &kind : findingKinds()) {
+        rules.append(QJsonObject{{"id", kind.name()},
+                                 {"shortDescription", QJsonObject{{"text", kind.title}}},
+                                 {"fullDescription", QJsonObject{{"text", kind.explanation}}},
+                                 {"defaultConfiguration", QJsonObject{{"level", sarifLevel(kind.severity)}}}});
+    }
+    return rules;
+}
+
+QJsonObject sarifResult(const Finding &finding)
+{
+    const QUrl file = QFileInfo(finding.file).isAbsolute() ? QUrl::fromLocalFile(finding.file) : QUrl(finding.file);
+    QJsonObject physical{{"artifactLocation", QJsonObject{{"uri", QString::fromUtf8(file.toEncoded())}}}};
+    if (finding.place.line > 0) {
+        physical.insert("region",
+                        QJsonObject{{"startLine", finding.place.line}, {"startColumn", finding.place.column}});
+    }
+    QJsonObject location{{"physicalLocation", physical}};
+    if (!finding.path.isEmpty()) {
+        location.insert("logicalLocations", QJsonArray{QJsonObject{{"fullyQualifiedName", finding.path}}});
+    }
+    return {{"ruleId", finding.kind().name()},
+            {"level", sarifLevel(finding.kind().severity)},
+            {"message", QJsonObject{{"text", message(finding)}}},
+            {"locations", QJsonArray{location}}};
+}
+
+/// @p text as a workflow command takes it.
+QString escaped(QString text)
+{
+    return text.replace('%', "%25").replace('\r', "%0D").replace('\n', "%0A");
+}
+
+QString escapedProperty(const QString &text)
+{
+    return escaped(text).replace(':', "%3A").replace(',', "%2C");
+}
+}
+
+void FindingFormats::printText(const Findings &findings)
+{
+    for (const Finding &finding : findings) {
+        QString where = finding.file;
+        if (finding.place.line > 0) {
+            where += QString(":%1:%2").arg(finding.place.line).arg(finding.place.column);
+        }
+        where = printable(where) + ": ";
+        const QString what = nameOf(finding.kind().severity) + ": " + finding.kind().name() + ": " + message(finding);
+        printLine(dimmed(where) + wrapped(what, displayWidth(where)));
+    }
+}
+
+void FindingFormats::printJson(const Findings &findings, const QString &summary, const QJsonObject &others)
+{
+    QJsonArray rows;
+    for (const Finding &finding : findings) {
+        rows.append(jsonOf(finding));
+    }
+    QJsonObject document = others;
+    document.insert("tavFindings", version);
+    document.insert("findings", rows);
+    document.insert("summary", summary);
+    ::printJson(document);
+}
+
+void FindingFormats::printJsonLines(const Findings &findings, const QString &summary)
+{
+    for (const Finding &finding : findings) {
+        printCompact(jsonOf(finding));
+    }
+    printCompact({{"tavFindings", version}, {"summary", summary}});
+}
+
+void FindingFormats::printSarif(const Findings &findings, const QString &summary)
+{
+    QJsonArray results;
+    for (const Finding &finding : findings) {
+        results.append(sarifResult(finding));
+    }
+    const QJsonObject driver{{"name", "tavctl"}, {"version", TAV_VERSION}, {"rules", sarifRules()}};
+    ::printJson({{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},
+                 {"version", "2.1.0"},
+                 {"runs",
+                  QJsonArray{QJsonObject{{"tool", QJsonObject{{"driver", driver}}},
+                                         {"columnKind", "unicodeCodePoints"},
+                                         {"results", results},
+                                         {"properties", QJsonObject{{"summary", summary}}}}}}});
+}
+
+void FindingFormats::printGithub(const Findings &findings)
+{
+    for (const Finding &finding : findings) {
+        const FindingKind &kind = finding.kind();
+        const QString level = kind.severity == Severity::Note ? "notice" : nameOf(kind.severity);
+        QString command = "::" + level + " file=" + escapedProperty(finding.file);
+        if (finding.place.line > 0) {
+            command += QString(",line=%1,col=%2").arg(finding.place.line).arg(finding.place.column);
+        }
+        printLine(command + ",title=" + escapedProperty(kind.name() + ": " + kind.title)
+                  + "::" + escaped(message(finding)));
+    }
+}
