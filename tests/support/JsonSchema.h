@@ -11,6 +11,16 @@
 #include <valijson/schema_parser.hpp>
 #include <valijson/validator.hpp>
 
+/// Whether @p value conforms to the JSON schema.
+inline bool conforms(const QJsonObject &schema, const QJsonValue &value)
+{
+    using valijson::adapters::QtJsonAdapter;
+    const QJsonValue rules = schema;
+    valijson::Schema compiled;
+    valijson::SchemaParser().populateSchema(QtJsonAdapter(rules), compiled);
+    return valijson::Validator().validate(compiled, QtJsonAdapter(value), nullptr);
+}
+
 /// What @p document breaks of the schema with this name in share/schemas, a line each; empty for nothing.
 inline std::string schemaFindings(const QString &schemaName, const QJsonObject &document)
 {

@@ -49,6 +49,10 @@ FindingCode codeOf(TavPluginError::Kind kind)
         return FindingCode::PluginWithoutInterface;
     case Kind::WrongManagers:
         return FindingCode::PluginWithOtherManagers;
+    case Kind::Exception: // nobody in a client catches it
+        return FindingCode::PluginCrashes;
+    case Kind::NoPages: // said of page plugins only
+        break;
     }
     Q_UNREACHABLE();
 }
