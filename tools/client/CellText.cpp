@@ -1,10 +1,21 @@
 #include "CellText.h"
 
+#include <QCoreApplication>
 #include <QDateTime>
 #include <QLocale>
 
 namespace
 {
+QString text(const char *english)
+{
+    return QCoreApplication::translate("CellText", english);
+}
+
+QString yesOrNo(bool isYes)
+{
+    return isYes ? text(QT_TRANSLATE_NOOP("CellText", "yes")) : text(QT_TRANSLATE_NOOP("CellText", "no"));
+}
+
 QString permissions(int bits)
 {
     return QString(bits & 4 ? "r" : "-") + (bits & 2 ? "w" : "-") + (bits & 1 ? "x" : "-");
@@ -12,7 +23,7 @@ QString permissions(int bits)
 
 QString duration(qint64 seconds)
 {
-    return QString("%1 d %2:%3:%4")
+    return text(QT_TRANSLATE_NOOP("CellText", "%1 d %2:%3:%4"))
         .arg(seconds / 86400)
         .arg(seconds / 3600 % 24, 2, 10, QLatin1Char('0'))
         .arg(seconds / 60 % 60, 2, 10, QLatin1Char('0'))
@@ -44,11 +55,12 @@ QString CellText::ofKind(TavFields::Kind kind, const QVariant &value)
     case Kind::FileMode:
         return QString::number(value.toUInt(), 8);
     case Kind::Flag:
-        return value.toInt() ? "yes" : "no";
+        return yesOrNo(value.toInt() != 0);
     case Kind::FlagOrUnknown:
-        return value.toInt() < 0 ? "?" : value.toInt() ? "yes" : "no";
+        return value.toInt() < 0 ? "?" : yesOrNo(value.toInt() != 0);
     case Kind::Success:
-        return value.toInt() ? "ok" : "failed";
+        return value.toInt() ? text(QT_TRANSLATE_NOOP("CellText", "ok"))
+                             : text(QT_TRANSLATE_NOOP("CellText", "failed"));
     case Kind::CheckMark:
         return value.toBool() ? "☑" : "☐";
     case Kind::Texts:

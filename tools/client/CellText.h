@@ -5,7 +5,7 @@
 #include <QString>
 #include <QVariant>
 
-/// Values as the tables of a page show them.
+/// Values as the tables of a page show them, in the language of the interface.
 namespace CellText
 {
 /// A field's value, by what it means; nothing for one that is absent.

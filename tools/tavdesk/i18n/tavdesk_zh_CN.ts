@@ -188,6 +188,29 @@
     </message>
 </context>
 <context>
+    <name>CellText</name>
+    <message>
+        <source>yes</source>
+        <translation>是</translation>
+    </message>
+    <message>
+        <source>no</source>
+        <translation>否</translation>
+    </message>
+    <message>
+        <source>%1 d %2:%3:%4</source>
+        <translation>%1 天 %2:%3:%4</translation>
+    </message>
+    <message>
+        <source>ok</source>
+        <translation>成功</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>失败</translation>
+    </message>
+</context>
+<context>
     <name>DeliveryPanel</name>
     <message>
         <source>Time</source>
