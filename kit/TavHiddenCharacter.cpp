@@ -65,7 +65,7 @@ QString hiddenCharacterIn(const QString &text)
             ++i; // a whole character
             continue;
         }
-        const QString name = hiddenCharacterName(text[i]);
+        QString name = hiddenCharacterName(text[i]);
         if (!name.isEmpty()) {
             return name;
         }

@@ -12,7 +12,7 @@ mapfile -t sources < <(git ls-files '*.cpp' '*.h')
 mapfile -t units < <(git ls-files 'common/*.cpp' 'kit/*.cpp' 'managers/*.cpp' 'plugin/*.cpp' 'tools/*.cpp')
 folder_list=$(tests/lint/folder-units.py "$build" "$build/lint" "${units[@]}")
 mapfile -t folders <<<"$folder_list"
-mapfile -t scripts < <(git grep -lE '^#!.*\b(ba)?sh$')
+mapfile -t scripts < <(git grep -lE '^#!.*\b(ba)?sh$' -- ':!*.md') # examples in texts are none
 findings=0
 
 # check NAME COMMAND...: runs one check and notes whether it found anything.

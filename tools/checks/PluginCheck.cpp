@@ -12,6 +12,7 @@
 #include <poll.h>
 #include <sys/wait.h>
 #include <unistd.h>
+#include <utility>
 
 namespace
 {
@@ -57,7 +58,7 @@ FindingCode codeOf(TavPluginError::Kind kind)
     Q_UNREACHABLE();
 }
 
-constexpr int secondsToLoad = 10;
+constexpr qint64 secondsToLoad = 10;
 
 Finding findingOf(const TavPluginError &error)
 {
@@ -68,7 +69,7 @@ Finding findingOf(const TavPluginError &error)
 class LoadingProcess
 {
 public:
-    explicit LoadingProcess(const QString &file) : m_file(file)
+    explicit LoadingProcess(QString file) : m_file(std::move(file))
     {
         int ends[2] = {-1, -1};
         if (pipe2(ends, O_CLOEXEC) != 0) {

@@ -21,8 +21,8 @@ QJsonValue beginningOf(const QJsonValue &value)
     }
     if (value.isObject()) {
         QJsonObject object = value.toObject();
-        for (auto member = object.begin(); member != object.end(); ++member) {
-            *member = beginningOf(*member);
+        for (QJsonValueRef member : object) {
+            member = beginningOf(member);
         }
         return object;
     }

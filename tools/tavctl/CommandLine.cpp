@@ -29,14 +29,22 @@ CLI::Validator namedFile()
     return {[](const std::string &name) { return std::string(name.empty() ? "the name is empty" : ""); }, ""};
 }
 
-const std::map<std::string, Severity> severities{
-    {"error", Severity::Error}, {"warning", Severity::Warning}, {"note", Severity::Note}};
+const std::map<std::string, Severity> &severities()
+{
+    static const std::map<std::string, Severity> names{
+        {"error", Severity::Error}, {"warning", Severity::Warning}, {"note", Severity::Note}};
+    return names;
+}
 
-const std::map<std::string, FindingFormat> formats{{"text", FindingFormat::Text},
-                                                   {"json", FindingFormat::Json},
-                                                   {"jsonl", FindingFormat::JsonLines},
-                                                   {"sarif", FindingFormat::Sarif},
-                                                   {"github", FindingFormat::Github}};
+const std::map<std::string, FindingFormat> &formats()
+{
+    static const std::map<std::string, FindingFormat> names{{"text", FindingFormat::Text},
+                                                            {"json", FindingFormat::Json},
+                                                            {"jsonl", FindingFormat::JsonLines},
+                                                            {"sarif", FindingFormat::Sarif},
+                                                            {"github", FindingFormat::Github}};
+    return names;
+}
 
 /// Refuses what is none of the names.
 template<class Value>
@@ -50,7 +58,7 @@ CLI::Validator findingCode()
     return {[](const std::string &code) {
                 return kindNamed(QString::fromStdString(code))
                     ? std::string()
-                    : '"' + code + "\" is no code of a finding (\"tavctl explain\" lists them)";
+                    : '"' + code + R"(" is no code of a finding ("tavctl explain" lists them))";
             },
             ""};
 }
@@ -117,11 +125,13 @@ public:
         m_command
             .add_option_function<std::string>(
                 "--fail-on",
-                [options = m_options, &findings](const std::string &given) { findings.failOn = severities.at(given); },
+                [options = m_options, &findings](const std::string &given) {
+                    findings.failOn = severities().at(given);
+                },
                 "the least severity that ends the program with 1")
             ->default_str("warning")
             ->type_name("error|warning|note")
-            ->check(nameIn(severities));
+            ->check(nameIn(severities()));
         m_command
             .add_option_function<std::vector<std::string>>(
                 "--ignore",
@@ -140,12 +150,12 @@ public:
                                         .add_option_function<std::string>(
                                             "--format",
                                             [options = m_options, &findings](const std::string &given) {
-                                                findings.format = formats.at(given);
+                                                findings.format = formats().at(given);
                                             },
                                             "the form of what is printed")
                                         ->default_str("text")
                                         ->type_name("text|json|jsonl|sarif|github")
-                                        ->check(nameIn(formats));
+                                        ->check(nameIn(formats()));
         m_command
             .add_flag_callback(
                 "--json", [options = m_options, &findings] { findings.format = FindingFormat::Json; },

@@ -5,8 +5,9 @@
 #include "Presentation.h"
 
 #include <algorithm>
+#include <utility>
 
-FindingReport::FindingReport(const FindingOptions &options) : m_options(options)
+FindingReport::FindingReport(FindingOptions options) : m_options(std::move(options))
 {
 }
 

@@ -27,7 +27,7 @@ struct FindingOptions {
 class FindingReport
 {
 public:
-    explicit FindingReport(const FindingOptions &options);
+    explicit FindingReport(FindingOptions options);
 
     /// Takes @p findings but for what is ignored: by the options, or by the file tavctl.json in @p directory. Throws
     /// ToolError for a mistake in that file.

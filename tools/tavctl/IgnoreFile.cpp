@@ -19,7 +19,7 @@ QString mistakeIn(const QJsonObject &document)
     const QJsonObject ignored = document["ignore"].toObject();
     for (auto entry = ignored.begin(); entry != ignored.end(); ++entry) {
         if (!kindNamed(entry.key())) {
-            return '"' + entry.key() + "\" is no code of a finding; \"tavctl explain\" lists them";
+            return '"' + entry.key() + R"(" is no code of a finding; "tavctl explain" lists them)";
         }
         if (entry.value().toString().trimmed().isEmpty()) {
             return entry.key() + ": the reason is missing";

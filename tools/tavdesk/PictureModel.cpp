@@ -79,5 +79,5 @@ QVector<PictureModel::Row> PictureModel::readRows() const
         }
         rows.insert(row.key, row);
     }
-    return rows.values().toVector();
+    return {rows.cbegin(), rows.cend()};
 }
