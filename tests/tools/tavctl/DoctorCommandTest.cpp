@@ -208,7 +208,7 @@ TEST_F(DoctorCommand, SaysThatItMayNotReadThePlugin)
     const QString file = put("plugin.so", contentOf(TAV_PLUGIN_FILE));
     ASSERT_TRUE(QFile::setPermissions(directory.path(), QFile::Permissions(0x7755)));
     ASSERT_TRUE(QFile::setPermissions(file, {}));
-    const Tavctl run = Tavctl::byStranger({"doctor", "--root", demoRoot, "--json", "--plugin", file});
+    const Tavctl run = Tavctl::boundByPermissions({"doctor", "--root", demoRoot, "--json", "--plugin", file});
     EXPECT_EQ(
         findingLines(run),
         QStringList{file
@@ -260,9 +260,9 @@ protected:
         return withoutRoot(Tavctl({"doctor", "--root", root, "--json"}));
     }
 
-    QStringList findingsByStranger() const
+    QStringList findingsBoundByPermissions() const
     {
-        return withoutRoot(Tavctl::byStranger({"doctor", "--root", root, "--json"}));
+        return withoutRoot(Tavctl::boundByPermissions({"doctor", "--root", root, "--json"}));
     }
 
     QStringList withoutRoot(const Tavctl &run) const
@@ -316,7 +316,7 @@ TEST_F(DoctorOnACopy, ReportsWhatItMayNotReadAsThat)
                   .exitCode,
               0);
     ASSERT_EQ(Program({"chmod", "0100", scripts + "/file-umask.sh"}).exitCode, 0);
-    const QStringList found = findingsByStranger();
+    const QStringList found = findingsBoundByPermissions();
     QStringList starts;
     for (const QString &line : found) {
         starts.append(line.section(';', 0, 0).section(" it belongs", 0, 0));
@@ -330,7 +330,7 @@ TEST_F(DoctorOnACopy, ReportsWhatItMayNotReadAsThat)
     EXPECT_EQ(starts[3], "@/opt/tavsec/pictures/navigationLarge: error: TAV701: cannot be listed");
     ASSERT_EQ(Program({"chmod", "0", root + "/etc/tavsec.d", pictures, root + "/opt/tavsec/script"}).exitCode, 0);
     QStringList codes;
-    for (const QString &line : findingsByStranger()) {
+    for (const QString &line : findingsBoundByPermissions()) {
         codes.append(line.section(": ", 0, 0) + ' ' + line.section(": ", 2, 2));
     }
     EXPECT_EQ(codes,
