@@ -22,6 +22,11 @@ configure_file("${CMAKE_CURRENT_LIST_DIR}/tav-data-plugin.pc.in" tav-data-plugin
 install(FILES "${CMAKE_CURRENT_BINARY_DIR}/tav-data-plugin.pc"
     DESTINATION ${CMAKE_INSTALL_LIBDIR}/pkgconfig COMPONENT dev)
 
+# What is inside, for who has to know.
+configure_file("${CMAKE_CURRENT_LIST_DIR}/tav-data-plugin.cdx.json.in" tav-data-plugin.cdx.json @ONLY)
+install(FILES "${CMAKE_CURRENT_BINARY_DIR}/tav-data-plugin.cdx.json"
+    DESTINATION ${CMAKE_INSTALL_DATADIR}/doc/tav-data-plugin COMPONENT plugin)
+
 # What page authors read and copy: they have the packages, not these sources.
 set(devDocDir "${CMAKE_INSTALL_DATADIR}/doc/tav-data-plugin-dev")
 install(FILES docs/page-plugin-guide.md docs/compatibility.md docs/architecture.md docs/scenarios.md

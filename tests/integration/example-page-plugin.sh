@@ -51,6 +51,13 @@ cmake -S "$work/source" -B "$work/build" "$@" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON
 cmake --build "$work/build" --parallel "$(nproc)"
 ctest --test-dir "$work/build" --output-on-failure --no-tests=error
 
+mkdir "$work/unknown"
+printf '%s\n' 'cmake_minimum_required(VERSION 3.22)' 'project(Page LANGUAGES CXX)' \
+    'find_package(TavDataPlugin REQUIRED COMPONENTS Kitt)' >"$work/unknown/CMakeLists.txt"
+! cmake -S "$work/unknown" -B "$work/unknown/build" "$@" -DCMAKE_PREFIX_PATH="$prefix" >/dev/null 2>"$work/unknown.txt" ||
+    fail "a component that there is not is found"
+grep -q Kitt "$work/unknown.txt" || fail "the component that there is not is not named: $(<"$work/unknown.txt")"
+
 plugin=$work/build/libNetControlPagePlugin.so
 found=$(env -u LD_LIBRARY_PATH ldd "$plugin" | awk '$1 == "libTavCommon.so.1" { print $3 }')
 [[ $found == "$prefix/$library_dir/libTavCommon.so.1" ]] || fail "the page takes libTavCommon.so.1 from ${found:-nowhere}"
