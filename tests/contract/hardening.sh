@@ -31,7 +31,7 @@ for file; do
         { address = $1; sub(/:$/, "", address); $1 = ""; sub(/^ /, "") }
         address in name && $0 !~ landing { print name[address] ": " $0 }
     ' <(readelf --dyn-syms -W "$file") <("$objdump" -d --no-show-raw-insn "$file"))
-    [[ -z $bare ]] || fail "$file: functions that do not begin with a landing place: $bare"
+    [[ -z $bare ]] || fail "$file: $(wc -l <<<"$bare") functions do not begin with a landing place, first ${bare%%$'\n'*}"
     units=$(readelf --debug-dump=info "$file" 2>/dev/null | grep 'DW_AT_producer.*GNU C++' || true)
     for option in -fstack-clash-protection -fstack-protector-strong; do
         [[ -z $units ]] || ! grep -v -q -e "$option" <<<"$units" || fail "$file: units without $option"
