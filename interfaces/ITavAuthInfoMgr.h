@@ -14,17 +14,17 @@ class ITavAuthInfoMgr
 {
 public:
     /// The manager itself, to look at its class or to watch its end: it has no signals of its own. Takes no lock.
-    virtual QObject *getObject() = 0;
+    [[nodiscard]] virtual QObject *getObject() = 0;
 
     /// Replaces the answer to the last login.
     virtual void setLoginCheck(const Tav::SystemConfig::LoginCheckAsr &answer) = 0;
     /// Copy of the answer to the last login.
-    virtual Tav::SystemConfig::LoginCheckAsr getLoginCheck() = 0;
+    [[nodiscard]] virtual Tav::SystemConfig::LoginCheckAsr getLoginCheck() = 0;
 
     /// Replaces the answer to the last change of password.
     virtual void setPwdChange(const Tav::SystemConfig::PasswdChangeAsr &answer) = 0;
     /// Copy of the answer to the last change of password.
-    virtual Tav::SystemConfig::PasswdChangeAsr getPwdChange() = 0;
+    [[nodiscard]] virtual Tav::SystemConfig::PasswdChangeAsr getPwdChange() = 0;
 
 protected:
     /// Not virtual: nothing is deleted through this interface, and a destructor would take places in its table.

@@ -14,17 +14,17 @@ class ITavDevCtlMgr
 {
 public:
     /// The manager itself, to look at its class or to watch its end: it has no signals of its own. Takes no lock.
-    virtual QObject *getObject() = 0;
+    [[nodiscard]] virtual QObject *getObject() = 0;
 
     /// Replaces the list of USB devices.
     virtual void setUsbInfoList(const Tav::DevControl::DevUsbInfoList &list) = 0;
     /// Copy of the list of USB devices.
-    virtual Tav::DevControl::DevUsbInfoList getUsbInfoList() = 0;
+    [[nodiscard]] virtual Tav::DevControl::DevUsbInfoList getUsbInfoList() = 0;
 
     /// Replaces the switches per kind of device.
     virtual void setFuncEnableInfo(const Tav::DevControl::DevFuncEnableInfo &info) = 0;
     /// Copy of the switches per kind of device.
-    virtual Tav::DevControl::DevFuncEnableInfo getFuncEnableInfo() = 0;
+    [[nodiscard]] virtual Tav::DevControl::DevFuncEnableInfo getFuncEnableInfo() = 0;
 
 protected:
     /// Not virtual: nothing is deleted through this interface, and a destructor would take places in its table.

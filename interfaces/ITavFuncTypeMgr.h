@@ -18,7 +18,7 @@ class ITavFuncTypeMgr
 {
 public:
     /// The manager itself, to look at its class or to watch its end: it has no signals of its own. Takes no lock.
-    virtual QObject *getObject() = 0;
+    [[nodiscard]] virtual QObject *getObject() = 0;
 
     /// Does nothing and returns true.
     virtual bool loadIniConfig() = 0;
@@ -32,18 +32,22 @@ public:
     virtual bool loadConfig() = 0;
 
     /// First function of this type; a default record (type 0, enabled, empty texts) when there is none.
-    virtual TavFuncTypeData_ getFuncInfoData(const CTavFuncTypeHeader::TavFuncTypeHeader_ &funcType) = 0;
+    [[nodiscard]] virtual TavFuncTypeData_ getFuncInfoData(const CTavFuncTypeHeader::TavFuncTypeHeader_ &funcType) = 0;
     /// All functions in the order of the file, each before those nested under it.
-    virtual QVector<TavFuncTypeData_> getFuncInfos() = 0;
+    [[nodiscard]] virtual QVector<TavFuncTypeData_> getFuncInfos() = 0;
 
     /// All pages under this function in the order of the file; empty when there are none.
-    virtual QVector<TavSubFuncTypeData_> getSubFuncInfo(const CTavFuncTypeHeader::TavFuncTypeHeader_ &funcType) = 0;
+    [[nodiscard]] virtual QVector<TavSubFuncTypeData_> getSubFuncInfo(
+        const CTavFuncTypeHeader::TavFuncTypeHeader_ &funcType)
+        = 0;
     /// First page of this type; a default record (types 0, both flags true, empty texts) when there is none.
-    virtual TavSubFuncTypeData_ getSubFuncInfo(const CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ &subFuncType) = 0;
+    [[nodiscard]] virtual TavSubFuncTypeData_ getSubFuncInfo(
+        const CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ &subFuncType)
+        = 0;
     /// All pages in the order of the file.
-    virtual QVector<TavSubFuncTypeData_> getSubFuncInfo() = 0;
+    [[nodiscard]] virtual QVector<TavSubFuncTypeData_> getSubFuncInfo() = 0;
     /// Type of the first page under this function; 0 when there is none.
-    virtual CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ getFirstSubFuncType(
+    [[nodiscard]] virtual CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ getFirstSubFuncType(
         const CTavFuncTypeHeader::TavFuncTypeHeader_ &funcType)
         = 0;
 

@@ -15,33 +15,33 @@ class ITavLineScanMgr
 {
 public:
     /// The manager itself, to look at its class or to watch its end: it has no signals of its own. Takes no lock.
-    virtual QObject *getObject() = 0;
+    [[nodiscard]] virtual QObject *getObject() = 0;
 
     /// Replaces the results of the scan.
     virtual void setLineScanContent(const Tav::Reinforce::LineScanContentAsr &content) = 0;
     /// Copy of the results of the scan.
-    virtual Tav::Reinforce::LineScanContentAsr getLineScanContent() = 0;
+    [[nodiscard]] virtual Tav::Reinforce::LineScanContentAsr getLineScanContent() = 0;
 
     /// Replaces the counts of the scan.
     virtual void setLineCount(const Tav::Reinforce::LineCountAsr &count) = 0;
     /// Copy of the counts of the scan.
-    virtual Tav::Reinforce::LineCountAsr getLineCount() = 0;
+    [[nodiscard]] virtual Tav::Reinforce::LineCountAsr getLineCount() = 0;
 
     // The lower-case "s" in the next two names is part of them.
     /// Replaces the progress of the scan.
     virtual void setscanState(const Tav::Reinforce::LineScanStateAsr &state) = 0;
     /// Copy of the progress of the scan.
-    virtual Tav::Reinforce::LineScanStateAsr getscanState() = 0;
+    [[nodiscard]] virtual Tav::Reinforce::LineScanStateAsr getscanState() = 0;
 
     /// Replaces the faults found in the check-item configuration.
     virtual void setScanItemConfigErr(const Tav::Reinforce::LineScanItemConfigErr &errors) = 0;
     /// Copy of the faults found in the check-item configuration.
-    virtual Tav::Reinforce::LineScanItemConfigErr getScanItemConfigErr() = 0;
+    [[nodiscard]] virtual Tav::Reinforce::LineScanItemConfigErr getScanItemConfigErr() = 0;
 
     /// Replaces the state of the baseline level.
     virtual void setLineLevel(const Tav::Reinforce::LineScanLevelState &level) = 0;
     /// Copy of the state of the baseline level.
-    virtual Tav::Reinforce::LineScanLevelState getLineLevel() = 0;
+    [[nodiscard]] virtual Tav::Reinforce::LineScanLevelState getLineLevel() = 0;
 
     /**
      * @brief Reads the check items from "/etc/tavsec.d/baselineConfig/baseline.json".
@@ -51,7 +51,7 @@ public:
      */
     virtual bool loadJsonConfig() = 0;
     /// Check item of this id; a default record (empty texts, id and type 0) when there is none. Inserts nothing.
-    virtual STBLEnableConfig getItemConfig(int itemId) = 0;
+    [[nodiscard]] virtual STBLEnableConfig getItemConfig(int itemId) = 0;
 
 protected:
     /// Not virtual: nothing is deleted through this interface, and a destructor would take places in its table.

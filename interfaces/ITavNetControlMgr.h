@@ -19,32 +19,32 @@ class ITavNetControlMgr
 {
 public:
     /// The manager itself, to look at its class or to watch its end: it has no signals of its own. Takes no lock.
-    virtual QObject *getObject() = 0;
+    [[nodiscard]] virtual QObject *getObject() = 0;
 
     /// Replaces the counts of devices and rules.
     virtual void setNetCount(const Tav::NetControl::NetControlCountAsr &count) = 0;
     /// Copy of the counts of devices and rules.
-    virtual Tav::NetControl::NetControlCountAsr getNetCount() = 0;
+    [[nodiscard]] virtual Tav::NetControl::NetControlCountAsr getNetCount() = 0;
 
     /// Replaces all rows of the page's list.
     virtual void setUIData(const QVector<STProtoDataContainer> &rows) = 0;
     /// Copy of the rows of the page's list.
-    virtual QVector<STProtoDataContainer> getUIData() = 0;
+    [[nodiscard]] virtual QVector<STProtoDataContainer> getUIData() = 0;
 
     /// Replaces the state of the last network-control command.
     virtual void setState(const Tav::Base::CommandStateAsr &state) = 0;
     /// Copy of the state of the last network-control command; before the first set `state` is present and 0.
-    virtual Tav::Base::CommandStateAsr getState() = 0;
+    [[nodiscard]] virtual Tav::Base::CommandStateAsr getState() = 0;
 
     /// Replaces the network devices.
     virtual void setDeviceInfo(const Tav::NetControl::NetDeviceInfos &info) = 0;
     /// Copy of the network devices.
-    virtual Tav::NetControl::NetDeviceInfos getDeviceInfo() = 0;
+    [[nodiscard]] virtual Tav::NetControl::NetDeviceInfos getDeviceInfo() = 0;
 
     /// Replaces the rules.
     virtual void setRuleInfo(const Tav::NetControl::NetRuleInfoAsr &info) = 0;
     /// Copy of the rules.
-    virtual Tav::NetControl::NetRuleInfoAsr getRuleInfo() = 0;
+    [[nodiscard]] virtual Tav::NetControl::NetRuleInfoAsr getRuleInfo() = 0;
 
     /// Overwrites the row at the position `item.index`; at or beyond the end: nothing changes, none is added. Here the
     /// index is a position, and kept so: the number stored in the row overwritten plays no part. Never pass a negative.

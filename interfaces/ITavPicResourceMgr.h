@@ -16,7 +16,7 @@ class ITavPicResourceMgr
 {
 public:
     /// The manager itself, to look at its class or to watch its end: it has no signals of its own. Takes no lock.
-    virtual QObject *getObject() = 0;
+    [[nodiscard]] virtual QObject *getObject() = 0;
 
     /**
      * @brief The image of this name from the directory of this name; case plays no part in either.
@@ -25,7 +25,7 @@ public:
      * empty pointer when there is none; a null image when the file could not be decoded. Never reads the disk. The
      * pixels are shared with every other holder: do not write to them.
      */
-    virtual std::shared_ptr<QImage> getImageRef(const QString &dirName, const QString &imageName) = 0;
+    [[nodiscard]] virtual std::shared_ptr<QImage> getImageRef(const QString &dirName, const QString &imageName) = 0;
     /**
      * @brief Loads every PNG file of a directory at once.
      *

@@ -16,17 +16,17 @@ class ITavProExceptionMgr
 {
 public:
     /// The manager itself, to look at its class or to watch its end: it has no signals of its own. Takes no lock.
-    virtual QObject *getObject() = 0;
+    [[nodiscard]] virtual QObject *getObject() = 0;
 
     /// Replaces the answer on process exceptions.
     virtual void setPriException(const Tav::Base::PriExceptionAsr &answer) = 0;
     /// Copy of the answer on process exceptions.
-    virtual Tav::Base::PriExceptionAsr getPriException() = 0;
+    [[nodiscard]] virtual Tav::Base::PriExceptionAsr getPriException() = 0;
 
     /// Replaces all rows of the page's list.
     virtual void setUIData(const QVector<STProtoDataContainer> &rows) = 0;
     /// Copy of the rows of the page's list.
-    virtual QVector<STProtoDataContainer> getUIData() = 0;
+    [[nodiscard]] virtual QVector<STProtoDataContainer> getUIData() = 0;
     /// Changes the first row whose stored `index` equals the item's, wherever it stands; none: nothing changes, none is
     /// added. The name is the same as for the whole list, and kept so: the argument decides.
     virtual void setUIData(const STProtoDataContainer &item) = 0;

@@ -22,112 +22,112 @@ class ITavProtectMgr
 {
 public:
     /// The manager itself, to look at its class or to watch its end: it has no signals of its own. Takes no lock.
-    virtual QObject *getObject() = 0;
+    [[nodiscard]] virtual QObject *getObject() = 0;
 
     /// Replaces the state of self protection.
     virtual void setSelfState(const STStateAsr &state) = 0;
     /// Copy of the state of self protection.
-    virtual STStateAsr getSelfState() = 0;
+    [[nodiscard]] virtual STStateAsr getSelfState() = 0;
 
     /// Replaces the number of protected kernel modules.
     virtual void setKernelCount(const STProtectCountAsr &count) = 0;
     /// Copy of the number of protected kernel modules.
-    virtual STProtectCountAsr getKernelCount() = 0;
+    [[nodiscard]] virtual STProtectCountAsr getKernelCount() = 0;
 
     /// Replaces the list of protected kernel modules.
     virtual void setKernelContent(const QVector<STKernelContentAsr> &content) = 0;
     /// Copy of the list of protected kernel modules.
-    virtual QVector<STKernelContentAsr> getKernelContent() = 0;
+    [[nodiscard]] virtual QVector<STKernelContentAsr> getKernelContent() = 0;
 
     /// Replaces the number of protected processes.
     virtual void setProCount(const STProtectCountAsr &count) = 0;
     /// Copy of the number of protected processes.
-    virtual STProtectCountAsr getProCount() = 0;
+    [[nodiscard]] virtual STProtectCountAsr getProCount() = 0;
 
     /// Replaces the list of protected processes.
     virtual void setProContentList(const QVector<STProProtectContentAsr> &content) = 0;
     /// Copy of the list of protected processes.
-    virtual QVector<STProProtectContentAsr> getProContentList() = 0;
+    [[nodiscard]] virtual QVector<STProProtectContentAsr> getProContentList() = 0;
 
     /// Replaces the number of protected directories.
     virtual void setDirCount(const STProtectCountAsr &count) = 0;
     /// Copy of the number of protected directories.
-    virtual STProtectCountAsr getDirCount() = 0;
+    [[nodiscard]] virtual STProtectCountAsr getDirCount() = 0;
 
     /// Replaces the list of protected directories.
     virtual void setDirContent(const QVector<STDirProtectContentAsr> &content) = 0;
     /// Copy of the list of protected directories.
-    virtual QVector<STDirProtectContentAsr> getDirContent() = 0;
+    [[nodiscard]] virtual QVector<STDirProtectContentAsr> getDirContent() = 0;
 
     /// Replaces the number of protected files.
     virtual void setFileCount(const STProtectCountAsr &count) = 0;
     /// Copy of the number of protected files.
-    virtual STProtectCountAsr getFileCount() = 0;
+    [[nodiscard]] virtual STProtectCountAsr getFileCount() = 0;
 
     /// Replaces the list of protected files.
     virtual void setFileContent(const QVector<STFileProtectContentAsr> &content) = 0;
     /// Copy of the list of protected files.
-    virtual QVector<STFileProtectContentAsr> getFileContent() = 0;
+    [[nodiscard]] virtual QVector<STFileProtectContentAsr> getFileContent() = 0;
 
     /// Replaces all rows of the protection list.
     virtual void setProtectUIData(const QVector<STSystemProUIData> &rows) = 0;
     /// Copy of the rows of the protection list.
-    virtual QVector<STSystemProUIData> getProtectUIData() = 0;
+    [[nodiscard]] virtual QVector<STSystemProUIData> getProtectUIData() = 0;
 
     /// Replaces the state of kernel-module protection.
     virtual void setKernelState(const STStateAsr &state) = 0;
     /// Copy of the state of kernel-module protection.
-    virtual STStateAsr getKernelState() = 0;
+    [[nodiscard]] virtual STStateAsr getKernelState() = 0;
 
     /// Replaces the state of process protection.
     virtual void setProState(const STStateAsr &state) = 0;
     /// Copy of the state of process protection.
-    virtual STStateAsr getProState() = 0;
+    [[nodiscard]] virtual STStateAsr getProState() = 0;
 
     /// Replaces the state of directory protection.
     virtual void setDirState(const STStateAsr &state) = 0;
     /// Copy of the state of directory protection.
-    virtual STStateAsr getDirState() = 0;
+    [[nodiscard]] virtual STStateAsr getDirState() = 0;
 
     /// Replaces the state of file protection.
     virtual void setFileState(const STStateAsr &state) = 0;
     /// Copy of the state of file protection.
-    virtual STStateAsr getFileState() = 0;
+    [[nodiscard]] virtual STStateAsr getFileState() = 0;
 
     /// Replaces the count of protected objects.
     virtual void setProtoCount(const Tav::SystemProtect::ContentCountAsr &count) = 0;
     /// Copy of the count of protected objects.
-    virtual Tav::SystemProtect::ContentCountAsr getProtoCount() = 0;
+    [[nodiscard]] virtual Tav::SystemProtect::ContentCountAsr getProtoCount() = 0;
 
     /// Replaces the list of blocked kernel modules.
     virtual void setKernelBlkContent(const Tav::SystemProtect::KernelBlkProtectContentAsr &content) = 0;
     /// Copy of the list of blocked kernel modules.
-    virtual Tav::SystemProtect::KernelBlkProtectContentAsr getKernelBlkContent() = 0;
+    [[nodiscard]] virtual Tav::SystemProtect::KernelBlkProtectContentAsr getKernelBlkContent() = 0;
 
     /// Replaces the mode of kernel blocking.
     virtual void setKernelBlkMode(const STStateAsr &mode) = 0;
     /// Copy of the mode of kernel blocking.
-    virtual STStateAsr getKernelBlkMode() = 0;
+    [[nodiscard]] virtual STStateAsr getKernelBlkMode() = 0;
 
     /// Replaces the state of file smashing.
     virtual void setFileSmash(const Tav::SystemProtect::FileSmashAsr &answer) = 0;
     /// Copy of the state of file smashing.
-    virtual Tav::SystemProtect::FileSmashAsr getFileSmash() = 0;
+    [[nodiscard]] virtual Tav::SystemProtect::FileSmashAsr getFileSmash() = 0;
 
     /// Replaces the count of software protected against removal.
     virtual void setSoftUnloadCount(const Tav::SystemProtect::ContentCountAsr &count) = 0;
     /// Copy of the count of software protected against removal.
-    virtual Tav::SystemProtect::ContentCountAsr getSoftUnloadCount() = 0;
+    [[nodiscard]] virtual Tav::SystemProtect::ContentCountAsr getSoftUnloadCount() = 0;
 
     /// Replaces the list of software protected against removal.
     virtual void setSoftUnloadContent(const Tav::SystemProtect::SoftUnloadProtectContentAsr &content) = 0;
     /// Copy of the list of software protected against removal.
-    virtual Tav::SystemProtect::SoftUnloadProtectContentAsr getSoftUnloadContent() = 0;
+    [[nodiscard]] virtual Tav::SystemProtect::SoftUnloadProtectContentAsr getSoftUnloadContent() = 0;
 
     /// Replaces the mode of protection against software removal.
     virtual void setSoftUnloadMode(const STStateAsr &mode) = 0;
     /// Copy of the mode of protection against software removal.
-    virtual STStateAsr getSoftUnloadMode() = 0;
+    [[nodiscard]] virtual STStateAsr getSoftUnloadMode() = 0;
 
     /// Overwrites the first row with this `itemKey`; no other field takes part. None: nothing changes, none is added.
     virtual void updateUIItem(const STSystemProUIData &item) = 0;

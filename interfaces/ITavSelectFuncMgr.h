@@ -14,17 +14,17 @@ class ITavSelectFuncMgr
 {
 public:
     /// The manager itself, to look at its class or to watch its end: it has no signals of its own. Takes no lock.
-    virtual QObject *getObject() = 0;
+    [[nodiscard]] virtual QObject *getObject() = 0;
 
     /// Stores the selected function; announces nothing.
     virtual void setCurSelFuncType(const CTavFuncTypeHeader::TavFuncTypeHeader_ &funcType) = 0;
     /// The selected function.
-    virtual CTavFuncTypeHeader::TavFuncTypeHeader_ getCurSelFuncType() = 0;
+    [[nodiscard]] virtual CTavFuncTypeHeader::TavFuncTypeHeader_ getCurSelFuncType() = 0;
 
     /// Stores the selected page; announces nothing.
     virtual void setCurSelSubFuncType(const CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ &subFuncType) = 0;
     /// The selected page.
-    virtual CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ getCurSelSubFuncType() = 0;
+    [[nodiscard]] virtual CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ getCurSelSubFuncType() = 0;
 
     /**
      * @brief Stores both and announces the page through eventFuncPageUpdate.

@@ -1,0 +1,50 @@
+#pragma once
+
+#include "ITavAccessControlMgr.h"
+
+/**
+ * @brief The objects of one key in one of the two keyed tables of the access control.
+ *
+ * The operations of the interface take count, flag and key in three orders, which no compiler tells apart; here the
+ * two that choose are named once. The manager outlives it. Any thread.
+ */
+class TavAccessObjects
+{
+public:
+    enum class Table : bool { False = false, True = true }; ///< the table that the interface's flag chooses
+    enum class Key : int {}; ///< the page controllers' own
+
+    TavAccessObjects(ITavAccessControlMgr &manager, Table table, Key key)
+        : m_manager(manager), m_flag(table == Table::True), m_key(static_cast<int>(key))
+    {
+    }
+
+    /// Replaces the details.
+    void setDetails(const QVector<STObjectDetailAsr> &details) const
+    {
+        m_manager.updateObjectDetail(m_key, m_flag, details);
+    }
+
+    /// The details; empty where none were set.
+    [[nodiscard]] QVector<STObjectDetailAsr> details() const
+    {
+        return m_manager.getObjectDetail(m_key, m_flag);
+    }
+
+    /// Stores the number of objects.
+    void setCount(int count) const
+    {
+        m_manager.setObjectCount(count, m_flag, m_key);
+    }
+
+    /// The number of objects; 0 where none was set.
+    [[nodiscard]] int count() const
+    {
+        return m_manager.getObjectCount(m_flag, m_key);
+    }
+
+private:
+    ITavAccessControlMgr &m_manager;
+    const bool m_flag;
+    const int m_key;
+};

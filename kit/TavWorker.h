@@ -1,0 +1,69 @@
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <QThread>
+
+#include <utility>
+
+/**
+ * @brief A thread that does one piece of work after the other, such as parsing a backend's answers, which would hold
+ * the GUI up.
+ *
+ * Made and ended in one thread, which runs an event loop. As a member, declare it behind what its work uses: it ends
+ * first then.
+ */
+class TavWorker
+{
+public:
+    /// Starts the thread under this name; it waits.
+    explicit TavWorker(const QString &name)
+    {
+        m_thread.setObjectName(name);
+        m_there.moveToThread(&m_thread);
+        m_thread.start();
+    }
+
+    /// Waits for the work under way; what has not begun is left undone.
+    ~TavWorker()
+    {
+        // The thread's loop looks at quit() only after what it has taken up; the interruption ends each of that at
+        // once.
+        m_thread.requestInterruption();
+        m_thread.quit();
+        m_thread.wait();
+    }
+
+    Q_DISABLE_COPY(TavWorker) // its thread knows it
+
+    /// Has @p work done on the thread, and returns at once. May be called from any thread. @p work must not throw.
+    template<class Work>
+    void post(Work work)
+    {
+        QMetaObject::invokeMethod(
+            &m_there,
+            [this, work = std::move(work)]() mutable {
+                if (!m_thread.isInterruptionRequested()) {
+                    work();
+                }
+            },
+            Qt::QueuedConnection);
+    }
+
+    /// The same; then @p done is called with what @p work has returned, in the thread that made the worker, unless the
+    /// worker has ended meanwhile.
+    template<class Work, class Done>
+    void post(Work work, Done done)
+    {
+        post([this, work = std::move(work), done = std::move(done)]() mutable {
+            QMetaObject::invokeMethod(
+                &m_here, [done = std::move(done), result = work()]() mutable { done(std::move(result)); },
+                Qt::QueuedConnection);
+        });
+    }
+
+private:
+    QObject m_here; ///< lives in the thread that made the worker
+    QObject m_there; ///< lives in the worker's thread
+    QThread m_thread;
+};
