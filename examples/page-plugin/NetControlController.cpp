@@ -1,6 +1,7 @@
 #include "NetControlController.h"
 
 #include "NetControlPage.h"
+#include "TavAnswer.h"
 #include "TavEvents.h"
 #include "TavObjectMgr.h"
 
@@ -35,23 +36,9 @@ STProtoDataContainer rowOf(const Tav::NetControl::NetDeviceInfo &device, int pos
 }
 
 NetControlController::NetControlController(QObject *parent)
-    : QObject(parent), m_model(tavObject<ITavNetControlMgr>()), m_worker(new QObject)
+    : QObject(parent), m_model(tavObject<ITavNetControlMgr>())
 {
-    m_worker->moveToThread(&m_thread);
-    // Deleted in its own thread, when that has left its event loop: no answer can be at work any more.
-    connect(&m_thread, &QThread::finished, m_worker, &QObject::deleteLater);
-    m_thread.start();
-
     m_pageChanges = TavSubscription(eventFuncPageUpdate, this, [this](auto page) { pageSelected(page); });
-}
-
-NetControlController::~NetControlController()
-{
-    // The thread's loop looks at quit() only after all answers that it has taken up; the interruption makes each of
-    // them return at once. The one at work is finished. Then nobody uses this object but us.
-    m_thread.requestInterruption();
-    m_thread.quit();
-    m_thread.wait();
 }
 
 QWidget *NetControlController::createPage(QWidget *parent)
@@ -61,18 +48,14 @@ QWidget *NetControlController::createPage(QWidget *parent)
 
 void NetControlController::receiveAnswer(const QByteArray &answer)
 {
-    QMetaObject::invokeMethod(
-        m_worker, [this, answer] { workOff(answer); }, Qt::QueuedConnection);
+    m_worker.post([this, answer] { workOff(answer); });
 }
 
 // Runs on the worker thread: parsing a long answer must not hold the GUI up.
 void NetControlController::workOff(const QByteArray &answer)
 {
-    if (m_thread.isInterruptionRequested()) {
-        return;
-    }
-    Tav::NetControl::NetDeviceInfos devices;
-    if (!m_model || !devices.ParseFromArray(answer.constData(), answer.size())) {
+    const auto devices = tavMessage<Tav::NetControl::NetDeviceInfos>(answer);
+    if (!m_model || !devices) {
         return;
     }
     {
@@ -85,10 +68,10 @@ void NetControlController::workOff(const QByteArray &answer)
             }
         }
         QVector<STProtoDataContainer> rows;
-        for (const auto &device : devices.devices()) {
+        for (const auto &device : devices->devices()) {
             rows.append(rowOf(device, rows.size(), checked.contains(nameOf(device))));
         }
-        m_model->setDeviceInfo(devices);
+        m_model->setDeviceInfo(*devices);
         m_model->setUIData(rows);
     }
     // The managers announce nothing, so the controller does; queued, so that the page hears of it in the GUI thread.

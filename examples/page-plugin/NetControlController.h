@@ -4,10 +4,10 @@
 #include "ITavNetControlMgr.h"
 #include "ITavPage.h"
 #include "TavSubscription.h"
+#include "TavWorker.h"
 
 #include <QMutex>
 #include <QObject>
-#include <QThread>
 #include <QVector>
 
 /// @brief One line of the page. Its device is known by its name: positions change with every answer.
@@ -29,7 +29,6 @@ class NetControlController : public QObject, public ITavPage
     Q_INTERFACES(ITavPage)
 public:
     explicit NetControlController(QObject *parent = nullptr);
-    ~NetControlController() override;
 
     QWidget *createPage(QWidget *parent) override;
 
@@ -60,7 +59,7 @@ private:
 
     ITavNetControlMgr *const m_model; // null when the data plugin is not loaded
     QMutex m_mutex; // held over what looks at the model's devices and then changes them, and over what replaces them
-    QThread m_thread;
-    QObject *m_worker; // lives in m_thread and ends with it
-    TavSubscription m_pageChanges; // last, so that it ends first: nothing is called while the rest is taken down
+    // Last, so that they end first: nothing is called while the rest is taken down.
+    TavWorker m_worker{QStringLiteral("NetControl")};
+    TavSubscription m_pageChanges;
 };
