@@ -23,7 +23,11 @@ QJsonValue pixels(int count)
 
 QString cellText(const ValueTable &table, int row, int column)
 {
-    return CellText::ofKind(table.columns()[column].kind, table.cell(row, column));
+    const ValueColumn &described = table.columns()[column];
+    const QVariant cell = table.cell(row, column);
+    const QString text = CellText::ofKind(described.kind, cell);
+    const QString meaning = cell.isValid() ? described.meanings.value(cell.toLongLong()) : QString();
+    return meaning.isEmpty() ? text : text + " (" + meaning + ')';
 }
 
 /// In one line where there is room for it, otherwise one below the other.

@@ -176,6 +176,13 @@ TEST_F(RunCommand, ShowsThePagesBeforeTheLongListsAndSumsUpPicturesAndDeliveries
     EXPECT_TRUE(verbose.contains("hostIconPressed"));
 }
 
+TEST_F(RunCommand, ShowsCodesWithTheirMeaning)
+{
+    const Tavctl run({"run", "--root", demoRoot, "--page", "SubFunc_DynamicMeasurements"});
+    EXPECT_TRUE(run.output.contains("\n  Scan state: scan id 0 (none yet), state 0 (idle)\n"))
+        << run.output.toStdString();
+}
+
 TEST_F(RunCommand, ShowsOnePageAsJsonAsItShowsAll)
 {
     const QJsonObject one = Tavctl({"run", "--root", demoRoot, "--page", "SubFunc_BaselineScan", "--json"}).json();
