@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TavCommonExport.h"
+
 #include <QObject>
 
 /**
@@ -8,7 +10,7 @@
  * Configuration names a member by its key text ("Func_HostInfo"), so spellings are part of the file format.
  * An unknown key is stored as -1, which the fixed underlying type makes a valid value.
  */
-class CTavFuncTypeHeader
+class TAV_COMMON_EXPORT CTavFuncTypeHeader
 {
     Q_GADGET
 public:

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TavCommonExport.h"
+
 #include <QObject>
 
 /**
@@ -8,7 +10,7 @@
  * Configuration names a member by its key text ("SubFunc_BaselineScan"). The spellings, the lower-case s of
  * SubFunc_serverResourceInfo and "AmperProof" among them, are part of the file format and are kept.
  */
-class CTavSubFuncTypeHeader
+class TAV_COMMON_EXPORT CTavSubFuncTypeHeader
 {
     Q_GADGET
 public:

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TavCommonExport.h"
+
 #include <QObject>
 
 #include <functional>
@@ -10,7 +12,7 @@
  * Create it, move it to its thread, give it its function and hand it to TavEventNotifyMgr::addEventNotify, which
  * owns it from then on.
  */
-class TavBaseEvent : public QObject
+class TAV_COMMON_EXPORT TavBaseEvent : public QObject
 {
     Q_OBJECT
 public:
@@ -33,7 +35,7 @@ private:
  *
  * When the bus finds that it cannot be run, it does not end inside addEventNotify but in the application's event loop.
  */
-class TavAnnouncement : public TavBaseEvent
+class TAV_COMMON_EXPORT TavAnnouncement : public TavBaseEvent
 {
 public:
     using TavBaseEvent::TavBaseEvent;

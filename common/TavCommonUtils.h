@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TavCommonExport.h"
+
 #include <QJsonObject>
 #include <QString>
 
@@ -9,7 +11,7 @@
  * An absolute path is read inside TavGlobalInfoMgr::systemRoot(), a relative one from the working directory.
  * Only regular files, and links to them, are read: a pipe or a device in a file's place could block for ever.
  */
-class TavCommonUtils
+class TAV_COMMON_EXPORT TavCommonUtils
 {
 public:
     /// The file's text, decoded from UTF-8; empty when it cannot be read.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TavCommonExport.h"
+
 #include <QHash>
 #include <QMutex>
 
@@ -16,7 +18,7 @@ class TavBaseEvent;
  * running function has started. What else is posted to the thread keeps no order with them. An exception that leaves an
  * event's function is logged and goes no further.
  */
-class TavEventNotifyMgr
+class TAV_COMMON_EXPORT TavEventNotifyMgr
 {
 public:
     /// The one instance; it is never destroyed.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TavCommonExport.h"
+
 #include <QMutex>
 #include <QString>
 
@@ -16,7 +18,7 @@ struct STAppPathInfo {
 
 /// @brief What every part of the client shares: the object registry, the application paths, the system root.
 /// All operations may be called from any thread.
-class TavGlobalInfoMgr
+class TAV_COMMON_EXPORT TavGlobalInfoMgr
 {
 public:
     /// The one instance; it is never destroyed.

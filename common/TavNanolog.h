@@ -1,5 +1,7 @@
 #pragma once
 
+#include "TavCommonExport.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -13,13 +15,13 @@
 namespace TavNanolog
 {
 /// Whether lines of @p level are wanted: those at least as grave as the threshold.
-bool is_logged(int level);
+TAV_COMMON_EXPORT bool is_logged(int level);
 
 /// Sets the threshold; 3 before the first call.
-void setLevel(int level);
+TAV_COMMON_EXPORT void setLevel(int level);
 
 /// @brief One line on its way to the log.
-class TavNanoLogLine
+class TAV_COMMON_EXPORT TavNanoLogLine
 {
 public:
     /// @p source is the component that logs, @p function and @p line the place in its code.
@@ -43,5 +45,5 @@ private:
 };
 
 /// Puts @p line out, whatever the threshold: callers ask is_logged first.
-void NanoLog(const TavNanoLogLine &line);
+TAV_COMMON_EXPORT void NanoLog(const TavNanoLogLine &line);
 }

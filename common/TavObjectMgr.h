@@ -3,6 +3,7 @@
 /// @file
 /// The client's object registry, and how a manager is looked up in it.
 
+#include "TavCommonExport.h"
 #include "TavGlobalInfoMgr.h"
 
 #include <QMutex>
@@ -28,7 +29,7 @@ inline bool operator==(const STObjectKey &a, const STObjectKey &b)
  *
  * Binaries call it by slot, so the order of the operations is fixed and there is no virtual destructor.
  */
-class ITavObjectMgr
+class TAV_COMMON_EXPORT ITavObjectMgr
 {
 public:
     /// Files @p object under @p key. With @p owned true the registry deletes it when it ends itself.
@@ -50,7 +51,7 @@ protected:
  * A key registered twice is answered with the newest object, and the older one is kept alive, since a page may
  * still hold it. An object that somebody else deletes is forgotten. Null objects are not registered.
  */
-class TavObjectMgr final : public ITavObjectMgr
+class TAV_COMMON_EXPORT TavObjectMgr final : public ITavObjectMgr
 {
 public:
     TavObjectMgr() = default;
@@ -78,7 +79,7 @@ private:
 constexpr int tavManagerKeyId = -9999;
 
 /// The registry key of the manager with the interface @p interfaceName, such as "ITavAuditMgr".
-STObjectKey tavManagerKey(const char *interfaceName);
+TAV_COMMON_EXPORT STObjectKey tavManagerKey(const char *interfaceName);
 
 /**
  * @brief Looks a manager up in the client's current registry: `tavObject<ITavAuditMgr>("ITavAuditMgr")`.

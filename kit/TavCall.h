@@ -42,8 +42,8 @@ const QVector<Operation> &operations();
 /// @brief A value that a manager holds, with the operations that set and return it as a whole.
 struct HeldValue {
     QString manager; ///< name of the interface
-    QString setter;
-    QString getter;
+    QString setter; ///< name of the operation that sets it
+    QString getter; ///< name of the operation that returns it
     bool isIndeterminateAtFirst; ///< the getter returns whatever the memory held until the setter has been called once
 };
 
@@ -72,8 +72,9 @@ Call prepared(const QString &manager, const QString &operation, const QJsonValue
 
 /// @brief A call, and what it is a call of.
 struct Prepared {
-    Call call;
+    Call call; ///< the call
     const Operation *operation; ///< a row of operations(); never null
+
     /// What the operation returns when @p json, found at @p path, names it: in the form that the call returns it, and
     /// of records and messages only those fields that @p json names. Throws TavCallError when it cannot return that.
     QJsonValue (*expected)(const QJsonValue &json, const QString &path);

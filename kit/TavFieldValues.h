@@ -46,8 +46,8 @@ QVariant valueOf(const Field<Member> &, const typename Field<Member>::Record &re
 /// @brief A field of @p Record whose member is only known at run time.
 template<class Record>
 struct AnyField {
-    QString name;
-    Kind kind;
+    QString name; ///< the member's name
+    Kind kind; ///< how it is shown
     int bufferSize; ///< bytes of a text buffer, the terminating NUL included; 0 for all other fields
     QVariant (*value)(const Record &record); ///< as valueOf() gives it
 };

@@ -78,6 +78,7 @@ struct MemberTypes<Member Class::*> {
     using Type = Member;
 };
 
+/// The kind of a field of this type that its table does not give another.
 template<class Type>
 constexpr Kind kindOf()
 {
@@ -99,15 +100,18 @@ constexpr Kind kindOf()
 /// @brief One field. Its member, record and type are known at compile time, too.
 template<auto Member>
 struct Field : MemberTypes<decltype(Member)> {
-    static constexpr auto member = Member;
+    static constexpr auto member = Member; ///< pointer to the member
+
+    /// The member's type.
     using Type = typename MemberTypes<decltype(Member)>::Type;
     /// Bytes of a text buffer, the terminating NUL included; 0 for all other fields.
     static constexpr int bufferSize = std::is_array_v<Type> ? int(sizeof(Type)) : 0;
 
-    std::string_view name;
-    Kind kind;
+    std::string_view name; ///< the member's name
+    Kind kind; ///< how it is shown
 };
 
+/// One entry of a table.
 template<auto Member>
 constexpr Field<Member> field(std::string_view name, Kind kind = kindOf<typename Field<Member>::Type>())
 {

@@ -45,8 +45,8 @@ QString described(const QJsonValue &value);
 
 /// Throws unless @p json has the type.
 QJsonArray array(const QJsonValue &json);
-QJsonObject object(const QJsonValue &json);
-bool flag(const QJsonValue &json);
+QJsonObject object(const QJsonValue &json); ///< likewise
+bool flag(const QJsonValue &json); ///< likewise
 
 /// A whole number from @p least to @p most.
 qint64 wholeNumber(const QJsonValue &json, qint64 least, qint64 most);
@@ -55,41 +55,45 @@ quint64 unsignedNumber(const QJsonValue &json); ///< of 64 bits
 
 /// UTF-8 as a text; anything else as an object with "bytes".
 QJsonValue textToJson(const QByteArray &bytes);
-QByteArray textFromJson(const QJsonValue &json);
-QJsonValue qStringToJson(const QString &text);
-QString qStringFromJson(const QJsonValue &json);
+QByteArray textFromJson(const QJsonValue &json); ///< the reverse
+QJsonValue qStringToJson(const QString &text); ///< a text; with a byte order mark first, an object with "bytes"
+QString qStringFromJson(const QJsonValue &json); ///< the reverse
 
 /// A buffer without NUL is an object with "bytes", as is what is not UTF-8.
 QJsonValue bufferToJson(const char *buffer, int size);
 /// Writes the text and fills what is left of the buffer with NUL.
 void bufferFromJson(const QJsonValue &json, char *buffer, int size);
 
-QJsonValue bytesToJson(const QByteArray &bytes);
-QByteArray bytesFromJson(const QJsonValue &json);
+QJsonValue bytesToJson(const QByteArray &bytes); ///< in Base64
+QByteArray bytesFromJson(const QJsonValue &json); ///< the reverse
 
-QJsonValue enumToJson(const QMetaEnum &keys, int value);
-int enumFromJson(const QMetaEnum &keys, const QJsonValue &json);
+QJsonValue enumToJson(const QMetaEnum &keys, int value); ///< the key; the number where there is none
+int enumFromJson(const QMetaEnum &keys, const QJsonValue &json); ///< the reverse
 
 /// Throws when the message holds fields that this version of it does not know: they would be lost.
 QJsonObject messageToJson(const google::protobuf::Message &message);
-void messageFromJson(const QJsonValue &json, google::protobuf::Message &message);
+void messageFromJson(const QJsonValue &json, google::protobuf::Message &message); ///< the reverse
 
-QJsonValue pictureToJson(const std::shared_ptr<QImage> &picture);
-QJsonValue objectToJson(const QObject *object);
+QJsonValue pictureToJson(const std::shared_ptr<QImage> &picture); ///< width, height, format; null for none
+QJsonValue objectToJson(const QObject *object); ///< the name of its class; null for none
 
 /// Throws when @p json has a key that is not among @p known.
 void refuseUnknownKeys(const QJsonObject &json, const QStringList &known);
 
+/// Whether the type is a message of the backend.
 template<class Type>
 constexpr bool isMessage = std::is_base_of_v<google::protobuf::Message, Type>;
+/// Whether the type is a list.
 template<class Type>
 constexpr bool isList = false;
+/// A list.
 template<class Element>
 constexpr bool isList<QVector<Element>> = true;
 
 template<class Type>
 QJsonValue toJson(const Type &value);
 
+/// All fields of @p record by their names.
 template<class Record>
 QJsonObject recordToJson(const Record &record)
 {
@@ -153,11 +157,13 @@ inline QString pathOf(QLatin1String key)
     return memberPath({}, key);
 }
 
+/// The same of an element of a list.
 inline QString pathOf(int index)
 {
     return elementPath({}, index);
 }
 
+/// The same of a path.
 inline QString pathOf(const QString &path)
 {
     return path;
@@ -175,9 +181,11 @@ auto at(const Place &place, const Read &read)
     }
 }
 
+/// As fromJson(), without a path.
 template<class Type>
 Type valueFromJson(const QJsonValue &json);
 
+/// The names of all fields of @p Record.
 template<class Record>
 QStringList fieldNames()
 {
@@ -187,6 +195,7 @@ QStringList fieldNames()
     return names;
 }
 
+/// The reverse of recordToJson().
 template<class Record>
 Record recordFromJson(const QJsonValue &json)
 {

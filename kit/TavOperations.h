@@ -35,11 +35,12 @@ namespace TavOperations
 template<class Member>
 struct Signature;
 
+/// @brief The types of a member function.
 template<class Class, class ResultType, class... Types>
 struct Signature<ResultType (Class::*)(Types...)> {
-    using Interface = Class;
-    using Result = ResultType;
-    using Function = ResultType(Types...);
+    using Interface = Class; ///< whose member it is
+    using Result = ResultType; ///< what it returns
+    using Function = ResultType(Types...); ///< the same without the class
     using Arguments = std::tuple<Types...>; ///< as the interface declares them, references included
     using Values = std::tuple<std::decay_t<Types>...>; ///< what a caller holds to pass them
 };
@@ -47,21 +48,24 @@ struct Signature<ResultType (Class::*)(Types...)> {
 /// Whether a function of this type takes one value, by reference, and returns nothing.
 template<class Function>
 constexpr bool isSetter = false;
+/// One that does.
 template<class Value>
 constexpr bool isSetter<void(const Value &)> = true;
 
 /// @brief One operation. Its member, interface, result and arguments are known at compile time, too.
 template<auto Member>
 struct Operation : Signature<decltype(Member)> {
-    static constexpr auto member = Member;
-    static constexpr std::size_t argumentCount = std::tuple_size_v<typename Operation::Arguments>;
+    static constexpr auto member = Member; ///< pointer to the operation
+    static constexpr std::size_t argumentCount
+        = std::tuple_size_v<typename Operation::Arguments>; ///< how many it takes
 
-    std::string_view name;
-    std::array<std::string_view, argumentCount> argumentNames;
+    std::string_view name; ///< the operation's name
+    std::array<std::string_view, argumentCount> argumentNames; ///< in their order
     bool isIndeterminateAtFirst = false; ///< returns whatever the memory held until the setter has been called once
     std::string_view editedList = {}; ///< name of the getter of the list of which it overwrites one row; empty for none
     std::string_view foundBy = {}; ///< the fields by which it finds that row
 
+    /// The same, marked: it is a getter whose value the plugin leaves indeterminate.
     constexpr Operation indeterminateAtFirst() const
     {
         Operation marked = *this;
@@ -69,6 +73,7 @@ struct Operation : Signature<decltype(Member)> {
         return marked;
     }
 
+    /// The same, marked: it overwrites the row of the list of @p getter that has the fields @p key.
     constexpr Operation overwritesRowOf(std::string_view getter, std::string_view key) const
     {
         Operation marked = *this;
@@ -78,6 +83,7 @@ struct Operation : Signature<decltype(Member)> {
     }
 };
 
+/// One entry of a table.
 template<auto Member, class... Names>
 constexpr Operation<Member> op(std::string_view name, Names... argumentNames)
 {
@@ -471,6 +477,7 @@ constexpr int getterOf(const Operation<Member> &setter)
     return -1;
 }
 
+/// Calls @p visit when the operation at @p place is a setter with a getter.
 template<class Interface, std::size_t place, class Visitor>
 constexpr void visitPair(Visitor &visit)
 {
@@ -487,6 +494,7 @@ constexpr void visitPair(Visitor &visit)
     }
 }
 
+/// The same for all places.
 template<class Interface, class Visitor, std::size_t... places>
 constexpr void visitPairs(Visitor &visit, std::index_sequence<places...>)
 {

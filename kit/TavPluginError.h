@@ -33,8 +33,10 @@ public:
     /// What the file is wanted for.
     enum class Role { DataPlugin, PagePlugin };
 
+    /// Says that @p problem is what is wrong with @p file.
     TavPluginError(Kind kind, const QString &file, const QString &problem, Role role = Role::DataPlugin);
 
+    /// What is wrong, for whoever decides by it.
     Kind kind() const
     {
         return m_kind;

@@ -16,7 +16,7 @@ struct TavPluginFacts {
 
 /// @brief One object as the plugin registered it.
 struct TavRegistration {
-    STObjectKey key;
+    STObjectKey key; ///< under which it was registered
     QObject *object; ///< alive as long as the host
     qint64 nanoseconds; ///< from the registration before to this one: creation and the way to the registry
 };

@@ -30,7 +30,7 @@ const QStringList &threads();
 constexpr int agent = 0; ///< place in threads() of the thread on which calls are made that name none
 constexpr int gui = 8; ///< place in threads() of the thread that runs the event loop
 
-constexpr double microsecondsInSecond = 1e6;
+constexpr double microsecondsInSecond = 1e6; ///< the unit of times in memory
 
 using Managers = QHash<QString, QObject *>; ///< of one host, by the names of their interfaces
 
@@ -44,9 +44,10 @@ struct Line {
     int thread = agent; ///< place in threads()
     qint64 bytes = 0; ///< length in the file, without the line's end
     QString manager; ///< name of the interface
-    QString operation;
+    QString operation; ///< name of the operation
     QJsonValue arguments = QJsonValue::Undefined; ///< by position or by name; undefined where a page is selected
     QString page; ///< key of the page to select; empty for a call
+
     /// Makes the call, or selects the page as the navigation does; returns and throws what TavCall::Call does.
     std::function<QJsonValue(const Managers &managers)> call;
     QJsonValue returns = QJsonValue::Undefined; ///< what the call must return, at least; undefined for anything
@@ -59,7 +60,7 @@ struct Line {
 struct Difference {
     QString path; ///< JSON pointer into what is returned; empty for the whole
     QString expected; ///< JSON there; "nothing" where there is no such element
-    QString actual;
+    QString actual; ///< JSON there of what was returned; "nothing" likewise
 
     /// "returned something else at …", and both values below each other in lines of their own.
     QString text() const;
@@ -77,16 +78,19 @@ public:
     /// Says that @p problem is what is wrong at @p path, a JSON pointer, of line @p line; line 0: of the whole file.
     TavScenarioError(int line, const QString &path, const QString &problem);
 
+    /// The line's number, from 1; 0 for the whole file.
     int line() const
     {
         return m_line;
     }
 
+    /// JSON pointer of the place in the line; empty for the whole line.
     QString path() const
     {
         return m_path;
     }
 
+    /// What is wrong there, and what to write instead where that is known.
     QString problem() const
     {
         return m_problem;

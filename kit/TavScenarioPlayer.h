@@ -15,7 +15,7 @@ struct TavPlayedCall {
     const TavScenario::Line &line; ///< with arguments and thread; as long as the observer runs
     QJsonValue returned = QJsonValue::Undefined; ///< undefined when the call was refused
     std::optional<TavScenarioError> error = {}; ///< that it was refused, or has not returned what the line says
-    std::chrono::system_clock::time_point start = {};
+    std::chrono::system_clock::time_point start = {}; ///< when it was begun
     qint64 nanoseconds = 0; ///< that it took, the making of JSON of what it returned included
 };
 
@@ -29,7 +29,7 @@ struct TavPlayOptions {
     bool isLooped = false; ///< begins again at the end, on the same managers, until it is stopped; a file only
     bool isChecked = false; ///< ends at the first call that does not return what its line says
     bool isPaused = false; ///< begins as if pause() had been called before the first line
-    TavScenarioReader::CutLine cutLine = TavScenarioReader::CutLine::Refuse;
+    TavScenarioReader::CutLine cutLine = TavScenarioReader::CutLine::Refuse; ///< what becomes of a cut last line
 
     /// Told of each call when it has returned, on the thread that has made it; that thread's next line waits for it.
     /// May use the player, but must not wait for another of its threads, nor throw.
@@ -88,6 +88,7 @@ public:
     /// From its return on no line begins; calls under way go on.
     void pause();
 
+    /// Ends a pause(): lines begin again at their times.
     void resume();
 
     /// As often as it is called, so many lines.
@@ -99,6 +100,7 @@ public:
     /// Makes no further call; the play then ends.
     void stop();
 
+    /// Whether the play has ended, by itself or by stop().
     bool isAtEnd() const;
 
     /// What has been played so far.

@@ -38,9 +38,10 @@ struct TavRecordProgress {
 class TavScenarioRecorder
 {
 public:
-    static constexpr qint64 defaultMemory = 64 << 20;
+    static constexpr qint64 defaultMemory = 64 << 20; ///< bytes
 
-    enum class Calls { Changing, All }; ///< which ones are recorded
+    /// Which calls are recorded: those that change what a manager holds, or all.
+    enum class Calls { Changing, All };
 
     /// @brief Begins the file, in place of one that is there, with @p header in its first line. Throws
     /// std::runtime_error when it cannot be written. Lines that wait to be written take at most @p memory bytes.
@@ -75,6 +76,7 @@ public:
     /// Waits until everything told so far is written, or cannot be.
     void finish();
 
+    /// What has been recorded so far.
     TavRecordProgress progress() const;
 
 private:

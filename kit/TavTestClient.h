@@ -49,7 +49,7 @@ public:
     QObject *object(const char *interfaceName);
 
     /// A new page of the controller with this interface; null when there is none, or it is no ITavPage. It is to end
-    /// before end() is called. Include <QWidget>: the kit itself does without Qt Widgets.
+    /// before end() is called. Include QWidget: the kit itself does without Qt Widgets.
     template<class Widget = QWidget>
     std::unique_ptr<Widget> createPage(const char *controllerName)
     {

@@ -2,10 +2,10 @@
 
 #include <tuple>
 
-/// Stands for a type where a function takes values: `typename decltype(tag)::type` is the type.
+/// Stands for a type where a function takes values: `decltype(tag)::%type` is the type.
 template<class Type>
 struct TavTypeTag {
-    using type = Type;
+    using type = Type; ///< the type
 };
 
 /// @brief Types one after the other.
