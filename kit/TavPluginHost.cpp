@@ -62,11 +62,11 @@ void checkFile(const QString &file)
     }
 }
 
-/// The Qt version that a plugin's own data names.
+/// The Qt version that a plugin's own data names; it has no patch level.
 QVersionNumber qtVersionIn(const QJsonObject &metaData)
 {
     const int version = metaData["version"].toInt();
-    return {version >> 16, version >> 8 & 0xff, version & 0xff};
+    return {version >> 16, version >> 8 & 0xff};
 }
 
 /// That the file's own data call it a plugin that registers objects, for this Qt.

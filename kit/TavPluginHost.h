@@ -10,7 +10,7 @@
 struct TavPluginFacts {
     QString identifier; ///< "Tav_ORG_ITavDtaPlugin" in a data plugin
     QString className; ///< of its root object
-    QString qtVersion; ///< the Qt that it was built with
+    QString qtVersion; ///< the Qt that it was built with, such as "5.15": its file does not tell the patch level
     QString machine; ///< the architecture that it was built for, such as "AArch64"
 };
 

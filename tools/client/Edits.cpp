@@ -4,35 +4,25 @@
 #include "ITavCompleteProtectMgr.h"
 #include "ITavNetControlMgr.h"
 #include "ITavProtectMgr.h"
+#include "TavCountedText.h"
 #include "TavObjectMgr.h"
 
 #include <algorithm>
 
 namespace
 {
-QString check(bool checked)
-{
-    return checked ? "☑ " : "☐ ";
-}
-
-/// The check mark and the index of the row at @p position.
-QString rowText(const QVector<STProtoDataContainer> &rows, int position)
-{
-    return check(rows[position].isChecked) + QString("index %1 at position %2").arg(rows[position].index).arg(position);
-}
-
 Edit rowByKey()
 {
     auto &model = *tavObject<ITavProtectMgr>();
-    Edit edit{"row by key", "ITavProtectMgr::updateUIItem", {}, {}};
+    Edit edit{"row by key", "ITavProtectMgr::updateUIItem", "isChecked"};
     const QVector<STSystemProUIData> rows = model.getProtectUIData();
     if (!rows.isEmpty()) {
         STSystemProUIData row = rows.first();
         row.isChecked = !row.isChecked;
         model.updateUIItem(row);
-        const STSystemProUIData edited = model.getProtectUIData().constFirst();
-        edit.before = check(rows.first().isChecked) + QString(rows.first().title);
-        edit.after = check(edited.isChecked) + QString(edited.title);
+        edit.target = row.title;
+        edit.before = bool(rows.first().isChecked);
+        edit.after = bool(model.getProtectUIData().constFirst().isChecked);
     }
     return edit;
 }
@@ -40,14 +30,15 @@ Edit rowByKey()
 Edit rowByIndex()
 {
     auto &model = *tavObject<ITavCompleteProtectMgr>();
-    Edit edit{"row by stored index", "ITavCompleteProtectMgr::setCredibleImteUI", {}, {}};
+    Edit edit{"row by stored index", "ITavCompleteProtectMgr::setCredibleImteUI", "isChecked"};
     const QVector<STProtoDataContainer> rows = model.getCredibleVecUI();
     if (!rows.isEmpty()) {
         STProtoDataContainer row = rows.last();
         row.isChecked = !row.isChecked;
         model.setCredibleImteUI(row);
-        edit.before = rowText(rows, rows.size() - 1);
-        edit.after = rowText(model.getCredibleVecUI(), rows.size() - 1);
+        edit.target = QString("row with index %1").arg(row.index);
+        edit.before = rows.last().isChecked;
+        edit.after = model.getCredibleVecUI().constLast().isChecked;
     }
     return edit;
 }
@@ -55,15 +46,16 @@ Edit rowByIndex()
 Edit rowByPosition()
 {
     auto &model = *tavObject<ITavNetControlMgr>();
-    Edit edit{"row by position", "ITavNetControlMgr::updateUIItem", {}, {}};
+    Edit edit{"row by position", "ITavNetControlMgr::updateUIItem", "isChecked"};
     const QVector<STProtoDataContainer> rows = model.getUIData();
     if (!rows.isEmpty()) {
         STProtoDataContainer row = rows.first();
         row.isChecked = !row.isChecked;
         row.index = 0;
         model.updateUIItem(row);
-        edit.before = rowText(rows, 0);
-        edit.after = rowText(model.getUIData(), 0);
+        edit.target = "row at position 0";
+        edit.before = rows.first().isChecked;
+        edit.after = model.getUIData().constFirst().isChecked;
     }
     return edit;
 }
@@ -71,13 +63,13 @@ Edit rowByPosition()
 Edit allChecks()
 {
     auto &model = *tavObject<ITavNetControlMgr>();
-    Edit edit{"all checks", "ITavNetControlMgr::setAllCheck", {}, {}};
+    Edit edit{"all checks", "ITavNetControlMgr::setAllCheck", "checked rows"};
     const auto checked = [&model] {
         const QVector<STProtoDataContainer> rows = model.getUIData();
-        const auto count = std::count_if(rows.begin(), rows.end(), [](const auto &row) { return row.isChecked; });
-        return QString("%1 of %2 checked").arg(count).arg(rows.size());
+        return int(std::count_if(rows.begin(), rows.end(), [](const auto &row) { return row.isChecked; }));
     };
-    if (!model.getUIData().isEmpty()) {
+    if (const int count = model.getUIData().size(); count > 0) {
+        edit.target = countedText(count, "row");
         edit.before = checked();
         model.setAllCheck(true);
         edit.after = checked();
@@ -88,18 +80,13 @@ Edit allChecks()
 Edit deviceToggled()
 {
     auto &model = *tavObject<ITavNetControlMgr>();
-    Edit edit{"device toggled", "ITavNetControlMgr::reverseDeviceState", {}, {}};
-    const auto state = [&model] {
-        const Tav::NetControl::NetDeviceInfos infos = model.getDeviceInfo();
-        return QString("%1: state %2")
-            .arg(QString::fromStdString(infos.devices(0).name()))
-            .arg(infos.devices(0).state());
-    };
+    Edit edit{"device toggled", "ITavNetControlMgr::reverseDeviceState", "state"};
     // An index out of range would be fatal, so an empty list is not asked.
-    if (model.getDeviceInfo().devices_size() > 0) {
-        edit.before = state();
+    if (const Tav::NetControl::NetDeviceInfos infos = model.getDeviceInfo(); infos.devices_size() > 0) {
+        edit.target = QString::fromStdString(infos.devices(0).name());
+        edit.before = infos.devices(0).state();
         model.reverseDeviceState(0);
-        edit.after = state();
+        edit.after = model.getDeviceInfo().devices(0).state();
     }
     return edit;
 }
@@ -107,17 +94,17 @@ Edit deviceToggled()
 Edit levelChecked()
 {
     auto &model = *tavObject<ITavAccessControlMgr>();
-    Edit edit{"level checked", "ITavAccessControlMgr::updateUIPriData", {}, {}};
-    const auto level = [&model] { return QString("checked level %1").arg(model.getCheckPriLevel()); };
+    Edit edit{"level checked", "ITavAccessControlMgr::updateUIPriData", "checked level"};
     const QVector<STAccessSetUIData> levels = model.getUIPriData();
     if (!levels.isEmpty()) {
-        edit.before = level();
+        edit.target = countedText(levels.size(), "level");
+        edit.before = model.getCheckPriLevel();
         // The manager lets several levels be checked, so the page unchecks the others itself.
         for (STAccessSetUIData entry : levels) {
             entry.checked = int(entry.level) == int(levels.last().level);
             model.updateUIPriData(entry);
         }
-        edit.after = level();
+        edit.after = model.getCheckPriLevel();
     }
     return edit;
 }

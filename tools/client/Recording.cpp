@@ -1,6 +1,7 @@
 #include "Recording.h"
 
 #include "ClientSession.h"
+#include "TavCountedText.h"
 
 #include <QDateTime>
 #include <QSysInfo>
@@ -84,7 +85,7 @@ void Recording::end()
             if (!progress.error.isEmpty()) {
                 emit failed(m_file, "cannot be written any further: " + progress.error);
             } else if (progress.lost > 0) {
-                emit failed(m_file, QString("%1 calls are missing in it").arg(progress.lost));
+                emit failed(m_file, countedText(progress.lost, "call") + " missing in it");
             }
         });
 }

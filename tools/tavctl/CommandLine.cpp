@@ -238,6 +238,13 @@ public:
         return *this;
     }
 
+    Command &verbose()
+    {
+        m_command.add_flag("-v,--verbose", m_options->verbose,
+                           "list every picture and every delivery of a page change");
+        return *this;
+    }
+
     Command &json()
     {
         m_command.add_flag("--json", m_options->json, "print one JSON document, for scripts");
@@ -370,6 +377,7 @@ void addCommands(CLI::App &app, Action &action)
         .json()
         .root("directory to take for \"/\" when configuration is read")
         .page()
+        .verbose()
         .runs(run, action);
     Command<RegistryOptions>(app, "registry", "load the plugin and show what it registered")
         .plugin()

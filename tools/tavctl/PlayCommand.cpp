@@ -7,6 +7,7 @@
 #include "ProgressLine.h"
 #include "RunReport.h"
 #include "ScenarioFile.h"
+#include "TavCountedText.h"
 #include "TavJson.h"
 #include "TextTable.h"
 
@@ -58,10 +59,10 @@ QJsonArray allPages()
 void printReport(const PlayOptions &options, const TavPlayReport &report)
 {
     QString text = QString("%1: %2, %3 s of the scenario")
-                       .arg(printable(options.file), counted(report.lines, "call"))
+                       .arg(printable(options.file), countedText(report.lines, "call"))
                        .arg(double(report.at) / TavScenario::microsecondsInSecond);
     if (options.check) {
-        text += QString(", %1 compared").arg(counted(report.checked, "result"));
+        text += QString(", %1 compared").arg(countedText(report.checked, "result"));
     }
     if (report.cutLine > 0) {
         text += QString(", without line %1, which is cut").arg(report.cutLine);
@@ -96,7 +97,7 @@ TavPlayReport playFile(TavPluginHost &host, const QString &file, const TavPlayOp
         const TavPlayReport report = player.progress();
         line.show(QString("%1 s, %2")
                       .arg(report.at / qint64(TavScenario::microsecondsInSecond))
-                      .arg(counted(report.lines, "call")));
+                      .arg(countedText(report.lines, "call")));
         if (InterruptSignal::isRaised()) {
             player.stop();
         }

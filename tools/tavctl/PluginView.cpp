@@ -61,7 +61,8 @@ QJsonObject pluginJson(const TavPluginHost &host)
         {QStringLiteral("file"), host.file()},
         {QStringLiteral("identifier"), facts.identifier},
         {QStringLiteral("className"), facts.className},
-        {QStringLiteral("qtVersion"), QLatin1String(qVersion())},
+        {QStringLiteral("qtVersion"), facts.qtVersion},
+        {QStringLiteral("runningQtVersion"), QLatin1String(qVersion())},
         {QStringLiteral("loadMicroseconds"), static_cast<double>(host.loadNanoseconds()) / 1000},
     };
 }
@@ -87,9 +88,9 @@ void printPlugin(const TavPluginHost &host)
 {
     const TavPluginFacts facts = TavPluginHost::factsOf(host.file());
     printHeading(QStringLiteral("Plugin"));
-    printLine(QStringLiteral("%1\n%2, class %3, loaded by Qt %4 in %5 µs")
-                  .arg(QDir::cleanPath(host.file()), facts.identifier, facts.className, QLatin1String(qVersion()),
-                       microseconds(host.loadNanoseconds())));
+    printLine(QStringLiteral("%1\n%2, class %3, built with Qt %4, loaded by Qt %5 in %6 µs")
+                  .arg(QDir::cleanPath(host.file()), facts.identifier, facts.className, facts.qtVersion,
+                       QLatin1String(qVersion()), microseconds(host.loadNanoseconds())));
 }
 
 void printRegistry(const TavPluginHost &host)

@@ -76,8 +76,3 @@ QString microseconds(qint64 nanoseconds)
 {
     return QString::number(static_cast<double>(nanoseconds) / 1000, 'f', 1);
 }
-
-QString counted(qint64 count, const QString &noun)
-{
-    return QString::number(count) + ' ' + noun + (count == 1 ? "" : "s");
-}

@@ -24,6 +24,3 @@ QString wrapped(const QString &text, int start);
 
 /// @p nanoseconds as microseconds with one decimal.
 QString microseconds(qint64 nanoseconds);
-
-/// @p count and @p noun, which is in the plural unless it is one: "1 call", "2 calls".
-QString counted(qint64 count, const QString &noun);

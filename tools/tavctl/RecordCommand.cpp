@@ -8,6 +8,7 @@
 #include "PluginView.h"
 #include "Presentation.h"
 #include "ProgressLine.h"
+#include "TavCountedText.h"
 #include "TavScenarioRecorder.h"
 #include "TextTable.h"
 
@@ -23,7 +24,7 @@ namespace
 QString statusOf(const TavRecordProgress &progress)
 {
     QString text = QString("%1 s, %2, %3")
-                       .arg(QString::number(progress.microseconds / 1'000'000), counted(progress.lines, "call"),
+                       .arg(QString::number(progress.microseconds / 1'000'000), countedText(progress.lines, "call"),
                             CellText::ofKind(TavFields::Kind::Size, progress.bytes));
     return progress.lost > 0 ? text + QString(", %1 lost").arg(progress.lost) : text;
 }
@@ -105,7 +106,7 @@ ExitCode record(const RecordOptions &options)
     }
     if (written.lost > 0) {
         throw ToolError(ExitCode::Usage,
-                        QString("%1: %2 missing in it").arg(options.file, counted(written.lost, "call")));
+                        QString("%1: %2 missing in it").arg(options.file, countedText(written.lost, "call")));
     }
     if (!isComplete) {
         throw ToolError(ExitCode::BackendTooSlow,

@@ -57,23 +57,22 @@ AgentReport feedManagers()
     return report;
 }
 
-QVector<TavSubFuncTypeData_> pages()
+/// The pages to show: the one that is asked for, or all of them.
+QVector<TavSubFuncTypeData_> pagesFor(const RunOptions &options)
 {
-    return tavObject<ITavFuncTypeMgr>()->getSubFuncInfo();
-}
-
-TavSubFuncTypeData_ pageWithKey(const QString &key)
-{
+    const QVector<TavSubFuncTypeData_> all = tavObject<ITavFuncTypeMgr>()->getSubFuncInfo();
+    if (options.page.isEmpty()) {
+        return all;
+    }
     QStringList keys;
-    const QVector<TavSubFuncTypeData_> all = pages();
     for (const TavSubFuncTypeData_ &page : all) {
-        if (pageKey(page.subFuncType) == key) {
-            return page;
+        if (pageKey(page.subFuncType) == options.page) {
+            return {page};
         }
         keys.append(pageKey(page.subFuncType));
     }
     throw ToolError(ExitCode::Usage,
-                    QString("--page: the catalogue has no page \"%1\"; it has %2").arg(key, keys.join(", ")));
+                    QString("--page: the catalogue has no page \"%1\"; it has %2").arg(options.page, keys.join(", ")));
 }
 
 void printPage(const TavSubFuncTypeData_ &page, int rows)
@@ -89,39 +88,29 @@ QJsonObject titledPageJson(const TavSubFuncTypeData_ &page)
     return json;
 }
 
-void showPage(const RunOptions &options)
+void printEverything(const TavPluginHost &host, const QVector<TavSubFuncTypeData_> &pages, bool isVerbose)
 {
-    const TavSubFuncTypeData_ page = pageWithKey(options.page);
-    feedManagers();
-    if (options.json) {
-        printJson(pagesJson(QJsonArray{titledPageJson(page)}));
-    } else {
-        printPage(page, 0);
-    }
-}
-
-void printEverything(const TavPluginHost &host)
-{
+    const QVector<IconPicture> pictures = loadIconPictures();
+    const QVector<PageDelivery> deliveries = deliverPageChanges();
+    const AgentReport backend = feedManagers();
     printPlugin(host);
-    printRegistry(host);
     printNavigation(navigationTree());
-    printPictures(loadIconPictures());
-    printDeliveries(deliverPageChanges());
-    printBackend(feedManagers());
-    const QVector<TavSubFuncTypeData_> all = pages();
-    for (const TavSubFuncTypeData_ &page : all) {
+    for (const TavSubFuncTypeData_ &page : pages) {
         printPage(page, mostRows);
     }
+    printBackend(backend);
+    printRegistry(host);
+    printPictures(pictures, isVerbose);
+    printDeliveries(deliveries, isVerbose);
     printEdits(makeEdits());
 }
 
-void printEverythingAsJson(const TavPluginHost &host)
+void printEverythingAsJson(const TavPluginHost &host, const QVector<TavSubFuncTypeData_> &pages)
 {
     const QJsonArray deliveries = deliveriesJson(deliverPageChanges());
     const QJsonArray backend = backendJson(feedManagers());
     QJsonArray pageDocuments;
-    const QVector<TavSubFuncTypeData_> all = pages();
-    for (const TavSubFuncTypeData_ &page : all) {
+    for (const TavSubFuncTypeData_ &page : pages) {
         pageDocuments.append(titledPageJson(page));
     }
     QJsonObject document = pagesJson(pageDocuments);
@@ -153,12 +142,14 @@ ExitCode run(const RunOptions &options)
     TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
     const TavPluginHost host = loadPlugin(options.plugin);
     loadCatalogue();
-    if (!options.page.isEmpty()) {
-        showPage(options);
-    } else if (options.json) {
-        printEverythingAsJson(host);
+    const QVector<TavSubFuncTypeData_> pages = pagesFor(options);
+    if (options.json) {
+        printEverythingAsJson(host, pages);
+    } else if (options.page.isEmpty()) {
+        printEverything(host, pages, options.verbose);
     } else {
-        printEverything(host);
+        feedManagers();
+        printPage(pages.first(), 0);
     }
     return ExitCode::Success;
 }

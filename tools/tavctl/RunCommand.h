@@ -15,6 +15,7 @@ struct RunOptions {
     QString plugin = InstallationPaths::pluginBesideProgram();
     QString root = "/"; ///< directory taken for "/"
     QString page; ///< key of the one page to show in full; empty for all of them
+    bool verbose = false; ///< list every picture and every delivery
     bool json = false;
 };
 

@@ -3,6 +3,7 @@
 #include "CellText.h"
 #include "NavigationTree.h"
 #include "Presentation.h"
+#include "TavCountedText.h"
 #include "TextTable.h"
 #include "ValueJson.h"
 
@@ -15,9 +16,18 @@ QString sizeText(const QSize &size)
     return size.isEmpty() ? "missing" : QString("%1×%2").arg(size.width()).arg(size.height());
 }
 
+QJsonValue pixels(int count)
+{
+    return count > 0 ? QJsonValue(count) : QJsonValue();
+}
+
 QString cellText(const ValueTable &table, int row, int column)
 {
-    return CellText::ofKind(table.columns()[column].kind, table.cell(row, column));
+    const ValueColumn &described = table.columns()[column];
+    const QVariant cell = table.cell(row, column);
+    const QString text = CellText::ofKind(described.kind, cell);
+    const QString meaning = cell.isValid() ? described.meanings.value(cell.toLongLong()) : QString();
+    return meaning.isEmpty() ? text : text + " (" + meaning + ')';
 }
 
 /// In one line where there is room for it, otherwise one below the other.
@@ -79,20 +89,27 @@ QJsonArray picturesJson(const QVector<IconPicture> &pictures)
     for (const IconPicture &picture : pictures) {
         rows.append(QJsonObject{{"directory", picture.directory},
                                 {"name", picture.name},
-                                {"width", picture.size.width()},
-                                {"height", picture.size.height()}});
+                                {"width", pixels(picture.size.width())},
+                                {"height", pixels(picture.size.height())}});
     }
     return rows;
 }
 
-void printPictures(const QVector<IconPicture> &pictures)
+void printPictures(const QVector<IconPicture> &pictures, bool isInFull)
 {
-    printHeading(QString("Pictures: %1 looked up").arg(pictures.size()));
+    int missing = 0;
     TextTable table({{"directory"}, {"picture"}, {"pixels"}});
     for (const IconPicture &picture : pictures) {
-        table.addRow({picture.directory, picture.name, sizeText(picture.size)});
+        const bool isMissing = picture.size.isEmpty();
+        missing += isMissing ? 1 : 0;
+        if (isInFull || isMissing) {
+            table.addRow({picture.directory, picture.name, sizeText(picture.size)});
+        }
     }
-    table.print();
+    printHeading(QString("Pictures of icons: %1 looked up, %2 missing").arg(pictures.size()).arg(missing));
+    if (table.rowCount() > 0) {
+        table.print();
+    }
 }
 
 QJsonArray deliveriesJson(const QVector<PageDelivery> &deliveries)
@@ -109,14 +126,23 @@ QJsonArray deliveriesJson(const QVector<PageDelivery> &deliveries)
     return rows;
 }
 
-void printDeliveries(const QVector<PageDelivery> &deliveries)
+void printDeliveries(const QVector<PageDelivery> &deliveries, bool isInFull)
 {
-    printHeading(QString("Page changes: %1 deliveries").arg(deliveries.size()));
+    printHeading("Page changes: " + countedText(deliveries.size(), "delivery"));
     TextTable table({{"page"}, {"subscriber"}, {"thread"}, {"µs to arrive", TextTable::Right}});
+    QVector<qint64> times;
     for (const PageDelivery &delivery : deliveries) {
         table.addRow({delivery.page, delivery.subscriber, delivery.thread, microseconds(delivery.nanoseconds)});
+        times.append(delivery.nanoseconds);
     }
-    table.print();
+    std::sort(times.begin(), times.end());
+    if (isInFull) {
+        table.print();
+    } else if (!times.isEmpty()) {
+        printLine(QString("%1 to %2 µs to arrive, half of them at most %3 µs")
+                      .arg(microseconds(times.first()), microseconds(times.last()),
+                           microseconds(times[(times.size() - 1) / 2])));
+    }
 }
 
 QJsonArray backendJson(const AgentReport &report)
@@ -198,18 +224,23 @@ QJsonArray editsJson(const QVector<Edit> &edits)
 {
     QJsonArray rows;
     for (const Edit &edit : edits) {
-        rows.append(QJsonObject{
-            {"kind", edit.kind}, {"operation", edit.operation}, {"before", edit.before}, {"after", edit.after}});
+        rows.append(QJsonObject{{"kind", edit.kind},
+                                {"operation", edit.operation},
+                                {"target", edit.target},
+                                {"field", edit.field},
+                                {"before", QJsonValue::fromVariant(edit.before)},
+                                {"after", QJsonValue::fromVariant(edit.after)}});
     }
     return rows;
 }
 
 void printEdits(const QVector<Edit> &edits)
 {
-    printHeading("Edits");
-    TextTable table({{"kind"}, {"operation"}, {"before"}, {"after"}});
+    printHeading("Edits: of what the managers hold; nothing of this machine is changed");
+    TextTable table({{"kind"}, {"operation"}, {"target"}, {"field"}, {"before"}, {"after"}});
     for (const Edit &edit : edits) {
-        table.addRow({edit.kind, edit.operation, edit.before.isEmpty() ? "nothing to edit" : edit.before, edit.after});
+        table.addRow({edit.kind, edit.operation, edit.target.isEmpty() ? "nothing to edit" : edit.target, edit.field,
+                      edit.before.toString(), edit.after.toString()});
     }
     table.print();
 }

@@ -6,6 +6,7 @@
 #include "PluginView.h"
 #include "Presentation.h"
 #include "ScenarioFile.h"
+#include "TavCountedText.h"
 #include "TavScenario.h"
 #include "TextTable.h"
 
@@ -85,7 +86,7 @@ ExitCode checkScenario(const ScenarioOptions &options)
         printJson({{"findings", findings}});
     } else {
         printLine(printable(options.file) + ": "
-                  + (mistakes.isEmpty() ? "no findings" : counted(mistakes.size(), "finding")));
+                  + (mistakes.isEmpty() ? "no findings" : countedText(mistakes.size(), "finding")));
     }
     return mistakes.isEmpty() ? ExitCode::Success : ExitCode::Findings;
 }
@@ -152,8 +153,9 @@ ExitCode showScenarioInfo(const ScenarioOptions &options)
     if (header["title"].isString()) {
         printLine(printable(header["title"].toString()));
     }
-    printLine(QString("%1 s, %2, %3")
-                  .arg(seconds(span), counted(all.lines, "call"), CellText::ofKind(TavFields::Kind::Size, all.bytes)));
+    printLine(
+        QString("%1 s, %2, %3")
+            .arg(seconds(span), countedText(all.lines, "call"), CellText::ofKind(TavFields::Kind::Size, all.bytes)));
     TextTable table({{"operation", TextTable::Left, 100}, {"calls", TextTable::Right}, {"bytes", TextTable::Right}});
     for (const auto &[subject, share] : shares) {
         table.addRow({subject, QString::number(share.lines), QString::number(share.bytes)});

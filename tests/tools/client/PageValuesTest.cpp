@@ -137,8 +137,10 @@ TEST_F(PageValues, ReadWhatWasSetAtTheLimitsOfEachType)
                 }
             }
         }
-        const QJsonObject document{{"tavPages", 1},
-                                   {"pages", QJsonArray{QJsonObject{{"type", "x"}, {"tables", tables}}}}};
+        const QJsonObject document{
+            {"tavPages", 1},
+            {"played", QJsonObject{{"calls", 0}, {"compared", 0}, {"seconds", 0}, {"cutLine", 0}}},
+            {"pages", QJsonArray{QJsonObject{{"type", "x"}, {"tables", tables}}}}};
         EXPECT_EQ(schemaFindings("pages", document), "") << seed;
     }
 }

@@ -19,7 +19,7 @@ TEST_F(DoctorCommand, FindsNothingInTheDemo)
     EXPECT_FALSE(run.output.contains("Findings"));
     EXPECT_EQ(run.errors, "");
     const QJsonObject plugin = Tavctl({"doctor", "--root", demoRoot, "--json"}).json()["plugin"].toObject();
-    const QString qt = QString("%1.%2.0").arg(QT_VERSION_MAJOR).arg(QT_VERSION_MINOR);
+    const QString qt = QString("%1.%2").arg(QT_VERSION_MAJOR).arg(QT_VERSION_MINOR);
     const QString machine = QSysInfo::buildCpuArchitecture() == "arm64" ? "AArch64" : "x86-64";
     const QString origin = "none below " + demoRoot + "; beside tavctl";
     EXPECT_EQ(
@@ -150,7 +150,7 @@ TEST_F(DoctorCommand, SaysWhatIsWrongWithAPluginFile)
          "another plugin: its identifier is \"org.example.OtherPlugin\" and not \"Tav_ORG_ITavDtaPlugin\"" + noManagers
              + name},
         {put("newer.so", ofNewerQt), "TAV609",
-         QString("built with Qt 5.99.0, but this is Qt %1; Qt refuses to load it: it takes plugins of its own or an "
+         QString("built with Qt 5.99, but this is Qt %1; Qt refuses to load it: it takes plugins of its own or an "
                  "earlier minor version; build the plugin with Qt %2")
              .arg(qVersion(), qt)},
         {put("machine.so", forOtherMachine), "TAV605",

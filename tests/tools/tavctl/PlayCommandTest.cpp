@@ -1,4 +1,5 @@
 #include "ChildProcess.h"
+#include "JsonSchema.h"
 #include "PrintQString.h"
 #include "ScenarioFiles.h"
 #include "Tavctl.h"
@@ -112,10 +113,21 @@ TEST(PlayCommand, ShowsThePageAtTheEnd)
     const QString text = play(file.path(), {"--page", "SubFunc_LogAudit"}).output;
     EXPECT_TRUE(text.contains("4711")) << text.toStdString();
     const QJsonObject document = play(file.path(), {"--json"}).json();
+    EXPECT_EQ(schemaFindings("pages", document), "");
     EXPECT_EQ(document["played"].toObject()["calls"].toInt(), 1);
     EXPECT_GT(document["pages"].toArray().size(), 10);
     EXPECT_EQ(play(file.path(), {"--page", "SubFunc_LogAduit"}).errors,
               "tavctl: --page: TavSubFuncTypeHeader_ has no key \"SubFunc_LogAduit\" (nearest: SubFunc_LogAudit)\n");
+}
+
+TEST(PlayCommand, PrintsWhatHasEndedItAsItsSchemaDescribes)
+{
+    const ScenarioFile file(
+        R"({"manager": "ITavAuditMgr", "operation": "setAuditCount", "arguments": [{"count": "x"}]})");
+    const Tavctl run = play(file.path(), {"--json"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(schemaFindings("pages", run.json()), "");
+    EXPECT_EQ(run.json()["played"].toObject()["line"].toInt(), 2);
 }
 
 TEST(PlayCommand, PlaysAtItsTimesAndFaster)

@@ -4,7 +4,9 @@
 #include "TestFiles.h"
 #include "TextsOf.h"
 
+#include <QDir>
 #include <QJsonArray>
+#include <QRegularExpression>
 #include <QSet>
 #include <QSysInfo>
 
@@ -99,7 +101,8 @@ TEST_F(RunCommand, MakesOneEditOfEachKindAndShowsItsEffect)
               QStringList({"row by key", "row by stored index", "row by position", "all checks", "device toggled",
                            "level checked"}));
     for (const QJsonValue &edit : edits) {
-        EXPECT_FALSE(edit["before"].toString().isEmpty()) << edit["kind"].toString().toStdString();
+        EXPECT_FALSE(edit["before"].isNull()) << edit["kind"].toString().toStdString();
+        EXPECT_FALSE(edit["target"].toString().isEmpty()) << edit["kind"].toString().toStdString();
         EXPECT_NE(edit["before"], edit["after"]) << edit["kind"].toString().toStdString();
     }
 }
@@ -127,18 +130,64 @@ TEST_F(RunCommand, CutsLongListsAndShowsAPageAskedForInFull)
     EXPECT_TRUE(page.output.contains("日志分区使用率"));
 }
 
-TEST_F(RunCommand, DescribesItsPagesInASchema)
+TEST_F(RunCommand, PrintsADocumentThatItsSchemaDescribes)
 {
     EXPECT_EQ(schemaFindings("pages", demo), "");
     QJsonObject other = demo;
     other["tavPages"] = 2;
     EXPECT_NE(schemaFindings("pages", other), "");
+    other = demo;
+    other["edits"] = QJsonArray{QJsonObject{{"kind", "all checks"}}};
+    EXPECT_NE(schemaFindings("pages", other), "");
+    other = demo;
+    other.remove("plugin");
+    EXPECT_NE(schemaFindings("pages", other), "");
+}
+
+TEST_F(RunCommand, TellsAPictureThatIsMissingWithoutAMeasure)
+{
+    const QString etc = "etc/tavsec.d/funcTypeConfig.json";
+    put(etc, contentOf(demoRoot + '/' + etc));
+    ASSERT_TRUE(QDir(directory.path()).mkpath("opt/tavsec/pictures/empty"));
+    const QJsonObject document = Tavctl({"run", "--root", directory.path(), "--json"}).json();
+    EXPECT_EQ(schemaFindings("pages", document), "");
+    EXPECT_EQ(document["pictures"].toArray().first(),
+              (QJsonObject{{"directory", "empty"}, {"name", "hostIcon"}, {"width", {}}, {"height", {}}}));
+    const QString text = Tavctl({"run", "--root", directory.path()}).output;
+    EXPECT_TRUE(text.contains("\nPictures of icons: 18 looked up, 18 missing\n")) << text.toStdString();
+    EXPECT_TRUE(text.contains("\nempty      systemAuditIconPressed    missing\n")) << text.toStdString();
+}
+
+TEST_F(RunCommand, ShowsThePagesBeforeTheLongListsAndSumsUpPicturesAndDeliveries)
+{
+    const QString text = Tavctl({"run", "--root", demoRoot}).output;
+    int before = -1;
+    for (const char *const heading :
+         {"\nPlugin\n", "\nNavigation\n", "\n服务器详情  SubFunc_serverResourceInfo\n", "\nBackend: this machine\n",
+          "\nRegistry: 15 managers\n", "\nPictures of icons: 36 looked up, 0 missing\n",
+          "\nPage changes: 42 deliveries\n", "\nEdits: "}) {
+        EXPECT_GT(text.indexOf(heading), before) << heading;
+        before = text.indexOf(heading);
+    }
+    EXPECT_FALSE(text.contains(QRegularExpression("\nSubFunc_LogAudit +navigation bar")));
+    EXPECT_FALSE(text.contains("hostIconPressed"));
+    const QString verbose = Tavctl({"run", "--root", demoRoot, "--verbose"}).output;
+    EXPECT_TRUE(verbose.contains(QRegularExpression("\nSubFunc_LogAudit +navigation bar")));
+    EXPECT_TRUE(verbose.contains("hostIconPressed"));
+}
+
+TEST_F(RunCommand, ShowsCodesWithTheirMeaning)
+{
+    const Tavctl run({"run", "--root", demoRoot, "--page", "SubFunc_DynamicMeasurements"});
+    EXPECT_TRUE(run.output.contains("\n  Scan state: scan id 0 (none yet), state 0 (idle)\n"))
+        << run.output.toStdString();
 }
 
 TEST_F(RunCommand, ShowsOnePageAsJsonAsItShowsAll)
 {
     const QJsonObject one = Tavctl({"run", "--root", demoRoot, "--page", "SubFunc_BaselineScan", "--json"}).json();
     EXPECT_EQ(schemaFindings("pages", one), "");
+    EXPECT_EQ(one.keys(), demo.keys());
     EXPECT_EQ(one["pages"].toArray().size(), 1);
     const QJsonValue page = one["pages"].toArray().first();
     EXPECT_EQ(page["title"].toString(), "基线扫描");

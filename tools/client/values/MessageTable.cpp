@@ -76,7 +76,11 @@ ValueColumn columnOf(const Path &path)
     for (const FieldDescriptor *const field : path) {
         names.append(QString::fromStdString(field->name()));
     }
-    return {names.join('.'), kindOf(path.back())};
+    const FieldDescriptor *const last = path.back();
+    ValueColumn column
+        = ValueColumn::of(QString::fromStdString(last->containing_type()->full_name()), names.last(), kindOf(last));
+    column.name = names.join('.');
+    return column;
 }
 
 template<class Paths>

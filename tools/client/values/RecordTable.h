@@ -2,6 +2,7 @@
 
 #include "TavFieldValues.h"
 #include "TavJson.h"
+#include "TavTypeName.h"
 #include "ValueTable.h"
 
 #include <cstring>
@@ -65,13 +66,16 @@ private:
         return all;
     }
 
-    static QVector<ValueColumn> columnsOf()
+    static const QVector<ValueColumn> &columnsOf()
     {
-        QVector<ValueColumn> columns;
-        for (const auto &field : fields()) {
-            columns.append({field.name, field.kind});
-        }
-        return columns;
+        static const QVector<ValueColumn> all = [] {
+            QVector<ValueColumn> columns;
+            for (const auto &field : fields()) {
+                columns.append(ValueColumn::of(tavTypeName(typeid(Record)), field.name, field.kind));
+            }
+            return columns;
+        }();
+        return all;
     }
 
     /// Behind its length, so that the end of one text is not taken for the beginning of the next.

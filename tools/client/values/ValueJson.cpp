@@ -81,6 +81,13 @@ QJsonArray ValueJson::columns(const ValueTable &table)
         if (const QString unit = TavFields::unitOf(column.kind); !unit.isEmpty() && column.kind != Kind::Time) {
             json.insert("unit", unit);
         }
+        if (!column.meanings.isEmpty()) {
+            QJsonObject meanings;
+            for (auto code = column.meanings.begin(); code != column.meanings.end(); ++code) {
+                meanings.insert(QString::number(code.key()), code.value());
+            }
+            json.insert("meanings", meanings);
+        }
         columns.append(json);
     }
     return columns;

@@ -16,7 +16,7 @@ namespace ValueJson
  */
 QJsonValue ofCell(TavFields::Kind kind, const QVariant &value);
 
-/// The columns, each with name, kind and, where it has one, unit.
+/// The columns, each with name, kind and, where it has them, unit and meanings of its codes.
 QJsonArray columns(const ValueTable &table);
 
 /// An object by the names of the columns for each row.

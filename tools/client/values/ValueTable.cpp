@@ -24,6 +24,11 @@ QString wordsOf(const QString &name)
 }
 }
 
+ValueColumn ValueColumn::of(const QString &type, const QString &field, TavFields::Kind kind)
+{
+    return {field, kind, kind == TavFields::Kind::Number ? documentedMeanings(type, field) : CodeMeanings()};
+}
+
 QString ValueColumn::title() const
 {
     QStringList titles;
@@ -39,6 +44,7 @@ bool ValueColumn::isNumber() const
     using TavFields::Kind;
     switch (kind) {
     case Kind::Number:
+        return meanings.isEmpty();
     case Kind::Percent:
     case Kind::Permille:
     case Kind::Hundredths:

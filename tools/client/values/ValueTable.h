@@ -1,5 +1,6 @@
 #pragma once
 
+#include "CodeMeanings.h"
 #include "TavFields.h"
 
 #include <QJsonObject>
@@ -13,11 +14,15 @@
 struct ValueColumn {
     QString name; ///< as record or message call it; of a message within a message behind that one's: "system.uid"
     TavFields::Kind kind;
+    CodeMeanings meanings = {}; ///< of a number that is a code, as its comment documents them; empty for all others
+
+    /// The column of @p field of @p type, with the meanings that documentedMeanings() finds.
+    static ValueColumn of(const QString &type, const QString &field, TavFields::Kind kind);
 
     /// The name in words, "memory total", in the interface's language.
     QString title() const;
 
-    /// Whether the cells are numbers, which stand at the end of their cell.
+    /// Whether the cells are numbers without words, which stand at the end of their cell.
     bool isNumber() const;
 };
 

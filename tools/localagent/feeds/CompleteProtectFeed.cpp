@@ -64,7 +64,7 @@ void feedIdleStates(const AgentCalls<ITavCompleteProtectMgr> &calls)
 
     Tav::Measure::CredibleMode mode;
     mode.set_mode(0);
-    mode.set_algorithm("sha256");
+    mode.set_algorithm("md5");
     calls.make<&ITavCompleteProtectMgr::setCredibleMode>(mode);
 }
 }

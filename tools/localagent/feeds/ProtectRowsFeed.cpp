@@ -2,6 +2,7 @@
 #include "DirectoryReader.h"
 #include "HostFile.h"
 #include "ManagerFeeds.h"
+#include "TavCountedText.h"
 #include "UserReader.h"
 
 namespace
@@ -34,17 +35,15 @@ int ManagerFeeds::feedProtectionRows(const QString &root, const AgentCalls<ITavP
     const QVector<STDirProtectContentAsr> directories = calls.make<&ITavProtectMgr::getDirContent>();
     for (const STDirProtectContentAsr &directory : directories) {
         const QString path = QString::fromUtf8(directory.path);
-        const QString detail = QStringLiteral("%1, %2 files")
-                                   .arg(modeAndOwner(root, directory.path, userNames))
-                                   .arg(directory.fileCount);
+        const QString detail
+            = modeAndOwner(root, directory.path, userNames) + ", " + countedText(directory.fileCount, "file");
         rows.append(rowOf(QStringLiteral("directory"), path, path, directory.state == missing ? QString() : detail,
                           directory.state != missing));
     }
     const QVector<STFileProtectContentAsr> files = calls.make<&ITavProtectMgr::getFileContent>();
     for (const STFileProtectContentAsr &file : files) {
         const QString path = QString::fromUtf8(file.path);
-        const QString detail
-            = QStringLiteral("%1, %2 bytes").arg(modeAndOwner(root, file.path, userNames)).arg(file.size);
+        const QString detail = modeAndOwner(root, file.path, userNames) + ", " + countedText(file.size, "byte");
         rows.append(rowOf(QStringLiteral("file"), path, path, file.state == missing ? QString() : detail,
                           file.state != missing));
     }
@@ -52,7 +51,7 @@ int ManagerFeeds::feedProtectionRows(const QString &root, const AgentCalls<ITavP
     for (const STKernelContentAsr &module : modules) {
         const QString name = QString::fromUtf8(module.name);
         rows.append(rowOf(QStringLiteral("module"), name, name,
-                          QStringLiteral("%1 bytes, %2 users").arg(module.size).arg(module.refCount),
+                          countedText(qint64(module.size), "byte") + ", " + countedText(module.refCount, "user"),
                           module.loaded == 1));
     }
     const QVector<STProProtectContentAsr> processes = calls.make<&ITavProtectMgr::getProContentList>();

@@ -20,7 +20,7 @@ int ManagerFeeds::feedServer(const QString &root, const AgentCalls<ITavSystemCon
     state.set_state(1);
     state.set_last_online_time(now);
     state.set_change_time(now);
-    state.set_round_trip_time(0);
+    state.set_round_trip_time(-1); // there is no heartbeat to measure
     state.set_retry_count(0);
     state.set_address(address);
     calls.make<&ITavSystemConfigMgr::setOnlineState>(state);

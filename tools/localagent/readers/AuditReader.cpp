@@ -2,6 +2,7 @@
 
 #include "HostFile.h"
 #include "LoginReader.h"
+#include "TavCountedText.h"
 #include "TextBuffer.h"
 #include "UserReader.h"
 
@@ -200,8 +201,7 @@ AuditReader::Audit AuditReader::readAudit(const QString &root, qint64 now, Readi
         audit.monthFailCounts = countByMonth(failedTimes, now);
     }
     if (events.size() > maxEntries) {
-        HostFile::note(notes, "audit events",
-                       QStringLiteral("%1 older events are not listed").arg(events.size() - maxEntries));
+        HostFile::note(notes, "audit events", countedText(events.size() - maxEntries, "older event") + " not listed");
         events.resize(maxEntries);
     }
     ReadingNotes userNotes; // not handed on: the reading of the users has noted the same

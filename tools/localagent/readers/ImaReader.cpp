@@ -1,6 +1,7 @@
 #include "ImaReader.h"
 
 #include "HostFile.h"
+#include "TavCountedText.h"
 #include "TextBuffer.h"
 
 #include <QList>
@@ -74,11 +75,10 @@ ImaReader::MeasurementList ImaReader::readList(const QString &root, ReadingNotes
         }
     }
     if (broken > 0) {
-        HostFile::note(notes, path, QStringLiteral("%1 lines are no measurement").arg(broken));
+        HostFile::note(notes, path, countedText(broken, "line") + " without a measurement");
     }
     if (list.total > list.entries.size()) {
-        HostFile::note(notes, path,
-                       QStringLiteral("%1 further entries are not listed").arg(list.total - list.entries.size()));
+        HostFile::note(notes, path, countedText(list.total - list.entries.size(), "further entry") + " not listed");
     }
     return list;
 }

@@ -43,16 +43,14 @@ Tav::Measure::ImaContent MeasureReader::measure(const QString &root, const QByte
         entry.set_state(0);
         return entry;
     }
-    entry.set_algorithm("sha256");
-    entry.set_file_digest(digests->sha256.toStdString());
     const auto expected = packageDigests.constFind(path);
     if (expected == packageDigests.constEnd()) {
         entry.set_state(unknown);
-    } else if (*expected == digests->md5) {
-        entry.set_state(trusted);
-        entry.set_expected_digest(digests->sha256.toStdString());
+        entry.set_algorithm("sha256");
+        entry.set_file_digest(digests->sha256.toStdString());
     } else {
-        entry.set_state(changed);
+        // Packages list MD5, so that is what was compared: no other digest is known to be the expected one.
+        entry.set_state(*expected == digests->md5 ? trusted : changed);
         entry.set_algorithm("md5");
         entry.set_file_digest(digests->md5.toStdString());
         entry.set_expected_digest(TextBuffer::message(*expected));

@@ -222,6 +222,6 @@ Tav::NetControl::NetRuleInfoAsr NetReader::readRules(const QString &root, Readin
     if (v4 && *v4 == 0 && v6.value_or(0) == 0) {
         rules.set_forward_policy(0);
     }
-    HostFile::note(notes, "packet filter rules", QStringLiteral("only the administrator may list them"));
+    HostFile::note(notes, "packet filter rules", QStringLiteral("the local agent has no way to list them"));
     return rules;
 }

@@ -1,6 +1,7 @@
 #include "ProcessReader.h"
 
 #include "HostFile.h"
+#include "TavCountedText.h"
 #include "TextBuffer.h"
 
 #include <algorithm>
@@ -153,10 +154,10 @@ QVector<ProcessReader::Process> ProcessReader::readProcesses(const QString &root
         processes.append(*process);
     }
     if (deniedCount > 0) {
-        HostFile::note(notes, "/proc/*/exe", QStringLiteral("permission denied for %1 processes").arg(deniedCount));
+        HostFile::note(notes, "/proc/*/exe", "permission denied for " + countedText(deniedCount, "process"));
     }
     if (leftOut > 0) {
-        HostFile::note(notes, "/proc", QStringLiteral("%1 further processes are not listed").arg(leftOut));
+        HostFile::note(notes, "/proc", countedText(leftOut, "further process") + " not listed");
     }
     return processes;
 }

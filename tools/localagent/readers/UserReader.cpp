@@ -1,6 +1,7 @@
 #include "UserReader.h"
 
 #include "HostFile.h"
+#include "TavCountedText.h"
 #include "TextBuffer.h"
 
 namespace
@@ -107,7 +108,7 @@ QVector<UserReader::User> UserReader::readUsers(const QString &root, ReadingNote
         users.append(user);
     }
     if (broken > 0) {
-        HostFile::note(notes, "/etc/passwd", QStringLiteral("%1 lines are no user").arg(broken));
+        HostFile::note(notes, "/etc/passwd", countedText(broken, "line") + " without a user");
     }
     addGroups(root, users, notes);
     addPasswords(root, users, notes);

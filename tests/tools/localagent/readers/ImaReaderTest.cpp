@@ -40,7 +40,7 @@ TEST(ImaReader, ReadsTheKernelsList)
     EXPECT_STREQ(list.entries.at(2).algorithm, "sha1");
     EXPECT_STREQ(list.entries.at(3).path, "/signed");
     ASSERT_EQ(notes.size(), 1);
-    EXPECT_EQ(notes.at(0).reason, QStringLiteral("1 lines are no measurement"));
+    EXPECT_EQ(notes.at(0).reason, QStringLiteral("1 line without a measurement"));
     const STImaStateAsr state = ImaReader::readState(host.root(), notes);
     EXPECT_EQ(state.mode, 2);
     EXPECT_EQ(state.state, 1);

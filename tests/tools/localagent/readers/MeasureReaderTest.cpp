@@ -35,8 +35,12 @@ TEST(MeasureReader, JudgesProgramsByTheirPackages)
         *list.add_entries() = MeasureReader::measure(host.root(), path, digests, 7, notes);
     }
     EXPECT_EQ(list.entries(0).state(), 1);
-    EXPECT_EQ(list.entries(0).file_digest(), "ba7816bf8f01cfea414140de5dae2223b00361a396177a9cb410ff61f20015ad");
+    EXPECT_EQ(list.entries(0).algorithm(), "md5");
+    EXPECT_EQ(list.entries(0).file_digest(), abc.toStdString());
+    EXPECT_EQ(list.entries(0).expected_digest(), abc.toStdString());
     EXPECT_EQ(list.entries(1).state(), 3);
+    EXPECT_EQ(list.entries(1).algorithm(), "sha256");
+    EXPECT_FALSE(list.entries(1).has_expected_digest());
     EXPECT_EQ(list.entries(2).state(), 2);
     EXPECT_EQ(list.entries(2).algorithm(), "md5");
     EXPECT_EQ(list.entries(2).expected_digest(), abc.toStdString());

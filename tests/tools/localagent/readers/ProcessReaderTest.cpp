@@ -89,7 +89,7 @@ TEST(ProcessReader, ListsNoMoreThanItsLimit)
     ReadingNotes notes;
     EXPECT_EQ(ProcessReader::readProcesses(host.root(), notes, 3).size(), 3);
     ASSERT_EQ(notes.size(), 1);
-    EXPECT_EQ(notes.at(0).reason, QStringLiteral("2 further processes are not listed"));
+    EXPECT_EQ(notes.at(0).reason, QStringLiteral("2 further processes not listed"));
 }
 
 TEST(ProcessReader, OnlyWhatIsOutOfTheOrdinaryIsAnException)
