@@ -24,10 +24,28 @@
 
 namespace
 {
+bool matches(const QString &text, const QString &pattern)
+{
+    static QHash<QString, QRegularExpression> compiled;
+    QRegularExpression &own = compiled[pattern];
+    if (own.pattern().isEmpty()) {
+        own.setPattern(pattern);
+    }
+    return own.match(text).hasMatch();
+}
+
 bool conforms(const QJsonValue &value, const QJsonValue &schema)
 {
     if (schema.toObject().isEmpty()) {
         return true;
+    }
+    // A rule with a pattern has nothing else. valijson takes those of the C++ library, which a text of some hundred
+    // KiB makes run out of stack.
+    if (schema["pattern"].isString()) {
+        return !value.isString() || matches(value.toString(), schema["pattern"].toString());
+    }
+    if (schema["not"].isObject()) {
+        return !conforms(value, schema["not"]);
     }
     // Kept: compiling a schema takes much longer than validating, and the elements of a list share one.
     static QHash<QByteArray, std::shared_ptr<valijson::Schema>> compiled;
