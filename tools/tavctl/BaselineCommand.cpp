@@ -12,7 +12,6 @@
 #include "TextTable.h"
 #include "WholeFile.h"
 
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QMap>
 
@@ -86,15 +85,17 @@ ExitCode showBaseline(const BaselineShowOptions &options)
 ExitCode checkBaselineFiles(const BaselineCheckOptions &options)
 {
     FindingReport report(options.findings);
+    FileFixing fixing(options.fixing, options.files);
     QStringList roots;
     for (const QString &file : options.files) {
         const QString root = options.root.isEmpty() ? InstallationPaths::rootOf(file) : options.root;
         TavGlobalInfoMgr::getInstance()->setSystemRoot(root);
-        report.add(checkBaseline(file, WholeFile::read(file)), QFileInfo(file).path());
+        fixing.check(file, checkBaseline, report);
         roots.append(root);
     }
     roots.removeDuplicates();
     report.print(
-        QString("%1 checked with the scripts below %2").arg(numbered(options.files.size(), "file"), roots.join(", ")));
+        QString("%1 checked with the scripts below %2").arg(numbered(options.files.size(), "file"), roots.join(", "))
+        + fixing.summary());
     return report.exitCode();
 }

@@ -12,8 +12,6 @@
 #include "TemporaryRoot.h"
 #include "WholeFile.h"
 
-#include <QFileInfo>
-
 namespace
 {
 bool isJson(const QByteArray &text)
@@ -47,12 +45,11 @@ ExitCode showCatalogue(const CatalogueShowOptions &options)
 ExitCode checkCatalogueFiles(const CatalogueCheckOptions &options)
 {
     FindingReport report(options.findings);
+    FileFixing fixing(options.fixing, options.files);
     for (const QString &file : options.files) {
-        const QByteArray content = WholeFile::read(file);
-        report.add(Base64Text::isJsonText(content) ? checkCatalogueText(file, content) : checkCatalogue(file, content),
-                   QFileInfo(file).path());
+        fixing.check(file, checkCatalogueOrText, report);
     }
-    report.print(numbered(options.files.size(), "file") + " checked");
+    report.print(numbered(options.files.size(), "file") + " checked" + fixing.summary());
     return report.exitCode();
 }
 

@@ -206,3 +206,9 @@ TEST_F(CatalogueCommand, CutsLongValues)
     const QByteArray type = QByteArray(onePage).replace("Func_HostInfo", QByteArray(1000, 'x'));
     EXPECT_TRUE(reportOn(putCatalogue(type)).contains(": \"" + QString(40, 'x') + "…\" is no function type"));
 }
+
+TEST_F(CatalogueCommand, TakesTextsOfAMebibyte)
+{
+    const QByteArray icon = QByteArray(onePage).replace("\"hostIcon", '"' + QByteArray(1 << 20, 'i'));
+    EXPECT_EQ(Tavctl({"catalogue", "check", putCatalogue(icon)}).output, "1 file checked, no findings\n");
+}
