@@ -6,9 +6,9 @@
 #include "ITavLineScanMgr.h"
 #include "PluginView.h"
 #include "Presentation.h"
+#include "TavCommonUtils.h"
 #include "TavGlobalInfoMgr.h"
 #include "TavObjectMgr.h"
-#include "TemporaryRoot.h"
 #include "TextTable.h"
 #include "WholeFile.h"
 
@@ -65,9 +65,7 @@ QJsonArray itemsJson(const QMap<int, STBLEnableConfig> &items)
 
 ExitCode showBaseline(const BaselineShowOptions &options)
 {
-    const QByteArray content = WholeFile::read(options.file);
-    TemporaryRoot root;
-    root.put(InstallationPaths::baseline(), content);
+    TavCommonUtils::setContent(InstallationPaths::baseline(), WholeFile::read(options.file));
     const TavPluginHost host = loadPlugin(options.plugin);
     const QMap<int, STBLEnableConfig> items = itemsHeld();
     if (items.isEmpty()) {

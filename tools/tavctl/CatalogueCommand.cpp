@@ -7,9 +7,9 @@
 #include "NavigationReport.h"
 #include "PluginView.h"
 #include "Presentation.h"
+#include "TavCommonUtils.h"
 #include "TavNanolog.h"
 #include "TavObjectMgr.h"
-#include "TemporaryRoot.h"
 #include "WholeFile.h"
 
 namespace
@@ -22,9 +22,7 @@ bool isJson(const QByteArray &text)
 
 ExitCode showCatalogue(const CatalogueShowOptions &options)
 {
-    const QByteArray content = WholeFile::read(options.file);
-    TemporaryRoot root;
-    root.put(InstallationPaths::catalogue(), content);
+    TavCommonUtils::setContent(InstallationPaths::catalogue(), WholeFile::read(options.file));
     const TavPluginHost host = loadPlugin(options.plugin);
     TavNanolog::setLevel(0); // what the plugin would log, the check says better
     tavObject<ITavFuncTypeMgr>()->loadConfig();
