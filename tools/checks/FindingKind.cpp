@@ -69,10 +69,11 @@ const std::vector<FindingKind> &findingKinds()
         {Code::ByteOrderMark, Severity::Note, "a byte order mark",
          "The plugin passes over the mark at the beginning of a text. JSON has none, and other readers refuse it.",
          "a file saved as \"UTF-8 with signature\"", "the same file saved as UTF-8"},
-        {Code::LenientText, Severity::Warning, "a text that JSON forbids",
+        {Code::LenientText, Severity::Warning, "a text or number that JSON forbids",
          "In a string JSON has no line ends, tabs or other control characters, and no backslash before a character "
          "that "
-         "needs none. The plugin's reader takes them all the same.",
+         "needs none; in a number it has a digit on both sides of the point. The plugin's reader takes them all the "
+         "same.",
          R"("name": "C:\data")", R"("name": "C:\\data")"},
 
         {Code::UnknownEntryType, Severity::Error, "an unknown function or page type",
