@@ -3,6 +3,7 @@
 #include "DecoderMessages.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QHash>
 #include <QImageReader>
 #include <QPair>
@@ -83,11 +84,15 @@ private:
                                                "svgz", "tif", "tiff", "webp", "xpm"};
         const bool isNamedSo = QDir::match(pattern, entry.fileName());
         if (entry.isDir()) {
-            return isNamedSo || entry.isHidden() ? std::nullopt : std::optional(FindingCode::PictureDirectoryInside);
+            const bool isMeant = !isNamedSo && !entry.isHidden()
+                && QDirIterator(entry.filePath(), {pattern}, QDir::Files, QDirIterator::Subdirectories).hasNext();
+            return isMeant ? std::optional(FindingCode::PictureDirectoryInside) : std::nullopt;
         }
         if (!isNamedSo) {
-            return otherSuffixes.contains(entry.suffix().toLower()) ? std::optional(FindingCode::PictureOfOtherSuffix)
-                                                                    : std::nullopt;
+            // Beside the PNG picture that was made of it, it is not meant for the plugin.
+            const bool isMeant = otherSuffixes.contains(entry.suffix().toLower())
+                && !QFileInfo::exists(entry.path() + '/' + entry.completeBaseName() + ".png");
+            return isMeant ? std::optional(FindingCode::PictureOfOtherSuffix) : std::nullopt;
         }
         return !entry.exists() ? FindingCode::PictureLinkDangling
             : !entry.isFile()  ? FindingCode::PictureNotAFile
