@@ -1,6 +1,9 @@
 #include "PictureCheck.h"
 
+#include "DecoderMessages.h"
+
 #include <QDir>
+#include <QDirIterator>
 #include <QHash>
 #include <QImageReader>
 #include <QPair>
@@ -81,11 +84,15 @@ private:
                                                "svgz", "tif", "tiff", "webp", "xpm"};
         const bool isNamedSo = QDir::match(pattern, entry.fileName());
         if (entry.isDir()) {
-            return isNamedSo || entry.isHidden() ? std::nullopt : std::optional(FindingCode::PictureDirectoryInside);
+            const bool isMeant = !isNamedSo && !entry.isHidden()
+                && QDirIterator(entry.filePath(), {pattern}, QDir::Files, QDirIterator::Subdirectories).hasNext();
+            return isMeant ? std::optional(FindingCode::PictureDirectoryInside) : std::nullopt;
         }
         if (!isNamedSo) {
-            return otherSuffixes.contains(entry.suffix().toLower()) ? std::optional(FindingCode::PictureOfOtherSuffix)
-                                                                    : std::nullopt;
+            // Beside the PNG picture that was made of it, it is not meant for the plugin.
+            const bool isMeant = otherSuffixes.contains(entry.suffix().toLower())
+                && !QFileInfo::exists(entry.path() + '/' + entry.completeBaseName() + ".png");
+            return isMeant ? std::optional(FindingCode::PictureOfOtherSuffix) : std::nullopt;
         }
         return !entry.exists() ? FindingCode::PictureLinkDangling
             : !entry.isFile()  ? FindingCode::PictureNotAFile
@@ -136,35 +143,6 @@ void checkKeys(const QVector<PictureFile> &files, Findings &findings)
     }
 }
 
-/// @brief Keeps what Qt would log for as long as it lives: decoders explain themselves there, on standard error.
-class KeptMessages
-{
-public:
-    KeptMessages()
-    {
-        first().clear();
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &text) {
-            if (first().isEmpty()) {
-                first() = text;
-            }
-        });
-    }
-
-    ~KeptMessages()
-    {
-        qInstallMessageHandler(nullptr);
-    }
-
-    Q_DISABLE_COPY(KeptMessages)
-
-    /// The first of them; empty when there is none.
-    static QString &first()
-    {
-        static QString text;
-        return text;
-    }
-};
-
 void checkContent(const PictureFile &picture, Findings &findings)
 {
     const QString emptyPicture = "the plugin holds an empty picture for the key " + picture.key();
@@ -181,7 +159,7 @@ void checkContent(const PictureFile &picture, Findings &findings)
               "what it holds is not known", "look at it as a user who may read it");
         return;
     }
-    const KeptMessages messages;
+    const DecoderMessages messages;
     QImageReader reader(picture.file);
     const QSize size = reader.size();
     constexpr qint64 mostPixels = 16 << 20;
@@ -193,9 +171,10 @@ void checkContent(const PictureFile &picture, Findings &findings)
     }
     const QByteArray format = reader.format();
     if (reader.read().isNull()) {
+        const QString reason = messages.text();
         found(FindingCode::PictureUndecodable,
-              "cannot be decoded: " + (KeptMessages::first().isEmpty() ? reader.errorString() : KeptMessages::first()),
-              emptyPicture, "put a PNG picture in its place");
+              "cannot be decoded: " + (reason.isEmpty() ? reader.errorString() : reason), emptyPicture,
+              "put a PNG picture in its place");
     } else if (format != "png") {
         found(FindingCode::PictureOfOtherFormat, "is no PNG picture, but " + QString::fromLatin1(format),
               "the plugin holds it where a decoder for that is installed", "put a PNG picture in its place");

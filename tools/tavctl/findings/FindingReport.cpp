@@ -13,8 +13,7 @@ FindingReport::FindingReport(FindingOptions options) : m_options(std::move(optio
 
 void FindingReport::add(const Findings &findings, const QString &directory)
 {
-    std::set<FindingCode> ignored = IgnoreFile::codesIn(directory);
-    ignored.insert(m_options.ignored.begin(), m_options.ignored.end());
+    const std::set<FindingCode> ignored = ignoredIn(directory);
     for (const Finding &finding : findings) {
         if (ignored.count(finding.code) > 0) {
             ++m_ignored;
@@ -22,6 +21,13 @@ void FindingReport::add(const Findings &findings, const QString &directory)
             m_findings.append(finding);
         }
     }
+}
+
+std::set<FindingCode> FindingReport::ignoredIn(const QString &directory) const
+{
+    std::set<FindingCode> ignored = IgnoreFile::codesIn(directory);
+    ignored.insert(m_options.ignored.begin(), m_options.ignored.end());
+    return ignored;
 }
 
 void FindingReport::print(const QString &checked, const QJsonObject &others) const
