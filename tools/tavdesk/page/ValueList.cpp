@@ -40,7 +40,6 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     style->setParent(m_view);
     m_view->setStyle(style);
     m_view->horizontalHeader()->setStyle(style);
-    m_view->setModel(&model);
     m_view->setAccessibleName(name);
     m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
     m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -55,6 +54,7 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     m_view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
     m_view->horizontalHeader()->setHighlightSections(false);
+    m_view->setModel(&model); // after the heights, or each row would be given another one
     const auto isNumber = [&model](int column) { return model.rows().table->columns()[column].isNumber(); };
     m_view->horizontalHeader()->setStretchLastSection(!isNumber(model.columnCount() - 1)); // far from its name
     m_view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder); // the list's own order
