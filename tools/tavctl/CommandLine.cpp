@@ -5,6 +5,7 @@
 #include "DoctorCommand.h"
 #include "ExplainCommand.h"
 #include "InstallationPaths.h"
+#include "NewPageCommand.h"
 #include "OperationsCommand.h"
 #include "PicturesCommand.h"
 #include "PlayCommand.h"
@@ -214,9 +215,24 @@ public:
         return *this;
     }
 
-    Command &page(const std::string &description = "show this page alone, in full, such as SubFunc_LogAudit")
+    Command &managerOption(const std::string &description)
     {
-        text("--page", m_options->page, description)->type_name("KEY");
+        text("--manager", m_options->manager, description)->type_name("MANAGER");
+        return *this;
+    }
+
+    Command &className()
+    {
+        text("NAME", m_options->name,
+             "what its classes begin with, such as DiskUsage; a directory of this name is made")
+            ->required();
+        return *this;
+    }
+
+    Command &page(const std::string &description = "show this page alone, in full, such as SubFunc_LogAudit",
+                  bool isRequired = false)
+    {
+        text("--page", m_options->page, description)->type_name("KEY")->required(isRequired);
         return *this;
     }
 
@@ -493,6 +509,13 @@ void addCommands(CLI::App &app, Action &action)
         .noLoad()
         .findings()
         .looks(doctor, action);
+    Command<NewPageOptions>(app, "new-page", "write the project of a page plugin: page, test, scenario, package")
+        .className()
+        .page("the page's key in the catalogue, such as SubFunc_LogAudit", true)
+        .managerOption("show a value of this manager, such as ITavAuditMgr; the page's first unless told")
+        .plugin()
+        .root("directory to take for \"/\", whose catalogue names the page's controller")
+        .runs(writeNewPage, action);
     Command<ExplainOptions>(app, "explain", "tell what a finding is about").code().runs(explain, action);
 }
 
