@@ -40,8 +40,13 @@ if(TARGET tavctl)
         USE_SOURCE_PERMISSIONS)
     install(DIRECTORY "${shareDir}/schemas" DESTINATION ${CMAKE_INSTALL_DATADIR}/tavsec COMPONENT tavctl)
     install(FILES "${shareDir}/man/tavctl.1" DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tavctl)
-    install(FILES "${shareDir}/bash-completion/tavctl"
-        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions COMPONENT tavctl)
+    set(completionDir "${shareDir}/completion")
+    install(FILES "${completionDir}/tavctl.bash"
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME tavctl COMPONENT tavctl)
+    install(FILES "${completionDir}/_tavctl"
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/zsh/vendor-completions COMPONENT tavctl)
+    install(FILES "${completionDir}/tavctl.fish"
+        DESTINATION ${CMAKE_INSTALL_DATADIR}/fish/vendor_completions.d COMPONENT tavctl)
 endif()
 if(TARGET tavdesk)
     install(FILES "${shareDir}/man/tavdesk.1" DESTINATION ${CMAKE_INSTALL_MANDIR}/man1 COMPONENT tavdesk)

@@ -90,6 +90,9 @@ cat "$work/doctor.txt"
 # shellcheck disable=SC2016  # that shell expands it
 [[ $(inside bash -c 'source /usr/share/bash-completion/completions/tavctl
     COMP_WORDS=(tavctl doc) COMP_CWORD=1; _tavctl; echo "${COMPREPLY[*]}"') == doctor ]] || fail "no completion in bash"
+for file in zsh/vendor-completions/_tavctl fish/vendor_completions.d/tavctl.fish tavsec/schemas/pages.schema.json; do
+    inside test -s "/usr/share/$file" || fail "$file is not installed"
+done
 
 # Then what a page author types.
 inside sh -c 'apt-get install -y -q --no-install-recommends g++ cmake make pkgconf /root/packages/*.deb'

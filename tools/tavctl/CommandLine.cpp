@@ -2,6 +2,7 @@
 
 #include "BaselineCommand.h"
 #include "CatalogueCommand.h"
+#include "Completion.h"
 #include "DoctorCommand.h"
 #include "ExplainCommand.h"
 #include "InstallationPaths.h"
@@ -12,6 +13,7 @@
 #include "RecordCommand.h"
 #include "RunCommand.h"
 #include "ScenarioCommand.h"
+#include "TavCommit.h"
 #include "TavNearestText.h"
 
 #include <CLI/CLI.hpp>
@@ -19,6 +21,7 @@
 #include <QCoreApplication>
 #include <QFileInfo>
 
+#include <iostream>
 #include <limits>
 #include <map>
 
@@ -203,9 +206,11 @@ public:
         return *this;
     }
 
-    Command &root(const std::string &description)
+    Command &root()
     {
-        text("--root", m_options->root, description)->type_name("DIR")->check(CLI::ExistingDirectory);
+        text("--root", m_options->root, "directory to take for \"/\"")
+            ->type_name("DIR")
+            ->check(CLI::Validator(CLI::ExistingDirectory).description("")); // or its own would follow "DIR"
         return *this;
     }
 
@@ -270,8 +275,7 @@ public:
 
     Command &verbose()
     {
-        m_command.add_flag("-v,--verbose", m_options->verbose,
-                           "list every picture and every delivery of a page change");
+        m_command.add_flag("--verbose", m_options->verbose, "list every picture and every delivery of a page change");
         return *this;
     }
 
@@ -405,7 +409,7 @@ void addCommands(CLI::App &app, Action &action)
     Command<RunOptions>(app, "run", "load the plugin, show the navigation and walk through every page")
         .plugin()
         .json()
-        .root("directory to take for \"/\" when configuration is read")
+        .root()
         .page()
         .verbose()
         .runs(run, action);
@@ -422,14 +426,14 @@ void addCommands(CLI::App &app, Action &action)
         .jsonArguments()
         .after()
         .plugin()
-        .root("directory to take for \"/\" when configuration is read")
+        .root()
         .runs(callOperation, action);
 
     Command<RecordOptions>(app, "record", "have the managers fed with this machine's state, and write it as a scenario")
         .recording()
         .recordingTimes()
         .plugin()
-        .root("directory to take for \"/\" when configuration is read")
+        .root()
         .runs(record, action);
     Command<PlayOptions>(app, "play", "load the plugin and make the calls of a scenario at their times")
         .file()
@@ -437,7 +441,7 @@ void addCommands(CLI::App &app, Action &action)
         .page("show this page at the end, such as SubFunc_LogAudit")
         .json()
         .plugin()
-        .root("directory to take for \"/\" when configuration is read")
+        .root()
         .runs(play, action);
 
     CLI::App &scenario
@@ -456,7 +460,7 @@ void addCommands(CLI::App &app, Action &action)
                                 "play the file and print lines that check what every getter returns then")
         .file()
         .plugin()
-        .root("directory to take for \"/\" when configuration is read")
+        .root()
         .looks(printScenarioEnd, action);
 
     CLI::App &catalogue = *app.add_subcommand("catalogue", "show, check, encode or decode a navigation catalogue");
@@ -492,7 +496,7 @@ void addCommands(CLI::App &app, Action &action)
     Command<BaselineCheckOptions>(baseline, "check",
                                   "report the mistakes in the files and in the scripts that they name")
         .files()
-        .root("directory to take for \"/\"")
+        .root()
         .findings()
         .fix()
         .looks(checkBaselineFiles, action);
@@ -504,7 +508,7 @@ void addCommands(CLI::App &app, Action &action)
         .findings()
         .looks(showPictures, action);
     Command<DoctorOptions>(app, "doctor", "check a whole installation: plugin, catalogue, check items, pictures")
-        .root("directory to take for \"/\"")
+        .root()
         .plugin()
         .noLoad()
         .findings()
@@ -517,6 +521,50 @@ void addCommands(CLI::App &app, Action &action)
         .root("directory to take for \"/\", whose catalogue names the page's controller")
         .runs(writeNewPage, action);
     Command<ExplainOptions>(app, "explain", "tell what a finding is about").code().runs(explain, action);
+}
+
+QStringList arguments()
+{
+    return QCoreApplication::arguments().mid(1);
+}
+
+/// The help of the command that @p words name below @p app, or of all commands with that name when it is one word.
+std::string helpOn(const CLI::App &app, const QStringList &words, const QStringList &path = {})
+{
+    std::string help;
+    for (const CLI::App *const command : app.get_subcommands([](const CLI::App *) { return true; })) {
+        const QStringList below = path + QStringList{QString::fromStdString(command->get_name())};
+        if (below == words || below.mid(below.size() - 1) == words) {
+            help += command->get_formatter()->make_help(command, "tavctl " + below.join(' ').toStdString(),
+                                                        CLI::AppFormatMode::Normal);
+        }
+        help += helpOn(*command, words, below);
+    }
+    return help;
+}
+
+void addHelp(CLI::App &app, Action &action)
+{
+    CLI::App &help = *app.add_subcommand("help", "tell how a command is used");
+    const auto given = std::make_shared<std::vector<std::string>>();
+    help.add_option("WORD", *given, "the command, such as catalogue check; or one word for all commands of that name")
+        ->type_name("");
+    help.callback([&app, given, &action] {
+        QStringList words;
+        for (const std::string &word : *given) {
+            words.append(QString::fromStdString(word));
+        }
+        const std::string text = words.isEmpty()
+            ? app.get_formatter()->make_help(&app, "tavctl", CLI::AppFormatMode::Normal)
+            : helpOn(app, words);
+        if (text.empty()) {
+            throw CLI::ValidationError("WORD", "there is no such command");
+        }
+        action = [text] {
+            std::cout << text;
+            return ExitCode::Success;
+        };
+    });
 }
 
 /// What is wrong with the first of @p words that stands where a command is expected and is none; empty when all are.
@@ -548,14 +596,29 @@ Action actionOf(int argc, char **argv)
 {
     CLI::App app("Stands in for the desktop client: loads its data plugin and shows what it holds.", "tavctl");
     app.require_subcommand(1);
-    app.set_version_flag("--version", "tavctl " TAV_VERSION);
+    app.set_version_flag("-V,--version",
+                         std::string("tavctl " TAV_VERSION "\ncommit " TAV_COMMIT ", " TAV_BUILD_TYPE
+                                     " build\nbuilt with Qt " QT_VERSION_STR ", running with Qt ")
+                             + qVersion());
     app.failure_message([&app](const CLI::App *, const CLI::Error &error) {
-        const std::string wrongWord = unknownCommand(app, QCoreApplication::arguments().mid(1));
+        QStringList words = arguments();
+        if (words.value(0) == "help") {
+            words.removeFirst();
+        }
+        const std::string wrongWord = unknownCommand(app, words);
         return "tavctl: " + (wrongWord.empty() ? error.what() : wrongWord)
             + "; \"tavctl --help\" tells what there is\n";
     });
     Action action;
     addCommands(app, action);
+    addHelp(app, action);
+    // For the scripts that complete command lines; nobody else types it, so no help names it.
+    if (arguments().value(0) == "complete") {
+        return [offers = completionsOf(app, arguments().mid(1)).toStdString()] {
+            std::cout << offers;
+            return ExitCode::Success;
+        };
+    }
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError &error) {

@@ -1,12 +1,12 @@
 #include "PlayCommand.h"
 
+#include "InputFile.h"
 #include "InterruptSignal.h"
 #include "NavigationTree.h"
 #include "PluginView.h"
 #include "Presentation.h"
 #include "ProgressLine.h"
 #include "RunReport.h"
-#include "ScenarioFile.h"
 #include "TavCountedText.h"
 #include "TavJson.h"
 #include "TextTable.h"
@@ -88,7 +88,7 @@ TavPlayOptions playOptions(const PlayOptions &options)
 TavPlayReport playFile(TavPluginHost &host, const QString &file, const TavPlayOptions &options)
 {
     QFile input;
-    openScenario(input, file);
+    InputFile::open(input, file);
     const InterruptSignal interrupt;
     ProgressLine line;
     TavScenarioPlayer player(host, input, options);

@@ -2,10 +2,10 @@
 
 #include "CellText.h"
 #include "EndState.h"
+#include "InputFile.h"
 #include "PlayCommand.h"
 #include "PluginView.h"
 #include "Presentation.h"
-#include "ScenarioFile.h"
 #include "TavCountedText.h"
 #include "TavScenario.h"
 #include "TextTable.h"
@@ -29,7 +29,7 @@ QString seconds(qint64 microseconds)
 QJsonObject readAll(const QString &name, const std::function<void(const TavScenario::Line &)> &visit)
 {
     QFile file;
-    openScenario(file, name);
+    InputFile::open(file, name);
     try {
         TavScenarioReader reader(file);
         for (TavScenario::Line line; reader.next(line);) {
@@ -44,7 +44,7 @@ QJsonObject readAll(const QString &name, const std::function<void(const TavScena
 QVector<TavScenarioError> mistakesIn(const QString &name)
 {
     QFile file;
-    openScenario(file, name);
+    InputFile::open(file, name);
     QVector<TavScenarioError> mistakes;
     std::optional<TavScenarioReader> reader;
     bool isAtEnd = false;

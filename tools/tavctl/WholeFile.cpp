@@ -1,31 +1,21 @@
 #include "WholeFile.h"
 
+#include "InputFile.h"
 #include "ToolError.h"
 
 #include <QFile>
-#include <QFileInfo>
 #include <QSaveFile>
 
 #include <cstdio>
 #include <sys/stat.h>
 #include <unistd.h>
 
-namespace
-{
-const QLatin1String standardStream("-");
-}
-
 QString WholeFile::tryRead(const QString &file, QByteArray &content)
 {
-    QFile input(file);
-    if (file == standardStream) {
-        input.open(stdin, QIODevice::ReadOnly); // whether it can be read, only reading tells
-    } else if (!QFileInfo::exists(file)) {
-        return "there is no such file";
-    } else if (!QFileInfo(file).isFile()) {
-        return "not a regular file";
-    } else if (!input.open(QIODevice::ReadOnly)) {
-        return "cannot be read: " + input.errorString();
+    QFile input;
+    const QString error = InputFile::tryOpen(input, file);
+    if (!error.isEmpty()) {
+        return error;
     }
     content = input.readAll();
     return input.error() == QFileDevice::NoError ? QString() : "cannot be read: " + input.errorString();
@@ -44,8 +34,8 @@ QByteArray WholeFile::read(const QString &file)
 void WholeFile::write(const QString &file, const QByteArray &content)
 {
     QFile output(file);
-    const bool isOpen = file == standardStream ? output.open(stdout, QIODevice::WriteOnly)
-                                               : output.open(QIODevice::WriteOnly | QIODevice::Truncate);
+    const bool isOpen = file == "-" ? output.open(stdout, QIODevice::WriteOnly)
+                                    : output.open(QIODevice::WriteOnly | QIODevice::Truncate);
     if (!isOpen || output.write(content) != content.size() || !output.flush()) {
         throw ToolError(ExitCode::Usage, file + ": cannot be written: " + output.errorString());
     }

@@ -29,6 +29,7 @@ const QStringList commands[] = {
     {"pictures"},
     {"doctor"},
     {"explain"},
+    {"help"},
 };
 
 /// What the help of a command says can follow it: commands, options.
@@ -37,7 +38,7 @@ inline QStringList wordsInHelp(const QStringList &command)
     const QString help = Tavctl(command + QStringList{"--help"}).output;
     QStringList words;
     QRegularExpressionMatchIterator matches
-        = QRegularExpression("^  (?:(-h|-o),)?(--[a-z]+(?:-[a-z]+)*|[a-z]+)\\b", QRegularExpression::MultilineOption)
+        = QRegularExpression("^  (?:(-h|-o|-V),)?(--[a-z]+(?:-[a-z]+)*|[a-z]+)\\b", QRegularExpression::MultilineOption)
               .globalMatch(help);
     while (matches.hasNext()) {
         words.append(matches.next().captured(2));

@@ -2,6 +2,8 @@
 #include "Tavctl.h"
 #include "TestFiles.h"
 
+#include <QRegularExpression>
+
 #include <gtest/gtest.h>
 
 #include <sys/stat.h>
@@ -35,7 +37,7 @@ TEST_F(CommandLine, EndsWithTwoAndOneLineWhenItCannotRun)
          "there is no command \"checks\" (nearest: check); \"tavctl --help\" tells what there is"},
         {{"fly"},
          "there is no command \"fly\" (there are: run, registry, operations, call, record, play, scenario, catalogue, "
-         "baseline, pictures, doctor, explain); "
+         "baseline, pictures, doctor, explain, help); "
          "\"tavctl --help\" tells what there is"},
         {{"catalogue", "check", ""}, "FILE: the name is empty; \"tavctl --help\" tells what there is"},
         {{"catalogue", "encode", item, "-o", ""}, "--output: the name is empty; \"tavctl --help\" tells what there is"},
@@ -105,7 +107,41 @@ TEST_F(CommandLine, UseNoColoursWhenPiped)
 
 TEST_F(CommandLine, TellsItsVersion)
 {
-    EXPECT_EQ(Tavctl({"--version"}).output, "tavctl " TAV_VERSION "\n");
+    const QRegularExpression version("^tavctl " TAV_VERSION "\n"
+                                     "commit ([0-9a-f]{12}( with changes)?|unknown), [A-Za-z]* build\n"
+                                     "built with Qt " QT_VERSION_STR ", running with Qt 5\\.[0-9.]+\n$");
+    const QString output = Tavctl({"--version"}).output;
+    EXPECT_TRUE(output.contains(version)) << output.toStdString();
+    EXPECT_EQ(Tavctl({"-V"}).output, output);
+}
+
+TEST_F(CommandLine, TellsInItsVersionWhichCommitWasBuilt)
+{
+    const Program git({"git", "-C", TAV_SOURCE_DIR, "rev-parse", "--short=12", "HEAD"});
+    if (git.exitCode != 0) {
+        GTEST_SKIP() << "not built in a repository";
+    }
+    EXPECT_TRUE(Tavctl({"--version"}).output.contains("\ncommit " + QString::fromUtf8(git.output).trimmed()))
+        << git.output.constData();
+}
+
+TEST_F(CommandLine, HelpsAsTheOptionOfTheCommandDoes)
+{
+    EXPECT_EQ(Tavctl({"help"}).output, Tavctl({"--help"}).output);
+    EXPECT_EQ(Tavctl({"help", "run"}).output, Tavctl({"run", "--help"}).output);
+    EXPECT_EQ(Tavctl({"help", "catalogue"}).output, Tavctl({"catalogue", "--help"}).output);
+    EXPECT_EQ(Tavctl({"help", "catalogue", "check"}).output, Tavctl({"catalogue", "check", "--help"}).output);
+}
+
+TEST_F(CommandLine, HelpsOnEveryCommandThatAWordNames)
+{
+    EXPECT_EQ(Tavctl({"help", "check"}).output,
+              Tavctl({"scenario", "check", "--help"}).output + Tavctl({"catalogue", "check", "--help"}).output
+                  + Tavctl({"baseline", "check", "--help"}).output);
+    const Tavctl unknown({"help", "catalogue", "checks"});
+    EXPECT_EQ(unknown.exitCode, 2);
+    EXPECT_EQ(unknown.errors,
+              "tavctl: there is no command \"checks\" (nearest: check); \"tavctl --help\" tells what there is\n");
 }
 
 TEST_F(CommandLine, AWrongCommandLineEndsWithTwo)
