@@ -1016,6 +1016,14 @@
             <numerusform>%n 行中的 %1 行</numerusform>
         </translation>
     </message>
+    <message>
+        <source>Key of %1</source>
+        <translation>%1 的键</translation>
+    </message>
+    <message>
+        <source>all keys</source>
+        <translation>所有键</translation>
+    </message>
 </context>
 <context>
     <name>ValueModel</name>
