@@ -211,6 +211,17 @@
     </message>
 </context>
 <context>
+    <name>ClientSession</name>
+    <message>
+        <source>page on a thread</source>
+        <translation>线程中的页面</translation>
+    </message>
+    <message>
+        <source>window</source>
+        <translation>窗口</translation>
+    </message>
+</context>
+<context>
     <name>DeliveryPanel</name>
     <message>
         <source>Time</source>
