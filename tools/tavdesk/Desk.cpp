@@ -60,9 +60,9 @@ int Desk::savePictures()
     }
     m_window->play().setSpeed(TavPlayOptions::fastest);
     m_window->show();
-    const QString failed = PictureTour(*m_window, *m_session, m_options.pictures).run();
-    if (!failed.isEmpty()) {
-        printError(failed + QLatin1String(": cannot be written"));
+    const QString problem = PictureTour(*m_window, *m_session, m_options.pictures).run();
+    if (!problem.isEmpty()) {
+        printError(problem);
         return usageError;
     }
     return 0;

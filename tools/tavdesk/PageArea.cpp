@@ -93,5 +93,8 @@ QWidget *PageArea::newContent(const TavSubFuncTypeData_ &page)
         page.subFuncType,
         [&session = m_session](const QString &manager, const QString &operation, const QJsonArray &arguments) {
             session.call(manager, operation, arguments);
+        },
+        [&session = m_session](const QString &manager, const QString &getter) {
+            return session.calls().keys().of(manager, getter);
         });
 }

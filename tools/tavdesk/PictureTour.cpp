@@ -8,11 +8,13 @@
 #include "PageArea.h"
 #include "ScenarioPlay.h"
 
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QDockWidget>
 #include <QEventLoop>
 #include <QPixmap>
 #include <QTimer>
+#include <QWindow>
 
 #include <utility>
 
@@ -45,11 +47,23 @@ PictureTour::PictureTour(MainWindow &window, ClientSession &session, QString dir
 QString PictureTour::run()
 {
     QDir().mkpath(m_directory); // what cannot be written below it says so
+    waitForWindow();
     waitForContent();
     savePages();
     saveDocks();
     saveWindow();
-    return m_failed;
+    return m_problem;
+}
+
+void PictureTour::waitForWindow()
+{
+    const QWindow &window = *m_window.windowHandle();
+    for (QDeadlineTimer patience(5000); !window.isExposed() && !patience.hasExpired();) {
+        runLoop(10);
+    }
+    if (!window.isExposed()) {
+        m_problem = QStringLiteral("the window does not show on its display");
+    }
 }
 
 void PictureTour::waitForContent()
@@ -110,6 +124,6 @@ void PictureTour::save(QWidget &widget, const QString &name)
 {
     const QString file = QDir(m_directory).filePath(name + QLatin1String(".png"));
     if (!widget.grab().save(file)) {
-        m_failed = file;
+        m_problem = file + QLatin1String(": cannot be written");
     }
 }

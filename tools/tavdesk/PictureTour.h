@@ -14,11 +14,13 @@ public:
     /// Saves into @p directory.
     PictureTour(MainWindow &window, ClientSession &session, QString directory);
 
-    /// Waits for the scenario that is being played, or feeds from this machine when there is none, and saves all
-    /// pictures. Runs the event loop. Returns the file that could not be written; empty when all were.
+    /// Waits until the window is on its display, and for the scenario that is being played, or feeds from this machine
+    /// when there is none, and saves all pictures. Runs the event loop. Returns why not all could be; empty when all
+    /// were.
     QString run();
 
 private:
+    void waitForWindow();
     void waitForContent();
     void savePages();
     void saveDocks();
@@ -29,5 +31,5 @@ private:
     MainWindow &m_window;
     ClientSession &m_session;
     const QString m_directory;
-    QString m_failed;
+    QString m_problem;
 };

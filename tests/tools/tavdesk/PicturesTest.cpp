@@ -1,21 +1,27 @@
 #include "Program.h"
+#include "TextFile.h"
 
 #include <QDir>
 #include <QImage>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
+#include <future>
+#include <vector>
+
 namespace
 {
-/// The real program, run to its end, under an emulator when the tests are.
-Program runDesk(const QStringList &arguments)
+/// The real program, run to its end by the command @p runner, under an emulator when the tests are.
+Program runDesk(const QStringList &arguments, const QStringList &runner = {})
 {
     const QStringList emulator = QString(TAV_EMULATOR).split(' ', Qt::SkipEmptyParts);
-    return Program(emulator + QStringList{TAV_TAVDESK_FILE} + arguments);
+    return Program(runner + emulator + QStringList{TAV_TAVDESK_FILE} + arguments);
 }
 
 const QStringList onDemo{"--root", TAV_SOURCE_DIR "/share/demo"};
+const QStringList played{"--play", TAV_SOURCE_DIR "/share/scenarios/access-control.jsonl"};
 }
 
 TEST(Pictures, AreSavedOfEachPageEachDockAndTheWindow)
@@ -30,6 +36,45 @@ TEST(Pictures, AreSavedOfEachPageEachDockAndTheWindow)
     for (const QString &file : files) {
         EXPECT_FALSE(QImage(directory.filePath(file)).isNull()) << file.toStdString();
     }
+}
+
+TEST(Pictures, AreTakenOfAWindowOnADisplay)
+{
+    for (const QString &program : {QStringLiteral("xvfb-run"), QStringLiteral("xauth")}) {
+        if (QStandardPaths::findExecutable(program).isEmpty()) {
+            GTEST_SKIP() << "there is no " << program.toStdString() << ": the window is not tried on a display";
+        }
+    }
+    const QTemporaryDir directory;
+    const Program desk = runDesk(onDemo + played + QStringList{"--pictures", directory.path()},
+                                 {"xvfb-run", "-a", "-s", "-screen 0 1600x1200x24", "env", "QT_QPA_PLATFORM=xcb"});
+    EXPECT_EQ(desk.exitCode, 0) << desk.errors.toStdString();
+    const QImage window(directory.filePath("window.png"));
+    EXPECT_EQ(window.size(), QSize(1280, 860));
+}
+
+TEST(Pictures, AreTakenByTwoProgramsAtOnceThatShareTheirSettings)
+{
+    const QTemporaryDir directory;
+    const QString settings = directory.filePath("config/tavsec/tavdesk.conf");
+    const QByteArray kept = "[window]\ndocks=@ByteArray(kept)\n";
+    writeFile(settings, kept);
+    std::vector<std::future<Program>> desks;
+    for (const QString &name : {QStringLiteral("first"), QStringLiteral("second")}) {
+        desks.push_back(std::async(std::launch::async, [&directory, name] {
+            return runDesk(onDemo + played + QStringList{"--pictures", directory.filePath(name)},
+                           {"env", "XDG_CONFIG_HOME=" + directory.filePath("config")});
+        }));
+    }
+    for (auto &desk : desks) {
+        const Program ended = desk.get();
+        EXPECT_EQ(ended.exitCode, 0) << ended.errors.toStdString();
+    }
+    const auto filesOf
+        = [&directory](const QString &name) { return QDir(directory.filePath(name)).entryList(QDir::Files); };
+    EXPECT_EQ(filesOf("first").size(), 22);
+    EXPECT_EQ(filesOf("first"), filesOf("second"));
+    EXPECT_EQ(contentOf(settings), kept) << "nobody has moved a window";
 }
 
 TEST(Pictures, EndWithTwoWhenTheyCannotBeWritten)

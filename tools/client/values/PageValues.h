@@ -3,6 +3,8 @@
 #include "CTavSubFuncTypeHeader.h"
 #include "ValueTable.h"
 
+#include <QJsonArray>
+
 /// @brief A table that belongs to a value.
 struct PartTable {
     QString part; ///< the list in a message that it shows, as the message calls it; empty for the value itself
@@ -23,6 +25,10 @@ struct PageValue {
     QString uncheckAll = {}; ///< takes off the check mark of every row
     QString toggleRow = {}; ///< toggles the entry at a position, of the list in the message
     QString toggleAll = {}; ///< toggles every entry
+
+    QStringList keyNames = {}; ///< what the keys of a keyed table consist of; none for other values
+    /// Calls the getter for one key, which must be one that was set: the manager would insert any other.
+    QVector<PartTable> (*readKey)(const QJsonArray &key) = nullptr;
 
     PageValue byPosition() const;
     PageValue exclusive() const;

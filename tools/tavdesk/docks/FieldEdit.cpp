@@ -1,5 +1,6 @@
 #include "FieldEdit.h"
 
+#include "CheckStyle.h"
 #include "ProblemColor.h"
 #include "ValueText.h"
 
@@ -18,6 +19,9 @@ FieldEdit::FieldEdit(const QString &name, const RecordField &field, QWidget *par
     layout->setSpacing(1);
     if (field.initial.isBool()) {
         m_check = new QCheckBox;
+        auto *const style = new CheckStyle;
+        style->setParent(m_check);
+        m_check->setStyle(style);
         connect(m_check, &QCheckBox::clicked, this, &FieldEdit::edited);
         setFocusProxy(m_check);
     } else {

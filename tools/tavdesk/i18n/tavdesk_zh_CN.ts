@@ -211,6 +211,17 @@
     </message>
 </context>
 <context>
+    <name>ClientSession</name>
+    <message>
+        <source>page on a thread</source>
+        <translation>线程中的页面</translation>
+    </message>
+    <message>
+        <source>window</source>
+        <translation>窗口</translation>
+    </message>
+</context>
+<context>
     <name>DeliveryPanel</name>
     <message>
         <source>Time</source>
@@ -1015,6 +1026,14 @@
         <translation>
             <numerusform>%n 行中的 %1 行</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Key of %1</source>
+        <translation>%1 的键</translation>
+    </message>
+    <message>
+        <source>all keys</source>
+        <translation>所有键</translation>
     </message>
 </context>
 <context>

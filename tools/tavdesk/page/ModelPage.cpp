@@ -23,6 +23,7 @@ struct PartReading {
     const PageValue *value;
     QString part;
     std::optional<RowChange> change; ///< none when it is as it was
+    QVector<QJsonArray> keys; ///< of a keyed table
 };
 
 /// @brief What a reading of the page has found.
@@ -46,7 +47,8 @@ struct View {
 using Edit = std::function<QString()>;
 
 /// Makes the edits, reads the page, and finds out what is new. On the worker.
-PageReading readPage(ModelPage::Page page, const QVector<View> &views, const QVector<Edit> &edits)
+PageReading readPage(ModelPage::Page page, const QVector<View> &views, const QVector<Edit> &edits,
+                     const ModelPage::Keys &keysOf)
 {
     QElapsedTimer timer;
     timer.start();
@@ -57,11 +59,13 @@ PageReading readPage(ModelPage::Page page, const QVector<View> &views, const QVe
         }
     }
     for (const PageValue &value : valuesOf(page)) {
-        const QVector<PartTable> tables = value.read();
+        const QVector<QJsonArray> keys = value.readKey ? keysOf(value.manager, value.getter) : QVector<QJsonArray>();
+        const QJsonArray key = views.value(reading.parts.size()).arrangement.key;
+        const QVector<PartTable> tables = keys.contains(key) ? value.readKey(key) : value.read();
         for (const PartTable &table : tables) {
             const View view = views.value(reading.parts.size());
             reading.parts.append(
-                {&value, table.part, changeOf(view.rows, table.table, view.arrangement, ValueModel::now())});
+                {&value, table.part, changeOf(view.rows, table.table, view.arrangement, ValueModel::now()), keys});
         }
     }
     reading.milliseconds = static_cast<int>(timer.elapsed());
@@ -83,8 +87,8 @@ ValueTablePointer tableOf(const PageValue &value, const QString &part)
 }
 }
 
-ModelPage::ModelPage(Page page, Call call, QWidget *parent)
-    : QWidget(parent), m_page(page), m_call(std::move(call)), m_worker(QStringLiteral("page"))
+ModelPage::ModelPage(Page page, Call call, Keys keys, QWidget *parent)
+    : QWidget(parent), m_page(page), m_call(std::move(call)), m_keys(std::move(keys)), m_worker(QStringLiteral("page"))
 {
     m_next.setSingleShot(true);
     connect(&m_next, &QTimer::timeout, this, &ModelPage::read);
@@ -121,7 +125,8 @@ void ModelPage::read()
     for (const Part &part : qAsConst(m_parts)) {
         views.append({part.model->rows(), part.model->arrangement()});
     }
-    m_worker.run([page = m_page, views, edits = std::exchange(m_edits, {})] { return readPage(page, views, edits); },
+    m_worker.run([page = m_page, views, edits = std::exchange(m_edits, {}),
+                  keys = m_keys] { return readPage(page, views, edits, keys); },
                  [this](const PageReading &reading) { take(reading); });
 }
 
@@ -138,6 +143,7 @@ void ModelPage::take(const PageReading &reading)
             }
         }
         showCounts();
+        takeKeys(reading.parts);
         m_worker.run([gone = std::move(gone)] { return 0; }, [](int) {}); // long lists die there
     }
     if (!reading.problems.isEmpty()) {
@@ -162,7 +168,8 @@ void ModelPage::make(const QVector<PartReading> &parts)
     m_lists->setDocumentMode(true);
     m_lists->setAccessibleName(tr("Lists"));
     for (const PartReading &found : parts) {
-        Part part{found.value, found.part, titleOf(found), new ValueModel(!found.value->rowEdit.isEmpty(), this), -1};
+        Part part{found.value, found.part, titleOf(found), new ValueModel(!found.value->rowEdit.isEmpty(), this),
+                  -1,          found.keys, nullptr};
         part.model->apply(*found.change);
         const QString origin = found.value->manager + QStringLiteral("::") + found.value->getter;
         if (found.change->rows.table->isList()) {
@@ -241,16 +248,29 @@ void ModelPage::showCounts()
 
 void ModelPage::makeList(int tab)
 {
-    const auto part
-        = std::find_if(m_parts.cbegin(), m_parts.cend(), [tab](const Part &part) { return part.tab == tab; });
-    if (part == m_parts.cend() || m_lists->widget(tab)->layout()->count() > 0) {
+    const auto part = std::find_if(m_parts.begin(), m_parts.end(), [tab](const Part &part) { return part.tab == tab; });
+    if (part == m_parts.end() || part->list) {
         return;
     }
-    auto *const list = new ValueList(*part->value, part->name, *part->model, part->title);
+    part->list = new ValueList(*part->value, part->name, *part->model, part->title);
+    part->list->setKeys(part->keys);
     connect(
-        list, &ValueList::edited, this,
+        part->list, &ValueList::edited, this,
         [this, part = *part](const QVector<int> &rows, const ValueList::Edit &wanted) { edit(part, rows, wanted); });
-    m_lists->widget(tab)->layout()->addWidget(list);
+    m_lists->widget(tab)->layout()->addWidget(part->list);
+}
+
+// When all changes have been applied: a list whose key is gone wants another reading, of what is then shown.
+void ModelPage::takeKeys(const QVector<PartReading> &parts)
+{
+    for (int i = 0; i < m_parts.size(); ++i) {
+        if (m_parts[i].keys != parts[i].keys) {
+            m_parts[i].keys = parts[i].keys;
+            if (m_parts[i].list) {
+                m_parts[i].list->setKeys(parts[i].keys);
+            }
+        }
+    }
 }
 
 void ModelPage::edit(const Part &part, const QVector<int> &rows, const ValueList::Edit &edit)

@@ -32,8 +32,11 @@ public:
     /// Makes a call on a manager; throws TavCallError when it is refused. Called on the page's thread.
     using Call = std::function<void(const QString &manager, const QString &operation, const QJsonArray &arguments)>;
 
-    /// The managers, and what @p call needs, outlive the page.
-    explicit ModelPage(Page page, Call call, QWidget *parent = nullptr);
+    /// The keys under which a manager holds what this getter returns. Called on the page's thread.
+    using Keys = std::function<QVector<QJsonArray>(const QString &manager, const QString &getter)>;
+
+    /// The managers, and what @p call and @p keys need, outlive the page.
+    explicit ModelPage(Page page, Call call, Keys keys, QWidget *parent = nullptr);
     ~ModelPage() override;
 
 protected:
@@ -48,6 +51,8 @@ private:
         QString title;
         ValueModel *model;
         int tab; ///< -1 for facts
+        QVector<QJsonArray> keys; ///< of a keyed table
+        ValueList *list; ///< null until its tab has been in front
     };
 
     void read();
@@ -57,11 +62,13 @@ private:
     void makeList(int tab);
     void showNothing();
     void showCounts();
+    void takeKeys(const QVector<PartReading> &parts);
     void edit(const Part &part, const QVector<int> &rows, const ValueList::Edit &edit);
     void showProblem(const QString &problem);
 
     const Page m_page;
     const Call m_call;
+    const Keys m_keys;
     QVector<Part> m_parts; ///< in the order of reading
     FactsPanel *m_facts = nullptr;
     QTabWidget *m_lists = nullptr;

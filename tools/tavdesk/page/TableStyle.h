@@ -1,10 +1,10 @@
 #pragma once
 
-#include <QProxyStyle>
+#include "CheckStyle.h"
 
-/// @brief The application's style with more room at the sides of cells: a number at the end of one does not touch the
+/// @brief That style with more room at the sides of cells: a number at the end of one does not touch the
 /// text in the next.
-class TableStyle : public QProxyStyle
+class TableStyle : public CheckStyle
 {
 public:
     int pixelMetric(PixelMetric metric, const QStyleOption *option, const QWidget *widget) const override
@@ -12,6 +12,6 @@ public:
         constexpr int margin = 6;
         return metric == PM_FocusFrameHMargin || metric == PM_HeaderMargin
             ? margin
-            : QProxyStyle::pixelMetric(metric, option, widget);
+            : CheckStyle::pixelMetric(metric, option, widget);
     }
 };

@@ -6,11 +6,13 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QTableView>
 
 #include <algorithm>
@@ -26,6 +28,7 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     , m_value(value)
     , m_model(model)
     , m_isToggled(!value.toggleRow.isEmpty() && !part.isEmpty())
+    , m_keys(new QComboBox)
     , m_filter(new QLineEdit)
     , m_count(new QLabel)
     , m_view(new QTableView)
@@ -35,6 +38,13 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     m_filter->setClearButtonEnabled(true);
     m_filter->setMaximumWidth(fontMetrics().averageCharWidth() * widestColumn);
     connect(m_filter, &QLineEdit::textChanged, &model, &ValueModel::setFilter);
+
+    m_keys->setAccessibleName(tr("Key of %1").arg(name));
+    m_keys->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    m_keys->addItem(tr("all keys"), QJsonArray());
+    m_keys->hide();
+    connect(m_keys, QOverload<int>::of(&QComboBox::currentIndexChanged), &model,
+            [this](int index) { m_model.setKey(m_keys->itemData(index).toJsonArray()); });
 
     auto *const style = new TableStyle;
     style->setParent(m_view);
@@ -61,6 +71,7 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     m_view->setSortingEnabled(true);
 
     auto *const bar = new QHBoxLayout;
+    bar->addWidget(m_keys);
     bar->addWidget(m_filter, 1);
     bar->addWidget(m_count);
     bar->addStretch(1);
@@ -88,6 +99,30 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     connect(&model, &ValueModel::rowsRemoved, this, &ValueList::updateCount);
     updateCount();
     setColumnWidths();
+}
+
+void ValueList::setKeys(const QVector<QJsonArray> &keys)
+{
+    const int first = 1; // behind the entry for all
+    {
+        const QSignalBlocker blocker(m_keys); // the choice stays, unless its key is gone
+        const QVariant chosen = m_keys->currentData();
+        while (m_keys->count() > first) {
+            m_keys->removeItem(first);
+        }
+        for (const QJsonArray &key : keys) {
+            QStringList texts;
+            for (int i = 0; i < key.size(); ++i) {
+                texts.append(m_value.keyNames[i] + QLatin1Char(' ') + key[i].toVariant().toString());
+            }
+            m_keys->addItem(texts.join(QStringLiteral(", ")), key);
+        }
+        m_keys->setCurrentIndex(std::max(0, m_keys->findData(chosen)));
+    }
+    m_keys->setVisible(!keys.isEmpty());
+    if (const QJsonArray key = m_keys->currentData().toJsonArray(); key != m_model.arrangement().key) {
+        m_model.setKey(key);
+    }
 }
 
 void ValueList::addEdits(QBoxLayout &bar, const QString &part)

@@ -7,6 +7,7 @@
 #include <functional>
 
 class QBoxLayout;
+class QComboBox;
 class QLabel;
 class QLineEdit;
 class QTableView;
@@ -30,6 +31,9 @@ public:
     ValueList(const PageValue &value, const QString &part, ValueModel &model, const QString &name,
               QWidget *parent = nullptr);
 
+    /// Offers to show what is held under one of these keys; none: does not.
+    void setKeys(const QVector<QJsonArray> &keys);
+
     /// The calls of an edit, for the list as it then is.
     using Edit = std::function<QVector<ValueEdit>(const ValueTable &table)>;
 
@@ -50,6 +54,7 @@ private:
     const PageValue &m_value;
     ValueModel &m_model;
     const bool m_isToggled; ///< the part's entries have a state to toggle
+    QComboBox *m_keys;
     QLineEdit *m_filter;
     QLabel *m_count;
     QTableView *m_view;
