@@ -7,7 +7,6 @@
 #include "ValueList.h"
 #include "ValueModel.h"
 
-#include <QAction>
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QLabel>
@@ -88,11 +87,6 @@ ModelPage::ModelPage(Page page, Call call, QWidget *parent)
 {
     m_next.setSingleShot(true);
     connect(&m_next, &QTimer::timeout, this, &ModelPage::read);
-    auto *const refresh = new QAction(this);
-    refresh->setShortcut(QKeySequence::Refresh);
-    refresh->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(refresh, &QAction::triggered, this, &ModelPage::read);
-    addAction(refresh);
 }
 
 ModelPage::~ModelPage() = default;
