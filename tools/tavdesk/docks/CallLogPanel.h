@@ -15,8 +15,11 @@ public:
     /// @p log outlives the panel.
     explicit CallLogPanel(CallLog &log, QWidget *parent = nullptr);
 
-    /// Writes the selected calls into @p file, as a scenario; saved() tells when that is done.
-    void saveSelection(const QString &file);
+    /// The selected calls, in their order.
+    QVector<LoggedCall> selectedCalls() const;
+
+    /// Writes @p calls into @p file, as a scenario; saved() tells when that is done.
+    void save(const QString &file, const QVector<LoggedCall> &calls);
 
 signals:
     /// @p error is empty when the file was written.
