@@ -111,6 +111,7 @@ void MainWindow::showProblem(const QString &what, const QString &problem)
     box->setTextFormat(Qt::PlainText);
     box->setInformativeText(problem);
     box->open();
+    emit problemShown(what, problem);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)

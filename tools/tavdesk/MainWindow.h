@@ -53,6 +53,9 @@ public:
     /// Shows what cannot be done in a dialog that keeps nothing waiting.
     void showProblem(const QString &what, const QString &problem);
 
+signals:
+    void problemShown(const QString &what, const QString &problem);
+
 protected:
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;

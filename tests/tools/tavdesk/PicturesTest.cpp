@@ -1,5 +1,7 @@
 #include "Program.h"
 
+#include "../tavctl/ScenarioFiles.h"
+
 #include <QDir>
 #include <QImage>
 #include <QTemporaryDir>
@@ -45,6 +47,23 @@ TEST(Pictures, EndWithTwoWhenThereIsNoPlugin)
     const Program desk = runDesk(onDemo + QStringList{"--plugin", "/nonexistent.so", "--pictures", directory.path()});
     EXPECT_EQ(desk.exitCode, 2);
     EXPECT_TRUE(desk.errors.contains("/nonexistent.so")) << desk.errors.toStdString();
+}
+
+TEST(Pictures, EndWithTwoWhenAPageIsRefused)
+{
+    const QTemporaryDir directory;
+    const Program desk = runDesk(onDemo + QStringList{"--page", "/nonexistent.so", "--pictures", directory.path()});
+    EXPECT_EQ(desk.exitCode, 2);
+    EXPECT_TRUE(desk.errors.contains("/nonexistent.so is not shown")) << desk.errors.toStdString();
+}
+
+TEST(Pictures, EndWithTwoWhenTheScenarioIsBroken)
+{
+    const QTemporaryDir directory;
+    const ScenarioFile broken("{\"at\": -1}\n");
+    const Program desk = runDesk(onDemo + QStringList{"--play", broken.path(), "--pictures", directory.path()});
+    EXPECT_EQ(desk.exitCode, 2);
+    EXPECT_TRUE(desk.errors.contains("line 2: /at")) << desk.errors.toStdString();
 }
 
 TEST(CommandLine, IsExplainedAndMistakesAreNamed)
