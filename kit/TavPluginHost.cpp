@@ -200,6 +200,8 @@ QVector<TavRegistration> registerObjects(const QString &file, ITavDataPlugin &pl
         plugin.registerObj();
     } catch (const std::exception &error) {
         throw TavPluginError(Kind::Exception, file, QString("its registerObj() throws: ") + error.what());
+    } catch (...) {
+        throw TavPluginError(Kind::Exception, file, "its registerObj() throws what is no std::exception");
     }
     return recorder.registrations();
 }

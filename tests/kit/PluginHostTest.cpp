@@ -453,6 +453,8 @@ TEST_F(PluginHost, NamesWhatIsWrongWithAPagePlugin)
         {pluginFile, Kind::NoPages, "registers managers and no controller", "name a page plugin"},
         {fixture("ThrowingPlugin"), Kind::Exception, "its registerObj() throws: out of order",
          "mend the plugin, or leave it out"},
+        {fixture("ThrowingNumberPlugin"), Kind::Exception, "its registerObj() throws what is no std::exception",
+         "mend the plugin, or leave it out"},
     };
     TavPluginHost host(pluginFile);
     for (const auto &row : rows) {

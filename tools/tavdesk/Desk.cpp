@@ -68,6 +68,13 @@ int Desk::savePictures()
     return m_hasProblem ? usageError : 0;
 }
 
+void Desk::showFailure(const QString &problem)
+{
+    if (m_window) {
+        m_window->showProblem(MainWindow::tr("A part of the window has failed"), problem);
+    }
+}
+
 void Desk::open()
 {
     m_session = std::make_unique<ClientSession>(m_options.plugin, m_options.root);

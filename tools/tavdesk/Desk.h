@@ -25,6 +25,9 @@ public:
     /// program's exit code.
     int savePictures();
 
+    /// Shows in the window that something in it has failed.
+    void showFailure(const QString &problem);
+
 private:
     /// Makes session and window. Throws TavPluginError.
     void open();

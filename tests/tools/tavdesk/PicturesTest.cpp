@@ -66,6 +66,16 @@ TEST(Pictures, EndWithTwoWhenTheScenarioIsBroken)
     EXPECT_TRUE(desk.errors.contains("line 2: /at")) << desk.errors.toStdString();
 }
 
+TEST(Pictures, GoOnWhenAPageThrowsAndEndWithTwo)
+{
+    const QTemporaryDir directory;
+    const Program desk
+        = runDesk(onDemo + QStringList{"--page", TAV_THROWING_WIDGET_FILE, "--pictures", directory.path()});
+    EXPECT_EQ(desk.exitCode, 2);
+    EXPECT_TRUE(desk.errors.contains("ThrowingWidget threw: no light today")) << desk.errors.toStdString();
+    EXPECT_TRUE(QFile::exists(directory.filePath("window.png")));
+}
+
 TEST(CommandLine, IsExplainedAndMistakesAreNamed)
 {
     EXPECT_EQ(runDesk({"--help"}).exitCode, 0);
