@@ -39,7 +39,8 @@ LogPanel::LogPanel(LogTable *model, int widest, const QVector<int> &widths, QWid
 
     m_view = new QTableView;
     m_view->setModel(m_model);
-    setTableLook(*m_view, widest, widths);
+    setTableLook(*m_view);
+    setColumnWidths(*m_view, widest, widths);
 
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);

@@ -21,7 +21,8 @@ PicturePanel::PicturePanel(ITavPicResourceMgr &pictures, const QStringList &dire
     view->setAccessibleName(tr("Pictures"));
     view->setTextElideMode(Qt::ElideMiddle);
     view->setIconSize({PictureModel::largestThumbnail, PictureModel::largestThumbnail});
-    setTableLook(*view, PictureModel::File, {44, 12, 40});
+    setTableLook(*view);
+    setColumnWidths(*view, PictureModel::File, {44, 12, 40});
     view->verticalHeader()->setDefaultSectionSize(PictureModel::largestThumbnail + 4);
 
     auto *const side = new QWidget;

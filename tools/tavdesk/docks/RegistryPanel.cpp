@@ -11,7 +11,8 @@ RegistryPanel::RegistryPanel(QWidget *parent) : QWidget(parent), m_model(new Reg
     auto *const view = new QTableView;
     view->setModel(m_model);
     view->setAccessibleName(tr("Registered objects"));
-    setTableLook(*view, RegistryModel::Key, {34, 30, 30, 12, 14});
+    setTableLook(*view);
+    setColumnWidths(*view, RegistryModel::Key, {34, 30, 30, 12, 14});
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
     layout->addWidget(view);

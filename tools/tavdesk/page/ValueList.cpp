@@ -1,5 +1,6 @@
 #include "ValueList.h"
 
+#include "TableLook.h"
 #include "TableStyle.h"
 #include "ValueModel.h"
 
@@ -42,19 +43,7 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     m_view->horizontalHeader()->setStyle(style);
     m_view->setModel(&model);
     m_view->setAccessibleName(name);
-    m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_view->setShowGrid(false);
-    m_view->setAlternatingRowColors(true);
-    m_view->setWordWrap(false);
-    m_view->setTabKeyNavigation(false); // the tabulator leaves the table, as it leaves every other field
-    m_view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_view->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_view->setCornerButtonEnabled(false);
-    m_view->verticalHeader()->hide();
-    m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
-    m_view->horizontalHeader()->setHighlightSections(false);
+    setTableLook(*m_view);
     const auto isNumber = [&model](int column) { return model.rows().table->columns()[column].isNumber(); };
     m_view->horizontalHeader()->setStretchLastSection(!isNumber(model.columnCount() - 1)); // far from its name
     m_view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder); // the list's own order
