@@ -176,10 +176,11 @@ QDockWidget *MainWindow::addDock(const QString &name, const QString &title, QWid
     dock->setWidget(content);
     addDockWidget(area, dock);
     m_docks.append(dock);
-    QAction *const action = dock->toggleViewAction();
-    action->setText(title);
-    // The shortcut brings the dock to the front, too: showing one that lies under another shows nothing.
-    auto *const toFront = new QShortcut(QKeySequence(int(Qt::CTRL) + Qt::Key_0 + m_docks.size()), this);
+    // The key is no shortcut of the entry, but shown with it: it brings the dock to the front, which a dock that lies
+    // under another needs as much as one that is hidden.
+    const QKeySequence key(int(Qt::CTRL) + Qt::Key_0 + m_docks.size());
+    dock->toggleViewAction()->setText(title + QLatin1Char('\t') + key.toString(QKeySequence::NativeText));
+    auto *const toFront = new QShortcut(key, this);
     connect(toFront, &QShortcut::activated, dock, [dock, content] {
         dock->show();
         dock->raise();

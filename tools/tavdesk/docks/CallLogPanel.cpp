@@ -42,7 +42,7 @@ CallLogPanel::CallLogPanel(CallLog &log, QWidget *parent) : CallLogPanel(newMode
 }
 
 CallLogPanel::CallLogPanel(LogModel<LoggedCall> *model, QWidget *parent)
-    : LogPanel(model, 4, {14, 9, 21, 24, 30, 14, 11, 9}, parent)
+    : LogPanel(model, tr("Calls"), 4, {14, 9, 21, 24, 30, 14, 11, 9}, parent)
     , m_model(model)
     , m_writer(QStringLiteral("call-writer"))
 {

@@ -78,6 +78,7 @@ QWidget *CallPanel::newChoice()
     m_managers->addItems(TavCall::managers());
     m_list = new QListWidget;
     m_list->setAccessibleName(tr("Operations"));
+    setFocusProxy(m_list);
     m_list->setAlternatingRowColors(true);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto *const layout = newColumn(widget);

@@ -1,5 +1,6 @@
 #include "LogPanel.h"
 
+#include "FilterBar.h"
 #include "LogTable.h"
 #include "SymbolIcon.h"
 #include "TableLook.h"
@@ -7,8 +8,6 @@
 #include <QAction>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
 #include <QScrollBar>
 #include <QTableView>
 #include <QToolButton>
@@ -20,25 +19,21 @@ namespace
 constexpr int lookEvery = 150; // milliseconds
 }
 
-LogPanel::LogPanel(LogTable *model, int widest, const QVector<int> &widths, QWidget *parent)
+LogPanel::LogPanel(LogTable *model, const QString &name, int widest, const QVector<int> &widths, QWidget *parent)
     : QWidget(parent), m_model(model)
 {
     m_model->setParent(this);
-    m_filter = new QLineEdit;
-    m_filter->setPlaceholderText(tr("Filter"));
-    m_filter->setAccessibleName(tr("Filter"));
-    m_filter->setClearButtonEnabled(true);
-    m_filter->setMaximumWidth(320);
-    m_count = new QLabel;
+    m_filter = new FilterBar(name, this);
     auto *const clear = new QAction(symbolIcon(Symbol::Clear), tr("Clear"), this);
 
     m_line = new QHBoxLayout;
-    m_line->addWidget(m_filter);
-    m_line->addWidget(m_count);
-    m_line->addStretch();
+    m_line->addWidget(m_filter, 1);
+    m_line->addStretch(1);
 
     m_view = new QTableView;
     m_view->setModel(m_model);
+    m_view->setAccessibleName(name);
+    setFocusProxy(m_view);
     setTableLook(*m_view);
     setColumnWidths(*m_view, widest, widths);
 
@@ -48,7 +43,7 @@ LogPanel::LogPanel(LogTable *model, int widest, const QVector<int> &widths, QWid
     layout->addWidget(m_view);
     addButton(clear);
 
-    connect(m_filter, &QLineEdit::textChanged, this, [this](const QString &text) {
+    connect(m_filter, &FilterBar::textChanged, this, [this](const QString &text) {
         m_model->setFilter(text);
         m_view->scrollToBottom();
         showCount();
@@ -109,7 +104,5 @@ void LogPanel::hideEvent(QHideEvent *event)
 
 void LogPanel::showCount()
 {
-    const int shown = m_model->rowCount();
-    m_count->setText(shown == m_model->held() ? tr("%n row(s)", nullptr, shown)
-                                              : tr("%1 of %n row(s)", nullptr, m_model->held()).arg(shown));
+    m_filter->setCount(m_model->rowCount(), m_model->held());
 }

@@ -3,10 +3,9 @@
 #include <QTimer>
 #include <QWidget>
 
+class FilterBar;
 class LogTable;
 class QHBoxLayout;
-class QLabel;
-class QLineEdit;
 class QTableView;
 
 /**
@@ -18,8 +17,9 @@ class LogPanel : public QWidget
 {
     Q_OBJECT
 public:
-    /// @p model becomes the panel's own. The column @p widest takes the width that is left.
-    LogPanel(LogTable *model, int widest, const QVector<int> &widths, QWidget *parent = nullptr);
+    /// @p model becomes the panel's own; accessibility calls its table @p name. The column @p widest takes the width
+    /// that is left.
+    LogPanel(LogTable *model, const QString &name, int widest, const QVector<int> &widths, QWidget *parent = nullptr);
 
     /// Puts a button into the line above the table.
     void addButton(QAction *action);
@@ -42,8 +42,7 @@ private:
 
     LogTable *const m_model;
     QHBoxLayout *m_line = nullptr;
-    QLineEdit *m_filter = nullptr;
-    QLabel *m_count = nullptr;
+    FilterBar *m_filter = nullptr;
     QTableView *m_view = nullptr;
     QTimer m_timer;
 };

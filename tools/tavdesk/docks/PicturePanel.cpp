@@ -19,6 +19,7 @@ PicturePanel::PicturePanel(ITavPicResourceMgr &pictures, const QStringList &dire
     auto *const view = new QTableView;
     view->setModel(m_model);
     view->setAccessibleName(tr("Pictures"));
+    setFocusProxy(view);
     view->setTextElideMode(Qt::ElideMiddle);
     view->setIconSize({PictureModel::largestThumbnail, PictureModel::largestThumbnail});
     setTableLook(*view);

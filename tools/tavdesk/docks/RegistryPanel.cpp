@@ -11,6 +11,7 @@ RegistryPanel::RegistryPanel(QWidget *parent) : QWidget(parent), m_model(new Reg
     auto *const view = new QTableView;
     view->setModel(m_model);
     view->setAccessibleName(tr("Registered objects"));
+    setFocusProxy(view);
     setTableLook(*view);
     setColumnWidths(*view, RegistryModel::Key, {34, 30, 30, 12, 14});
     auto *const layout = new QVBoxLayout(this);

@@ -1,5 +1,6 @@
 #include "ValueList.h"
 
+#include "FilterBar.h"
 #include "TableLook.h"
 #include "TableStyle.h"
 #include "ValueModel.h"
@@ -9,8 +10,6 @@
 #include <QClipboard>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
 
@@ -27,15 +26,10 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     , m_value(value)
     , m_model(model)
     , m_isToggled(!value.toggleRow.isEmpty() && !part.isEmpty())
-    , m_filter(new QLineEdit)
-    , m_count(new QLabel)
+    , m_filter(new FilterBar(name, this))
     , m_view(new QTableView)
 {
-    m_filter->setPlaceholderText(tr("Filter"));
-    m_filter->setAccessibleName(tr("Filter of %1").arg(name));
-    m_filter->setClearButtonEnabled(true);
-    m_filter->setMaximumWidth(fontMetrics().averageCharWidth() * widestColumn);
-    connect(m_filter, &QLineEdit::textChanged, &model, &ValueModel::setFilter);
+    connect(m_filter, &FilterBar::textChanged, &model, &ValueModel::setFilter);
 
     auto *const style = new TableStyle;
     style->setParent(m_view);
@@ -51,7 +45,6 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
 
     auto *const bar = new QHBoxLayout;
     bar->addWidget(m_filter, 1);
-    bar->addWidget(m_count);
     bar->addStretch(1);
     addEdits(*bar, part);
     auto *const layout = new QVBoxLayout(this);
@@ -59,17 +52,15 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     layout->addLayout(bar);
     layout->addWidget(m_view, 1);
 
-    const auto addKey = [this](QWidget *where, const QKeySequence &key, auto slot) {
-        auto *const action = new QAction(where);
+    const auto addKey = [this](const QKeySequence &key, auto slot) {
+        auto *const action = new QAction(m_view);
         action->setShortcut(key);
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         connect(action, &QAction::triggered, this, slot);
-        where->addAction(action);
+        m_view->addAction(action);
     };
-    addKey(this, QKeySequence::Find, [this] { m_filter->setFocus(Qt::ShortcutFocusReason); });
-    addKey(m_filter, Qt::Key_Escape, [this] { m_filter->clear(); });
-    addKey(m_view, QKeySequence::Copy, [this] { copySelected(); });
-    addKey(m_view, Qt::Key_Space, [this] { toggleOrCheckSelected(); });
+    addKey(QKeySequence::Copy, [this] { copySelected(); });
+    addKey(Qt::Key_Space, [this] { toggleOrCheckSelected(); });
 
     connect(&model, &ValueModel::checkRequested, this,
             [this](int row, bool checked) { check({m_model.rows().order[row]}, checked); });
@@ -123,9 +114,7 @@ void ValueList::setColumnWidths()
 
 void ValueList::updateCount()
 {
-    const int all = m_model.rows().table->rowCount();
-    const int shown = m_model.rowCount();
-    m_count->setText(shown == all ? tr("%n row(s)", nullptr, all) : tr("%1 of %n row(s)", nullptr, all).arg(shown));
+    m_filter->setCount(m_model.rowCount(), m_model.rows().table->rowCount());
 }
 
 void ValueList::check(const QVector<int> &rows, bool checked)

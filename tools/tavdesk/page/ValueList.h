@@ -6,9 +6,8 @@
 
 #include <functional>
 
+class FilterBar;
 class QBoxLayout;
-class QLabel;
-class QLineEdit;
 class QTableView;
 class ValueModel;
 
@@ -50,7 +49,6 @@ private:
     const PageValue &m_value;
     ValueModel &m_model;
     const bool m_isToggled; ///< the part's entries have a state to toggle
-    QLineEdit *m_filter;
-    QLabel *m_count;
+    FilterBar *m_filter;
     QTableView *m_view;
 };
