@@ -122,9 +122,3 @@ TEST(PicturePanel, ListsThePicturesOfTheInstallationByTheirKeys)
     EXPECT_EQ(model.index(0, 0).data().toString(), "NAVIGATION/ACCESSICON");
     EXPECT_EQ(model.index(0, 1).data().toString(), "48×48");
 }
-
-TEST(Registry, ShowsTheFifteenManagers)
-{
-    TestWindow client;
-    EXPECT_EQ(client.named<QTableView>("Registered objects")->model()->rowCount(), 15);
-}

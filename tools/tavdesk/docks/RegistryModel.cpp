@@ -17,8 +17,13 @@ void RegistryModel::update()
     ITavObjectMgr &registry = *TavGlobalInfoMgr::getObjectMgr();
     QVector<STObjectKey> keys = registry.getObjectKeys();
     for (int row = m_rows.size() - 1; row >= 0; --row) {
-        if (registry.getObject(m_rows[row].key) == m_rows[row].object) {
+        const QObject *const object = registry.getObject(m_rows[row].key);
+        if (object && object == m_rows[row].object) {
             keys.removeOne(m_rows[row].key);
+            if (const QString thread = threadOf(*object); thread != m_rows[row].thread) {
+                m_rows[row].thread = thread;
+                emit dataChanged(index(row, Thread), index(row, Thread));
+            }
         } else { // it has ended, or another one is found in its place
             beginRemoveRows({}, row, row);
             m_rows.removeAt(row);
@@ -78,11 +83,19 @@ RegistryModel::Row RegistryModel::rowOf(const STObjectKey &key, const QObject &o
     const QLatin1String suffix("_Tav_ORG");
     const QString interface = key.name.endsWith(suffix) ? key.name.chopped(suffix.size()) : key.name;
     const bool hasInterface = const_cast<QObject &>(object).qt_metacast(interface.toUtf8().constData()) != nullptr;
-    const bool isInGuiThread = object.thread() == QCoreApplication::instance()->thread();
     return {key,
             &object,
             QString::fromUtf8(object.metaObject()->className()),
             hasInterface ? interface : QStringLiteral("-"),
-            isInGuiThread ? QStringLiteral("gui") : object.thread()->objectName(),
+            threadOf(object),
             QDateTime::currentDateTime()};
+}
+
+QString RegistryModel::threadOf(const QObject &object)
+{
+    const QThread *const thread = object.thread();
+    if (!thread) {
+        return QStringLiteral("-");
+    }
+    return thread == QCoreApplication::instance()->thread() ? QStringLiteral("gui") : thread->objectName();
 }

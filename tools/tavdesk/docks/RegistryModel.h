@@ -28,11 +28,12 @@ private:
         const QObject *object; ///< only to tell objects apart: it may have ended
         QString className;
         QString interface; ///< "-" when the object does not have the interface that its key names
-        QString thread;
+        QString thread; ///< "-" for an object of none, to which no event comes
         QDateTime since; ///< when it was seen first
     };
 
     static Row rowOf(const STObjectKey &key, const QObject &object);
+    static QString threadOf(const QObject &object);
 
     QVector<Row> m_rows;
 };
