@@ -42,7 +42,7 @@ ProblemView *newCatalogueProblem(QWidget *parent)
         CatalogueProblem::tr(
             "It must be the Base64 text of a JSON array of functions. The findings tell where it is not."),
         parent);
-    auto *const findings = new QAction(CatalogueProblem::tr("Show &Findings…"), view);
+    auto *const findings = new QAction(CatalogueProblem::tr("Show Fi&ndings…"), view);
     QObject::connect(findings, &QAction::triggered, view, [path, view] { showFindings(path, view->window()); });
     view->addButton(findings);
     return view;

@@ -101,7 +101,7 @@ QWidget *CallPanel::newCall()
     scroll->setWidget(m_form);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
-    m_held = new QPushButton(tr("&Fill In What Is Held"));
+    m_held = new QPushButton(tr("F&ill In What Is Held"));
     m_call = new QPushButton(tr("&Call"));
     m_call->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Return));
     m_call->setToolTip(tr("Call the operation (Ctrl+Return)."));

@@ -32,7 +32,7 @@ PicturePanel::PicturePanel(ITavPicResourceMgr &pictures, const QStringList &dire
     m_directories->setAccessibleName(tr("Directories"));
     m_directories->setTextElideMode(Qt::ElideLeft);
     m_directories->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    auto *const append = new QPushButton(symbolIcon(Symbol::Add), tr("&Append…"));
+    auto *const append = new QPushButton(symbolIcon(Symbol::Add), tr("A&ppend…"));
     append->setToolTip(tr("Have the picture manager load another directory."));
     connect(append, &QPushButton::clicked, this, &PicturePanel::chooseDirectory);
     auto *const column = new QVBoxLayout(side);
