@@ -4,6 +4,7 @@
 #include "AgentFeeder.h"
 #include "CallLogPanel.h"
 #include "CallPanel.h"
+#include "CatalogueProblem.h"
 #include "ClientSession.h"
 #include "DeliveryPanel.h"
 #include "IconPictures.h"
@@ -192,6 +193,8 @@ QDockWidget *MainWindow::addDock(const QString &name, const QString &title, QWid
 void MainWindow::addMenus()
 {
     QMenu &file = *menuBar()->addMenu(tr("&File"));
+    file.addAction(tr("&Findings in the Catalogue…"), this, [this] { showCatalogueFindings(this); });
+    file.addSeparator();
     file.addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
     QMenu &agent = *menuBar()->addMenu(tr("&Agent"));
     addButtons(agent, *m_agentBar);

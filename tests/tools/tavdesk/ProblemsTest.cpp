@@ -96,3 +96,35 @@ TEST(Problems, TheCatalogueIsBrokenAndTheFindingsStandBehindAButton)
     QTest::keyClick(dialog, Qt::Key_Escape);
     EXPECT_TRUE(waitUntil([&] { return client.window->findChild<FindingsDialog *>() == nullptr; }));
 }
+
+TEST(Problems, TheCatalogueCannotBeRead)
+{
+    const QTemporaryDir root;
+    ASSERT_TRUE(QDir(root.path()).mkpath("etc/tavsec.d/funcTypeConfig.json"));
+    const TestWindow client(root.path());
+    const QString texts = labelTexts(client.window->pages());
+    EXPECT_TRUE(texts.contains("cannot be read")) << texts.toStdString();
+    EXPECT_TRUE(texts.contains("funcTypeConfig.json: ")) << texts.toStdString();
+    EXPECT_FALSE(texts.contains("Base64")) << texts.toStdString();
+}
+
+TEST(Problems, TheFindingsOfACatalogueWithPagesStandInTheMenu)
+{
+    const QByteArray twice = R"([{"functionType": 1, "functionType": 1}])";
+    const RootWithCatalogue root(twice.toBase64());
+    const TestWindow client(root.path());
+    client.action("Findings in the Catalogue…")->trigger();
+    auto *const dialog = client.window->findChild<FindingsDialog *>();
+    ASSERT_TRUE(dialog);
+    EXPECT_GT(dialog->findChild<QTreeWidget *>()->topLevelItemCount(), 0);
+}
+
+TEST(Problems, ACatalogueWithoutFindingsIsSaidToHaveNone)
+{
+    const TestWindow client;
+    client.action("Findings in the Catalogue…")->trigger();
+    auto *const dialog = client.window->findChild<FindingsDialog *>();
+    ASSERT_TRUE(dialog);
+    EXPECT_TRUE(labelTexts(*dialog).contains("nothing was found")) << labelTexts(*dialog).toStdString();
+    EXPECT_EQ(dialog->findChild<QTreeWidget *>()->topLevelItemCount(), 0);
+}
