@@ -4,6 +4,7 @@
 #include "FindingsDialog.h"
 #include "ProblemView.h"
 
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTreeWidget>
 
@@ -72,6 +73,21 @@ TEST(Problems, ItIsAnotherPlugin)
     EXPECT_TRUE(labelTexts(*view).contains("identifier")) << labelTexts(*view).toStdString();
 }
 
+TEST(Problems, APagePluginIsRefused)
+{
+    const GlobalStateGuard guard;
+    DeskOptions options = optionsFor(TAV_PLUGIN_FILE);
+    options.pages = QStringList{"/nonexistent/page.so"};
+    Desk desk(options);
+    desk.show();
+    auto *const window = topLevel<MainWindow>();
+    ASSERT_TRUE(window);
+    auto *const box = window->findChild<QMessageBox *>();
+    ASSERT_TRUE(box);
+    EXPECT_EQ(box->text().toStdString(), "/nonexistent/page.so is not shown");
+    EXPECT_EQ(box->informativeText().toStdString(), "There is no such file.\nName the page plugin's file.");
+}
+
 TEST(Problems, ThereIsNoCatalogue)
 {
     const QTemporaryDir root;
@@ -110,9 +126,11 @@ TEST(Problems, TheCatalogueCannotBeRead)
 
 TEST(Problems, TheFindingsOfACatalogueWithPagesStandInTheMenu)
 {
-    const QByteArray twice = R"([{"functionType": 1, "functionType": 1}])";
-    const RootWithCatalogue root(twice.toBase64());
+    const QByteArray iconTwice = R"([{"funcType": "Func_HostInfo", "funcTitle": "host", "funcIcon": "a", "funcIcon": "b",
+        "subFunList": [{"subFuncType": "SubFunc_LogAudit", "subFuncTitile": "log", "subFuncClassName": "Log"}]}])";
+    const RootWithCatalogue root(iconTwice.toBase64());
     const TestWindow client(root.path());
+    EXPECT_TRUE(client.entry(CTavSubFuncTypeHeader::SubFunc_LogAudit).isValid());
     client.action("Findings in the Catalogue…")->trigger();
     auto *const dialog = client.window->findChild<FindingsDialog *>();
     ASSERT_TRUE(dialog);
