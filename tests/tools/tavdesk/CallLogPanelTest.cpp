@@ -89,6 +89,43 @@ TEST(CallLogPanel, ShowsWhatTheFilterLeaves)
     EXPECT_EQ(test.rows(), 4);
 }
 
+TEST(CallLogPanel, KeepsTheSelectionWhenTheFilterChanges)
+{
+    TestPanel test;
+    test.note("getState");
+    test.note("setNetCount");
+    test.note("getNetCount");
+    EXPECT_EQ(test.rows(), 3);
+    test.view().selectRow(2);
+    auto &filter = *test.panel.findChild<QLineEdit *>();
+    QTest::keyClicks(&filter, "count");
+    EXPECT_EQ(test.panel.selectedRows(), QVector<int>{1});
+    filter.clear();
+    EXPECT_EQ(test.panel.selectedRows(), QVector<int>{2});
+}
+
+TEST(CallLogPanel, HoldsStillUnderWhoeverHasScrolledUp)
+{
+    TestPanel test;
+    for (int i = 0; i < 20'000; ++i) {
+        test.note(QString::number(i));
+    }
+    EXPECT_EQ(test.rows(), 20'000);
+    test.view().scrollTo(test.view().model()->index(10'000, 0), QAbstractItemView::PositionAtTop);
+    const auto topText = [&test] {
+        const QModelIndex top = test.view().indexAt({0, 0});
+        return top.siblingAtColumn(3).data().toString();
+    };
+    ASSERT_EQ(topText().toStdString(), "10000");
+    for (int i = 0; i < 500; ++i) {
+        test.note("new");
+    }
+    EXPECT_EQ(test.rows(), 20'000);
+    EXPECT_EQ(topText().toStdString(), "10000");
+    QTest::qWait(50);
+    EXPECT_EQ(topText().toStdString(), "10000") << "also when it has been laid out anew";
+}
+
 TEST(CallLogPanel, TakesCallsFromAnyThread)
 {
     TestPanel test;

@@ -9,6 +9,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QScrollBar>
+#include <QSet>
 #include <QTableView>
 #include <QToolButton>
 
@@ -43,12 +44,7 @@ LogPanel::LogPanel(LogTable *model, const QString &name, int widest, const QVect
     layout->addWidget(m_view);
     addButton(clear);
 
-    connect(m_filter, &FilterBar::textChanged, this, [this](const QString &text) {
-        m_model->setFilter(text);
-        m_view->scrollToBottom();
-        showCount();
-        emit selectionChanged();
-    });
+    connect(m_filter, &FilterBar::textChanged, this, &LogPanel::setFilter);
     connect(clear, &QAction::triggered, this, [this] {
         m_model->clearLog();
         showCount();
@@ -80,11 +76,15 @@ QVector<int> LogPanel::selectedRows() const
 
 void LogPanel::update()
 {
-    const QScrollBar &bar = *m_view->verticalScrollBar();
+    QScrollBar &bar = *m_view->verticalScrollBar();
     const bool isAtEnd = bar.value() == bar.maximum();
+    const QPersistentModelIndex top = m_view->indexAt({0, 0});
+    const int before = m_view->visualRect(top).top();
     m_model->update();
     if (isAtEnd) {
         m_view->scrollToBottom();
+    } else if (top.isValid()) { // rows above it may have gone
+        bar.setValue(bar.value() + m_view->visualRect(top).top() - before);
     }
     showCount();
 }
@@ -100,6 +100,34 @@ void LogPanel::hideEvent(QHideEvent *event)
 {
     m_timer.stop();
     QWidget::hideEvent(event);
+}
+
+void LogPanel::setFilter(const QString &text)
+{
+    QSet<qint64> selected;
+    const QVector<int> rows = selectedRows();
+    for (const int row : rows) {
+        selected.insert(m_model->number(row));
+    }
+    m_model->setFilter(text);
+    QItemSelection still;
+    int first = -1; // of the selected rows that follow one another
+    for (int row = 0; row <= m_model->rowCount(); ++row) {
+        const bool isSelected = row < m_model->rowCount() && selected.contains(m_model->number(row));
+        if (isSelected && first < 0) {
+            first = row;
+        } else if (!isSelected && first >= 0) {
+            still.select(m_model->index(first, 0), m_model->index(row - 1, 0));
+            first = -1;
+        }
+    }
+    m_view->scrollToBottom();
+    m_view->selectionModel()->select(still, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    if (!still.isEmpty()) {
+        m_view->scrollTo(still.constLast().bottomRight());
+    }
+    showCount();
+    emit selectionChanged();
 }
 
 void LogPanel::showCount()

@@ -9,7 +9,8 @@ class QHBoxLayout;
 class QTableView;
 
 /**
- * @brief A log with a line to filter it. While its last row is in sight, it stays so when further ones come.
+ * @brief A log with a line to filter it. While its last row is in sight, it stays so when further ones come; otherwise
+ * the rows stay where they are.
  *
  * It looks at the log only while it is in sight itself.
  */
@@ -38,6 +39,7 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    void setFilter(const QString &text);
     void showCount();
 
     LogTable *const m_model;
