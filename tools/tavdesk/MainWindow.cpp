@@ -141,7 +141,7 @@ void MainWindow::addDocks()
     ITavPicResourceMgr &pictures = *m_session.host().manager<ITavPicResourceMgr>();
     const QStringList directories = pictureDirectories();
     // First, since it has the manager load the pictures of the navigation.
-    auto *const picturePanel = new PicturePanel(pictures, directories);
+    auto *const picturePanel = new PicturePanel(m_session, directories);
     m_navigation = new NavigationView(new NavigationModel(navigationTree(), pictures, directories));
     addDock(QStringLiteral("navigation"), tr("&Navigation"), m_navigation, Qt::LeftDockWidgetArea);
 

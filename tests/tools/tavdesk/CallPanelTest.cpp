@@ -4,6 +4,7 @@
 
 #include <QComboBox>
 #include <QDockWidget>
+#include <QFileDialog>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QListWidget>
@@ -112,6 +113,20 @@ TEST(CallPanel, IsReachedAndUsedWithTheKeyboardAlone)
     client.named<QListWidget>("Operations")->setFocus();
     QTest::keyClick(client.window.get(), Qt::Key_Return, Qt::ControlModifier);
     EXPECT_TRUE(waitUntil([&] { return client.session.calls().from(0).entries.size() == 1; }));
+}
+
+TEST(PicturePanel, AppendsADirectoryAsACallThatIsNoted)
+{
+    TestCalls client;
+    const QTemporaryDir directory;
+    client.button("Append…")->click();
+    auto *const dialog = client.window->findChild<QFileDialog *>();
+    ASSERT_TRUE(dialog);
+    emit dialog->filesSelected({directory.path()});
+    const auto calls = client.session.calls().from(0).entries;
+    ASSERT_EQ(calls.size(), 1);
+    EXPECT_EQ(calls[0].operation, "appendPicResourcePath");
+    EXPECT_EQ(client.named<QListWidget>("Directories")->findItems(directory.path(), Qt::MatchExactly).size(), 1);
 }
 
 TEST(PicturePanel, ListsThePicturesOfTheInstallationByTheirKeys)
