@@ -15,7 +15,6 @@
 #include <QTabWidget>
 #include <QTimer>
 
-#include <algorithm>
 #include <cstdio>
 
 namespace
@@ -59,17 +58,17 @@ void fill(ITavNetControlMgr &manager)
     manager.setDeviceInfo(devices);
 }
 
-/// The table of the network rows, in front of the page's other lists.
+/// The table of the network rows, brought to the front of the page's other lists.
 QTableView &networkRows(const ModelPage &page)
 {
-    const auto views = page.findChildren<QTableView *>();
-    const auto found = std::find_if(views.begin(), views.end(),
-                                    [](const QTableView *view) { return view->accessibleName() == "Network rows"; });
-    if (found == views.end()) {
-        qFatal("the page shows no network rows");
+    auto &lists = *page.findChild<QTabWidget *>();
+    for (int tab = 0; tab < lists.count(); ++tab) {
+        if (lists.tabText(tab).startsWith("Network rows")) {
+            lists.setCurrentIndex(tab);
+            return *lists.currentWidget()->findChild<QTableView *>();
+        }
     }
-    page.findChild<QTabWidget *>()->setCurrentWidget((*found)->parentWidget());
-    return **found;
+    qFatal("the page shows no network rows");
 }
 
 void runLoop(int milliseconds)

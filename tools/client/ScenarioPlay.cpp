@@ -144,7 +144,8 @@ void ScenarioPlay::begin(bool isPaused)
     }
     TavPlayOptions options;
     options.speed = m_speed;
-    options.from = m_position < m_survey.end ? m_position : 0;
+    m_position = m_position < m_survey.end ? m_position : 0; // at the end: anew
+    options.from = m_position;
     options.isLooped = m_isLooped;
     options.isPaused = isPaused;
     options.observer = [this](const TavPlayedCall &call) { noteCall(call); };
@@ -180,7 +181,7 @@ void ScenarioPlay::finish()
     } else if (report.error) {
         emit failed(file, QString::fromUtf8(report.error->what()));
     } else if (!report.isStopped) {
-        m_position = 0;
+        m_position = m_survey.end;
         emit positionChanged();
         emit ended();
     }

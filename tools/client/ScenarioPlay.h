@@ -16,7 +16,7 @@ class ClientSession;
  * | call | Empty | Opening | Ready | Playing | Paused | Stopping |
  * |---|---|---|---|---|---|---|
  * | open() | reads the file | leaves the other | reads the file | stops, then reads | the same | the same |
- * | play() | - | - | from position() on | - | goes on | - |
+ * | play() | - | - | from position() on, at the end from the beginning | - | goes on | - |
  * | step() | - | - | begins, paused, with one line | - | one line | - |
  * | pause() | - | - | - | Paused | - | - |
  * | stop() | - | gives up | - | Stopping | Stopping | - |

@@ -1,12 +1,16 @@
 #include "TestWindow.h"
 
-#include "ITavNetControlMgr.h"
+#include "ITavAccessControlMgr.h"
+#include "ITavHostInfoMgr.h"
+#include "RecordEdit.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDockWidget>
 #include <QFileDialog>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -84,6 +88,72 @@ TEST(CallPanel, ShowsWhyACallIsRefused)
     client.named<QPlainTextEdit>("state")->setPlainText(R"({"stat": 5})");
     EXPECT_TRUE(client.resultAfterCall().contains("stat"));
     EXPECT_FALSE(client.session.calls().from(0).entries.value(0).error.isEmpty());
+}
+
+TEST(CallPanel, TakesAPlainRecordFieldByField)
+{
+    TestCalls client;
+    client.choose("ITavAccessControlMgr", "updateUIPriData(QVector");
+    client.named<QPlainTextEdit>("levels")->setPlainText(R"([{"level": 3}])");
+    client.resultAfterCall();
+    client.choose("ITavAccessControlMgr", "updateUIPriData(STAccessSetUIData");
+    client.named<QLineEdit>("level.level")->setText("3");
+    client.named<QLineEdit>("level.labels")->setText(R"(["one", "two"])");
+    client.named<QCheckBox>("level.checked")->click();
+    EXPECT_EQ(client.resultAfterCall(), "null");
+    const STAccessSetUIData held = client.session.host().manager<ITavAccessControlMgr>()->getUIPriData().value(0);
+    EXPECT_EQ(held.labels, (QVector<QString>{"one", "two"}));
+    EXPECT_TRUE(held.checked);
+}
+
+TEST(CallPanel, NamesAnInvalidInputAtItsField)
+{
+    TestCalls client;
+    client.choose("ITavHostInfoMgr", "setResourceInfo(");
+    auto *const total = client.named<QLineEdit>("info.memoryTotal");
+    total->setText("much");
+    EXPECT_TRUE(client.resultAfterCall().startsWith("info.memoryTotal: expected a whole number"))
+        << client.named<QPlainTextEdit>("Result")->toPlainText().toStdString();
+    EXPECT_TRUE(total->accessibleDescription().contains("expected a whole number"));
+    EXPECT_TRUE(total->hasFocus());
+    EXPECT_TRUE(labelTexts(*total->parentWidget()).contains("expected a whole number"));
+    EXPECT_TRUE(client.session.calls().from(0).entries.isEmpty());
+    total->setText("18446744073709551615");
+    EXPECT_EQ(client.resultAfterCall(), "null");
+    EXPECT_EQ(total->accessibleDescription(), "");
+    EXPECT_EQ(client.session.host().manager<ITavHostInfoMgr>()->getResourceInfo().memoryTotal, ~quint64(0));
+}
+
+TEST(CallPanel, TakesARecordOverFromItsFieldsIntoJsonAndBack)
+{
+    TestCalls client;
+    client.choose("ITavProtectMgr", "setSelfState(");
+    auto *const number = client.named<QLineEdit>("state.stateValue");
+    auto *const ways = client.window->findChild<RecordEdit *>();
+    number->setText("7");
+    ways->setCurrentIndex(1);
+    auto *const json = client.named<QPlainTextEdit>("state");
+    EXPECT_TRUE(json->toPlainText().contains("\"stateValue\": 7")) << json->toPlainText().toStdString();
+    json->setPlainText(R"({"stateValue": 8, "unknown": 1})");
+    ways->setCurrentIndex(0);
+    EXPECT_EQ(ways->currentIndex(), 1) << "what the fields cannot show stays JSON";
+    EXPECT_TRUE(client.named<QPlainTextEdit>("Result")->toPlainText().contains("unknown"));
+    json->setPlainText(R"({"stateValue": 8})");
+    ways->setCurrentIndex(0);
+    EXPECT_EQ(ways->currentIndex(), 0);
+    EXPECT_EQ(number->text(), "8");
+}
+
+TEST(CallPanel, ShowsARecordAsJsonWhereAFieldCannotShowItsText)
+{
+    TestCalls client;
+    client.session.call("ITavCompleteProtectMgr", "setCurPathState",
+                        QJsonArray{QJsonObject{{"path", QJsonObject{{"bytes", "/w=="}}}}});
+    client.choose("ITavCompleteProtectMgr", "setCurPathState(");
+    QTest::mouseClick(client.button("Fill In What Is Held"), Qt::LeftButton);
+    auto *const ways = client.window->findChild<RecordEdit *>();
+    ASSERT_TRUE(waitUntil([ways] { return ways->currentIndex() == 1; }));
+    EXPECT_TRUE(client.named<QPlainTextEdit>("state")->toPlainText().contains("/w=="));
 }
 
 TEST(CallPanel, FillsInWhatTheManagerHolds)

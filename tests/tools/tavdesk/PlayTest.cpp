@@ -122,6 +122,21 @@ TEST(Play, StopsAndBeginsAgain)
     EXPECT_TRUE(waitUntil([&] { return test.heldState() == 3; }));
 }
 
+TEST(Play, StandsAtTheEndWhenItHasEndedAndBeginsAnewFromThere)
+{
+    TestPlay test;
+    auto *const slider = test.named<QSlider>("Place in the scenario");
+    test.play().setSpeed(TavPlayOptions::fastest);
+    test.action("Play")->trigger();
+    EXPECT_TRUE(test.waitForState(State::Ready));
+    EXPECT_EQ(test.heldState(), 3);
+    EXPECT_TRUE(waitUntil([&] { return slider->value() == slider->maximum(); }));
+    EXPECT_TRUE(labelTexts(*test.window).contains("0:02.0 / 0:02.0"));
+    test.action("Step")->trigger();
+    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 1; })) << "the first line is played again";
+    EXPECT_TRUE(waitUntil([&] { return slider->value() == 0; }));
+}
+
 TEST(Play, OpensThePagesThatTheScenarioSelects)
 {
     TestPlay test(R"({"thread": "gui", "page": "SubFunc_LogAudit"})");

@@ -1,5 +1,6 @@
 #include "ArgumentForm.h"
 
+#include "RecordEdit.h"
 #include "ValueText.h"
 
 #include <QFormLayout>
@@ -40,30 +41,50 @@ void ArgumentForm::setArguments(const QVector<TavCall::Argument> &arguments)
         m_layout->removeRow(0);
     }
     for (const TavCall::Argument &argument : arguments) {
-        auto *const field = new QPlainTextEdit(beginningOf(argument));
-        const bool isLong = argument.isObject || argument.type.startsWith(QLatin1String("QVector"));
-        field->setTabChangesFocus(true);
-        field->setAccessibleName(argument.name);
-        field->setFixedHeight(field->fontMetrics().lineSpacing() * (isLong ? 5 : 1) + 14);
+        const Field field = newField(argument);
+        QWidget *const widget = field.record ? static_cast<QWidget *>(field.record) : field.json;
         auto *const label = new QLabel(tr("&%1 (%2)").arg(argument.name, argument.type));
         label->setTextFormat(Qt::PlainText);
-        label->setBuddy(field);
-        m_layout->addRow(label, field);
+        label->setBuddy(widget);
+        m_layout->addRow(label, widget);
         m_fields.append(field);
     }
 }
 
+ArgumentForm::Field ArgumentForm::newField(const TavCall::Argument &argument)
+{
+    if (const RecordType *const type = recordTypeOf(argument.type)) {
+        auto *const record = new RecordEdit(argument.name, *type);
+        connect(record, &RecordEdit::refused, this, &ArgumentForm::refused);
+        return {record, nullptr};
+    }
+    auto *const json = new QPlainTextEdit(beginningOf(argument));
+    const bool isLong = argument.isObject || argument.type.startsWith(QLatin1String("QVector"));
+    json->setTabChangesFocus(true);
+    json->setAccessibleName(argument.name);
+    json->setFixedHeight(json->fontMetrics().lineSpacing() * (isLong ? 5 : 1) + 14);
+    return {nullptr, json};
+}
+
 void ArgumentForm::setValue(int place, const QJsonValue &value)
 {
-    m_fields[place]->setPlainText(QString::fromUtf8(ValueText::write(value)));
+    if (m_fields[place].record) {
+        m_fields[place].record->setValue(value);
+    } else {
+        m_fields[place].json->setPlainText(QString::fromUtf8(ValueText::write(value)));
+    }
 }
 
 QJsonArray ArgumentForm::values() const
 {
     QJsonArray values;
     for (int place = 0; place < m_fields.size(); ++place) {
+        if (m_fields[place].record) {
+            values.append(m_fields[place].record->value());
+            continue;
+        }
         try {
-            values.append(ValueText::read(m_fields[place]->toPlainText().toUtf8()));
+            values.append(ValueText::read(m_fields[place].json->toPlainText().toUtf8()));
         } catch (const std::runtime_error &error) {
             throw std::runtime_error((m_arguments[place].name + QLatin1String(": ")).toStdString() + error.what());
         }

@@ -7,8 +7,9 @@
 
 class QFormLayout;
 class QPlainTextEdit;
+class RecordEdit;
 
-/// @brief One field for each argument of an operation, which takes JSON.
+/// @brief One field for each argument of an operation, which takes JSON; a plain record can be filled in by its fields.
 class ArgumentForm : public QWidget
 {
     Q_OBJECT
@@ -24,8 +25,20 @@ public:
     /// What stands in the fields. Throws std::runtime_error, which names the argument that is no JSON.
     QJsonArray values() const;
 
+signals:
+    /// What stands in a field cannot be shown in another way.
+    void refused(const QString &problem);
+
 private:
+    /// @brief Where an argument is filled in: one of both.
+    struct Field {
+        RecordEdit *record; ///< for a plain record
+        QPlainTextEdit *json; ///< for all else
+    };
+
+    Field newField(const TavCall::Argument &argument);
+
     QVector<TavCall::Argument> m_arguments;
-    QVector<QPlainTextEdit *> m_fields;
+    QVector<Field> m_fields;
     QFormLayout *m_layout;
 };

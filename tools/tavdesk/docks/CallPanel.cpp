@@ -113,6 +113,7 @@ QWidget *CallPanel::newCall()
     layout->addWidget(m_signature);
     layout->addWidget(scroll, 1);
     layout->addLayout(buttons);
+    connect(m_form, &ArgumentForm::refused, this, &CallPanel::showProblem);
     connect(m_held, &QPushButton::clicked, this, &CallPanel::fillInHeld);
     connect(m_call, &QPushButton::clicked, this, &CallPanel::makeCall);
     return widget;

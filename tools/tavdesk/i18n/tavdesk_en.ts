@@ -2,6 +2,16 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en" sourcelanguage="en">
 <context>
+    <name>FieldEdit</name>
+    <message numerus="yes">
+        <source>at most %n byte(s) of UTF-8</source>
+        <translation>
+            <numerusform>at most %n byte of UTF-8</numerusform>
+            <numerusform>at most %n bytes of UTF-8</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>LogPanel</name>
     <message numerus="yes">
         <source>%n row(s)</source>

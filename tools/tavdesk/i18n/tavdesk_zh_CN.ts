@@ -234,6 +234,19 @@
     </message>
 </context>
 <context>
+    <name>FieldEdit</name>
+    <message numerus="yes">
+        <source>at most %n byte(s) of UTF-8</source>
+        <translation>
+            <numerusform>最多 %n 字节的 UTF-8</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>a JSON list</source>
+        <translation>JSON 列表</translation>
+    </message>
+</context>
+<context>
     <name>FindingsDialog</name>
     <message>
         <source>line %1, column %2</source>
@@ -915,6 +928,24 @@
     <message>
         <source>&amp;Pause</source>
         <translation>暂停(&amp;P)</translation>
+    </message>
+</context>
+<context>
+    <name>RecordEdit</name>
+    <message>
+        <source>Fields</source>
+        <translation>字段</translation>
+    </message>
+    <message>
+        <source>%1 holds a text that no field can show</source>
+        <translation>%1 含有任何字段都无法显示的文本</translation>
+    </message>
+</context>
+<context>
+    <name>RecordForm</name>
+    <message>
+        <source>%1 (%2)</source>
+        <translation>%1（%2）</translation>
     </message>
 </context>
 <context>

@@ -1,6 +1,7 @@
 #include "FactsForm.h"
 
 #include "QuietLabel.h"
+#include "SelectableLabel.h"
 #include "ValueModel.h"
 
 #include <QFormLayout>
@@ -22,9 +23,7 @@ FactsForm::FactsForm(const QString &title, const ValueModel &model, QWidget *par
     for (int column = 0; column < model.columnCount(); ++column) {
         auto *const name = new QuietLabel(model.headerData(column, Qt::Horizontal).toString());
         name->setToolTip(model.headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString());
-        auto *const value = new QLabel;
-        value->setTextFormat(Qt::PlainText);
-        value->setTextInteractionFlags(Qt::TextSelectableByMouse);
+        auto *const value = new SelectableLabel;
         value->setAccessibleName(name->text());
         value->setAutoFillBackground(true);
         value->setWordWrap(true);

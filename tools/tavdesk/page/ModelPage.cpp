@@ -112,8 +112,8 @@ void ModelPage::read()
     m_isReading = true;
     m_next.stop();
     QVector<View> views;
-    for (const ValueModel *const model : qAsConst(m_models)) {
-        views.append({model->rows(), model->arrangement()});
+    for (const Part &part : qAsConst(m_parts)) {
+        views.append({part.model->rows(), part.model->arrangement()});
     }
     m_worker.run([page = m_page, views, edits = std::exchange(m_edits, {})] { return readPage(page, views, edits); },
                  [this](const PageReading &reading) { take(reading); });
@@ -122,19 +122,16 @@ void ModelPage::read()
 void ModelPage::take(const PageReading &reading)
 {
     m_isReading = false;
-    if (m_models.isEmpty()) {
-        build(reading);
-    } else if (m_models.size() == reading.parts.size()) {
+    if (m_parts.isEmpty()) {
+        make(reading.parts);
+    } else if (m_parts.size() == reading.parts.size()) {
         QVector<ShownRows> gone;
-        for (int i = 0; i < m_models.size(); ++i) {
+        for (int i = 0; i < m_parts.size(); ++i) {
             if (const auto &change = reading.parts[i].change) {
-                gone.append(m_models[i]->apply(*change));
-            }
-            if (m_tabs[i] >= 0) {
-                const int rows = m_models[i]->rows().table->rowCount();
-                m_lists->setTabText(m_tabs[i], tr("%1 (%2)").arg(titleOf(reading.parts[i])).arg(rows));
+                gone.append(m_parts[i].model->apply(*change));
             }
         }
+        showCounts();
         m_worker.run([gone = std::move(gone)] { return 0; }, [](int) {}); // long lists die there
     }
     if (!reading.problems.isEmpty()) {
@@ -147,49 +144,51 @@ void ModelPage::take(const PageReading &reading)
     }
 }
 
-void ModelPage::build(const PageReading &reading)
+// Each step of a page's making is an event of its own, between which others get their turn.
+void ModelPage::make(const QVector<PartReading> &parts)
+{
+    if (parts.isEmpty()) {
+        showNothing();
+        return;
+    }
+    m_facts = new FactsPanel(this); // not visible before it has its place
+    m_lists = new QTabWidget(this);
+    m_lists->setDocumentMode(true);
+    m_lists->setAccessibleName(tr("Lists"));
+    for (const PartReading &found : parts) {
+        Part part{found.value, found.part, titleOf(found), new ValueModel(!found.value->rowEdit.isEmpty(), this), -1};
+        part.model->apply(*found.change);
+        const QString origin = found.value->manager + QStringLiteral("::") + found.value->getter;
+        if (found.change->rows.table->isList()) {
+            auto *const place = new QWidget; // for the list, which is made when its tab is in front
+            (new QVBoxLayout(place))->setContentsMargins(0, 0, 0, 0);
+            part.tab = m_lists->addTab(place, part.title);
+            m_lists->setTabToolTip(part.tab, origin);
+            connect(part.model, &ValueModel::arrangementChanged, this, &ModelPage::read);
+        } else {
+            auto *const form = new FactsForm(part.title, *part.model);
+            form->setToolTip(origin);
+            m_facts->add(form);
+        }
+        m_parts.append(part);
+    }
+    showCounts();
+    const auto first = std::find_if(m_parts.cbegin(), m_parts.cend(), [](const Part &part) {
+        return part.tab >= 0 && part.model->rowCount() > 0; // holds anything
+    });
+    if (first != m_parts.cend()) {
+        m_lists->setCurrentIndex(first->tab);
+    }
+    connect(m_lists, &QTabWidget::currentChanged, this, &ModelPage::makeList);
+    QMetaObject::invokeMethod(this, &ModelPage::arrange, Qt::QueuedConnection);
+}
+
+void ModelPage::arrange()
 {
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    if (reading.parts.isEmpty()) {
-        auto *const hint = new QuietLabel(tr("No manager holds anything for this page."));
-        hint->setAlignment(Qt::AlignCenter);
-        layout->addWidget(hint);
-        return;
-    }
-    auto *const facts = new FactsPanel;
-    m_lists = new QTabWidget;
-    m_lists->setDocumentMode(true);
-    m_lists->setAccessibleName(tr("Lists"));
-    for (const PartReading &part : reading.parts) {
-        const QString title = titleOf(part);
-        const QString origin = part.value->manager + QStringLiteral("::") + part.value->getter;
-        auto *const model = new ValueModel(!part.value->rowEdit.isEmpty(), this);
-        model->apply(*part.change);
-        m_models.append(model);
-        if (!part.change->rows.table->isList()) {
-            auto *const form = new FactsForm(title, *model);
-            form->setToolTip(origin);
-            facts->add(form);
-            m_tabs.append(-1);
-            continue;
-        }
-        auto *const list = new ValueList(*part.value, part.part, *model, title);
-        connect(list, &ValueList::edited, this,
-                [this, model, part = PartReading{part.value, part.part, {}}](const QVector<int> &rows,
-                                                                             const ValueList::Edit &wanted) {
-                    edit(part, model->rows().table, rows, wanted);
-                });
-        connect(model, &ValueModel::arrangementChanged, this, &ModelPage::read);
-        const int rows = model->rows().table->rowCount();
-        m_tabs.append(m_lists->addTab(list, tr("%1 (%2)").arg(title).arg(rows)));
-        m_lists->setTabToolTip(m_tabs.last(), origin);
-        if (rows > 0 && m_models.value(m_tabs.indexOf(m_lists->currentIndex()))->rowCount() == 0) {
-            m_lists->setCurrentIndex(m_tabs.last()); // the first that holds anything
-        }
-    }
     auto *const scroll = new QScrollArea;
-    scroll->setWidget(facts);
+    scroll->setWidget(m_facts);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
 
@@ -198,9 +197,9 @@ void ModelPage::build(const PageReading &reading)
     splitter->addWidget(m_lists);
     splitter->setStretchFactor(1, 1);
     splitter->setChildrenCollapsible(false);
-    const int factsHeight = std::min(facts->heightFor(width()), height() / 2);
+    const int factsHeight = std::min(m_facts->heightFor(width()), height() / 2);
     splitter->setSizes({factsHeight, height() - factsHeight});
-    scroll->setVisible(!facts->isEmpty()); // now that it has a parent: it would be a window without one
+    scroll->setVisible(!m_facts->isEmpty()); // now that it has a parent: it would be a window without one
     m_lists->setVisible(m_lists->count() > 0);
     m_problem = new QLabel;
     m_problem->setTextFormat(Qt::PlainText);
@@ -208,13 +207,51 @@ void ModelPage::build(const PageReading &reading)
     m_problem->hide();
     layout->addWidget(splitter, 1);
     layout->addWidget(m_problem);
+    QMetaObject::invokeMethod(
+        this, [this] { makeList(m_lists->currentIndex()); }, Qt::QueuedConnection);
 }
 
-void ModelPage::edit(const PartReading &part, const ValueTablePointer &seen, const QVector<int> &rows,
-                     const ValueList::Edit &edit)
+void ModelPage::showNothing()
+{
+    if (!layout()) {
+        auto *const hint = new QuietLabel(tr("No manager holds anything for this page."));
+        hint->setAlignment(Qt::AlignCenter);
+        (new QVBoxLayout(this))->addWidget(hint);
+    }
+}
+
+void ModelPage::showCounts()
+{
+    for (const Part &part : qAsConst(m_parts)) {
+        if (part.tab < 0) {
+            continue;
+        }
+        const QString text = tr("%1 (%2)").arg(part.title).arg(part.model->rows().table->rowCount());
+        if (text != m_lists->tabText(part.tab)) { // or all tabs would be laid out again
+            m_lists->setTabText(part.tab, text);
+        }
+    }
+}
+
+void ModelPage::makeList(int tab)
+{
+    const auto part
+        = std::find_if(m_parts.cbegin(), m_parts.cend(), [tab](const Part &part) { return part.tab == tab; });
+    if (part == m_parts.cend() || m_lists->widget(tab)->layout()->count() > 0) {
+        return;
+    }
+    auto *const list = new ValueList(*part->value, part->name, *part->model, part->title);
+    connect(
+        list, &ValueList::edited, this,
+        [this, part = *part](const QVector<int> &rows, const ValueList::Edit &wanted) { edit(part, rows, wanted); });
+    m_lists->widget(tab)->layout()->addWidget(list);
+}
+
+void ModelPage::edit(const Part &part, const QVector<int> &rows, const ValueList::Edit &edit)
 {
     m_problem->hide();
-    m_edits.append([&value = *part.value, name = part.part, seen, rows, edit, call = m_call]() -> QString {
+    m_edits.append([&value = *part.value, name = part.name, seen = part.model->rows().table, rows, edit,
+                    call = m_call]() -> QString {
         const ValueTablePointer now = tableOf(value, name);
         const bool isThere
             = now && std::all_of(rows.begin(), rows.end(), [&](int row) { return isSameRow(*seen, row, *now, row); });

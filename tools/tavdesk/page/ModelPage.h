@@ -9,6 +9,7 @@
 
 #include <functional>
 
+class FactsPanel;
 class QLabel;
 class QTabWidget;
 class ValueModel;
@@ -40,17 +41,29 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    /// @brief A table of the page.
+    struct Part {
+        const PageValue *value;
+        QString name; ///< as PartTable::part
+        QString title;
+        ValueModel *model;
+        int tab; ///< -1 for facts
+    };
+
     void read();
     void take(const PageReading &reading);
-    void build(const PageReading &reading);
-    void edit(const PartReading &part, const ValueTablePointer &seen, const QVector<int> &rows,
-              const ValueList::Edit &edit);
+    void make(const QVector<PartReading> &parts);
+    void arrange();
+    void makeList(int tab);
+    void showNothing();
+    void showCounts();
+    void edit(const Part &part, const QVector<int> &rows, const ValueList::Edit &edit);
     void showProblem(const QString &problem);
 
     const Page m_page;
     const Call m_call;
-    QVector<ValueModel *> m_models; ///< one for each part, in the order of reading
-    QVector<int> m_tabs; ///< by part: place of its tab; -1 for facts
+    QVector<Part> m_parts; ///< in the order of reading
+    FactsPanel *m_facts = nullptr;
     QTabWidget *m_lists = nullptr;
     QLabel *m_problem = nullptr;
     QTimer m_next; ///< until the next reading

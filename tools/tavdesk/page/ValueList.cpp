@@ -35,9 +35,9 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     style->setParent(m_view);
     m_view->setStyle(style);
     m_view->horizontalHeader()->setStyle(style);
-    m_view->setModel(&model);
     m_view->setAccessibleName(name);
     setTableLook(*m_view);
+    m_view->setModel(&model); // after the heights, or each row would be given another one
     const auto isNumber = [&model](int column) { return model.rows().table->columns()[column].isNumber(); };
     m_view->horizontalHeader()->setStretchLastSection(!isNumber(model.columnCount() - 1)); // far from its name
     m_view->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder); // the list's own order

@@ -48,19 +48,25 @@ protected:
         EXPECT_TRUE(QTest::qWaitFor([this] { return page->layout() != nullptr; }));
     }
 
-    /// The table with this accessible name, in front.
-    QTableView *table(const QString &name)
+    /// The table of the list with this title, brought to the front.
+    QTableView *table(const QString &title)
     {
-        const auto views = page->findChildren<QTableView *>();
-        for (QTableView *const view : views) {
-            if (view->accessibleName() == name) {
-                page->findChild<QTabWidget *>()->setCurrentWidget(view->parentWidget());
-                EXPECT_TRUE(QTest::qWaitFor([view] { return view->isVisible(); }));
+        auto &lists = *page->findChild<QTabWidget *>();
+        for (int tab = 0; tab < lists.count(); ++tab) {
+            if (lists.tabText(tab).startsWith(title + " (")) {
+                lists.setCurrentIndex(tab);
+                QTableView *view = nullptr;
+                const auto isShown = [&] {
+                    view = lists.currentWidget()->findChild<QTableView *>();
+                    return view && view->isVisible();
+                };
+                EXPECT_TRUE(QTest::qWaitFor(isShown));
+                EXPECT_EQ(view->accessibleName(), title);
                 view->setFocus();
                 return view;
             }
         }
-        throw std::runtime_error("no table " + name.toStdString());
+        throw std::runtime_error("no list " + title.toStdString());
     }
 
     template<class Widget>
@@ -141,6 +147,27 @@ TEST_F(ModelPageWindow, ShowsARecordAsAForm)
     EXPECT_TRUE(QTest::qWaitFor([&] { return fact("memory total")->text() == "1.00 MiB"; }));
     EXPECT_EQ(fact("memory total")->toolTip(), "memoryTotal: 1048576 bytes");
     EXPECT_EQ(fact("secure boot")->text(), "–") << "an absent field of a message";
+}
+
+TEST_F(ModelPageWindow, LetsAFactBeSelectedUnderTheMouse)
+{
+    open(Types::SubFunc_serverResourceInfo);
+    QLabel *const value = fact("memory total");
+    QEvent entered(QEvent::Enter);
+    QApplication::sendEvent(value, &entered);
+    QTest::mouseDClick(value, Qt::LeftButton, {}, QPoint(2, value->height() / 2));
+    EXPECT_EQ(value->selectedText(), "0");
+}
+
+TEST_F(ModelPageWindow, MakesAListWhenItsTabComesToTheFront)
+{
+    manager<ITavNetControlMgr>().setUIData({{false, 0, "a"}});
+    open(Types::SubFunc_serverResourceInfo);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return page->findChildren<QTableView *>().size() == 1; }));
+    table("Network: devices");
+    EXPECT_EQ(page->findChildren<QTableView *>().size(), 2);
+    table("Network rows");
+    EXPECT_EQ(page->findChildren<QTableView *>().size(), 2) << "the first one is still there";
 }
 
 TEST_F(ModelPageWindow, SortsAndFiltersByMouseAndKeyboard)
@@ -298,5 +325,7 @@ TEST_F(ModelPageWindow, EndsAtAnyMoment)
 TEST_F(ModelPageWindow, SaysWhenNothingIsBehindIt)
 {
     open(Types::SubFunc_None);
+    QTest::qWait(500); // it is read again
+    ASSERT_EQ(page->findChildren<QLabel *>().size(), 1);
     EXPECT_EQ(page->findChild<QLabel *>()->text(), "No manager holds anything for this page.");
 }
