@@ -2,6 +2,7 @@
 
 #include "ITavAccessControlMgr.h"
 #include "ITavHostInfoMgr.h"
+#include "ITavOneReinforceMgr.h"
 #include "RecordEdit.h"
 
 #include <QCheckBox>
@@ -164,6 +165,35 @@ TEST(CallPanel, FillsInWhatTheManagerHolds)
     QTest::mouseClick(client.button("Fill In What Is Held"), Qt::LeftButton);
     auto *const field = client.named<QPlainTextEdit>("state");
     EXPECT_TRUE(waitUntil([field] { return field->toPlainText().contains("\"state\": 3"); }));
+}
+
+TEST(CallPanel, ShowsTheBeginningOfALargeResult)
+{
+    TestCalls client;
+    client.session.host().manager<ITavOneReinforceMgr>()->setStateInfo({{QString(3 << 20, 'x'), "1"}});
+    client.choose("ITavOneReinforceMgr", "getStateInfo(");
+    EXPECT_EQ(client.resultAfterCall().size(), 1 << 20);
+    EXPECT_TRUE(labelTexts(*client.window).contains("of which the first 1,048,576 of 3,1")) << "and says so";
+    client.choose("ITavOneReinforceMgr", "setStateInfo(");
+    QTest::mouseClick(client.button("Fill In What Is Held"), Qt::LeftButton);
+    auto *const result = client.named<QPlainTextEdit>("Result");
+    EXPECT_TRUE(waitUntil([result] { return result->toPlainText().contains("too many to be edited"); }));
+}
+
+TEST(CallPanel, CallsNothingWhenAnOperationIsChosen)
+{
+    TestCalls client;
+    client.choose("ITavNetControlMgr", "setState(");
+    auto *const list = client.named<QListWidget>("Operations");
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), client.named<QPlainTextEdit>("state"));
+    client.choose("ITavNetControlMgr", "getState(");
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), client.button("Call"));
+    QTest::qWait(100);
+    EXPECT_TRUE(client.session.calls().from(0).entries.isEmpty());
 }
 
 TEST(CallPanel, CallsThePictureManagerOnTheGuiThread)

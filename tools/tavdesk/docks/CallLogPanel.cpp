@@ -76,6 +76,10 @@ QVector<LoggedCall> CallLogPanel::selectedCalls() const
 
 void CallLogPanel::save(const QString &file, const QVector<LoggedCall> &calls)
 {
+    emit begun(tr("Writing the calls"));
     m_writer.run([file, calls] { return saveAsScenario(file, calls); },
-                 [this, file](const QString &error) { emit saved(file, error); });
+                 [this, file](const QString &error) {
+                     emit ended();
+                     emit saved(file, error);
+                 });
 }

@@ -22,6 +22,8 @@ public:
     void save(const QString &file, const QVector<LoggedCall> &calls);
 
 signals:
+    void begun(const QString &text);
+    void ended();
     /// @p error is empty when the file was written.
     void saved(const QString &file, const QString &error);
 
