@@ -123,7 +123,7 @@ int main(int argc, char **argv)
         report("idle, an empty window", heartbeat);
     }
     fill(*host.manager<ITavNetControlMgr>());
-    ModelPage page(CTavSubFuncTypeHeader::SubFunc_serverResourceInfo,
+    ModelPage page(CTavSubFuncTypeHeader::SubFunc_serverResourceInfo, host.registry(),
                    [](const QString &, const QString &, const QJsonArray &) {});
     page.resize(1000, 700);
     {

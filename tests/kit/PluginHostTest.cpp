@@ -152,6 +152,16 @@ TEST_F(PluginHost, HasFreshManagersEachTime)
     }
 }
 
+TEST_F(PluginHost, GivesTheRegistryBackToTheOlderHost)
+{
+    TavPluginHost older(pluginFile);
+    {
+        TavPluginHost newer(pluginFile);
+        EXPECT_EQ(tavObject<ITavAuditMgr>(), newer.manager<ITavAuditMgr>());
+    }
+    EXPECT_EQ(tavObject<ITavAuditMgr>(), older.manager<ITavAuditMgr>());
+}
+
 TEST_F(PluginHost, LeavesTheRegistryOfANewerHostInPlace)
 {
     std::optional<TavPluginHost> older(pluginFile);

@@ -12,6 +12,7 @@ class PageArea;
 class PlayBar;
 class Recording;
 class ScenarioPlay;
+class WorkStatus;
 
 /**
  * @brief The window of a session: the navigation, the page that is open, and around them what the session does.
@@ -74,5 +75,6 @@ private:
     NavigationView *m_navigation = nullptr;
     AgentBar *m_agentBar;
     PlayBar *m_playBar;
+    WorkStatus *m_status;
     QVector<QDockWidget *> m_docks; ///< the navigation is the first
 };

@@ -16,6 +16,12 @@ public:
     /// All three may end before it, when they announce nothing any more.
     WorkStatus(AgentFeeder &feeder, ScenarioPlay &play, Recording &recording, QWidget *parent = nullptr);
 
+    /// Where other work is announced.
+    BusyBar &busy()
+    {
+        return *m_busy;
+    }
+
 private:
     void showFeeding();
     void showPlay();

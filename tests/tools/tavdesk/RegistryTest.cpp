@@ -38,7 +38,7 @@ TEST(Registry, FollowsAnObjectFromThreadToThread)
     thread.setObjectName("elsewhere");
     auto *const object = new QObject;
     TavGlobalInfoMgr::getObjectMgr()->registerObject(key, object, true);
-    RegistryModel model;
+    RegistryModel model(*TavGlobalInfoMgr::getObjectMgr());
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     EXPECT_EQ(shown(model, RegistryModel::Thread).toStdString(), "gui");
     object->moveToThread(&thread);
@@ -52,6 +52,6 @@ TEST(Registry, TakesAnObjectWithoutAThread)
     auto *const object = new QObject;
     object->moveToThread(nullptr);
     TavGlobalInfoMgr::getObjectMgr()->registerObject(key, object, true);
-    const RegistryModel model;
+    const RegistryModel model(*TavGlobalInfoMgr::getObjectMgr());
     EXPECT_EQ(shown(model, RegistryModel::Thread).toStdString(), "-");
 }

@@ -3,7 +3,6 @@
 #include "BaselineList.h"
 #include "MessageTable.h"
 #include "RecordTable.h"
-#include "TavObjectMgr.h"
 #include "TavOperations.h"
 
 #include <QCoreApplication>
@@ -48,10 +47,16 @@ QVector<PartTable> tablesOf(const Value &value)
     }
 }
 
-template<auto Getter>
-QVector<PartTable> read()
+template<class Interface>
+Interface *managerIn(ITavObjectMgr &registry)
 {
-    auto *const manager = tavObject<typename TavOperations::Operation<Getter>::Interface>();
+    return qobject_cast<Interface *>(registry.getObject(tavManagerKey(qobject_interface_iid<Interface *>())));
+}
+
+template<auto Getter>
+QVector<PartTable> read(ITavObjectMgr &registry)
+{
+    auto *const manager = managerIn<typename TavOperations::Operation<Getter>::Interface>(registry);
     return manager ? tablesOf((manager->*Getter)()) : QVector<PartTable>();
 }
 
@@ -72,9 +77,9 @@ PageValue value(const char *title)
 }
 
 /// The items of the configuration file: the manager is asked for them one by one.
-QVector<PartTable> readBaselineItems()
+QVector<PartTable> readBaselineItems(ITavObjectMgr &registry)
 {
-    auto *const manager = tavObject<ITavLineScanMgr>();
+    auto *const manager = managerIn<ITavLineScanMgr>(registry);
     if (!manager) {
         return {};
     }

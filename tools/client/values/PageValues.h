@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CTavSubFuncTypeHeader.h"
+#include "TavObjectMgr.h"
 #include "ValueTable.h"
 
 /// @brief A table that belongs to a value.
@@ -14,7 +15,7 @@ struct PageValue {
     const char *title; ///< in English, of the translation context "PageValues"
     QString manager; ///< name of the interface
     QString getter;
-    QVector<PartTable> (*read)(); ///< calls the getter; nothing where its manager is not registered
+    QVector<PartTable> (*readFrom)(ITavObjectMgr &registry); ///< calls the getter; nothing where its manager is missing
 
     QString rowEdit = {}; ///< overwrites one row of the list
     bool isByPosition = false; ///< it finds the row by its position, which it takes as the row's `index`
@@ -23,6 +24,12 @@ struct PageValue {
     QString uncheckAll = {}; ///< takes off the check mark of every row
     QString toggleRow = {}; ///< toggles the entry at a position, of the list in the message
     QString toggleAll = {}; ///< toggles every entry
+
+    /// From the client's current registry.
+    QVector<PartTable> read() const
+    {
+        return readFrom(*TavGlobalInfoMgr::getObjectMgr());
+    }
 
     PageValue byPosition() const;
     PageValue exclusive() const;

@@ -7,17 +7,17 @@
 
 #include <algorithm>
 
-RegistryModel::RegistryModel(QObject *parent) : QAbstractTableModel(parent)
+RegistryModel::RegistryModel(ITavObjectMgr &registry, QObject *parent)
+    : QAbstractTableModel(parent), m_registry(registry)
 {
     update();
 }
 
 void RegistryModel::update()
 {
-    ITavObjectMgr &registry = *TavGlobalInfoMgr::getObjectMgr();
-    QVector<STObjectKey> keys = registry.getObjectKeys();
+    QVector<STObjectKey> keys = m_registry.getObjectKeys();
     for (int row = m_rows.size() - 1; row >= 0; --row) {
-        const QObject *const object = registry.getObject(m_rows[row].key);
+        const QObject *const object = m_registry.getObject(m_rows[row].key);
         if (object && object == m_rows[row].object) {
             keys.removeOne(m_rows[row].key);
             if (const QString thread = threadOf(*object); thread != m_rows[row].thread) {
@@ -31,7 +31,7 @@ void RegistryModel::update()
         }
     }
     for (const STObjectKey &key : qAsConst(keys)) {
-        if (const QObject *const object = registry.getObject(key)) {
+        if (const QObject *const object = m_registry.getObject(key)) {
             beginInsertRows({}, m_rows.size(), m_rows.size());
             m_rows.append(rowOf(key, *object));
             endInsertRows();

@@ -5,14 +5,15 @@
 #include <QAbstractTableModel>
 #include <QDateTime>
 
-/// @brief What is registered now in the client's current registry. GUI thread.
+/// @brief What is registered now. GUI thread.
 class RegistryModel : public QAbstractTableModel
 {
     Q_OBJECT
 public:
     enum Column { Key, Class, Interface, Thread, Since, ColumnCount };
 
-    explicit RegistryModel(QObject *parent = nullptr);
+    /// @p registry outlives the model.
+    explicit RegistryModel(ITavObjectMgr &registry, QObject *parent = nullptr);
 
     /// Takes over what has been registered or has ended since the last time.
     void update();
@@ -35,5 +36,6 @@ private:
     static Row rowOf(const STObjectKey &key, const QObject &object);
     static QString threadOf(const QObject &object);
 
+    ITavObjectMgr &m_registry;
     QVector<Row> m_rows;
 };

@@ -7,9 +7,9 @@
 #include <QTimer>
 #include <QVBoxLayout>
 
-RegistryPanel::RegistryPanel(QWidget *parent) : QWidget(parent)
+RegistryPanel::RegistryPanel(ITavObjectMgr &registry, QWidget *parent) : QWidget(parent)
 {
-    auto *const model = new RegistryModel(this);
+    auto *const model = new RegistryModel(registry, this);
     auto *const view = new QTableView;
     view->setModel(model);
     view->setAccessibleName(tr("Registered objects"));

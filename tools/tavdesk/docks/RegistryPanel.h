@@ -1,11 +1,14 @@
 #pragma once
 
+#include "TavObjectMgr.h"
+
 #include <QWidget>
 
-/// @brief What is registered in the client's registry, at which it looks once a second.
+/// @brief What is registered in a registry, at which it looks once a second.
 class RegistryPanel : public QWidget
 {
     Q_OBJECT
 public:
-    explicit RegistryPanel(QWidget *parent = nullptr);
+    /// @p registry outlives the panel.
+    explicit RegistryPanel(ITavObjectMgr &registry, QWidget *parent = nullptr);
 };

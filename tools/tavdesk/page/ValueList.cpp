@@ -6,8 +6,6 @@
 #include "ValueModel.h"
 
 #include <QAction>
-#include <QApplication>
-#include <QClipboard>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
@@ -59,15 +57,24 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
         connect(action, &QAction::triggered, this, slot);
         m_view->addAction(action);
     };
-    addKey(QKeySequence::Copy, [this] { copySelected(); });
+    addKey(QKeySequence::Copy, [this] { emit copyRequested(selectedRows()); });
     addKey(Qt::Key_Space, [this] { toggleOrCheckSelected(); });
+    addKey(Qt::CTRL + Qt::SHIFT + Qt::Key_S, [this] { sortByCurrentColumn(); });
 
     connect(&model, &ValueModel::checkRequested, this,
             [this](int row, bool checked) { check({m_model.rows().order[row]}, checked); });
     connect(&model, &ValueModel::rowsInserted, this, &ValueList::updateCount);
+    if (model.rowCount() == 0) { // the widths fit the titles alone
+        m_widthsOfTitles = connect(&model, &ValueModel::rowsInserted, this, &ValueList::fitFirstRows);
+    }
     connect(&model, &ValueModel::rowsRemoved, this, &ValueList::updateCount);
     updateCount();
     setColumnWidths();
+    connect(m_view->horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
+        if (column + 1 < m_model.columnCount()) { // the last one takes what is left, whoever changes that
+            disconnect(m_widthsOfTitles); // they are somebody's own now
+        }
+    });
 }
 
 void ValueList::addEdits(QBoxLayout &bar, const QString &part)
@@ -112,6 +119,26 @@ void ValueList::setColumnWidths()
     }
 }
 
+void ValueList::fitFirstRows()
+{
+    disconnect(m_widthsOfTitles);
+    setColumnWidths();
+}
+
+/// Ascending, then descending, then in the list's own order again.
+void ValueList::sortByCurrentColumn()
+{
+    QHeaderView &header = *m_view->horizontalHeader();
+    const int column = m_view->currentIndex().column();
+    if (header.sortIndicatorSection() != column) {
+        header.setSortIndicator(column, Qt::AscendingOrder);
+    } else if (header.sortIndicatorOrder() == Qt::AscendingOrder) {
+        header.setSortIndicator(column, Qt::DescendingOrder);
+    } else {
+        header.setSortIndicator(-1, Qt::AscendingOrder);
+    }
+}
+
 void ValueList::updateCount()
 {
     m_filter->setCount(m_model.rowCount(), m_model.rows().table->rowCount());
@@ -141,34 +168,21 @@ void ValueList::toggleOrCheckSelected()
     for (int column = 0; column < m_model.columnCount() && !rows.isEmpty(); ++column) {
         const QModelIndex mark = m_model.index(m_view->currentIndex().row(), column);
         if (mark.flags().testFlag(Qt::ItemIsUserCheckable)) {
-            check(rows, mark.data(Qt::CheckStateRole).toInt() != Qt::Checked);
+            // Of an exclusive list the current row alone: its page would take the mark off all others.
+            const int current = m_model.rows().order[m_view->currentIndex().row()];
+            check(m_value.isExclusive ? QVector<int>{current} : rows,
+                  mark.data(Qt::CheckStateRole).toInt() != Qt::Checked);
         }
     }
-}
-
-void ValueList::copySelected() const
-{
-    QStringList lines;
-    const QModelIndexList rows = m_view->selectionModel()->selectedRows();
-    for (const QModelIndex &row : rows) {
-        QStringList cells;
-        for (int column = 0; column < m_model.columnCount(); ++column) {
-            const QModelIndex index = row.siblingAtColumn(column);
-            const bool isMark = index.data(Qt::CheckStateRole).isValid();
-            cells.append(index.data(isMark ? Qt::AccessibleTextRole : Qt::DisplayRole).toString());
-        }
-        lines.append(cells.join(QLatin1Char('\t')));
-    }
-    QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 
 QVector<int> ValueList::selectedRows() const
 {
     QVector<int> rows;
-    const QModelIndexList selected = m_view->selectionModel()->selectedRows();
-    for (const QModelIndex &index : selected) {
+    QModelIndexList selected = m_view->selectionModel()->selectedRows();
+    std::sort(selected.begin(), selected.end());
+    for (const QModelIndex &index : qAsConst(selected)) {
         rows.append(m_model.rows().order[index.row()]);
     }
-    std::sort(rows.begin(), rows.end());
     return rows;
 }
