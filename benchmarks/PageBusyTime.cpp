@@ -123,8 +123,10 @@ int main(int argc, char **argv)
         report("idle, an empty window", heartbeat);
     }
     fill(*host.manager<ITavNetControlMgr>());
-    ModelPage page(CTavSubFuncTypeHeader::SubFunc_serverResourceInfo, host.registry(),
-                   [](const QString &, const QString &, const QJsonArray &) {});
+    ModelPage page(
+        CTavSubFuncTypeHeader::SubFunc_serverResourceInfo, host.registry(),
+        [](const QString &, const QString &, const QJsonArray &) {},
+        [](const QString &, const QString &) { return QVector<QJsonArray>(); });
     page.resize(1000, 700);
     {
         const Heartbeat heartbeat;

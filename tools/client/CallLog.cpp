@@ -43,6 +43,9 @@ qint64 lengthOf(const QJsonValue &arguments)
 
 void CallLog::note(const LoggedCall &call)
 {
+    if (call.error.isEmpty()) {
+        m_keys.note(call.manager, call.operation, call.arguments);
+    }
     {
         // With the lock held, so that the lines of a recording keep the order of the log.
         const QMutexLocker lock(&m_recorderMutex);

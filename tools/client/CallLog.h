@@ -1,6 +1,7 @@
 #pragma once
 
 #include "BoundedLog.h"
+#include "KnownKeys.h"
 
 #include <QDateTime>
 #include <QJsonValue>
@@ -34,10 +35,17 @@ public:
     /// result. Throws TavCallError.
     QJsonValue make(QObject *object, const QString &manager, const QString &operation, const QJsonValue &arguments);
 
+    /// The keys that the calls noted so far have set, also those that the log has forgotten.
+    const KnownKeys &keys() const
+    {
+        return m_keys;
+    }
+
     /// Has every call noted from now on told to @p recorder, too; null ends that. Calls that were refused are not told.
     void setRecorder(std::shared_ptr<TavScenarioRecorder> recorder);
 
 private:
+    KnownKeys m_keys;
     QMutex m_recorderMutex;
     std::shared_ptr<TavScenarioRecorder> m_recorder;
 };

@@ -93,6 +93,9 @@ QWidget *PageArea::newContent(const TavSubFuncTypeData_ &page)
         page.subFuncType, m_session.host().registry(),
         [&session = m_session](const QString &manager, const QString &operation, const QJsonArray &arguments) {
             session.call(manager, operation, arguments);
+        },
+        [&session = m_session](const QString &manager, const QString &getter) {
+            return session.calls().keys().of(manager, getter);
         });
     connect(content, &ModelPage::begun, this, [this, content](const QString &text, bool canBeStopped) {
         emit workBegun(content, text, canBeStopped ? [content] { content->stop(); } : std::function<void()>());

@@ -155,6 +155,22 @@ TEST_F(PageValues, ShowKeyedTablesAsAWholeWithoutLeavingKeysBehind)
     EXPECT_EQ(table.cell(0, table.column("level")), QVariant(3));
 }
 
+TEST_F(PageValues, ShowWhatAKeyedTableHoldsUnderOneKey)
+{
+    auto *const access = host.manager<ITavAccessControlMgr>();
+    const STObjectDetailAsr object{};
+    access->updateObjectDetail(5, true, {object});
+    access->updateObjectDetail(5, false, {object, object});
+    for (const PageValue &value : valuesOf(CTavSubFuncTypeHeader::SubFunc_ObjectSetting)) {
+        EXPECT_EQ(value.readKeyFrom != nullptr, value.getter == "getObjectDetail");
+        if (value.readKeyFrom) {
+            EXPECT_EQ(value.keyNames, (QStringList{"key", "flag"}));
+            EXPECT_EQ(value.readKeyFrom(host.registry(), {5, true}).constFirst().table->rowCount(), 1);
+            EXPECT_EQ(value.readKeyFrom(host.registry(), {5, false}).constFirst().table->rowCount(), 2);
+        }
+    }
+}
+
 TEST_F(PageValues, ShowTheListsOfAMessageAsTablesOfTheirOwn)
 {
     Tav::HostInfo::SystemFileStateAsr state;

@@ -76,6 +76,36 @@ PageValue value(const char *title)
     return value;
 }
 
+template<class Values, std::size_t... i>
+Values valuesOf(const QJsonArray &key, std::index_sequence<i...>)
+{
+    return {TavJson::fromJson<std::tuple_element_t<i, Values>>(key[int(i)])...};
+}
+
+template<auto Getter>
+QVector<PartTable> readKey(ITavObjectMgr &registry, const QJsonArray &key)
+{
+    using Operation = TavOperations::Operation<Getter>;
+    auto *const manager = managerIn<typename Operation::Interface>(registry);
+    const auto ask = [manager](auto... values) { return tablesOf((manager->*Getter)(values...)); };
+    const auto indexes = std::make_index_sequence<Operation::argumentCount>();
+    return manager ? std::apply(ask, valuesOf<typename Operation::Values>(key, indexes)) : QVector<PartTable>();
+}
+
+/// The value that @p Whole returns; @p OfKey returns the part of it that is held under a key.
+template<auto Whole, auto OfKey>
+PageValue keyedValue(const char *title)
+{
+    using Operation = TavOperations::Operation<OfKey>;
+    PageValue keyed = value<Whole>(title);
+    for (const std::string_view name :
+         std::get<Operation>(TavOperations::Table<typename Operation::Interface>::list).argumentNames) {
+        keyed.keyNames.append(text(name));
+    }
+    keyed.readKeyFrom = readKey<OfKey>;
+    return keyed;
+}
+
 /// The items of the configuration file: the manager is asked for them one by one.
 QVector<PartTable> readBaselineItems(ITavObjectMgr &registry)
 {
@@ -102,7 +132,7 @@ using Reinforce = ITavOneReinforceMgr;
 using Scan = ITavLineScanMgr;
 using TavOperations::overload;
 
-// One value a line. A keyed table is read as a whole: asking for a key that is not there would leave it behind.
+// One value a line. A keyed table can be read as a whole: asking for a key that is not there would leave it behind.
 // clang-format off
 
 QHash<int, QVector<PageValue>> allPages()
@@ -161,7 +191,8 @@ QHash<int, QVector<PageValue>> allPages()
         }},
         {Page::SubFunc_PrincipalSettings, {
             value<&Access::getSystemUsers>(QT_TRANSLATE_NOOP("PageValues", "System users")),
-            value<overload<QVector<STPriDetailAsr>()>(&Access::getUserDetail)>(
+            keyedValue<overload<QVector<STPriDetailAsr>()>(&Access::getUserDetail),
+                       overload<QVector<STPriDetailAsr>(int)>(&Access::getUserDetail)>(
                 QT_TRANSLATE_NOOP("PageValues", "Principal details")),
             value<&Access::getUIPriData>(QT_TRANSLATE_NOOP("PageValues", "Principal levels")).exclusive(),
             value<&Access::getCheckPriLevel>(QT_TRANSLATE_NOOP("PageValues", "Checked principal level")),
@@ -169,7 +200,8 @@ QHash<int, QVector<PageValue>> allPages()
             value<&Access::getState>(QT_TRANSLATE_NOOP("PageValues", "Last command")),
         }},
         {Page::SubFunc_ObjectSetting, {
-            value<overload<QVector<STObjectDetailAsr>()>(&Access::getObjectDetail)>(
+            keyedValue<overload<QVector<STObjectDetailAsr>()>(&Access::getObjectDetail),
+                       overload<QVector<STObjectDetailAsr>(int, bool)>(&Access::getObjectDetail)>(
                 QT_TRANSLATE_NOOP("PageValues", "Object details")),
             value<&Access::getUIObjectData>(QT_TRANSLATE_NOOP("PageValues", "Object levels")).exclusive(),
             value<&Access::getCheckObjectLevel>(QT_TRANSLATE_NOOP("PageValues", "Checked object level")),

@@ -4,6 +4,8 @@
 #include "TavObjectMgr.h"
 #include "ValueTable.h"
 
+#include <QJsonArray>
+
 /// @brief A table that belongs to a value.
 struct PartTable {
     QString part; ///< the list in a message that it shows, as the message calls it; empty for the value itself
@@ -24,6 +26,10 @@ struct PageValue {
     QString uncheckAll = {}; ///< takes off the check mark of every row
     QString toggleRow = {}; ///< toggles the entry at a position, of the list in the message
     QString toggleAll = {}; ///< toggles every entry
+
+    QStringList keyNames = {}; ///< what the keys of a keyed table consist of; none for other values
+    /// Calls the getter for one key, which must be one that was set: the manager would insert any other.
+    QVector<PartTable> (*readKeyFrom)(ITavObjectMgr &registry, const QJsonArray &key) = nullptr;
 
     /// From the client's current registry.
     QVector<PartTable> read() const

@@ -1115,6 +1115,14 @@
         <source>Toggle all</source>
         <translation>全部切换</translation>
     </message>
+    <message>
+        <source>Key of %1</source>
+        <translation>%1 的键</translation>
+    </message>
+    <message>
+        <source>all keys</source>
+        <translation>所有键</translation>
+    </message>
 </context>
 <context>
     <name>ValueModel</name>

@@ -23,6 +23,7 @@ struct PartReading {
     const PageValue *value;
     QString part;
     std::optional<RowChange> change; ///< none when it is as it was
+    QVector<QJsonArray> keys; ///< of a keyed table
 };
 
 /// @brief What a reading of the page has found.
@@ -48,7 +49,7 @@ using Edit = std::function<QString(const IsStopped &)>;
 
 /// Makes the edits, reads the page, and finds out what is new. On the worker.
 PageReading readPage(ModelPage::Page page, ITavObjectMgr &registry, const QVector<View> &views,
-                     const QVector<Edit> &edits, const IsStopped &isStopped)
+                     const QVector<Edit> &edits, const ModelPage::Keys &keysOf, const IsStopped &isStopped)
 {
     QElapsedTimer timer;
     timer.start();
@@ -59,11 +60,15 @@ PageReading readPage(ModelPage::Page page, ITavObjectMgr &registry, const QVecto
         }
     }
     for (const PageValue &value : valuesOf(page)) {
-        const QVector<PartTable> tables = value.readFrom(registry);
+        const QVector<QJsonArray> keys
+            = value.readKeyFrom ? keysOf(value.manager, value.getter) : QVector<QJsonArray>();
+        const QJsonArray key = views.value(reading.parts.size()).arrangement.key;
+        const QVector<PartTable> tables
+            = keys.contains(key) ? value.readKeyFrom(registry, key) : value.readFrom(registry);
         for (const PartTable &table : tables) {
             const View view = views.value(reading.parts.size());
             reading.parts.append(
-                {&value, table.part, changeOf(view.rows, table.table, view.arrangement, ValueModel::now())});
+                {&value, table.part, changeOf(view.rows, table.table, view.arrangement, ValueModel::now()), keys});
         }
     }
     reading.milliseconds = static_cast<int>(timer.elapsed());
@@ -99,8 +104,13 @@ ValueTablePointer tableOf(const PageValue &value, ITavObjectMgr &registry, const
 }
 }
 
-ModelPage::ModelPage(Page page, ITavObjectMgr &registry, Call call, QWidget *parent)
-    : QWidget(parent), m_page(page), m_registry(registry), m_call(std::move(call)), m_worker(QStringLiteral("page"))
+ModelPage::ModelPage(Page page, ITavObjectMgr &registry, Call call, Keys keys, QWidget *parent)
+    : QWidget(parent)
+    , m_page(page)
+    , m_registry(registry)
+    , m_call(std::move(call))
+    , m_keys(std::move(keys))
+    , m_worker(QStringLiteral("page"))
 {
     m_next.setSingleShot(true);
     connect(&m_next, &QTimer::timeout, this, &ModelPage::read);
@@ -137,8 +147,8 @@ void ModelPage::read()
     }
     emit begun(m_edits.isEmpty() ? tr("Reading the page") : tr("Editing the list"), !m_edits.isEmpty());
     m_isStopped = std::make_shared<IsStopped>(false);
-    m_worker.run([page = m_page, &registry = m_registry, views, edits = std::exchange(m_edits, {}),
-                  isStopped = m_isStopped] { return readPage(page, registry, views, edits, *isStopped); },
+    m_worker.run([page = m_page, &registry = m_registry, views, edits = std::exchange(m_edits, {}), keys = m_keys,
+                  isStopped = m_isStopped] { return readPage(page, registry, views, edits, keys, *isStopped); },
                  [this](const PageReading &reading) { take(reading); });
 }
 
@@ -164,6 +174,7 @@ void ModelPage::take(const PageReading &reading)
             }
         }
         showCounts();
+        takeKeys(reading.parts);
         m_worker.run([gone = std::move(gone)] { return 0; }, [](int) {}); // long lists die there
     }
     if (!reading.problems.isEmpty()) {
@@ -188,7 +199,8 @@ void ModelPage::make(const QVector<PartReading> &parts)
     m_lists->setDocumentMode(true);
     m_lists->setAccessibleName(tr("Lists"));
     for (const PartReading &found : parts) {
-        Part part{found.value, found.part, titleOf(found), new ValueModel(!found.value->rowEdit.isEmpty(), this), -1};
+        Part part{found.value, found.part, titleOf(found), new ValueModel(!found.value->rowEdit.isEmpty(), this),
+                  -1,          found.keys, nullptr};
         part.model->apply(*found.change);
         const QString origin = found.value->manager + QStringLiteral("::") + found.value->getter;
         if (found.change->rows.table->isList()) {
@@ -267,18 +279,31 @@ void ModelPage::showCounts()
 
 void ModelPage::makeList(int tab)
 {
-    const auto part
-        = std::find_if(m_parts.cbegin(), m_parts.cend(), [tab](const Part &part) { return part.tab == tab; });
-    if (part == m_parts.cend() || m_lists->widget(tab)->layout()->count() > 0) {
+    const auto part = std::find_if(m_parts.begin(), m_parts.end(), [tab](const Part &part) { return part.tab == tab; });
+    if (part == m_parts.end() || part->list) {
         return;
     }
-    auto *const list = new ValueList(*part->value, part->name, *part->model, part->title);
+    part->list = new ValueList(*part->value, part->name, *part->model, part->title);
+    part->list->setKeys(part->keys);
     connect(
-        list, &ValueList::edited, this,
+        part->list, &ValueList::edited, this,
         [this, part = *part](const QVector<int> &rows, const ValueList::Edit &wanted) { edit(part, rows, wanted); });
-    connect(list, &ValueList::copyRequested, this,
+    connect(part->list, &ValueList::copyRequested, this,
             [this, model = part->model](const QVector<int> &rows) { copy(model->rows().table, rows); });
-    m_lists->widget(tab)->layout()->addWidget(list);
+    m_lists->widget(tab)->layout()->addWidget(part->list);
+}
+
+// When all changes have been applied: a list whose key is gone wants another reading, of what is then shown.
+void ModelPage::takeKeys(const QVector<PartReading> &parts)
+{
+    for (int i = 0; i < m_parts.size(); ++i) {
+        if (m_parts[i].keys != parts[i].keys) {
+            m_parts[i].keys = parts[i].keys;
+            if (m_parts[i].list) {
+                m_parts[i].list->setKeys(parts[i].keys);
+            }
+        }
+    }
 }
 
 void ModelPage::edit(const Part &part, const QVector<int> &rows, const ValueList::Edit &edit)

@@ -34,8 +34,11 @@ public:
     /// Makes a call on a manager; throws TavCallError when it is refused. Called on the page's thread.
     using Call = std::function<void(const QString &manager, const QString &operation, const QJsonArray &arguments)>;
 
-    /// The managers are those of @p registry; it, and what @p call needs, outlive the page.
-    ModelPage(Page page, ITavObjectMgr &registry, Call call, QWidget *parent = nullptr);
+    /// The keys under which a manager holds what this getter returns. Called on the page's thread.
+    using Keys = std::function<QVector<QJsonArray>(const QString &manager, const QString &getter)>;
+
+    /// The managers are those of @p registry; it, and what @p call and @p keys need, outlive the page.
+    ModelPage(Page page, ITavObjectMgr &registry, Call call, Keys keys, QWidget *parent = nullptr);
     ~ModelPage() override;
 
     /// Leaves the rest of an edit undone: the calls that were not made.
@@ -58,6 +61,8 @@ private:
         QString title;
         ValueModel *model;
         int tab; ///< -1 for facts
+        QVector<QJsonArray> keys; ///< of a keyed table
+        ValueList *list; ///< null until its tab has been in front
     };
 
     void read();
@@ -67,6 +72,7 @@ private:
     void makeList(int tab);
     void showNothing();
     void showCounts();
+    void takeKeys(const QVector<PartReading> &parts);
     void edit(const Part &part, const QVector<int> &rows, const ValueList::Edit &edit);
     void copy(const ValueTablePointer &table, const QVector<int> &rows);
     void showProblem(const QString &problem);
@@ -74,6 +80,7 @@ private:
     const Page m_page;
     ITavObjectMgr &m_registry;
     const Call m_call;
+    const Keys m_keys;
     QVector<Part> m_parts; ///< in the order of reading
     FactsPanel *m_facts = nullptr;
     QTabWidget *m_lists = nullptr;

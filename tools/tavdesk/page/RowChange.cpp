@@ -334,7 +334,9 @@ std::optional<RowChange> changeOf(const ShownRows &before, const ValueTablePoint
     if (isFirst) {
         return change;
     }
-    change.rows.marks = marksAfter(before, table->rowCount(), predecessors, now);
+    if (arrangement.key == before.arrangement.key) { // what is held under another key is not what has changed
+        change.rows.marks = marksAfter(before, table->rowCount(), predecessors, now);
+    }
     change.hasChangedCells = predecessors;
     fillSteps(change, before, predecessors);
     return change;

@@ -2,6 +2,7 @@
 
 #include "ValueTable.h"
 
+#include <QJsonArray>
 #include <QVector>
 
 #include <optional>
@@ -11,10 +12,11 @@ struct Arrangement {
     QString filter; ///< rows with this text in one of their cells, whatever its case; all when empty
     int column = -1; ///< sorted by the values of this column; -1 for the table's own order
     Qt::SortOrder order = Qt::AscendingOrder;
+    QJsonArray key = {}; ///< of a keyed table, what is held under this key alone; all of it when empty
 
     bool operator==(const Arrangement &other) const
     {
-        return filter == other.filter && column == other.column && order == other.order;
+        return filter == other.filter && column == other.column && order == other.order && key == other.key;
     }
 };
 

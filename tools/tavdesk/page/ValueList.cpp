@@ -6,9 +6,11 @@
 #include "ValueModel.h"
 
 #include <QAction>
+#include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QSignalBlocker>
 #include <QTableView>
 
 #include <algorithm>
@@ -24,10 +26,18 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     , m_value(value)
     , m_model(model)
     , m_isToggled(!value.toggleRow.isEmpty() && !part.isEmpty())
+    , m_keys(new QComboBox)
     , m_filter(new FilterBar(name, this))
     , m_view(new QTableView)
 {
     connect(m_filter, &FilterBar::textChanged, &model, &ValueModel::setFilter);
+
+    m_keys->setAccessibleName(tr("Key of %1").arg(name));
+    m_keys->setSizeAdjustPolicy(QComboBox::AdjustToContents);
+    m_keys->addItem(tr("all keys"), QJsonArray());
+    m_keys->hide();
+    connect(m_keys, QOverload<int>::of(&QComboBox::currentIndexChanged), &model,
+            [this](int index) { m_model.setKey(m_keys->itemData(index).toJsonArray()); });
 
     auto *const style = new TableStyle;
     style->setParent(m_view);
@@ -42,6 +52,7 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     m_view->setSortingEnabled(true);
 
     auto *const bar = new QHBoxLayout;
+    bar->addWidget(m_keys);
     bar->addWidget(m_filter, 1);
     bar->addStretch(1);
     addEdits(*bar, part);
@@ -75,6 +86,30 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
             disconnect(m_widthsOfTitles); // they are somebody's own now
         }
     });
+}
+
+void ValueList::setKeys(const QVector<QJsonArray> &keys)
+{
+    const int first = 1; // behind the entry for all
+    {
+        const QSignalBlocker blocker(m_keys); // the choice stays, unless its key is gone
+        const QVariant chosen = m_keys->currentData();
+        while (m_keys->count() > first) {
+            m_keys->removeItem(first);
+        }
+        for (const QJsonArray &key : keys) {
+            QStringList texts;
+            for (int i = 0; i < key.size(); ++i) {
+                texts.append(m_value.keyNames[i] + QLatin1Char(' ') + key[i].toVariant().toString());
+            }
+            m_keys->addItem(texts.join(QStringLiteral(", ")), key);
+        }
+        m_keys->setCurrentIndex(std::max(0, m_keys->findData(chosen)));
+    }
+    m_keys->setVisible(!keys.isEmpty());
+    if (const QJsonArray key = m_keys->currentData().toJsonArray(); key != m_model.arrangement().key) {
+        m_model.setKey(key);
+    }
 }
 
 void ValueList::addEdits(QBoxLayout &bar, const QString &part)

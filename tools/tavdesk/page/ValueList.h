@@ -8,6 +8,7 @@
 
 class FilterBar;
 class QBoxLayout;
+class QComboBox;
 class QTableView;
 class ValueModel;
 
@@ -29,6 +30,9 @@ public:
     /// @p model has its first rows; it and @p value outlive the list. @p name is what accessibility calls the table.
     ValueList(const PageValue &value, const QString &part, ValueModel &model, const QString &name,
               QWidget *parent = nullptr);
+
+    /// Offers to show what is held under one of these keys; none: does not.
+    void setKeys(const QVector<QJsonArray> &keys);
 
     /// The calls of an edit, for the list as it then is.
     using Edit = std::function<QVector<ValueEdit>(const ValueTable &table)>;
@@ -54,6 +58,7 @@ private:
     const PageValue &m_value;
     ValueModel &m_model;
     const bool m_isToggled; ///< the part's entries have a state to toggle
+    QComboBox *m_keys;
     FilterBar *m_filter;
     QTableView *m_view;
     QMetaObject::Connection m_widthsOfTitles; ///< until there are rows, or somebody sets a width

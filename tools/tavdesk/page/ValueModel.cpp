@@ -87,6 +87,12 @@ void ValueModel::setFilter(const QString &text)
     emit arrangementChanged();
 }
 
+void ValueModel::setKey(const QJsonArray &key)
+{
+    m_arrangement.key = key;
+    emit arrangementChanged();
+}
+
 void ValueModel::sort(int column, Qt::SortOrder order)
 {
     m_arrangement.column = column;

@@ -34,6 +34,7 @@ public:
     }
 
     void setFilter(const QString &text);
+    void setKey(const QJsonArray &key);
     void sort(int column, Qt::SortOrder order = Qt::AscendingOrder) override;
 
     int rowCount(const QModelIndex &parent = {}) const override;

@@ -5,6 +5,7 @@
 #include "ITavNetControlMgr.h"
 #include "ITavOneReinforceMgr.h"
 #include "ITavProtectMgr.h"
+#include "KnownKeys.h"
 #include "PrintQString.h"
 #include "TavCall.h"
 #include "TavPluginHost.h"
@@ -12,6 +13,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
@@ -43,7 +45,8 @@ protected:
             [this, call](const QString &manager, const QString &operation, const QJsonArray &arguments) {
                 call();
                 TavCall::call(host.managerObject(manager.toUtf8().constData()), manager, operation, arguments);
-            });
+            },
+            [this](const QString &manager, const QString &getter) { return keys.of(manager, getter); });
         page->resize(900, 700);
         page->show();
         page->activateWindow();
@@ -126,6 +129,7 @@ protected:
     }
 
     TavPluginHost host{TAV_PLUGIN_FILE};
+    KnownKeys keys;
     std::unique_ptr<ModelPage> page;
 };
 
@@ -268,6 +272,43 @@ TEST_F(ModelPageWindow, FindsARowByItsPositionWhereItsManagerDoes)
     EXPECT_TRUE(QTest::qWaitFor([&] { return net.getUIData()[1].isChecked; }));
     EXPECT_EQ(net.getUIData()[1].protoData, "b");
     EXPECT_FALSE(net.getUIData()[0].isChecked);
+}
+
+TEST_F(ModelPageWindow, ShowsWhatIsHeldUnderTheChosenKey)
+{
+    auto &access = manager<ITavAccessControlMgr>();
+    const auto hold = [&](int key, const QVector<int> &levels) {
+        QVector<STPriDetailAsr> details(levels.size());
+        for (int i = 0; i < levels.size(); ++i) {
+            details[i].level = levels[i];
+        }
+        access.updateUserDetail(key, details);
+        keys.note("ITavAccessControlMgr", "updateUserDetail", QJsonArray{key, QJsonArray()});
+    };
+    hold(10, {3, 4});
+    hold(9, {5});
+    open(Types::SubFunc_PrincipalSettings);
+    QTableView *const details = table("Principal details");
+    auto *const chosen = details->parentWidget()->findChild<QComboBox *>();
+    ASSERT_TRUE(chosen->isVisible());
+    EXPECT_EQ(details->model()->rowCount(), 3);
+    EXPECT_EQ(chosen->itemText(1), "key 9");
+    QTest::keyClick(chosen, Qt::Key_Down);
+    QTest::keyClick(chosen, Qt::Key_Down);
+    EXPECT_EQ(chosen->currentText(), "key 10");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return details->model()->rowCount() == 2; }));
+    EXPECT_FALSE(details->model()->index(0, 0).data(Qt::BackgroundRole).isValid()) << "no row has changed";
+    hold(8, {});
+    hold(10, {6});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return details->model()->rowCount() == 1; }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return chosen->count() == 4; }));
+    EXPECT_EQ(chosen->currentText(), "key 10") << "a new key leaves the choice";
+
+    access.clearCacheData();
+    keys.note("ITavAccessControlMgr", "clearCacheData", {});
+    hold(9, {5, 5, 5});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return details->model()->rowCount() == 3; }));
+    EXPECT_EQ(chosen->currentText(), "all keys");
 }
 
 TEST_F(ModelPageWindow, TogglesDevices)
@@ -440,8 +481,10 @@ TEST_F(ModelPageWindow, RestsWhileItIsHidden)
 TEST_F(ModelPageWindow, EndsAtAnyMoment)
 {
     for (int moment = 0; moment < 40; ++moment) {
-        page = std::make_unique<ModelPage>(Types::SubFunc_serverResourceInfo, host.registry(),
-                                           [](const QString &, const QString &, const QJsonArray &) {});
+        page = std::make_unique<ModelPage>(
+            Types::SubFunc_serverResourceInfo, host.registry(),
+            [](const QString &, const QString &, const QJsonArray &) {},
+            [](const QString &, const QString &) { return QVector<QJsonArray>(); });
         page->show();
         QTest::qWait(moment);
         page.reset();
