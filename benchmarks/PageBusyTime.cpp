@@ -124,7 +124,8 @@ int main(int argc, char **argv)
     }
     fill(*host.manager<ITavNetControlMgr>());
     ModelPage page(
-        CTavSubFuncTypeHeader::SubFunc_serverResourceInfo, [](const QString &, const QString &, const QJsonArray &) {},
+        CTavSubFuncTypeHeader::SubFunc_serverResourceInfo, host.registry(),
+        [](const QString &, const QString &, const QJsonArray &) {},
         [](const QString &, const QString &) { return QVector<QJsonArray>(); });
     page.resize(1000, 700);
     {

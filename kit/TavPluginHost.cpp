@@ -8,6 +8,7 @@
 #include <QElapsedTimer>
 #include <QFileInfo>
 #include <QJsonObject>
+#include <QMutex>
 #include <QPluginLoader>
 #include <QVersionNumber>
 
@@ -200,6 +201,8 @@ QVector<TavRegistration> registerObjects(const QString &file, ITavDataPlugin &pl
         plugin.registerObj();
     } catch (const std::exception &error) {
         throw TavPluginError(Kind::Exception, file, QString("its registerObj() throws: ") + error.what());
+    } catch (...) {
+        throw TavPluginError(Kind::Exception, file, "its registerObj() throws what is no std::exception");
     }
     return recorder.registrations();
 }
@@ -252,6 +255,37 @@ void checkManagers(const QString &file, TavObjectMgr &registry)
             : QString("registers other managers than the %1: ").arg(TavOperations::interfaceNames().size())
                 + (mistakes + unknownKeys(registry)).join(", "));
 }
+
+/// @brief The registries of the hosts that are there, the newest at the end. Any thread.
+class HostRegistries
+{
+public:
+    static HostRegistries &instance()
+    {
+        static auto &registries = *new HostRegistries; // a host may end after all that is static
+        return registries;
+    }
+
+    void add(ITavObjectMgr *registry)
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_registries.append(registry);
+        TavGlobalInfoMgr::setObjectMgr(registry);
+    }
+
+    void remove(ITavObjectMgr *registry)
+    {
+        const QMutexLocker lock(&m_mutex);
+        m_registries.removeOne(registry);
+        if (TavGlobalInfoMgr::getObjectMgr() == registry) {
+            TavGlobalInfoMgr::setObjectMgr(m_registries.isEmpty() ? nullptr : m_registries.constLast());
+        }
+    }
+
+private:
+    QMutex m_mutex;
+    QVector<ITavObjectMgr *> m_registries;
+};
 }
 
 TavPluginHost::TavPluginHost(const QString &file) : m_file(file)
@@ -263,14 +297,12 @@ TavPluginHost::TavPluginHost(const QString &file) : m_file(file)
     m_loadNanoseconds = timer.nsecsElapsed();
     m_registrations = registerObjects(file, plugin, m_registry);
     checkManagers(file, m_registry);
-    TavGlobalInfoMgr::setObjectMgr(&m_registry);
+    HostRegistries::instance().add(&m_registry);
 }
 
 TavPluginHost::~TavPluginHost()
 {
-    if (TavGlobalInfoMgr::getObjectMgr() == &m_registry) {
-        TavGlobalInfoMgr::setObjectMgr(nullptr);
-    }
+    HostRegistries::instance().remove(&m_registry);
 }
 
 QVector<TavRegistration> TavPluginHost::loadPages(const QString &file)

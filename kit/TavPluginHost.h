@@ -36,7 +36,8 @@ public:
     /// the libraries that it needs runs before its identifier has told that it is the data plugin.
     explicit TavPluginHost(const QString &file);
 
-    /// Ends the managers, and restores the built-in registry where this host's is the current one.
+    /// Ends the managers. Where this host's registry is the current one, the newest of the other hosts' takes its
+    /// place, or the built-in one where there is none.
     ~TavPluginHost();
 
     Q_DISABLE_COPY(TavPluginHost) // it owns the managers
@@ -61,6 +62,12 @@ public:
 
     /// The object that is registered for the interface with this name; null when there is none.
     QObject *managerObject(const char *interfaceName);
+
+    /// Where the managers and the controllers are registered. Any thread may look something up.
+    ITavObjectMgr &registry()
+    {
+        return m_registry;
+    }
 
     /// What the data plugin has registered, in its order; what others register later is not among it.
     const QVector<TavRegistration> &registrations() const

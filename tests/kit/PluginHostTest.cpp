@@ -152,6 +152,16 @@ TEST_F(PluginHost, HasFreshManagersEachTime)
     }
 }
 
+TEST_F(PluginHost, GivesTheRegistryBackToTheOlderHost)
+{
+    TavPluginHost older(pluginFile);
+    {
+        TavPluginHost newer(pluginFile);
+        EXPECT_EQ(tavObject<ITavAuditMgr>(), newer.manager<ITavAuditMgr>());
+    }
+    EXPECT_EQ(tavObject<ITavAuditMgr>(), older.manager<ITavAuditMgr>());
+}
+
 TEST_F(PluginHost, LeavesTheRegistryOfANewerHostInPlace)
 {
     std::optional<TavPluginHost> older(pluginFile);
@@ -452,6 +462,8 @@ TEST_F(PluginHost, NamesWhatIsWrongWithAPagePlugin)
         {fixture("NoManagersPlugin"), Kind::NoPages, "registers nothing", "name a page plugin"},
         {pluginFile, Kind::NoPages, "registers managers and no controller", "name a page plugin"},
         {fixture("ThrowingPlugin"), Kind::Exception, "its registerObj() throws: out of order",
+         "mend the plugin, or leave it out"},
+        {fixture("ThrowingNumberPlugin"), Kind::Exception, "its registerObj() throws what is no std::exception",
          "mend the plugin, or leave it out"},
     };
     TavPluginHost host(pluginFile);

@@ -83,9 +83,9 @@ void Recording::end()
         [this](const TavRecordProgress &progress) {
             setState(State::Off);
             if (!progress.error.isEmpty()) {
-                emit failed(m_file, "cannot be written any further: " + progress.error);
+                emit failed(m_file, tr("cannot be written any further: %1").arg(progress.error));
             } else if (progress.lost > 0) {
-                emit failed(m_file, countedText(progress.lost, "call") + " missing in it");
+                emit failed(m_file, tr("%n call(s) are missing in it", nullptr, int(progress.lost)));
             }
         });
 }

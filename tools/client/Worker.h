@@ -21,10 +21,11 @@ public:
         m_thread.start();
     }
 
-    /// Waits for the work under way; what has not begun is left undone.
+    /// Waits until all work is done, also what has not begun: a file that was to be written is written.
     ~Worker()
     {
-        m_thread.quit();
+        QMetaObject::invokeMethod(
+            &m_there, [this] { m_thread.quit(); }, Qt::QueuedConnection);
         m_thread.wait();
     }
     Q_DISABLE_COPY(Worker) // its thread knows it

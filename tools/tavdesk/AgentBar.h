@@ -10,7 +10,7 @@ class AgentBar : public QToolBar
 {
     Q_OBJECT
 public:
-    /// Both outlive the bar.
+    /// Both may end before the bar, when nobody works it any more.
     AgentBar(AgentFeeder &feeder, Recording &recording, QWidget *parent = nullptr);
 
 private:

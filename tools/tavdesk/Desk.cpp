@@ -65,7 +65,14 @@ int Desk::savePictures()
         printError(problem);
         return usageError;
     }
-    return 0;
+    return m_hasProblem ? usageError : 0;
+}
+
+void Desk::showFailure(const QString &problem)
+{
+    if (m_window) {
+        m_window->showProblem(MainWindow::tr("A part of the window has failed"), problem);
+    }
 }
 
 void Desk::open()
@@ -73,6 +80,13 @@ void Desk::open()
     m_session = std::make_unique<ClientSession>(m_options.plugin, m_options.root);
     const QVector<TavPluginError> refused = m_session->loadPages(m_options.pages);
     m_window = std::make_unique<MainWindow>(*m_session);
+    if (!m_options.pictures.isEmpty()) {
+        QObject::connect(m_window.get(), &MainWindow::problemShown, m_window.get(),
+                         [this](const QString &what, const QString &problem) {
+                             printError(what + QLatin1String(": ") + problem);
+                             m_hasProblem = true;
+                         });
+    }
     for (const TavPluginError &error : refused) {
         m_window->showProblem(MainWindow::tr("%1 is not shown").arg(error.file()),
                               sentence(error.problem()) + QLatin1Char('\n') + sentence(error.advice()));

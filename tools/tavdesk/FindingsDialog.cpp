@@ -16,11 +16,11 @@ QString placeText(const Finding &finding)
 }
 }
 
-FindingsDialog::FindingsDialog(const QString &file, const Findings &findings, QWidget *parent) : QDialog(parent)
+FindingsDialog::FindingsDialog(const QString &heading, const Findings &findings, QWidget *parent) : QDialog(parent)
 {
     setWindowTitle(tr("Findings"));
-    auto *const heading = new QLabel(findings.isEmpty() ? tr("%1: nothing was found.").arg(file) : file);
-    heading->setTextFormat(Qt::PlainText);
+    auto *const line = new QLabel(heading);
+    line->setTextFormat(Qt::PlainText);
     auto *const table = new QTreeWidget;
     table->setAccessibleName(tr("Findings"));
     table->setHeaderLabels({tr("Place"), tr("Problem"), tr("Effect"), tr("Advice")});
@@ -35,7 +35,7 @@ FindingsDialog::FindingsDialog(const QString &file, const Findings &findings, QW
     auto *const buttons = new QDialogButtonBox(QDialogButtonBox::Close);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
     auto *const layout = new QVBoxLayout(this);
-    layout->addWidget(heading);
+    layout->addWidget(line);
     layout->addWidget(table);
     layout->addWidget(buttons);
     resize(900, 420);

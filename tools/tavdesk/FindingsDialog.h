@@ -9,5 +9,5 @@ class FindingsDialog : public QDialog
 {
     Q_OBJECT
 public:
-    FindingsDialog(const QString &file, const Findings &findings, QWidget *parent = nullptr);
+    FindingsDialog(const QString &heading, const Findings &findings, QWidget *parent = nullptr);
 };

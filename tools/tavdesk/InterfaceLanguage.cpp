@@ -6,12 +6,12 @@
 
 namespace
 {
-void install(const QLocale &locale, const QString &catalogue, const QString &directory)
+/// Whether there is such a catalogue for the language.
+bool install(const QLocale &locale, const QString &catalogue, const QString &directory)
 {
     auto *const translator = new QTranslator(qApp);
-    if (translator->load(locale, catalogue, QStringLiteral("_"), directory)) {
-        QCoreApplication::installTranslator(translator);
-    }
+    return translator->load(locale, catalogue, QStringLiteral("_"), directory)
+        && QCoreApplication::installTranslator(translator);
 }
 }
 
@@ -19,6 +19,7 @@ void setInterfaceLanguage(const QLocale &locale)
 {
     Q_INIT_RESOURCE(translations); // the linker leaves out what nothing names
     install(QLocale::English, QStringLiteral("tavdesk"), QStringLiteral(":/i18n")); // its plurals
-    install(locale, QStringLiteral("tavdesk"), QStringLiteral(":/i18n"));
-    install(locale, QStringLiteral("qtbase"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    if (install(locale, QStringLiteral("tavdesk"), QStringLiteral(":/i18n"))) { // or its dialogs would mix languages
+        install(locale, QStringLiteral("qtbase"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    }
 }

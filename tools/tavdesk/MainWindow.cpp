@@ -2,8 +2,10 @@
 
 #include "AgentBar.h"
 #include "AgentFeeder.h"
+#include "BusyBar.h"
 #include "CallLogPanel.h"
 #include "CallPanel.h"
+#include "CatalogueProblem.h"
 #include "ClientSession.h"
 #include "DeliveryPanel.h"
 #include "IconPictures.h"
@@ -49,6 +51,15 @@ QString withoutMnemonic(QString text)
     return text.remove(QRegularExpression(QStringLiteral("\\(&.\\)"))).remove(QLatin1Char('&'));
 }
 
+/// Shows what @p panel does when it takes long; it cannot be stopped.
+template<class Panel>
+void announce(const Panel &panel, BusyBar &busy)
+{
+    QObject::connect(&panel, &Panel::begun, &busy,
+                     [&panel, &busy](const QString &text) { busy.begin(&panel, text, {}); });
+    QObject::connect(&panel, &Panel::ended, &busy, [&panel, &busy] { busy.end(&panel); });
+}
+
 /// Adds the buttons of @p bar to @p menu; its fields have their places in the bar alone.
 void addButtons(QMenu &menu, const QToolBar &bar)
 {
@@ -69,6 +80,7 @@ MainWindow::MainWindow(ClientSession &session)
     , m_pages(new PageArea(session))
     , m_agentBar(new AgentBar(*m_feeder, *m_recording))
     , m_playBar(new PlayBar(*m_play))
+    , m_status(new WorkStatus(*m_feeder, *m_play, *m_recording))
 {
     setWindowTitle(tr("Security Client for Development"));
     setAcceptDrops(true);
@@ -79,8 +91,10 @@ MainWindow::MainWindow(ClientSession &session)
     addToolBar(m_playBar);
     addDocks();
     addMenus();
-    statusBar()->addWidget(new WorkStatus(*m_feeder, *m_play, *m_recording), 1);
+    statusBar()->addWidget(m_status, 1);
 
+    connect(m_pages, &PageArea::workBegun, &m_status->busy(), &BusyBar::begin);
+    connect(m_pages, &PageArea::workEnded, &m_status->busy(), &BusyBar::end);
     connect(m_pages, &PageArea::pageChosen, &m_session, &ClientSession::select);
     connect(m_navigation, &NavigationView::pageChosen, &m_session, &ClientSession::select);
     connect(&m_session, &ClientSession::pageChanged, this, [this](ClientSession::Page page) {
@@ -111,6 +125,7 @@ void MainWindow::showProblem(const QString &what, const QString &problem)
     box->setTextFormat(Qt::PlainText);
     box->setInformativeText(problem);
     box->open();
+    emit problemShown(what, problem);
 }
 
 void MainWindow::closeEvent(QCloseEvent *event)
@@ -139,7 +154,7 @@ void MainWindow::addDocks()
     ITavPicResourceMgr &pictures = *m_session.host().manager<ITavPicResourceMgr>();
     const QStringList directories = pictureDirectories();
     // First, since it has the manager load the pictures of the navigation.
-    auto *const picturePanel = new PicturePanel(pictures, directories);
+    auto *const picturePanel = new PicturePanel(m_session, directories);
     m_navigation = new NavigationView(new NavigationModel(navigationTree(), pictures, directories));
     addDock(QStringLiteral("navigation"), tr("&Navigation"), m_navigation, Qt::LeftDockWidgetArea);
 
@@ -151,13 +166,17 @@ void MainWindow::addDocks()
             showProblem(tr("%1 cannot be written").arg(file), error);
         }
     });
+    auto *const call = new CallPanel(m_session);
+    announce(*calls, m_status->busy());
+    announce(*call, m_status->busy());
     const QVector<QDockWidget *> below{
-        addDock(QStringLiteral("registry"), tr("&Registry"), new RegistryPanel, Qt::BottomDockWidgetArea),
+        addDock(QStringLiteral("registry"), tr("&Registry"), new RegistryPanel(m_session.host().registry()),
+                Qt::BottomDockWidgetArea),
         addDock(QStringLiteral("calls"), tr("&Calls"), calls, Qt::BottomDockWidgetArea),
         addDock(QStringLiteral("deliveries"), tr("Page C&hanges"), new DeliveryPanel(m_session.deliveries()),
                 Qt::BottomDockWidgetArea),
         addDock(QStringLiteral("lines"), tr("&Log"), new LinePanel(m_session.lines()), Qt::BottomDockWidgetArea),
-        addDock(QStringLiteral("call"), tr("Call an &Operation"), new CallPanel(m_session), Qt::BottomDockWidgetArea),
+        addDock(QStringLiteral("call"), tr("Call an &Operation"), call, Qt::BottomDockWidgetArea),
         addDock(QStringLiteral("pictures"), tr("&Pictures"), picturePanel, Qt::BottomDockWidgetArea)};
     for (int i = 1; i < below.size(); ++i) {
         tabifyDockWidget(below[i - 1], below[i]);
@@ -175,10 +194,11 @@ QDockWidget *MainWindow::addDock(const QString &name, const QString &title, QWid
     dock->setWidget(content);
     addDockWidget(area, dock);
     m_docks.append(dock);
-    QAction *const action = dock->toggleViewAction();
-    action->setText(title);
-    // The shortcut brings the dock to the front, too: showing one that lies under another shows nothing.
-    auto *const toFront = new QShortcut(QKeySequence(int(Qt::CTRL) + Qt::Key_0 + m_docks.size()), this);
+    // The key is no shortcut of the entry, but shown with it: it brings the dock to the front, which a dock that lies
+    // under another needs as much as one that is hidden.
+    const QKeySequence key(int(Qt::CTRL) + Qt::Key_0 + m_docks.size());
+    dock->toggleViewAction()->setText(title + QLatin1Char('\t') + key.toString(QKeySequence::NativeText));
+    auto *const toFront = new QShortcut(key, this);
     connect(toFront, &QShortcut::activated, dock, [dock, content] {
         dock->show();
         dock->raise();
@@ -190,6 +210,8 @@ QDockWidget *MainWindow::addDock(const QString &name, const QString &title, QWid
 void MainWindow::addMenus()
 {
     QMenu &file = *menuBar()->addMenu(tr("&File"));
+    file.addAction(tr("&Findings in the Catalogue…"), this, [this] { showCatalogueFindings(this); });
+    file.addSeparator();
     file.addAction(tr("&Quit"), this, &QWidget::close, QKeySequence::Quit);
     QMenu &agent = *menuBar()->addMenu(tr("&Agent"));
     addButtons(agent, *m_agentBar);

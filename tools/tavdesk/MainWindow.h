@@ -12,6 +12,7 @@ class PageArea;
 class PlayBar;
 class Recording;
 class ScenarioPlay;
+class WorkStatus;
 
 /**
  * @brief The window of a session: the navigation, the page that is open, and around them what the session does.
@@ -53,6 +54,9 @@ public:
     /// Shows what cannot be done in a dialog that keeps nothing waiting.
     void showProblem(const QString &what, const QString &problem);
 
+signals:
+    void problemShown(const QString &what, const QString &problem);
+
 protected:
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
@@ -71,5 +75,6 @@ private:
     NavigationView *m_navigation = nullptr;
     AgentBar *m_agentBar;
     PlayBar *m_playBar;
+    WorkStatus *m_status;
     QVector<QDockWidget *> m_docks; ///< the navigation is the first
 };

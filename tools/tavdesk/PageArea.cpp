@@ -89,12 +89,17 @@ QWidget *PageArea::newContent(const TavSubFuncTypeData_ &page)
     if (auto *const controller = qobject_cast<ITavPage *>(object)) {
         return newOwnPage(*controller, page);
     }
-    return new ModelPage(
-        page.subFuncType,
+    auto *const content = new ModelPage(
+        page.subFuncType, m_session.host().registry(),
         [&session = m_session](const QString &manager, const QString &operation, const QJsonArray &arguments) {
             session.call(manager, operation, arguments);
         },
         [&session = m_session](const QString &manager, const QString &getter) {
             return session.calls().keys().of(manager, getter);
         });
+    connect(content, &ModelPage::begun, this, [this, content](const QString &text, bool canBeStopped) {
+        emit workBegun(content, text, canBeStopped ? [content] { content->stop(); } : std::function<void()>());
+    });
+    connect(content, &ModelPage::ended, this, [this, content] { emit workEnded(content); });
+    return content;
 }

@@ -5,6 +5,8 @@
 #include <QHash>
 #include <QStackedWidget>
 
+#include <functional>
+
 class ClientSession;
 
 /**
@@ -34,6 +36,10 @@ public:
 signals:
     /// A page that stands alone, or the one above it, has been asked for.
     void pageChosen(const TavSubFuncTypeData_ &page);
+
+    /// As BusyBar::begin() and BusyBar::end() take it, of any page.
+    void workBegun(const QObject *what, const QString &text, const std::function<void()> &stop);
+    void workEnded(const QObject *what);
 
 private:
     QWidget *newPage(Page page);

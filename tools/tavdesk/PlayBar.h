@@ -2,7 +2,6 @@
 
 #include <QToolBar>
 
-class QComboBox;
 class QLabel;
 class QSlider;
 class ScenarioPlay;
@@ -12,7 +11,7 @@ class PlayBar : public QToolBar
 {
     Q_OBJECT
 public:
-    /// @p play outlives the bar.
+    /// @p play may end before the bar, when nobody works it any more.
     explicit PlayBar(ScenarioPlay &play, QWidget *parent = nullptr);
 
 private:

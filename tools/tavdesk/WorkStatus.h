@@ -8,13 +8,19 @@ class QLabel;
 class Recording;
 class ScenarioPlay;
 
-/// @brief What the agent, the scenario and the recording are doing, for the status bar; what takes long can be stopped.
+/// @brief What the agent, the scenario and the recording are doing, for the status bar.
 class WorkStatus : public QWidget
 {
     Q_OBJECT
 public:
-    /// All three outlive it.
+    /// All three may end before it, when they announce nothing any more.
     WorkStatus(AgentFeeder &feeder, ScenarioPlay &play, Recording &recording, QWidget *parent = nullptr);
+
+    /// Where other work is announced.
+    BusyBar &busy()
+    {
+        return *m_busy;
+    }
 
 private:
     void showFeeding();

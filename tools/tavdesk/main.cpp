@@ -1,8 +1,8 @@
 #include "CommandLine.h"
 #include "Desk.h"
+#include "DeskApplication.h"
 #include "InterfaceLanguage.h"
 
-#include <QApplication>
 #include <QIcon>
 
 // What escapes is a lack of memory, which nothing here could report.
@@ -17,7 +17,7 @@ int main(int argc, char **argv) // NOLINT(bugprone-exception-escape)
     }
     QCoreApplication::setAttribute(Qt::AA_EnableHighDpiScaling);
     QCoreApplication::setAttribute(Qt::AA_UseHighDpiPixmaps);
-    QApplication application(argc, argv);
+    DeskApplication application(argc, argv);
     QApplication::setOrganizationName(QStringLiteral("tavsec"));
     QApplication::setApplicationName(QStringLiteral("tavdesk"));
     QApplication::setApplicationVersion(QStringLiteral(TAV_VERSION));
@@ -25,6 +25,8 @@ int main(int argc, char **argv) // NOLINT(bugprone-exception-escape)
     QApplication::setWindowIcon(QIcon::fromTheme(QStringLiteral("org.tavsec.tavdesk")));
     setInterfaceLanguage(QLocale());
     Desk desk(options);
+    QObject::connect(&application, &DeskApplication::threw, &application,
+                     [&desk](const QString &problem) { desk.showFailure(problem); });
     if (!options.pictures.isEmpty()) {
         return desk.savePictures();
     }

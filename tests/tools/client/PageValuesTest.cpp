@@ -164,11 +164,11 @@ TEST_F(PageValues, ShowWhatAKeyedTableHoldsUnderOneKey)
     access->updateObjectDetail(5, true, {object});
     access->updateObjectDetail(5, false, {object, object});
     for (const PageValue &value : valuesOf(CTavSubFuncTypeHeader::SubFunc_ObjectSetting)) {
-        EXPECT_EQ(value.readKey != nullptr, value.getter == "getObjectDetail");
-        if (value.readKey) {
+        EXPECT_EQ(value.readKeyFrom != nullptr, value.getter == "getObjectDetail");
+        if (value.readKeyFrom) {
             EXPECT_EQ(value.keyNames, (QStringList{"key", "flag"}));
-            EXPECT_EQ(value.readKey({5, true}).constFirst().table->rowCount(), 1);
-            EXPECT_EQ(value.readKey({5, false}).constFirst().table->rowCount(), 2);
+            EXPECT_EQ(value.readKeyFrom(host.registry(), {5, true}).constFirst().table->rowCount(), 1);
+            EXPECT_EQ(value.readKeyFrom(host.registry(), {5, false}).constFirst().table->rowCount(), 2);
         }
     }
 }

@@ -4,6 +4,7 @@
 #include "TavScenarioPlayer.h"
 
 #include <QAbstractItemModelTester>
+#include <QFileDialog>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QLineEdit>
@@ -88,6 +89,43 @@ TEST(CallLogPanel, ShowsWhatTheFilterLeaves)
     EXPECT_EQ(test.rows(), 4);
 }
 
+TEST(CallLogPanel, KeepsTheSelectionWhenTheFilterChanges)
+{
+    TestPanel test;
+    test.note("getState");
+    test.note("setNetCount");
+    test.note("getNetCount");
+    EXPECT_EQ(test.rows(), 3);
+    test.view().selectRow(2);
+    auto &filter = *test.panel.findChild<QLineEdit *>();
+    QTest::keyClicks(&filter, "count");
+    EXPECT_EQ(test.panel.selectedRows(), QVector<int>{1});
+    filter.clear();
+    EXPECT_EQ(test.panel.selectedRows(), QVector<int>{2});
+}
+
+TEST(CallLogPanel, HoldsStillUnderWhoeverHasScrolledUp)
+{
+    TestPanel test;
+    for (int i = 0; i < 20'000; ++i) {
+        test.note(QString::number(i));
+    }
+    EXPECT_EQ(test.rows(), 20'000);
+    test.view().scrollTo(test.view().model()->index(10'000, 0), QAbstractItemView::PositionAtTop);
+    const auto topText = [&test] {
+        const QModelIndex top = test.view().indexAt({0, 0});
+        return top.siblingAtColumn(3).data().toString();
+    };
+    ASSERT_EQ(topText().toStdString(), "10000");
+    for (int i = 0; i < 500; ++i) {
+        test.note("new");
+    }
+    EXPECT_EQ(test.rows(), 20'000);
+    EXPECT_EQ(topText().toStdString(), "10000");
+    QTest::qWait(50);
+    EXPECT_EQ(topText().toStdString(), "10000") << "also when it has been laid out anew";
+}
+
 TEST(CallLogPanel, TakesCallsFromAnyThread)
 {
     TestPanel test;
@@ -120,7 +158,7 @@ TEST(CallLogPanel, SavesTheSelectionAsAScenarioThatPlays)
     QString error = "not told";
     QObject::connect(&test.panel, &CallLogPanel::saved, &test.panel,
                      [&error](const QString &, const QString &told) { error = told; });
-    test.panel.saveSelection(directory.filePath("saved.jsonl"));
+    test.panel.save(directory.filePath("saved.jsonl"), test.panel.selectedCalls());
     ASSERT_TRUE(waitUntil([&] { return error != "not told"; }));
     EXPECT_EQ(error.toStdString(), "");
 
@@ -135,6 +173,38 @@ TEST(CallLogPanel, SavesTheSelectionAsAScenarioThatPlays)
     EXPECT_EQ(state["state"].toInt(), 7);
 }
 
+TEST(CallLogPanel, SavesWhatWasSelectedWhenTheDialogOpened)
+{
+    TestPanel test;
+    test.note("getState");
+    test.note("getNetCount");
+    EXPECT_EQ(test.rows(), 2);
+    test.view().selectRow(0);
+    const QTemporaryDir directory;
+    const QString file = directory.filePath("saved.jsonl");
+    QString error = "not told";
+    QObject::connect(&test.panel, &CallLogPanel::saved, &test.panel,
+                     [&error](const QString &, const QString &told) { error = told; });
+    const QList<QAction *> actions = test.panel.findChildren<QAction *>();
+    for (QAction *const action : actions) {
+        if (action->text() == "Save Selection…") {
+            action->trigger();
+        }
+    }
+    auto *const dialog = test.panel.findChild<QFileDialog *>();
+    ASSERT_TRUE(dialog);
+    test.log.clear(); // as a log does that has gone on for long
+    test.note("setNetCount");
+    EXPECT_EQ(test.rows(), 1);
+    dialog->selectFile(file);
+    static_cast<QDialog *>(dialog)->accept();
+    ASSERT_TRUE(waitUntil([&] { return error != "not told"; }));
+    EXPECT_EQ(error.toStdString(), "");
+    const QByteArray saved = contentOf(file);
+    EXPECT_TRUE(saved.contains("getState")) << saved.constData();
+    EXPECT_FALSE(saved.contains("NetCount")) << saved.constData();
+}
+
 TEST(CallLogPanel, SaysWhyTheSelectionCannotBeSaved)
 {
     TestPanel test;
@@ -144,6 +214,6 @@ TEST(CallLogPanel, SaysWhyTheSelectionCannotBeSaved)
     QString error;
     QObject::connect(&test.panel, &CallLogPanel::saved, &test.panel,
                      [&error](const QString &, const QString &told) { error = told; });
-    test.panel.saveSelection("/proc/no/such/folder.jsonl");
+    test.panel.save("/proc/no/such/folder.jsonl", test.panel.selectedCalls());
     EXPECT_TRUE(waitUntil([&] { return !error.isEmpty(); }));
 }

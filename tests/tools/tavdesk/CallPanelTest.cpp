@@ -2,11 +2,13 @@
 
 #include "ITavAccessControlMgr.h"
 #include "ITavHostInfoMgr.h"
+#include "ITavOneReinforceMgr.h"
 #include "RecordEdit.h"
 
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDockWidget>
+#include <QFileDialog>
 #include <QJsonArray>
 #include <QJsonObject>
 #include <QLineEdit>
@@ -165,6 +167,35 @@ TEST(CallPanel, FillsInWhatTheManagerHolds)
     EXPECT_TRUE(waitUntil([field] { return field->toPlainText().contains("\"state\": 3"); }));
 }
 
+TEST(CallPanel, ShowsTheBeginningOfALargeResult)
+{
+    TestCalls client;
+    client.session.host().manager<ITavOneReinforceMgr>()->setStateInfo({{QString(3 << 20, 'x'), "1"}});
+    client.choose("ITavOneReinforceMgr", "getStateInfo(");
+    EXPECT_EQ(client.resultAfterCall().size(), 1 << 20);
+    EXPECT_TRUE(labelTexts(*client.window).contains("of which the first 1,048,576 of 3,1")) << "and says so";
+    client.choose("ITavOneReinforceMgr", "setStateInfo(");
+    QTest::mouseClick(client.button("Fill In What Is Held"), Qt::LeftButton);
+    auto *const result = client.named<QPlainTextEdit>("Result");
+    EXPECT_TRUE(waitUntil([result] { return result->toPlainText().contains("too many to be edited"); }));
+}
+
+TEST(CallPanel, CallsNothingWhenAnOperationIsChosen)
+{
+    TestCalls client;
+    client.choose("ITavNetControlMgr", "setState(");
+    auto *const list = client.named<QListWidget>("Operations");
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), client.named<QPlainTextEdit>("state"));
+    client.choose("ITavNetControlMgr", "getState(");
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_Return);
+    EXPECT_EQ(QApplication::focusWidget(), client.button("Call"));
+    QTest::qWait(100);
+    EXPECT_TRUE(client.session.calls().from(0).entries.isEmpty());
+}
+
 TEST(CallPanel, CallsThePictureManagerOnTheGuiThread)
 {
     TestCalls client;
@@ -184,6 +215,20 @@ TEST(CallPanel, IsReachedAndUsedWithTheKeyboardAlone)
     EXPECT_TRUE(waitUntil([&] { return client.session.calls().from(0).entries.size() == 1; }));
 }
 
+TEST(PicturePanel, AppendsADirectoryAsACallThatIsNoted)
+{
+    TestCalls client;
+    const QTemporaryDir directory;
+    client.button("Append…")->click();
+    auto *const dialog = client.window->findChild<QFileDialog *>();
+    ASSERT_TRUE(dialog);
+    emit dialog->filesSelected({directory.path()});
+    const auto calls = client.session.calls().from(0).entries;
+    ASSERT_EQ(calls.size(), 1);
+    EXPECT_EQ(calls[0].operation, "appendPicResourcePath");
+    EXPECT_EQ(client.named<QListWidget>("Directories")->findItems(directory.path(), Qt::MatchExactly).size(), 1);
+}
+
 TEST(PicturePanel, ListsThePicturesOfTheInstallationByTheirKeys)
 {
     TestWindow client;
@@ -191,10 +236,4 @@ TEST(PicturePanel, ListsThePicturesOfTheInstallationByTheirKeys)
     EXPECT_EQ(model.rowCount(), 36);
     EXPECT_EQ(model.index(0, 0).data().toString(), "NAVIGATION/ACCESSICON");
     EXPECT_EQ(model.index(0, 1).data().toString(), "48×48");
-}
-
-TEST(Registry, ShowsTheFifteenManagers)
-{
-    TestWindow client;
-    EXPECT_EQ(client.named<QTableView>("Registered objects")->model()->rowCount(), 15);
 }

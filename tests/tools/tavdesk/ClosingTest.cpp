@@ -2,10 +2,12 @@
 
 #include "../tavctl/ScenarioFiles.h"
 #include "AgentFeeder.h"
+#include "ITavNetControlMgr.h"
 #include "Recording.h"
 #include "ScenarioPlay.h"
 
 #include <QDockWidget>
+#include <QTabBar>
 
 namespace
 {
@@ -59,6 +61,32 @@ TEST(Closing, KeepsThePlaceOfTheDocks)
     EXPECT_FALSE(client.window->findChild<QDockWidget *>("registry")->toggleViewAction()->isChecked());
     client.window->findChild<QDockWidget *>("registry")->show();
     client.window->close();
+}
+
+TEST(Closing, OfTheNewerOfTwoWindowsLeavesTheOlderItsValues)
+{
+    TestWindow older;
+    auto newer = std::make_unique<TestWindow>();
+    auto &net = *older.session.host().manager<ITavNetControlMgr>();
+    net.setUIData({{false, 1, "a"}});
+    newer->session.host().manager<ITavNetControlMgr>()->setUIData({{false, 1, "a"}, {false, 2, "b"}});
+    older.click(CTavSubFuncTypeHeader::SubFunc_serverResourceInfo);
+    ASSERT_TRUE(older.waitForPage(CTavSubFuncTypeHeader::SubFunc_serverResourceInfo));
+    const auto shows = [&older](const QString &title) {
+        const QList<QTabBar *> bars = older.window->pages().findChildren<QTabBar *>();
+        return std::any_of(bars.begin(), bars.end(), [&title](const QTabBar *bar) {
+            for (int tab = 0; tab < bar->count(); ++tab) {
+                if (bar->tabText(tab) == title) {
+                    return true;
+                }
+            }
+            return false;
+        });
+    };
+    EXPECT_TRUE(waitUntil([&] { return shows("Network rows (1)"); })) << "each window shows its own";
+    newer.reset();
+    net.setUIData({{false, 1, "a"}, {false, 2, "b"}, {false, 3, "c"}});
+    EXPECT_TRUE(waitUntil([&] { return shows("Network rows (3)"); })) << "and goes on";
 }
 
 TEST(Closing, LeavesTheOtherOfTwoWindowsAlone)

@@ -1,8 +1,11 @@
 #include "Program.h"
 #include "TextFile.h"
 
+#include "../tavctl/ScenarioFiles.h"
+
 #include <QDir>
 #include <QImage>
+#include <QSet>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
@@ -20,6 +23,18 @@ Program runDesk(const QStringList &arguments, const QStringList &runner = {})
     return Program(runner + emulator + QStringList{TAV_TAVDESK_FILE} + arguments);
 }
 
+/// How many colours there are in the middle of a picture, where it would be empty if nothing had been drawn.
+int coloursInside(const QImage &picture)
+{
+    QSet<QRgb> colours;
+    for (int y = picture.height() / 4; y < picture.height() * 3 / 4; ++y) {
+        for (int x = picture.width() / 4; x < picture.width() * 3 / 4; ++x) {
+            colours.insert(picture.pixel(x, y));
+        }
+    }
+    return colours.size();
+}
+
 const QStringList onDemo{"--root", TAV_SOURCE_DIR "/share/demo"};
 const QStringList played{"--play", TAV_SOURCE_DIR "/share/scenarios/access-control.jsonl"};
 }
@@ -34,7 +49,7 @@ TEST(Pictures, AreSavedOfEachPageEachDockAndTheWindow)
     EXPECT_EQ(files.filter("dock-").size(), 7) << files.join(' ').toStdString();
     EXPECT_EQ(QImage(directory.filePath("window.png")).size(), QSize(1280, 860));
     for (const QString &file : files) {
-        EXPECT_FALSE(QImage(directory.filePath(file)).isNull()) << file.toStdString();
+        EXPECT_GT(coloursInside(QImage(directory.filePath(file))), 1) << file.toStdString();
     }
 }
 
@@ -90,6 +105,33 @@ TEST(Pictures, EndWithTwoWhenThereIsNoPlugin)
     const Program desk = runDesk(onDemo + QStringList{"--plugin", "/nonexistent.so", "--pictures", directory.path()});
     EXPECT_EQ(desk.exitCode, 2);
     EXPECT_TRUE(desk.errors.contains("/nonexistent.so")) << desk.errors.toStdString();
+}
+
+TEST(Pictures, EndWithTwoWhenAPageIsRefused)
+{
+    const QTemporaryDir directory;
+    const Program desk = runDesk(onDemo + QStringList{"--page", "/nonexistent.so", "--pictures", directory.path()});
+    EXPECT_EQ(desk.exitCode, 2);
+    EXPECT_TRUE(desk.errors.contains("/nonexistent.so is not shown")) << desk.errors.toStdString();
+}
+
+TEST(Pictures, EndWithTwoWhenTheScenarioIsBroken)
+{
+    const QTemporaryDir directory;
+    const ScenarioFile broken("{\"at\": -1}\n");
+    const Program desk = runDesk(onDemo + QStringList{"--play", broken.path(), "--pictures", directory.path()});
+    EXPECT_EQ(desk.exitCode, 2);
+    EXPECT_TRUE(desk.errors.contains("line 2: /at")) << desk.errors.toStdString();
+}
+
+TEST(Pictures, GoOnWhenAPageThrowsAndEndWithTwo)
+{
+    const QTemporaryDir directory;
+    const Program desk
+        = runDesk(onDemo + QStringList{"--page", TAV_THROWING_WIDGET_FILE, "--pictures", directory.path()});
+    EXPECT_EQ(desk.exitCode, 2);
+    EXPECT_TRUE(desk.errors.contains("ThrowingWidget threw: no light today")) << desk.errors.toStdString();
+    EXPECT_TRUE(QFile::exists(directory.filePath("window.png")));
 }
 
 TEST(CommandLine, IsExplainedAndMistakesAreNamed)

@@ -4,6 +4,7 @@
 #include "FindingsDialog.h"
 #include "ProblemView.h"
 
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTreeWidget>
 
@@ -72,6 +73,21 @@ TEST(Problems, ItIsAnotherPlugin)
     EXPECT_TRUE(labelTexts(*view).contains("identifier")) << labelTexts(*view).toStdString();
 }
 
+TEST(Problems, APagePluginIsRefused)
+{
+    const GlobalStateGuard guard;
+    DeskOptions options = optionsFor(TAV_PLUGIN_FILE);
+    options.pages = QStringList{"/nonexistent/page.so"};
+    Desk desk(options);
+    desk.show();
+    auto *const window = topLevel<MainWindow>();
+    ASSERT_TRUE(window);
+    auto *const box = window->findChild<QMessageBox *>();
+    ASSERT_TRUE(box);
+    EXPECT_EQ(box->text().toStdString(), "/nonexistent/page.so is not shown");
+    EXPECT_EQ(box->informativeText().toStdString(), "There is no such file.\nName the page plugin's file.");
+}
+
 TEST(Problems, ThereIsNoCatalogue)
 {
     const QTemporaryDir root;
@@ -95,4 +111,38 @@ TEST(Problems, TheCatalogueIsBrokenAndTheFindingsStandBehindAButton)
     EXPECT_GT(dialog->findChild<QTreeWidget *>()->topLevelItemCount(), 0);
     QTest::keyClick(dialog, Qt::Key_Escape);
     EXPECT_TRUE(waitUntil([&] { return client.window->findChild<FindingsDialog *>() == nullptr; }));
+}
+
+TEST(Problems, TheCatalogueCannotBeRead)
+{
+    const QTemporaryDir root;
+    ASSERT_TRUE(QDir(root.path()).mkpath("etc/tavsec.d/funcTypeConfig.json"));
+    const TestWindow client(root.path());
+    const QString texts = labelTexts(client.window->pages());
+    EXPECT_TRUE(texts.contains("cannot be read")) << texts.toStdString();
+    EXPECT_TRUE(texts.contains("funcTypeConfig.json: ")) << texts.toStdString();
+    EXPECT_FALSE(texts.contains("Base64")) << texts.toStdString();
+}
+
+TEST(Problems, TheFindingsOfACatalogueWithPagesStandInTheMenu)
+{
+    const QByteArray iconTwice = R"([{"funcType": "Func_HostInfo", "funcTitle": "host", "funcIcon": "a", "funcIcon": "b",
+        "subFunList": [{"subFuncType": "SubFunc_LogAudit", "subFuncTitile": "log", "subFuncClassName": "Log"}]}])";
+    const RootWithCatalogue root(iconTwice.toBase64());
+    const TestWindow client(root.path());
+    EXPECT_TRUE(client.entry(CTavSubFuncTypeHeader::SubFunc_LogAudit).isValid());
+    client.action("Findings in the Catalogue…")->trigger();
+    auto *const dialog = client.window->findChild<FindingsDialog *>();
+    ASSERT_TRUE(dialog);
+    EXPECT_GT(dialog->findChild<QTreeWidget *>()->topLevelItemCount(), 0);
+}
+
+TEST(Problems, ACatalogueWithoutFindingsIsSaidToHaveNone)
+{
+    const TestWindow client;
+    client.action("Findings in the Catalogue…")->trigger();
+    auto *const dialog = client.window->findChild<FindingsDialog *>();
+    ASSERT_TRUE(dialog);
+    EXPECT_TRUE(labelTexts(*dialog).contains("nothing was found")) << labelTexts(*dialog).toStdString();
+    EXPECT_EQ(dialog->findChild<QTreeWidget *>()->topLevelItemCount(), 0);
 }

@@ -5,6 +5,7 @@
 #include "TavScenarioPlayer.h"
 
 #include <QMessageBox>
+#include <QTableView>
 
 namespace
 {
@@ -51,6 +52,18 @@ TEST(Recording, SaysWhenTheFileCannotBeWritten)
     client.window->recording().begin("/proc/no/such/folder.jsonl");
     EXPECT_TRUE(waitUntil([&] { return client.window->findChild<QMessageBox *>() != nullptr; }));
     EXPECT_EQ(client.window->recording().state(), State::Off);
+}
+
+TEST(Feeding, BeginsWithItsKeyWhereverTheFocusIs)
+{
+    const TestWindow client;
+    client.click(CTavSubFuncTypeHeader::SubFunc_LogAudit);
+    ASSERT_TRUE(client.waitForPage(CTavSubFuncTypeHeader::SubFunc_LogAudit));
+    QTableView *list = nullptr;
+    ASSERT_TRUE(waitUntil([&] { return (list = client.window->pages().findChild<QTableView *>()) != nullptr; }));
+    list->setFocus();
+    QTest::keyClick(list, Qt::Key_F5);
+    EXPECT_TRUE(client.window->feeder().isFeeding());
 }
 
 TEST(Feeding, IsRepeatedUntilItIsSwitchedOff)

@@ -44,6 +44,7 @@ public:
         : session(TAV_PLUGIN_FILE, root), refused(session.loadPages(pagePlugins))
     {
         window = std::make_unique<MainWindow>(session);
+        session.calls().clear(); // what the window itself calls when it is made
         window->show();
         EXPECT_TRUE(QTest::qWaitForWindowExposed(window.get()));
     }

@@ -21,6 +21,12 @@ QString permissions(int bits)
     return QString(bits & 4 ? "r" : "-") + (bits & 2 ? "w" : "-") + (bits & 1 ? "x" : "-");
 }
 
+QString size(qint64 bytes)
+{
+    return qAbs(bytes) < 1024 ? text(QT_TRANSLATE_NOOP("CellText", "%1 bytes")).arg(bytes)
+                              : QLocale::c().formattedDataSize(bytes);
+}
+
 QString duration(qint64 seconds)
 {
     return text(QT_TRANSLATE_NOOP("CellText", "%1 d %2:%3:%4"))
@@ -45,7 +51,7 @@ QString CellText::ofKind(TavFields::Kind kind, const QVariant &value)
     case Kind::Hundredths:
         return QString::number(value.toInt() / 100.0, 'f', 2);
     case Kind::Size:
-        return QLocale::c().formattedDataSize(static_cast<qint64>(value.toULongLong()));
+        return size(static_cast<qint64>(value.toULongLong()));
     case Kind::Duration:
         return duration(value.toLongLong());
     case Kind::Time:
@@ -75,6 +81,18 @@ QString CellText::ofKind(TavFields::Kind kind, const QVariant &value)
         break;
     }
     return value.toString();
+}
+
+QString CellText::unitOf(TavFields::Kind kind)
+{
+    // Named here for the translation.
+    Q_UNUSED(QT_TRANSLATE_NOOP("CellText", "percent"))
+    Q_UNUSED(QT_TRANSLATE_NOOP("CellText", "permille"))
+    Q_UNUSED(QT_TRANSLATE_NOOP("CellText", "hundredths"))
+    Q_UNUSED(QT_TRANSLATE_NOOP("CellText", "bytes"))
+    Q_UNUSED(QT_TRANSLATE_NOOP("CellText", "seconds"))
+    Q_UNUSED(QT_TRANSLATE_NOOP("CellText", "seconds since the epoch"))
+    return text(TavFields::unitOf(kind));
 }
 
 QString CellText::timeText(qint64 secondsSinceEpoch)

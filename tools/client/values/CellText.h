@@ -11,6 +11,9 @@ namespace CellText
 /// A field's value, by what it means; nothing for one that is absent.
 QString ofKind(TavFields::Kind kind, const QVariant &value);
 
+/// The unit of a field's raw values; empty for one without.
+QString unitOf(TavFields::Kind kind);
+
 /// A time as the user's clock shows it; "-" for 0, which records use for "not known" or "not running".
 QString timeText(qint64 secondsSinceEpoch);
 }

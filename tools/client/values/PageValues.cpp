@@ -3,7 +3,6 @@
 #include "BaselineList.h"
 #include "MessageTable.h"
 #include "RecordTable.h"
-#include "TavObjectMgr.h"
 #include "TavOperations.h"
 
 #include <QCoreApplication>
@@ -48,10 +47,16 @@ QVector<PartTable> tablesOf(const Value &value)
     }
 }
 
-template<auto Getter>
-QVector<PartTable> read()
+template<class Interface>
+Interface *managerIn(ITavObjectMgr &registry)
 {
-    auto *const manager = tavObject<typename TavOperations::Operation<Getter>::Interface>();
+    return qobject_cast<Interface *>(registry.getObject(tavManagerKey(qobject_interface_iid<Interface *>())));
+}
+
+template<auto Getter>
+QVector<PartTable> read(ITavObjectMgr &registry)
+{
+    auto *const manager = managerIn<typename TavOperations::Operation<Getter>::Interface>(registry);
     return manager ? tablesOf((manager->*Getter)()) : QVector<PartTable>();
 }
 
@@ -78,10 +83,10 @@ Values valuesOf(const QJsonArray &key, std::index_sequence<i...>)
 }
 
 template<auto Getter>
-QVector<PartTable> readKey(const QJsonArray &key)
+QVector<PartTable> readKey(ITavObjectMgr &registry, const QJsonArray &key)
 {
     using Operation = TavOperations::Operation<Getter>;
-    auto *const manager = tavObject<typename Operation::Interface>();
+    auto *const manager = managerIn<typename Operation::Interface>(registry);
     const auto ask = [manager](auto... values) { return tablesOf((manager->*Getter)(values...)); };
     const auto indexes = std::make_index_sequence<Operation::argumentCount>();
     return manager ? std::apply(ask, valuesOf<typename Operation::Values>(key, indexes)) : QVector<PartTable>();
@@ -97,14 +102,14 @@ PageValue keyedValue(const char *title)
          std::get<Operation>(TavOperations::Table<typename Operation::Interface>::list).argumentNames) {
         keyed.keyNames.append(text(name));
     }
-    keyed.readKey = readKey<OfKey>;
+    keyed.readKeyFrom = readKey<OfKey>;
     return keyed;
 }
 
 /// The items of the configuration file: the manager is asked for them one by one.
-QVector<PartTable> readBaselineItems()
+QVector<PartTable> readBaselineItems(ITavObjectMgr &registry)
 {
-    auto *const manager = tavObject<ITavLineScanMgr>();
+    auto *const manager = managerIn<ITavLineScanMgr>(registry);
     if (!manager) {
         return {};
     }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "CTavSubFuncTypeHeader.h"
+#include "TavObjectMgr.h"
 #include "ValueTable.h"
 
 #include <QJsonArray>
@@ -16,7 +17,7 @@ struct PageValue {
     const char *title; ///< in English, of the translation context "PageValues"
     QString manager; ///< name of the interface
     QString getter;
-    QVector<PartTable> (*read)(); ///< calls the getter; nothing where its manager is not registered
+    QVector<PartTable> (*readFrom)(ITavObjectMgr &registry); ///< calls the getter; nothing where its manager is missing
 
     QString rowEdit = {}; ///< overwrites one row of the list
     bool isByPosition = false; ///< it finds the row by its position, which it takes as the row's `index`
@@ -28,7 +29,13 @@ struct PageValue {
 
     QStringList keyNames = {}; ///< what the keys of a keyed table consist of; none for other values
     /// Calls the getter for one key, which must be one that was set: the manager would insert any other.
-    QVector<PartTable> (*readKey)(const QJsonArray &key) = nullptr;
+    QVector<PartTable> (*readKeyFrom)(ITavObjectMgr &registry, const QJsonArray &key) = nullptr;
+
+    /// From the client's current registry.
+    QVector<PartTable> read() const
+    {
+        return readFrom(*TavGlobalInfoMgr::getObjectMgr());
+    }
 
     PageValue byPosition() const;
     PageValue exclusive() const;

@@ -2,6 +2,7 @@
 
 #include "TavJsonText.h"
 
+#include <QCoreApplication>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -9,22 +10,31 @@
 #include <algorithm>
 #include <stdexcept>
 
+namespace
+{
+/// @brief The texts' context.
+struct Texts {
+    Q_DECLARE_TR_FUNCTIONS(ValueText)
+};
+}
+
 QJsonValue ValueText::read(const QByteArray &text)
 {
     const TavJsonText list('[' + text + ']'); // in brackets, since the reader takes arrays and objects only
     if (!list.error().isEmpty()) {
-        throw std::runtime_error(QString(R"(%1 at character %2; a text has its own quotes: '"text"')")
+        throw std::runtime_error(Texts::tr("%1 at character %2; a text has its own quotes: '\"text\"'")
                                      .arg(list.error())
                                      .arg(std::max(1, list.errorPlace().column - 1))
                                      .toStdString());
     }
     const QJsonArray values = list.document().toArray();
     if (values.size() != 1) {
-        throw std::runtime_error("one JSON value is expected");
+        throw std::runtime_error(Texts::tr("one JSON value is expected").toStdString());
     }
     if (!list.doubledKeys().isEmpty()) {
-        throw std::runtime_error(
-            QString("%1: the key stands more than once").arg(list.doubledKeys().values().first().mid(2)).toStdString());
+        throw std::runtime_error(Texts::tr("%1: the key stands more than once")
+                                     .arg(list.doubledKeys().values().first().mid(2))
+                                     .toStdString());
     }
     return values.first();
 }

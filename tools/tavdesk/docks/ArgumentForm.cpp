@@ -43,11 +43,13 @@ void ArgumentForm::setArguments(const QVector<TavCall::Argument> &arguments)
     for (const TavCall::Argument &argument : arguments) {
         const Field field = newField(argument);
         QWidget *const widget = field.record ? static_cast<QWidget *>(field.record) : field.json;
-        auto *const label = new QLabel(tr("&%1 (%2)").arg(argument.name, argument.type));
+        auto *const label = new QLabel(tr("%1 (%2)").arg(argument.name, argument.type));
         label->setTextFormat(Qt::PlainText);
-        label->setBuddy(widget);
         m_layout->addRow(label, widget);
         m_fields.append(field);
+        if (m_fields.size() == 1) {
+            setFocusProxy(widget);
+        }
     }
 }
 
@@ -75,19 +77,28 @@ void ArgumentForm::setValue(int place, const QJsonValue &value)
     }
 }
 
-QJsonArray ArgumentForm::values() const
+std::function<QJsonArray()> ArgumentForm::values() const
 {
-    QJsonArray values;
+    struct Given {
+        QString name;
+        QJsonValue record; ///< undefined where the text counts
+        QString text;
+    };
+    QVector<Given> given;
     for (int place = 0; place < m_fields.size(); ++place) {
-        if (m_fields[place].record) {
-            values.append(m_fields[place].record->value());
-            continue;
-        }
-        try {
-            values.append(ValueText::read(m_fields[place].json->toPlainText().toUtf8()));
-        } catch (const std::runtime_error &error) {
-            throw std::runtime_error((m_arguments[place].name + QLatin1String(": ")).toStdString() + error.what());
-        }
+        const Field &field = m_fields[place];
+        given.append(field.record ? Given{m_arguments[place].name, field.record->value(), {}}
+                                  : Given{m_arguments[place].name, QJsonValue::Undefined, field.json->toPlainText()});
     }
-    return values;
+    return [given] {
+        QJsonArray values;
+        for (const Given &one : given) {
+            try {
+                values.append(one.record.isUndefined() ? ValueText::read(one.text.toUtf8()) : one.record);
+            } catch (const std::runtime_error &error) {
+                throw std::runtime_error((one.name + QLatin1String(": ")).toStdString() + error.what());
+            }
+        }
+        return values;
+    };
 }

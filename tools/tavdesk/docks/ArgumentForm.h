@@ -5,6 +5,8 @@
 #include <QJsonArray>
 #include <QWidget>
 
+#include <functional>
+
 class QFormLayout;
 class QPlainTextEdit;
 class RecordEdit;
@@ -22,8 +24,9 @@ public:
     /// Writes @p value into the field of the argument at @p place.
     void setValue(int place, const QJsonValue &value);
 
-    /// What stands in the fields. Throws std::runtime_error, which names the argument that is no JSON.
-    QJsonArray values() const;
+    /// What reads that which stands in the fields now, on any thread: a text may be long. Both throw
+    /// std::runtime_error, which names the argument that is no JSON.
+    std::function<QJsonArray()> values() const;
 
 signals:
     /// What stands in a field cannot be shown in another way.

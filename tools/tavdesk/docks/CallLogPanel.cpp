@@ -42,32 +42,44 @@ CallLogPanel::CallLogPanel(CallLog &log, QWidget *parent) : CallLogPanel(newMode
 }
 
 CallLogPanel::CallLogPanel(LogModel<LoggedCall> *model, QWidget *parent)
-    : LogPanel(model, 4, {14, 9, 21, 24, 30, 14, 11, 9}, parent)
+    : LogPanel(model, tr("Calls"), 4, {14, 9, 21, 24, 30, 14, 11, 9}, parent)
     , m_model(model)
     , m_writer(QStringLiteral("call-writer"))
 {
-    auto *const save = new QAction(symbolIcon(Symbol::Save), tr("Save Selection…"), this);
-    save->setToolTip(tr("Save the selected calls as a scenario."));
-    save->setEnabled(false);
-    addButton(save);
-    connect(this, &LogPanel::selectionChanged, save, [this, save] { save->setEnabled(!selectedRows().isEmpty()); });
-    connect(save, &QAction::triggered, this, [this] {
+    auto *const saveSelection = new QAction(symbolIcon(Symbol::Save), tr("Save Selection…"), this);
+    saveSelection->setToolTip(tr("Save the selected calls as a scenario."));
+    saveSelection->setEnabled(false);
+    addButton(saveSelection);
+    connect(this, &LogPanel::selectionChanged, saveSelection,
+            [this, saveSelection] { saveSelection->setEnabled(!selectedRows().isEmpty()); });
+    connect(saveSelection, &QAction::triggered, this, [this] {
         auto *const dialog = new QFileDialog(this, tr("Save Calls as a Scenario"), {}, tr("Scenarios (*.jsonl)"));
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->setAcceptMode(QFileDialog::AcceptSave);
         dialog->setDefaultSuffix(QStringLiteral("jsonl"));
-        connect(dialog, &QFileDialog::fileSelected, this, &CallLogPanel::saveSelection);
+        // Those selected now: the log goes on under the dialog, and forgets its oldest calls.
+        connect(dialog, &QFileDialog::fileSelected, this,
+                [this, calls = selectedCalls()](const QString &file) { save(file, calls); });
         dialog->open();
     });
 }
 
-void CallLogPanel::saveSelection(const QString &file)
+QVector<LoggedCall> CallLogPanel::selectedCalls() const
 {
     QVector<LoggedCall> calls;
     const QVector<int> rows = selectedRows();
     for (const int row : rows) {
         calls.append(m_model->entry(row));
     }
+    return calls;
+}
+
+void CallLogPanel::save(const QString &file, const QVector<LoggedCall> &calls)
+{
+    emit begun(tr("Writing the calls"));
     m_writer.run([file, calls] { return saveAsScenario(file, calls); },
-                 [this, file](const QString &error) { emit saved(file, error); });
+                 [this, file](const QString &error) {
+                     emit ended();
+                     emit saved(file, error);
+                 });
 }

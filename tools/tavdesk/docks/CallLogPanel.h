@@ -15,10 +15,15 @@ public:
     /// @p log outlives the panel.
     explicit CallLogPanel(CallLog &log, QWidget *parent = nullptr);
 
-    /// Writes the selected calls into @p file, as a scenario; saved() tells when that is done.
-    void saveSelection(const QString &file);
+    /// The selected calls, in their order.
+    QVector<LoggedCall> selectedCalls() const;
+
+    /// Writes @p calls into @p file, as a scenario; saved() tells when that is done.
+    void save(const QString &file, const QVector<LoggedCall> &calls);
 
 signals:
+    void begun(const QString &text);
+    void ended();
     /// @p error is empty when the file was written.
     void saved(const QString &file, const QString &error);
 

@@ -17,20 +17,37 @@
 
 #include <algorithm>
 
-namespace
-{
 /// @brief What a call has returned, or why it was refused.
-struct Outcome {
+struct CallPanel::Outcome {
     QJsonValue result;
+    QString text; ///< the result, or its beginning
+    int letters = 0; ///< of the whole text
     QString problem;
 };
 
-Outcome outcomeOf(ClientSession &session, const QString &manager, const QString &operation, const QJsonValue &arguments)
+namespace
+{
+constexpr int mostLetters = 1 << 20; // that are shown; the view takes its time for more
+
+using Arguments = std::function<QJsonArray()>; // throws when what stands in the fields is no JSON
+
+/// Reads the arguments, makes the call and writes what it returns. On the worker, since all three may be large; so a
+/// large result ends there, too.
+template<class Outcome>
+Outcome outcomeOf(ClientSession &session, const QString &manager, const QString &operation, const Arguments &arguments)
 {
     try {
-        return {session.call(manager, operation, arguments), {}};
+        Outcome outcome;
+        outcome.result = session.call(manager, operation, arguments());
+        outcome.text = QString::fromUtf8(ValueText::write(outcome.result));
+        outcome.letters = outcome.text.size();
+        if (outcome.letters > mostLetters) {
+            outcome.text.truncate(mostLetters);
+            outcome.result = {};
+        }
+        return outcome;
     } catch (const std::exception &error) {
-        return {{}, QString::fromUtf8(error.what())};
+        return {{}, {}, 0, QString::fromUtf8(error.what())};
     }
 }
 
@@ -78,6 +95,7 @@ QWidget *CallPanel::newChoice()
     m_managers->addItems(TavCall::managers());
     m_list = new QListWidget;
     m_list->setAccessibleName(tr("Operations"));
+    setFocusProxy(m_list);
     m_list->setAlternatingRowColors(true);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto *const layout = newColumn(widget);
@@ -85,7 +103,10 @@ QWidget *CallPanel::newChoice()
     layout->addWidget(m_list);
     connect(m_managers, QOverload<int>::of(&QComboBox::currentIndexChanged), this, &CallPanel::showOperations);
     connect(m_list, &QListWidget::currentRowChanged, this, &CallPanel::showArguments);
-    connect(m_list, &QListWidget::itemActivated, this, &CallPanel::makeCall);
+    connect(m_list, &QListWidget::itemActivated, this, [this] { // choosing calls nothing: some operations empty a list
+        QWidget *const next = m_operations[m_list->currentRow()].arguments.isEmpty() ? m_call : m_form->focusProxy();
+        next->setFocus();
+    });
     return widget;
 }
 
@@ -100,7 +121,7 @@ QWidget *CallPanel::newCall()
     scroll->setWidget(m_form);
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
-    m_held = new QPushButton(tr("&Fill In What Is Held"));
+    m_held = new QPushButton(tr("F&ill In What Is Held"));
     m_call = new QPushButton(tr("&Call"));
     m_call->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Return));
     m_call->setToolTip(tr("Call the operation (Ctrl+Return)."));
@@ -162,12 +183,18 @@ void CallPanel::showArguments()
 void CallPanel::fillInHeld()
 {
     const TavCall::HeldValue *const held = heldBy(m_operations[m_list->currentRow()]);
-    call(held->getter, QJsonArray(),
-         [this, setter = held->setter, row = m_list->currentRow()](const QJsonValue &value) {
-             if (m_list->currentRow() == row && m_operations[row].name == setter) { // nothing else was chosen meanwhile
-                 m_form->setValue(0, value);
-             }
-         });
+    call(
+        held->getter, [] { return QJsonArray(); },
+        [this, setter = held->setter, row = m_list->currentRow()](const Outcome &outcome) {
+            if (m_list->currentRow() != row || m_operations[row].name != setter) {
+                return; // something else was chosen meanwhile
+            }
+            if (outcome.letters > mostLetters) {
+                showProblem(tr("What is held has %L1 letters, too many to be edited here.").arg(outcome.letters));
+            } else {
+                m_form->setValue(0, outcome.result);
+            }
+        });
 }
 
 void CallPanel::makeCall()
@@ -176,40 +203,45 @@ void CallPanel::makeCall()
         return;
     }
     try {
-        const TavCall::Operation &operation = m_operations[m_list->currentRow()];
-        call(operation.name, m_form->values(), [this](const QJsonValue &result) { showResult(result); });
+        call(m_operations[m_list->currentRow()].name, m_form->values(),
+             [this](const Outcome &outcome) { showResult(outcome); });
     } catch (const std::runtime_error &error) {
         showProblem(QString::fromUtf8(error.what()));
     }
 }
 
-void CallPanel::call(const QString &operation, const QJsonValue &arguments,
-                     std::function<void(const QJsonValue &)> done)
+void CallPanel::call(const QString &operation, const std::function<QJsonArray()> &arguments,
+                     std::function<void(const Outcome &)> done)
 {
     const QString manager = m_managers->currentText();
     const auto finish = [this, done = std::move(done)](const Outcome &outcome) {
         m_call->setEnabled(true);
+        emit ended();
         if (outcome.problem.isEmpty()) {
-            done(outcome.result);
+            done(outcome);
         } else {
             showProblem(outcome.problem);
         }
     };
     const auto make = [&session = m_session, manager, operation, arguments] {
-        return outcomeOf(session, manager, operation, arguments);
+        return outcomeOf<Outcome>(session, manager, operation, arguments);
     };
     if (manager == QLatin1String(qobject_interface_iid<ITavPicResourceMgr *>())) {
         finish(make()); // this manager alone belongs to the GUI thread
         return;
     }
     m_call->setEnabled(false);
+    emit begun(tr("Calling %1").arg(operation));
     m_caller.run(make, finish);
 }
 
-void CallPanel::showResult(const QJsonValue &result)
+void CallPanel::showResult(const Outcome &outcome)
 {
-    m_outcome->setText(tr("Returned:"));
-    m_result->setPlainText(QString::fromUtf8(ValueText::write(result)));
+    m_outcome->setText(
+        outcome.letters > mostLetters
+            ? tr("Returned, of which the first %L1 of %L2 letters are shown:").arg(mostLetters).arg(outcome.letters)
+            : tr("Returned:"));
+    m_result->setPlainText(outcome.text);
 }
 
 void CallPanel::showProblem(const QString &problem)

@@ -23,6 +23,10 @@ public:
     /// @p session outlives the panel.
     explicit CallPanel(ClientSession &session, QWidget *parent = nullptr);
 
+signals:
+    void begun(const QString &text);
+    void ended();
+
 private:
     QWidget *newChoice();
     QWidget *newCall();
@@ -32,9 +36,13 @@ private:
     void fillInHeld();
     void makeCall();
 
-    /// Calls off the GUI thread where the operation allows it; then shows what came of it, or hands it to @p done.
-    void call(const QString &operation, const QJsonValue &arguments, std::function<void(const QJsonValue &)> done);
-    void showResult(const QJsonValue &result);
+    struct Outcome;
+
+    /// Calls off the GUI thread where the operation allows it, with what @p arguments returns there; then hands to
+    /// @p done what came of it, or shows why nothing did.
+    void call(const QString &operation, const std::function<QJsonArray()> &arguments,
+              std::function<void(const Outcome &)> done);
+    void showResult(const Outcome &outcome);
     void showProblem(const QString &problem);
 
     ClientSession &m_session;

@@ -36,6 +36,6 @@ LogTable *newModel(BoundedLog<LoggedDelivery> &log)
 }
 
 DeliveryPanel::DeliveryPanel(BoundedLog<LoggedDelivery> &log, QWidget *parent)
-    : LogPanel(newModel(log), 1, {14, 30, 20, 12, 16}, parent)
+    : LogPanel(newModel(log), tr("Page changes"), 1, {14, 30, 20, 12, 16}, parent)
 {
 }

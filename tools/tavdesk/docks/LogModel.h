@@ -3,8 +3,13 @@
 #include "BoundedLog.h"
 #include "LogTable.h"
 
+#include <QThreadPool>
+
 #include <deque>
 #include <functional>
+#include <iterator>
+#include <memory>
+#include <utility>
 
 /// @brief A column of a log: its text for an entry.
 template<class Entry>
@@ -49,8 +54,13 @@ public:
     {
         beginResetModel();
         m_filter = text;
-        m_shown = matchingOf(m_log.from(0));
+        release(std::exchange(m_shown, matchingOf(m_log.from(0))));
         endResetModel();
+    }
+
+    qint64 number(int row) const override
+    {
+        return m_shown[std::size_t(row)].number;
     }
 
     void clearLog() override
@@ -126,9 +136,18 @@ private:
         }
         if (count > 0) {
             beginRemoveRows({}, 0, count - 1);
-            m_shown.erase(m_shown.begin(), m_shown.begin() + count);
+            const auto end = m_shown.begin() + count;
+            release({std::make_move_iterator(m_shown.begin()), std::make_move_iterator(end)});
+            m_shown.erase(m_shown.begin(), end);
             endRemoveRows();
         }
+    }
+
+    /// Lets go of the entries on another thread: the arguments of a call may be long lists.
+    static void release(std::deque<Shown> entries)
+    {
+        auto held = std::make_shared<std::deque<Shown>>(std::move(entries));
+        QThreadPool::globalInstance()->start([held = std::move(held)] {});
     }
 
     BoundedLog<Entry> &m_log;

@@ -1,5 +1,6 @@
 #include "LogPanel.h"
 
+#include "FilterBar.h"
 #include "LogTable.h"
 #include "SymbolIcon.h"
 #include "TableLook.h"
@@ -7,9 +8,8 @@
 #include <QAction>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
 #include <QScrollBar>
+#include <QSet>
 #include <QTableView>
 #include <QToolButton>
 
@@ -20,26 +20,23 @@ namespace
 constexpr int lookEvery = 150; // milliseconds
 }
 
-LogPanel::LogPanel(LogTable *model, int widest, const QVector<int> &widths, QWidget *parent)
+LogPanel::LogPanel(LogTable *model, const QString &name, int widest, const QVector<int> &widths, QWidget *parent)
     : QWidget(parent), m_model(model)
 {
     m_model->setParent(this);
-    m_filter = new QLineEdit;
-    m_filter->setPlaceholderText(tr("Filter"));
-    m_filter->setAccessibleName(tr("Filter"));
-    m_filter->setClearButtonEnabled(true);
-    m_filter->setMaximumWidth(320);
-    m_count = new QLabel;
+    m_filter = new FilterBar(name, this);
     auto *const clear = new QAction(symbolIcon(Symbol::Clear), tr("Clear"), this);
 
     m_line = new QHBoxLayout;
-    m_line->addWidget(m_filter);
-    m_line->addWidget(m_count);
-    m_line->addStretch();
+    m_line->addWidget(m_filter, 1);
+    m_line->addStretch(1);
 
     m_view = new QTableView;
     m_view->setModel(m_model);
-    setTableLook(*m_view, widest, widths);
+    m_view->setAccessibleName(name);
+    setFocusProxy(m_view);
+    setTableLook(*m_view);
+    setColumnWidths(*m_view, widest, widths);
 
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
@@ -47,12 +44,7 @@ LogPanel::LogPanel(LogTable *model, int widest, const QVector<int> &widths, QWid
     layout->addWidget(m_view);
     addButton(clear);
 
-    connect(m_filter, &QLineEdit::textChanged, this, [this](const QString &text) {
-        m_model->setFilter(text);
-        m_view->scrollToBottom();
-        showCount();
-        emit selectionChanged();
-    });
+    connect(m_filter, &FilterBar::textChanged, this, &LogPanel::setFilter);
     connect(clear, &QAction::triggered, this, [this] {
         m_model->clearLog();
         showCount();
@@ -84,11 +76,15 @@ QVector<int> LogPanel::selectedRows() const
 
 void LogPanel::update()
 {
-    const QScrollBar &bar = *m_view->verticalScrollBar();
+    QScrollBar &bar = *m_view->verticalScrollBar();
     const bool isAtEnd = bar.value() == bar.maximum();
+    const QPersistentModelIndex top = m_view->indexAt({0, 0});
+    const int before = m_view->visualRect(top).top();
     m_model->update();
     if (isAtEnd) {
         m_view->scrollToBottom();
+    } else if (top.isValid()) { // rows above it may have gone
+        bar.setValue(bar.value() + m_view->visualRect(top).top() - before);
     }
     showCount();
 }
@@ -106,9 +102,35 @@ void LogPanel::hideEvent(QHideEvent *event)
     QWidget::hideEvent(event);
 }
 
+void LogPanel::setFilter(const QString &text)
+{
+    QSet<qint64> selected;
+    const QVector<int> rows = selectedRows();
+    for (const int row : rows) {
+        selected.insert(m_model->number(row));
+    }
+    m_model->setFilter(text);
+    QItemSelection still;
+    int first = -1; // of the selected rows that follow one another
+    for (int row = 0; row <= m_model->rowCount(); ++row) {
+        const bool isSelected = row < m_model->rowCount() && selected.contains(m_model->number(row));
+        if (isSelected && first < 0) {
+            first = row;
+        } else if (!isSelected && first >= 0) {
+            still.select(m_model->index(first, 0), m_model->index(row - 1, 0));
+            first = -1;
+        }
+    }
+    m_view->scrollToBottom();
+    m_view->selectionModel()->select(still, QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    if (!still.isEmpty()) {
+        m_view->scrollTo(still.constLast().bottomRight());
+    }
+    showCount();
+    emit selectionChanged();
+}
+
 void LogPanel::showCount()
 {
-    const int shown = m_model->rowCount();
-    m_count->setText(shown == m_model->held() ? tr("%n row(s)", nullptr, shown)
-                                              : tr("%1 of %n row(s)", nullptr, m_model->held()).arg(shown));
+    m_filter->setCount(m_model->rowCount(), m_model->held());
 }

@@ -3,14 +3,14 @@
 #include <QTimer>
 #include <QWidget>
 
+class FilterBar;
 class LogTable;
 class QHBoxLayout;
-class QLabel;
-class QLineEdit;
 class QTableView;
 
 /**
- * @brief A log with a line to filter it. While its last row is in sight, it stays so when further ones come.
+ * @brief A log with a line to filter it. While its last row is in sight, it stays so when further ones come; otherwise
+ * the rows stay where they are.
  *
  * It looks at the log only while it is in sight itself.
  */
@@ -18,8 +18,9 @@ class LogPanel : public QWidget
 {
     Q_OBJECT
 public:
-    /// @p model becomes the panel's own. The column @p widest takes the width that is left.
-    LogPanel(LogTable *model, int widest, const QVector<int> &widths, QWidget *parent = nullptr);
+    /// @p model becomes the panel's own; accessibility calls its table @p name. The column @p widest takes the width
+    /// that is left.
+    LogPanel(LogTable *model, const QString &name, int widest, const QVector<int> &widths, QWidget *parent = nullptr);
 
     /// Puts a button into the line above the table.
     void addButton(QAction *action);
@@ -38,12 +39,12 @@ protected:
     void hideEvent(QHideEvent *event) override;
 
 private:
+    void setFilter(const QString &text);
     void showCount();
 
     LogTable *const m_model;
     QHBoxLayout *m_line = nullptr;
-    QLineEdit *m_filter = nullptr;
-    QLabel *m_count = nullptr;
+    FilterBar *m_filter = nullptr;
     QTableView *m_view = nullptr;
     QTimer m_timer;
 };

@@ -18,6 +18,9 @@ public:
     /// Has the log forget its entries.
     virtual void clearLog() = 0;
 
+    /// The number of the entry in a row, which it keeps when other rows go.
+    virtual qint64 number(int row) const = 0;
+
     /// How many entries there are, the filtered ones included.
     virtual int held() const = 0;
 };

@@ -1,18 +1,24 @@
 #include "PictureModel.h"
 
+#include "ClientSession.h"
 #include "ITavPicResourceMgr.h"
 #include "PictureCheck.h"
 
-PictureModel::PictureModel(ITavPicResourceMgr &pictures, QObject *parent)
-    : QAbstractTableModel(parent), m_pictures(pictures)
+#include <QGuiApplication>
+#include <QJsonArray>
+
+PictureModel::PictureModel(ClientSession &session, QObject *parent) : QAbstractTableModel(parent), m_session(session)
 {
 }
 
-void PictureModel::append(const QString &directory)
+void PictureModel::append(const QStringList &directories)
 {
-    m_pictures.appendPicResourcePath(directory);
-    m_directories.removeAll(directory);
-    m_directories.append(directory);
+    for (const QString &directory : directories) {
+        m_session.call(QLatin1String(qobject_interface_iid<ITavPicResourceMgr *>()),
+                       QStringLiteral("appendPicResourcePath"), QJsonArray{directory});
+        m_directories.removeAll(directory);
+        m_directories.append(directory);
+    }
     const QVector<Row> rows = readRows();
     beginResetModel(); // a directory may take the place of pictures anywhere
     m_rows = rows;
@@ -63,19 +69,22 @@ QVariant PictureModel::headerData(int section, Qt::Orientation orientation, int 
 
 QVector<PictureModel::Row> PictureModel::readRows() const
 {
+    const qreal ratio = qApp->devicePixelRatio(); // device pixels in one of the program's
+    const int largest = qRound(largestThumbnail * ratio);
+    ITavPicResourceMgr &pictures = *m_session.host().manager<ITavPicResourceMgr>();
     QMap<QString, Row> rows; // of several files with one key, the last one is held
     const QVector<PictureFile> files = listPictures(m_directories).files;
     for (const PictureFile &file : files) {
-        const std::shared_ptr<QImage> image = m_pictures.getImageRef(file.directory, file.name);
+        const std::shared_ptr<QImage> image = pictures.getImageRef(file.directory, file.name);
         if (!image) {
             continue; // came after the directory was loaded
         }
         Row row{file.key(), file.file, image->size(), {}};
         if (!image->isNull()) {
             const bool isLarge = image->width() > largestThumbnail || image->height() > largestThumbnail;
-            row.thumbnail = QPixmap::fromImage(isLarge ? image->scaled(largestThumbnail, largestThumbnail,
-                                                                       Qt::KeepAspectRatio, Qt::SmoothTransformation)
-                                                       : *image);
+            row.thumbnail = QPixmap::fromImage(
+                isLarge ? image->scaled(largest, largest, Qt::KeepAspectRatio, Qt::SmoothTransformation) : *image);
+            row.thumbnail.setDevicePixelRatio(isLarge ? ratio : 1);
         }
         rows.insert(row.key, row);
     }

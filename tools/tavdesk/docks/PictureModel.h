@@ -4,7 +4,7 @@
 #include <QPixmap>
 #include <QSize>
 
-class ITavPicResourceMgr;
+class ClientSession;
 
 /// @brief The pictures that the picture manager holds of the directories that were appended. GUI thread.
 class PictureModel : public QAbstractTableModel
@@ -15,11 +15,11 @@ public:
 
     static constexpr int largestThumbnail = 32;
 
-    /// @p pictures outlives the model.
-    explicit PictureModel(ITavPicResourceMgr &pictures, QObject *parent = nullptr);
+    /// @p session outlives the model.
+    explicit PictureModel(ClientSession &session, QObject *parent = nullptr);
 
-    /// Has the manager load the directory, and shows its pictures; once more, with what it holds by then.
-    void append(const QString &directory);
+    /// Has the manager load the directories, and shows their pictures; once more, with what it holds by then.
+    void append(const QStringList &directories);
 
     /// The directories that were appended, each once.
     const QStringList &directories() const
@@ -42,7 +42,7 @@ private:
 
     QVector<Row> readRows() const;
 
-    ITavPicResourceMgr &m_pictures;
+    ClientSession &m_session;
     QStringList m_directories;
     QVector<Row> m_rows;
 };

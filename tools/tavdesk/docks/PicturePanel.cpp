@@ -13,15 +13,17 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
-PicturePanel::PicturePanel(ITavPicResourceMgr &pictures, const QStringList &directories, QWidget *parent)
-    : QWidget(parent), m_model(new PictureModel(pictures, this)), m_directories(new QListWidget)
+PicturePanel::PicturePanel(ClientSession &session, const QStringList &directories, QWidget *parent)
+    : QWidget(parent), m_model(new PictureModel(session, this)), m_directories(new QListWidget)
 {
     auto *const view = new QTableView;
     view->setModel(m_model);
     view->setAccessibleName(tr("Pictures"));
+    setFocusProxy(view);
     view->setTextElideMode(Qt::ElideMiddle);
     view->setIconSize({PictureModel::largestThumbnail, PictureModel::largestThumbnail});
-    setTableLook(*view, PictureModel::File, {44, 12, 40});
+    setTableLook(*view);
+    setColumnWidths(*view, PictureModel::File, {44, 12, 40});
     view->verticalHeader()->setDefaultSectionSize(PictureModel::largestThumbnail + 4);
 
     auto *const side = new QWidget;
@@ -30,14 +32,14 @@ PicturePanel::PicturePanel(ITavPicResourceMgr &pictures, const QStringList &dire
     m_directories->setAccessibleName(tr("Directories"));
     m_directories->setTextElideMode(Qt::ElideLeft);
     m_directories->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    auto *const append = new QPushButton(symbolIcon(Symbol::Add), tr("&Append…"));
-    append->setToolTip(tr("Have the picture manager load another directory."));
-    connect(append, &QPushButton::clicked, this, &PicturePanel::chooseDirectory);
+    auto *const another = new QPushButton(symbolIcon(Symbol::Add), tr("A&ppend…"));
+    another->setToolTip(tr("Have the picture manager load another directory."));
+    connect(another, &QPushButton::clicked, this, &PicturePanel::chooseDirectory);
     auto *const column = new QVBoxLayout(side);
     column->setContentsMargins(0, 0, 0, 0);
     column->addWidget(heading);
     column->addWidget(m_directories);
-    column->addWidget(append, 0, Qt::AlignLeft);
+    column->addWidget(another, 0, Qt::AlignLeft);
 
     auto *const splitter = new QSplitter;
     splitter->addWidget(view);
@@ -48,14 +50,12 @@ PicturePanel::PicturePanel(ITavPicResourceMgr &pictures, const QStringList &dire
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
     layout->addWidget(splitter);
-    for (const QString &directory : directories) {
-        this->append(directory);
-    }
+    append(directories);
 }
 
-void PicturePanel::append(const QString &directory)
+void PicturePanel::append(const QStringList &directories)
 {
-    m_model->append(directory);
+    m_model->append(directories);
     m_directories->clear();
     m_directories->addItems(m_model->directories());
 }
@@ -65,6 +65,6 @@ void PicturePanel::chooseDirectory()
     auto *const dialog = new QFileDialog(window(), tr("Append a Picture Directory"));
     dialog->setAttribute(Qt::WA_DeleteOnClose);
     dialog->setFileMode(QFileDialog::Directory);
-    connect(dialog, &QFileDialog::fileSelected, this, &PicturePanel::append);
+    connect(dialog, &QFileDialog::filesSelected, this, &PicturePanel::append);
     dialog->open();
 }

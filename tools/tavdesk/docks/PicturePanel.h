@@ -2,7 +2,7 @@
 
 #include <QWidget>
 
-class ITavPicResourceMgr;
+class ClientSession;
 class PictureModel;
 class QListWidget;
 
@@ -11,11 +11,11 @@ class PicturePanel : public QWidget
 {
     Q_OBJECT
 public:
-    /// @p pictures outlives the panel; @p directories are those that it has been given before.
-    PicturePanel(ITavPicResourceMgr &pictures, const QStringList &directories, QWidget *parent = nullptr);
+    /// Has the manager load @p directories. @p session outlives the panel.
+    PicturePanel(ClientSession &session, const QStringList &directories, QWidget *parent = nullptr);
 
 private:
-    void append(const QString &directory);
+    void append(const QStringList &directories);
     void chooseDirectory();
 
     PictureModel *const m_model;

@@ -7,18 +7,23 @@
 
 #include <algorithm>
 
-RegistryModel::RegistryModel(QObject *parent) : QAbstractTableModel(parent)
+RegistryModel::RegistryModel(ITavObjectMgr &registry, QObject *parent)
+    : QAbstractTableModel(parent), m_registry(registry)
 {
     update();
 }
 
 void RegistryModel::update()
 {
-    ITavObjectMgr &registry = *TavGlobalInfoMgr::getObjectMgr();
-    QVector<STObjectKey> keys = registry.getObjectKeys();
+    QVector<STObjectKey> keys = m_registry.getObjectKeys();
     for (int row = m_rows.size() - 1; row >= 0; --row) {
-        if (registry.getObject(m_rows[row].key) == m_rows[row].object) {
+        const QObject *const object = m_registry.getObject(m_rows[row].key);
+        if (object && object == m_rows[row].object) {
             keys.removeOne(m_rows[row].key);
+            if (const QString thread = threadOf(*object); thread != m_rows[row].thread) {
+                m_rows[row].thread = thread;
+                emit dataChanged(index(row, Thread), index(row, Thread));
+            }
         } else { // it has ended, or another one is found in its place
             beginRemoveRows({}, row, row);
             m_rows.removeAt(row);
@@ -26,7 +31,7 @@ void RegistryModel::update()
         }
     }
     for (const STObjectKey &key : qAsConst(keys)) {
-        if (const QObject *const object = registry.getObject(key)) {
+        if (const QObject *const object = m_registry.getObject(key)) {
             beginInsertRows({}, m_rows.size(), m_rows.size());
             m_rows.append(rowOf(key, *object));
             endInsertRows();
@@ -78,11 +83,19 @@ RegistryModel::Row RegistryModel::rowOf(const STObjectKey &key, const QObject &o
     const QLatin1String suffix("_Tav_ORG");
     const QString interface = key.name.endsWith(suffix) ? key.name.chopped(suffix.size()) : key.name;
     const bool hasInterface = const_cast<QObject &>(object).qt_metacast(interface.toUtf8().constData()) != nullptr;
-    const bool isInGuiThread = object.thread() == QCoreApplication::instance()->thread();
     return {key,
             &object,
             QString::fromUtf8(object.metaObject()->className()),
             hasInterface ? interface : QStringLiteral("-"),
-            isInGuiThread ? QStringLiteral("gui") : object.thread()->objectName(),
+            threadOf(object),
             QDateTime::currentDateTime()};
+}
+
+QString RegistryModel::threadOf(const QObject &object)
+{
+    const QThread *const thread = object.thread();
+    if (!thread) {
+        return QStringLiteral("-");
+    }
+    return thread == QCoreApplication::instance()->thread() ? QStringLiteral("gui") : thread->objectName();
 }

@@ -5,14 +5,15 @@
 #include <QAbstractTableModel>
 #include <QDateTime>
 
-/// @brief What is registered now in the client's current registry. GUI thread.
+/// @brief What is registered now. GUI thread.
 class RegistryModel : public QAbstractTableModel
 {
     Q_OBJECT
 public:
     enum Column { Key, Class, Interface, Thread, Since, ColumnCount };
 
-    explicit RegistryModel(QObject *parent = nullptr);
+    /// @p registry outlives the model.
+    explicit RegistryModel(ITavObjectMgr &registry, QObject *parent = nullptr);
 
     /// Takes over what has been registered or has ended since the last time.
     void update();
@@ -28,11 +29,13 @@ private:
         const QObject *object; ///< only to tell objects apart: it may have ended
         QString className;
         QString interface; ///< "-" when the object does not have the interface that its key names
-        QString thread;
+        QString thread; ///< "-" for an object of none, to which no event comes
         QDateTime since; ///< when it was seen first
     };
 
     static Row rowOf(const STObjectKey &key, const QObject &object);
+    static QString threadOf(const QObject &object);
 
+    ITavObjectMgr &m_registry;
     QVector<Row> m_rows;
 };

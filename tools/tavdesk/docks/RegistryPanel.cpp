@@ -4,29 +4,23 @@
 #include "TableLook.h"
 
 #include <QTableView>
+#include <QTimer>
 #include <QVBoxLayout>
 
-RegistryPanel::RegistryPanel(QWidget *parent) : QWidget(parent), m_model(new RegistryModel(this))
+RegistryPanel::RegistryPanel(ITavObjectMgr &registry, QWidget *parent) : QWidget(parent)
 {
+    auto *const model = new RegistryModel(registry, this);
     auto *const view = new QTableView;
-    view->setModel(m_model);
+    view->setModel(model);
     view->setAccessibleName(tr("Registered objects"));
-    setTableLook(*view, RegistryModel::Key, {34, 30, 30, 12, 14});
+    setFocusProxy(view);
+    setTableLook(*view);
+    setColumnWidths(*view, RegistryModel::Key, {34, 30, 30, 12, 14});
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
     layout->addWidget(view);
-    connect(&m_timer, &QTimer::timeout, m_model, &RegistryModel::update);
-}
-
-void RegistryPanel::showEvent(QShowEvent *event)
-{
-    QWidget::showEvent(event);
-    m_model->update();
-    m_timer.start(1000);
-}
-
-void RegistryPanel::hideEvent(QHideEvent *event)
-{
-    m_timer.stop();
-    QWidget::hideEvent(event);
+    // Also while it is out of sight: "since" is the time at which it was seen first.
+    auto *const look = new QTimer(this);
+    connect(look, &QTimer::timeout, model, &RegistryModel::update);
+    look->start(1000);
 }

@@ -1,20 +1,14 @@
 #pragma once
 
-#include <QTimer>
+#include "TavObjectMgr.h"
+
 #include <QWidget>
 
-/// @brief What is registered in the client's registry; looks at it while it is in sight.
+/// @brief What is registered in a registry, at which it looks once a second.
 class RegistryPanel : public QWidget
 {
     Q_OBJECT
 public:
-    explicit RegistryPanel(QWidget *parent = nullptr);
-
-protected:
-    void showEvent(QShowEvent *event) override;
-    void hideEvent(QHideEvent *event) override;
-
-private:
-    class RegistryModel *const m_model;
-    QTimer m_timer;
+    /// @p registry outlives the panel.
+    explicit RegistryPanel(ITavObjectMgr &registry, QWidget *parent = nullptr);
 };

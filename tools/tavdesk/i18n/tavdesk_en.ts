@@ -12,7 +12,7 @@
     </message>
 </context>
 <context>
-    <name>LogPanel</name>
+    <name>FilterBar</name>
     <message numerus="yes">
         <source>%n row(s)</source>
         <translation>
@@ -29,19 +29,12 @@
     </message>
 </context>
 <context>
-    <name>ValueList</name>
+    <name>Recording</name>
     <message numerus="yes">
-        <source>%n row(s)</source>
+        <source>%n call(s) are missing in it</source>
         <translation>
-            <numerusform>%n row</numerusform>
-            <numerusform>%n rows</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%1 of %n row(s)</source>
-        <translation>
-            <numerusform>%1 of %n row</numerusform>
-            <numerusform>%1 of %n rows</numerusform>
+            <numerusform>%n call is missing in it</numerusform>
+            <numerusform>%n calls are missing in it</numerusform>
         </translation>
     </message>
 </context>

@@ -51,8 +51,8 @@
 <context>
     <name>ArgumentForm</name>
     <message>
-        <source>&amp;%1 (%2)</source>
-        <translation>&amp;%1（%2）</translation>
+        <source>%1 (%2)</source>
+        <translation>%1（%2）</translation>
     </message>
 </context>
 <context>
@@ -116,6 +116,14 @@
         <source>Scenarios (*.jsonl)</source>
         <translation>场景 (*.jsonl)</translation>
     </message>
+    <message>
+        <source>Calls</source>
+        <translation>调用</translation>
+    </message>
+    <message>
+        <source>Writing the calls</source>
+        <translation>正在写入调用</translation>
+    </message>
 </context>
 <context>
     <name>CallPanel</name>
@@ -126,10 +134,6 @@
     <message>
         <source>Operations</source>
         <translation>操作</translation>
-    </message>
-    <message>
-        <source>&amp;Fill In What Is Held</source>
-        <translation>填入当前值(&amp;F)</translation>
     </message>
     <message>
         <source>&amp;Call</source>
@@ -154,6 +158,22 @@
     <message>
         <source>Refused:</source>
         <translation>被拒绝：</translation>
+    </message>
+    <message>
+        <source>F&amp;ill In What Is Held</source>
+        <translation>填入当前值(&amp;I)</translation>
+    </message>
+    <message>
+        <source>What is held has %L1 letters, too many to be edited here.</source>
+        <translation>当前值有 %L1 个字符，太多，无法在此编辑。</translation>
+    </message>
+    <message>
+        <source>Calling %1</source>
+        <translation>正在调用 %1</translation>
+    </message>
+    <message>
+        <source>Returned, of which the first %L1 of %L2 letters are shown:</source>
+        <translation>已返回，显示 %L2 个字符中的前 %L1 个：</translation>
     </message>
 </context>
 <context>
@@ -183,8 +203,24 @@
         <translation>它必须是功能 JSON 数组的 Base64 文本。检查结果会指出问题所在。</translation>
     </message>
     <message>
-        <source>Show &amp;Findings…</source>
-        <translation>显示检查结果(&amp;F)…</translation>
+        <source>The navigation catalogue cannot be read</source>
+        <translation>无法读取导航目录</translation>
+    </message>
+    <message>
+        <source>%1: %2</source>
+        <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>Make it a file that this user may read, and start again.</source>
+        <translation>请使其成为当前用户可读的文件，然后重新启动。</translation>
+    </message>
+    <message>
+        <source>Show Fi&amp;ndings…</source>
+        <translation>显示检查结果(&amp;N)…</translation>
+    </message>
+    <message>
+        <source>%1: nothing was found.</source>
+        <translation>%1：未发现问题。</translation>
     </message>
 </context>
 <context>
@@ -208,6 +244,34 @@
     <message>
         <source>failed</source>
         <translation>失败</translation>
+    </message>
+    <message>
+        <source>%1 bytes</source>
+        <translation>%1 字节</translation>
+    </message>
+    <message>
+        <source>percent</source>
+        <translation>百分比</translation>
+    </message>
+    <message>
+        <source>permille</source>
+        <translation>千分之一</translation>
+    </message>
+    <message>
+        <source>hundredths</source>
+        <translation>百分之一</translation>
+    </message>
+    <message>
+        <source>bytes</source>
+        <translation>字节</translation>
+    </message>
+    <message>
+        <source>seconds</source>
+        <translation>秒</translation>
+    </message>
+    <message>
+        <source>seconds since the epoch</source>
+        <translation>自纪元起的秒数</translation>
     </message>
 </context>
 <context>
@@ -243,6 +307,21 @@
         <source>Latency in µs</source>
         <translation>延迟（微秒）</translation>
     </message>
+    <message>
+        <source>Page changes</source>
+        <translation>页面切换</translation>
+    </message>
+</context>
+<context>
+    <name>DeskApplication</name>
+    <message>
+        <source>not a std::exception</source>
+        <translation>并非 std::exception</translation>
+    </message>
+    <message>
+        <source>%1 threw: %2</source>
+        <translation>%1 抛出异常：%2</translation>
+    </message>
 </context>
 <context>
     <name>FieldEdit</name>
@@ -258,6 +337,29 @@
     </message>
 </context>
 <context>
+    <name>FilterBar</name>
+    <message>
+        <source>Filter</source>
+        <translation>筛选</translation>
+    </message>
+    <message>
+        <source>Filter of %1</source>
+        <translation>筛选 %1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n row(s)</source>
+        <translation>
+            <numerusform>%n 行</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 of %n row(s)</source>
+        <translation>
+            <numerusform>%n 行中的 %1 行</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>FindingsDialog</name>
     <message>
         <source>line %1, column %2</source>
@@ -266,10 +368,6 @@
     <message>
         <source>Findings</source>
         <translation>检查结果</translation>
-    </message>
-    <message>
-        <source>%1: nothing was found.</source>
-        <translation>%1：未发现问题。</translation>
     </message>
     <message>
         <source>Place</source>
@@ -326,28 +424,16 @@
         <source>Text</source>
         <translation>文字</translation>
     </message>
+    <message>
+        <source>Log</source>
+        <translation>日志</translation>
+    </message>
 </context>
 <context>
     <name>LogPanel</name>
     <message>
-        <source>Filter</source>
-        <translation>筛选</translation>
-    </message>
-    <message>
         <source>Clear</source>
         <translation>清除</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n row(s)</source>
-        <translation>
-            <numerusform>%n 行</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%1 of %n row(s)</source>
-        <translation>
-            <numerusform>%n 行中的 %1 行</numerusform>
-        </translation>
     </message>
 </context>
 <context>
@@ -440,6 +526,14 @@
         <source>&amp;View</source>
         <translation>视图(&amp;V)</translation>
     </message>
+    <message>
+        <source>A part of the window has failed</source>
+        <translation>窗口的一部分出错</translation>
+    </message>
+    <message>
+        <source>&amp;Findings in the Catalogue…</source>
+        <translation>目录检查结果(&amp;F)…</translation>
+    </message>
 </context>
 <context>
     <name>ModelPage</name>
@@ -462,6 +556,18 @@
     <message>
         <source>%1: %2</source>
         <translation>%1：%2</translation>
+    </message>
+    <message>
+        <source>Reading the page</source>
+        <translation>正在读取页面</translation>
+    </message>
+    <message>
+        <source>Editing the list</source>
+        <translation>正在编辑列表</translation>
+    </message>
+    <message>
+        <source>Stopped after %1 of %2 calls.</source>
+        <translation>已停止：完成 %2 次调用中的 %1 次。</translation>
     </message>
 </context>
 <context>
@@ -862,16 +968,16 @@
         <translation>目录</translation>
     </message>
     <message>
-        <source>&amp;Append…</source>
-        <translation>追加(&amp;A)…</translation>
-    </message>
-    <message>
         <source>Have the picture manager load another directory.</source>
         <translation>让图片管理器再加载一个目录。</translation>
     </message>
     <message>
         <source>Append a Picture Directory</source>
         <translation>追加图片目录</translation>
+    </message>
+    <message>
+        <source>A&amp;ppend…</source>
+        <translation>追加(&amp;P)…</translation>
     </message>
 </context>
 <context>
@@ -960,6 +1066,19 @@
     </message>
 </context>
 <context>
+    <name>Recording</name>
+    <message>
+        <source>cannot be written any further: %1</source>
+        <translation>无法继续写入：%1</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n call(s) are missing in it</source>
+        <translation>
+            <numerusform>其中缺少 %n 次调用</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>RegistryModel</name>
     <message>
         <source>Key</source>
@@ -992,14 +1111,6 @@
 <context>
     <name>ValueList</name>
     <message>
-        <source>Filter</source>
-        <translation>筛选</translation>
-    </message>
-    <message>
-        <source>Filter of %1</source>
-        <translation>筛选 %1</translation>
-    </message>
-    <message>
         <source>Check all</source>
         <translation>全部勾选</translation>
     </message>
@@ -1014,18 +1125,6 @@
     <message>
         <source>Toggle all</source>
         <translation>全部切换</translation>
-    </message>
-    <message numerus="yes">
-        <source>%n row(s)</source>
-        <translation>
-            <numerusform>%n 行</numerusform>
-        </translation>
-    </message>
-    <message numerus="yes">
-        <source>%1 of %n row(s)</source>
-        <translation>
-            <numerusform>%n 行中的 %1 行</numerusform>
-        </translation>
     </message>
     <message>
         <source>Key of %1</source>
@@ -1053,6 +1152,21 @@
     <message>
         <source>%1: absent</source>
         <translation>%1：无</translation>
+    </message>
+</context>
+<context>
+    <name>ValueText</name>
+    <message>
+        <source>%1 at character %2; a text has its own quotes: &apos;&quot;text&quot;&apos;</source>
+        <translation>%1，位于第 %2 个字符；文本须带引号：&apos;&quot;text&quot;&apos;</translation>
+    </message>
+    <message>
+        <source>one JSON value is expected</source>
+        <translation>应为一个 JSON 值</translation>
+    </message>
+    <message>
+        <source>%1: the key stands more than once</source>
+        <translation>%1：键重复出现</translation>
     </message>
 </context>
 <context>

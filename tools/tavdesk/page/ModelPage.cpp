@@ -7,8 +7,8 @@
 #include "ValueList.h"
 #include "ValueModel.h"
 
-#include <QAction>
-#include <QCoreApplication>
+#include <QApplication>
+#include <QClipboard>
 #include <QElapsedTimer>
 #include <QLabel>
 #include <QScrollArea>
@@ -44,24 +44,27 @@ struct View {
     Arrangement arrangement;
 };
 
-using Edit = std::function<QString()>;
+using IsStopped = std::atomic<bool>;
+using Edit = std::function<QString(const IsStopped &)>;
 
 /// Makes the edits, reads the page, and finds out what is new. On the worker.
-PageReading readPage(ModelPage::Page page, const QVector<View> &views, const QVector<Edit> &edits,
-                     const ModelPage::Keys &keysOf)
+PageReading readPage(ModelPage::Page page, ITavObjectMgr &registry, const QVector<View> &views,
+                     const QVector<Edit> &edits, const ModelPage::Keys &keysOf, const IsStopped &isStopped)
 {
     QElapsedTimer timer;
     timer.start();
     PageReading reading;
     for (const Edit &edit : edits) {
-        if (const QString problem = edit(); !problem.isEmpty()) {
+        if (const QString problem = edit(isStopped); !problem.isEmpty()) {
             reading.problems.append(problem);
         }
     }
     for (const PageValue &value : valuesOf(page)) {
-        const QVector<QJsonArray> keys = value.readKey ? keysOf(value.manager, value.getter) : QVector<QJsonArray>();
+        const QVector<QJsonArray> keys
+            = value.readKeyFrom ? keysOf(value.manager, value.getter) : QVector<QJsonArray>();
         const QJsonArray key = views.value(reading.parts.size()).arrangement.key;
-        const QVector<PartTable> tables = keys.contains(key) ? value.readKey(key) : value.read();
+        const QVector<PartTable> tables
+            = keys.contains(key) ? value.readKeyFrom(registry, key) : value.readFrom(registry);
         for (const PartTable &table : tables) {
             const View view = views.value(reading.parts.size());
             reading.parts.append(
@@ -78,28 +81,45 @@ QString titleOf(const PartReading &part)
     return part.part.isEmpty() ? title : title + QStringLiteral(": ") + ValueColumn{part.part, {}}.title();
 }
 
-ValueTablePointer tableOf(const PageValue &value, const QString &part)
+/// The rows as text for other programs: lines, with a tabulator between the cells.
+QString textOf(const ValueTable &table, const QVector<int> &rows)
 {
-    const QVector<PartTable> tables = value.read();
+    QStringList lines;
+    for (const int row : rows) {
+        QStringList cells;
+        for (int column = 0; column < table.columns().size(); ++column) {
+            cells.append(ValueModel::textOf(table.columns()[column], table.cell(row, column)));
+        }
+        lines.append(cells.join(QLatin1Char('\t')));
+    }
+    return lines.join(QLatin1Char('\n'));
+}
+
+ValueTablePointer tableOf(const PageValue &value, ITavObjectMgr &registry, const QString &part)
+{
+    const QVector<PartTable> tables = value.readFrom(registry);
     const auto found
         = std::find_if(tables.begin(), tables.end(), [&part](const PartTable &table) { return table.part == part; });
     return found == tables.end() ? nullptr : found->table;
 }
 }
 
-ModelPage::ModelPage(Page page, Call call, Keys keys, QWidget *parent)
-    : QWidget(parent), m_page(page), m_call(std::move(call)), m_keys(std::move(keys)), m_worker(QStringLiteral("page"))
+ModelPage::ModelPage(Page page, ITavObjectMgr &registry, Call call, Keys keys, QWidget *parent)
+    : QWidget(parent)
+    , m_page(page)
+    , m_registry(registry)
+    , m_call(std::move(call))
+    , m_keys(std::move(keys))
+    , m_worker(QStringLiteral("page"))
 {
     m_next.setSingleShot(true);
     connect(&m_next, &QTimer::timeout, this, &ModelPage::read);
-    auto *const refresh = new QAction(this);
-    refresh->setShortcut(QKeySequence::Refresh);
-    refresh->setShortcutContext(Qt::WidgetWithChildrenShortcut);
-    connect(refresh, &QAction::triggered, this, &ModelPage::read);
-    addAction(refresh);
 }
 
-ModelPage::~ModelPage() = default;
+ModelPage::~ModelPage()
+{
+    stop(); // or the worker would make all calls of a long edit before it ends
+}
 
 void ModelPage::showEvent(QShowEvent *event)
 {
@@ -125,14 +145,25 @@ void ModelPage::read()
     for (const Part &part : qAsConst(m_parts)) {
         views.append({part.model->rows(), part.model->arrangement()});
     }
-    m_worker.run([page = m_page, views, edits = std::exchange(m_edits, {}),
-                  keys = m_keys] { return readPage(page, views, edits, keys); },
+    emit begun(m_edits.isEmpty() ? tr("Reading the page") : tr("Editing the list"), !m_edits.isEmpty());
+    m_isStopped = std::make_shared<IsStopped>(false);
+    m_worker.run([page = m_page, &registry = m_registry, views, edits = std::exchange(m_edits, {}), keys = m_keys,
+                  isStopped = m_isStopped] { return readPage(page, registry, views, edits, keys, *isStopped); },
                  [this](const PageReading &reading) { take(reading); });
+}
+
+void ModelPage::stop()
+{
+    m_edits.clear();
+    if (m_isStopped) {
+        *m_isStopped = true;
+    }
 }
 
 void ModelPage::take(const PageReading &reading)
 {
     m_isReading = false;
+    emit ended();
     if (m_parts.isEmpty()) {
         make(reading.parts);
     } else if (m_parts.size() == reading.parts.size()) {
@@ -257,6 +288,8 @@ void ModelPage::makeList(int tab)
     connect(
         part->list, &ValueList::edited, this,
         [this, part = *part](const QVector<int> &rows, const ValueList::Edit &wanted) { edit(part, rows, wanted); });
+    connect(part->list, &ValueList::copyRequested, this,
+            [this, model = part->model](const QVector<int> &rows) { copy(model->rows().table, rows); });
     m_lists->widget(tab)->layout()->addWidget(part->list);
 }
 
@@ -276,9 +309,9 @@ void ModelPage::takeKeys(const QVector<PartReading> &parts)
 void ModelPage::edit(const Part &part, const QVector<int> &rows, const ValueList::Edit &edit)
 {
     m_problem->hide();
-    m_edits.append([&value = *part.value, name = part.name, seen = part.model->rows().table, rows, edit,
-                    call = m_call]() -> QString {
-        const ValueTablePointer now = tableOf(value, name);
+    m_edits.append([&value = *part.value, name = part.name, seen = part.model->rows().table, rows, edit, call = m_call,
+                    &registry = m_registry](const IsStopped &isStopped) -> QString {
+        const ValueTablePointer now = tableOf(value, registry, name);
         const bool isThere
             = now && std::all_of(rows.begin(), rows.end(), [&](int row) { return isSameRow(*seen, row, *now, row); });
         if (!isThere) {
@@ -286,8 +319,11 @@ void ModelPage::edit(const Part &part, const QVector<int> &rows, const ValueList
         }
         try {
             const QVector<ValueEdit> calls = edit(*now);
-            for (const ValueEdit &one : calls) {
-                call(value.manager, one.operation, one.arguments);
+            for (int made = 0; made < calls.size(); ++made) {
+                if (isStopped) {
+                    return tr("Stopped after %1 of %2 calls.").arg(made).arg(calls.size());
+                }
+                call(value.manager, calls[made].operation, calls[made].arguments);
             }
         } catch (const TavCallError &error) {
             return tr("%1: %2").arg(value.manager, QString::fromUtf8(error.what()));
@@ -295,6 +331,12 @@ void ModelPage::edit(const Part &part, const QVector<int> &rows, const ValueList
         return {};
     });
     read();
+}
+
+void ModelPage::copy(const ValueTablePointer &table, const QVector<int> &rows)
+{
+    m_worker.run([table, rows] { return textOf(*table, rows); },
+                 [](const QString &text) { QApplication::clipboard()->setText(text); });
 }
 
 void ModelPage::showProblem(const QString &problem)

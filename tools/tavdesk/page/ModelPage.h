@@ -7,7 +7,9 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <atomic>
 #include <functional>
+#include <memory>
 
 class FactsPanel;
 class QLabel;
@@ -35,9 +37,17 @@ public:
     /// The keys under which a manager holds what this getter returns. Called on the page's thread.
     using Keys = std::function<QVector<QJsonArray>(const QString &manager, const QString &getter)>;
 
-    /// The managers, and what @p call and @p keys need, outlive the page.
-    explicit ModelPage(Page page, Call call, Keys keys, QWidget *parent = nullptr);
+    /// The managers are those of @p registry; it, and what @p call and @p keys need, outlive the page.
+    ModelPage(Page page, ITavObjectMgr &registry, Call call, Keys keys, QWidget *parent = nullptr);
     ~ModelPage() override;
+
+    /// Leaves the rest of an edit undone: the calls that were not made.
+    void stop();
+
+signals:
+    /// The page is read, or edited and read: @p text says which. Only an edit can be stopped.
+    void begun(const QString &text, bool canBeStopped);
+    void ended();
 
 protected:
     void showEvent(QShowEvent *event) override;
@@ -64,9 +74,11 @@ private:
     void showCounts();
     void takeKeys(const QVector<PartReading> &parts);
     void edit(const Part &part, const QVector<int> &rows, const ValueList::Edit &edit);
+    void copy(const ValueTablePointer &table, const QVector<int> &rows);
     void showProblem(const QString &problem);
 
     const Page m_page;
+    ITavObjectMgr &m_registry;
     const Call m_call;
     const Keys m_keys;
     QVector<Part> m_parts; ///< in the order of reading
@@ -76,6 +88,8 @@ private:
     QTimer m_next; ///< until the next reading
     bool m_isReading = false;
     bool m_isReadingWanted = false; ///< at once, when the one under way has ended
-    QVector<std::function<QString()>> m_edits; ///< to be made before the next reading; each says what went wrong
+    /// To be made before the next reading; each says what went wrong.
+    QVector<std::function<QString(const std::atomic<bool> &isStopped)>> m_edits;
+    std::shared_ptr<std::atomic<bool>> m_isStopped; ///< asked between the calls of an edit
     Worker m_worker; ///< the last member: what is above is there until its thread has ended
 };

@@ -19,6 +19,13 @@ QVector<quint64> fingerprintsOf(const ValueTable &table)
     return fingerprints;
 }
 
+/// Whether cells of this kind name what their row is about; others count and measure it.
+bool isText(TavFields::Kind kind)
+{
+    using TavFields::Kind;
+    return kind == Kind::Text || kind == Kind::Texts || kind == Kind::Digest || kind == Kind::Bytes;
+}
+
 /// @brief The cells in which two rows differ, a bit for each column, and whether they still are one row.
 struct CellDifference {
     quint64 cells = 0;
@@ -337,5 +344,17 @@ std::optional<RowChange> changeOf(const ShownRows &before, const ValueTablePoint
 
 bool isSameRow(const ValueTable &before, int oldRow, const ValueTable &table, int row)
 {
-    return row < table.rowCount() && differenceOf(before, oldRow, table, row).isSameRow;
+    if (row >= table.rowCount()) {
+        return false;
+    }
+    int texts = 0;
+    for (int column = 0; column < table.columns().size(); ++column) {
+        if (isText(table.columns()[column].kind)) {
+            ++texts;
+            if (table.cell(row, column) != before.cell(oldRow, column)) {
+                return false;
+            }
+        }
+    }
+    return texts > 0 || table.fingerprint(row) == before.fingerprint(oldRow);
 }

@@ -64,5 +64,6 @@ struct RowChange {
 std::optional<RowChange> changeOf(const ShownRows &before, const ValueTablePointer &table,
                                   const Arrangement &arrangement, qint64 now);
 
-/// Whether @p row of @p table is still the row that @p oldRow of @p before was: the same in half its cells at least.
+/// Whether @p row of @p table is about the same thing as @p oldRow of @p before, so that an edit of the one may be made
+/// on the other: all its texts are equal, while numbers and check marks may have changed; without texts, all its cells.
 bool isSameRow(const ValueTable &before, int oldRow, const ValueTable &table, int row);

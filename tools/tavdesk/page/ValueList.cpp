@@ -1,16 +1,14 @@
 #include "ValueList.h"
 
+#include "FilterBar.h"
+#include "TableLook.h"
 #include "TableStyle.h"
 #include "ValueModel.h"
 
 #include <QAction>
-#include <QApplication>
-#include <QClipboard>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QSignalBlocker>
 #include <QTableView>
@@ -29,15 +27,10 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     , m_model(model)
     , m_isToggled(!value.toggleRow.isEmpty() && !part.isEmpty())
     , m_keys(new QComboBox)
-    , m_filter(new QLineEdit)
-    , m_count(new QLabel)
+    , m_filter(new FilterBar(name, this))
     , m_view(new QTableView)
 {
-    m_filter->setPlaceholderText(tr("Filter"));
-    m_filter->setAccessibleName(tr("Filter of %1").arg(name));
-    m_filter->setClearButtonEnabled(true);
-    m_filter->setMaximumWidth(fontMetrics().averageCharWidth() * widestColumn);
-    connect(m_filter, &QLineEdit::textChanged, &model, &ValueModel::setFilter);
+    connect(m_filter, &FilterBar::textChanged, &model, &ValueModel::setFilter);
 
     m_keys->setAccessibleName(tr("Key of %1").arg(name));
     m_keys->setSizeAdjustPolicy(QComboBox::AdjustToContents);
@@ -51,19 +44,7 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     m_view->setStyle(style);
     m_view->horizontalHeader()->setStyle(style);
     m_view->setAccessibleName(name);
-    m_view->setSelectionBehavior(QAbstractItemView::SelectRows);
-    m_view->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    m_view->setShowGrid(false);
-    m_view->setAlternatingRowColors(true);
-    m_view->setWordWrap(false);
-    m_view->setTabKeyNavigation(false); // the tabulator leaves the table, as it leaves every other field
-    m_view->setVerticalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_view->setHorizontalScrollMode(QAbstractItemView::ScrollPerPixel);
-    m_view->setCornerButtonEnabled(false);
-    m_view->verticalHeader()->hide();
-    m_view->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    m_view->verticalHeader()->setDefaultSectionSize(fontMetrics().height() + 6);
-    m_view->horizontalHeader()->setHighlightSections(false);
+    setTableLook(*m_view);
     m_view->setModel(&model); // after the heights, or each row would be given another one
     const auto isNumber = [&model](int column) { return model.rows().table->columns()[column].isNumber(); };
     m_view->horizontalHeader()->setStretchLastSection(!isNumber(model.columnCount() - 1)); // far from its name
@@ -73,7 +54,6 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     auto *const bar = new QHBoxLayout;
     bar->addWidget(m_keys);
     bar->addWidget(m_filter, 1);
-    bar->addWidget(m_count);
     bar->addStretch(1);
     addEdits(*bar, part);
     auto *const layout = new QVBoxLayout(this);
@@ -81,24 +61,31 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
     layout->addLayout(bar);
     layout->addWidget(m_view, 1);
 
-    const auto addKey = [this](QWidget *where, const QKeySequence &key, auto slot) {
-        auto *const action = new QAction(where);
+    const auto addKey = [this](const QKeySequence &key, auto slot) {
+        auto *const action = new QAction(m_view);
         action->setShortcut(key);
         action->setShortcutContext(Qt::WidgetWithChildrenShortcut);
         connect(action, &QAction::triggered, this, slot);
-        where->addAction(action);
+        m_view->addAction(action);
     };
-    addKey(this, QKeySequence::Find, [this] { m_filter->setFocus(Qt::ShortcutFocusReason); });
-    addKey(m_filter, Qt::Key_Escape, [this] { m_filter->clear(); });
-    addKey(m_view, QKeySequence::Copy, [this] { copySelected(); });
-    addKey(m_view, Qt::Key_Space, [this] { toggleOrCheckSelected(); });
+    addKey(QKeySequence::Copy, [this] { emit copyRequested(selectedRows()); });
+    addKey(Qt::Key_Space, [this] { toggleOrCheckSelected(); });
+    addKey(Qt::CTRL + Qt::SHIFT + Qt::Key_S, [this] { sortByCurrentColumn(); });
 
     connect(&model, &ValueModel::checkRequested, this,
             [this](int row, bool checked) { check({m_model.rows().order[row]}, checked); });
     connect(&model, &ValueModel::rowsInserted, this, &ValueList::updateCount);
+    if (model.rowCount() == 0) { // the widths fit the titles alone
+        m_widthsOfTitles = connect(&model, &ValueModel::rowsInserted, this, &ValueList::fitFirstRows);
+    }
     connect(&model, &ValueModel::rowsRemoved, this, &ValueList::updateCount);
     updateCount();
     setColumnWidths();
+    connect(m_view->horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
+        if (column + 1 < m_model.columnCount()) { // the last one takes what is left, whoever changes that
+            disconnect(m_widthsOfTitles); // they are somebody's own now
+        }
+    });
 }
 
 void ValueList::setKeys(const QVector<QJsonArray> &keys)
@@ -167,11 +154,29 @@ void ValueList::setColumnWidths()
     }
 }
 
+void ValueList::fitFirstRows()
+{
+    disconnect(m_widthsOfTitles);
+    setColumnWidths();
+}
+
+/// Ascending, then descending, then in the list's own order again.
+void ValueList::sortByCurrentColumn()
+{
+    QHeaderView &header = *m_view->horizontalHeader();
+    const int column = m_view->currentIndex().column();
+    if (header.sortIndicatorSection() != column) {
+        header.setSortIndicator(column, Qt::AscendingOrder);
+    } else if (header.sortIndicatorOrder() == Qt::AscendingOrder) {
+        header.setSortIndicator(column, Qt::DescendingOrder);
+    } else {
+        header.setSortIndicator(-1, Qt::AscendingOrder);
+    }
+}
+
 void ValueList::updateCount()
 {
-    const int all = m_model.rows().table->rowCount();
-    const int shown = m_model.rowCount();
-    m_count->setText(shown == all ? tr("%n row(s)", nullptr, all) : tr("%1 of %n row(s)", nullptr, all).arg(shown));
+    m_filter->setCount(m_model.rowCount(), m_model.rows().table->rowCount());
 }
 
 void ValueList::check(const QVector<int> &rows, bool checked)
@@ -198,34 +203,21 @@ void ValueList::toggleOrCheckSelected()
     for (int column = 0; column < m_model.columnCount() && !rows.isEmpty(); ++column) {
         const QModelIndex mark = m_model.index(m_view->currentIndex().row(), column);
         if (mark.flags().testFlag(Qt::ItemIsUserCheckable)) {
-            check(rows, mark.data(Qt::CheckStateRole).toInt() != Qt::Checked);
+            // Of an exclusive list the current row alone: its page would take the mark off all others.
+            const int current = m_model.rows().order[m_view->currentIndex().row()];
+            check(m_value.isExclusive ? QVector<int>{current} : rows,
+                  mark.data(Qt::CheckStateRole).toInt() != Qt::Checked);
         }
     }
-}
-
-void ValueList::copySelected() const
-{
-    QStringList lines;
-    const QModelIndexList rows = m_view->selectionModel()->selectedRows();
-    for (const QModelIndex &row : rows) {
-        QStringList cells;
-        for (int column = 0; column < m_model.columnCount(); ++column) {
-            const QModelIndex index = row.siblingAtColumn(column);
-            const bool isMark = index.data(Qt::CheckStateRole).isValid();
-            cells.append(index.data(isMark ? Qt::AccessibleTextRole : Qt::DisplayRole).toString());
-        }
-        lines.append(cells.join(QLatin1Char('\t')));
-    }
-    QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
 
 QVector<int> ValueList::selectedRows() const
 {
     QVector<int> rows;
-    const QModelIndexList selected = m_view->selectionModel()->selectedRows();
-    for (const QModelIndex &index : selected) {
+    QModelIndexList selected = m_view->selectionModel()->selectedRows();
+    std::sort(selected.begin(), selected.end());
+    for (const QModelIndex &index : qAsConst(selected)) {
         rows.append(m_model.rows().order[index.row()]);
     }
-    std::sort(rows.begin(), rows.end());
     return rows;
 }

@@ -6,10 +6,9 @@
 
 #include <functional>
 
+class FilterBar;
 class QBoxLayout;
 class QComboBox;
-class QLabel;
-class QLineEdit;
 class QTableView;
 class ValueModel;
 
@@ -21,6 +20,7 @@ class ValueModel;
  * | the standard key for finding | to the filter |
  * | Escape in the filter | empties it |
  * | Space on a row | its check mark, or its state, is set the other way; of all selected rows |
+ * | Ctrl+Shift+S | sorts by the current column: ascending, descending, not at all |
  * | the standard key for copying | the selected rows as text, a tabulator between the cells |
  */
 class ValueList : public QWidget
@@ -41,6 +41,9 @@ signals:
     /// @p rows, of the table of values, are to be edited; none: all are.
     void edited(const QVector<int> &rows, const ValueList::Edit &edit);
 
+    /// The text of @p rows, of the table of values, is to be put on the clipboard.
+    void copyRequested(const QVector<int> &rows);
+
 private:
     void addEdits(QBoxLayout &bar, const QString &part);
     void setColumnWidths();
@@ -48,14 +51,15 @@ private:
     void check(const QVector<int> &rows, bool checked);
     void toggle(const QVector<int> &rows);
     void toggleOrCheckSelected();
-    void copySelected() const;
-    QVector<int> selectedRows() const; ///< of the table of values
+    void sortByCurrentColumn();
+    void fitFirstRows();
+    QVector<int> selectedRows() const; ///< of the table of values, in the order in which they are shown
 
     const PageValue &m_value;
     ValueModel &m_model;
     const bool m_isToggled; ///< the part's entries have a state to toggle
     QComboBox *m_keys;
-    QLineEdit *m_filter;
-    QLabel *m_count;
+    FilterBar *m_filter;
     QTableView *m_view;
+    QMetaObject::Connection m_widthsOfTitles; ///< until there are rows, or somebody sets a width
 };

@@ -120,11 +120,11 @@ QVariant ValueModel::data(const QModelIndex &index, int role) const
     const bool isCheckMark = column.kind == Kind::CheckMark;
     switch (role) {
     case Qt::DisplayRole:
-        return isCheckMark ? QVariant() : CellText::ofKind(column.kind, value);
+        return isCheckMark ? QVariant() : textOf(column, value);
     case Qt::CheckStateRole:
         return isCheckMark ? QVariant(value.toBool() ? Qt::Checked : Qt::Unchecked) : QVariant();
     case Qt::AccessibleTextRole:
-        return isCheckMark ? (value.toBool() ? tr("checked") : tr("not checked")) : QVariant();
+        return isCheckMark ? textOf(column, value) : QVariant();
     case Qt::TextAlignmentRole:
         return int(Qt::AlignVCenter | (column.isNumber() ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::BackgroundRole:
@@ -148,7 +148,7 @@ QVariant ValueModel::headerData(int section, Qt::Orientation orientation, int ro
     case Qt::TextAlignmentRole:
         return int(Qt::AlignVCenter | (column.isNumber() ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::ToolTipRole: {
-        const QString unit = QString::fromLatin1(TavFields::unitOf(column.kind));
+        const QString unit = CellText::unitOf(column.kind);
         return unit.isEmpty() ? column.name : tr("%1, in %2").arg(column.name, unit);
     }
     default:
@@ -186,12 +186,20 @@ QVariant ValueModel::background(int row, int column) const
     return markColor(double(left) / CellMarks::duration);
 }
 
+QString ValueModel::textOf(const ValueColumn &column, const QVariant &value)
+{
+    if (column.kind != Kind::CheckMark) {
+        return CellText::ofKind(column.kind, value);
+    }
+    return value.toBool() ? tr("checked") : tr("not checked");
+}
+
 QString ValueModel::toolTip(const ValueColumn &column, const QVariant &value)
 {
     if (!value.isValid()) {
         return tr("%1: absent").arg(column.name);
     }
-    const QString unit = QString::fromLatin1(TavFields::unitOf(column.kind));
+    const QString unit = CellText::unitOf(column.kind);
     const QString raw = column.kind == Kind::Bytes ? QString::fromLatin1(value.toByteArray().left(64).toHex(' '))
         : column.kind == Kind::Texts               ? value.toStringList().join(QLatin1Char('\n'))
                                                    : value.toString();

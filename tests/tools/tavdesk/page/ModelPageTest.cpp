@@ -36,12 +36,14 @@ protected:
         determineHeldValues();
     }
 
-    /// Shows the page, and waits until it has been read.
-    void open(ModelPage::Page type)
+    /// Shows the page, and waits until it has been read. @p call happens with each call that the page makes.
+    void open(
+        ModelPage::Page type, const std::function<void()> &call = [] {})
     {
         page = std::make_unique<ModelPage>(
-            type,
-            [this](const QString &manager, const QString &operation, const QJsonArray &arguments) {
+            type, host.registry(),
+            [this, call](const QString &manager, const QString &operation, const QJsonArray &arguments) {
+                call();
                 TavCall::call(host.managerObject(manager.toUtf8().constData()), manager, operation, arguments);
             },
             [this](const QString &manager, const QString &getter) { return keys.of(manager, getter); });
@@ -83,6 +85,25 @@ protected:
             }
         }
         throw std::runtime_error("no " + text.toStdString());
+    }
+
+    /// Whether the page shows this text.
+    bool hasLabel(const QString &text)
+    {
+        const auto labels = page->findChildren<QLabel *>();
+        return std::any_of(labels.begin(), labels.end(),
+                           [&text](const QLabel *label) { return label->isVisible() && label->text() == text; });
+    }
+
+    void fillProtections(int count)
+    {
+        QVector<STSystemProUIData> rows;
+        for (int i = 0; i < count; ++i) {
+            STSystemProUIData row;
+            row.itemKey = QString::number(i);
+            rows.append(row);
+        }
+        manager<ITavProtectMgr>().setProtectUIData(rows);
     }
 
     QString cell(QTableView *view, int row, int column)
@@ -319,12 +340,113 @@ TEST_F(ModelPageWindow, DoesNotEditARowThatHasBecomeAnother)
     view->setCurrentIndex(view->model()->index(0, 0));
     net.setDeviceInfo({});
     QTest::keyClick(view, Qt::Key_Space);
-    EXPECT_TRUE(QTest::qWaitFor([&] {
-        const auto labels = page->findChildren<QLabel *>();
-        return std::any_of(labels.begin(), labels.end(), [](const QLabel *label) {
-            return label->isVisible() && label->text() == "The list has changed meanwhile; nothing was edited.";
-        });
-    }));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hasLabel("The list has changed meanwhile; nothing was edited."); }));
+}
+
+TEST_F(ModelPageWindow, DoesNotEditTheRowThatHasMovedIntoThePlace)
+{
+    auto &net = manager<ITavNetControlMgr>();
+    Tav::NetControl::NetDeviceInfos devices;
+    devices.add_devices()->set_name("eth0");
+    devices.add_devices()->set_name("eth1");
+    net.setDeviceInfo(devices);
+    open(Types::SubFunc_serverResourceInfo);
+    QTableView *const view = table("Network: devices");
+    view->setCurrentIndex(view->model()->index(0, 0));
+    devices.mutable_devices()->DeleteSubrange(0, 1);
+    net.setDeviceInfo(devices);
+    QTest::keyClick(view, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hasLabel("The list has changed meanwhile; nothing was edited."); }));
+    EXPECT_EQ(net.getDeviceInfo().devices(0).state(), 0);
+}
+
+TEST_F(ModelPageWindow, EndsInTheMiddleOfALongEdit)
+{
+    std::atomic<int> calls{0};
+    fillProtections(1000);
+    open(Types::SubFunc_SelfProtect, [&calls] {
+        ++calls;
+        QThread::msleep(10);
+    });
+    QTableView *const rows = table("Protections");
+    rows->selectAll();
+    QTest::keyClick(rows, Qt::Key_Space);
+    ASSERT_TRUE(QTest::qWaitFor([&calls] { return calls > 0; }));
+    QElapsedTimer clock;
+    clock.start();
+    page.reset();
+    EXPECT_LT(clock.elapsed(), 2000) << "all calls would take ten seconds";
+}
+
+TEST_F(ModelPageWindow, StopsALongEditAndSaysHowFarItCame)
+{
+    std::atomic<int> calls{0};
+    fillProtections(1000);
+    open(Types::SubFunc_SelfProtect, [&calls] {
+        ++calls;
+        QThread::msleep(1);
+    });
+    QTableView *const rows = table("Protections");
+    QSignalSpy begun(page.get(), &ModelPage::begun);
+    rows->selectAll();
+    QTest::keyClick(rows, Qt::Key_Space);
+    ASSERT_TRUE(QTest::qWaitFor([&calls] { return calls > 0; }));
+    EXPECT_TRUE(begun.constLast().constLast().toBool()) << "an edit can be stopped";
+    page->stop();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hasLabel(QString("Stopped after %1 of 1000 calls.").arg(calls)); }));
+}
+
+TEST_F(ModelPageWindow, ChecksTheCurrentLevelAloneWhenSeveralAreSelected)
+{
+    auto &access = manager<ITavAccessControlMgr>();
+    access.updateUIPriData({level(1, false), level(2, false), level(3, false)});
+    open(Types::SubFunc_PrincipalSettings);
+    QTableView *const levels = table("Principal levels");
+    levels->selectAll();
+    levels->selectionModel()->setCurrentIndex(levels->model()->index(1, 0), QItemSelectionModel::NoUpdate);
+    QTest::keyClick(levels, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return access.getUIPriData()[1].checked; }));
+    EXPECT_FALSE(access.getUIPriData()[0].checked);
+    EXPECT_FALSE(access.getUIPriData()[2].checked);
+}
+
+TEST_F(ModelPageWindow, SortsWithTheKeyboardAndBackToItsOwnOrder)
+{
+    manager<ITavOneReinforceMgr>().setStateInfo({{"b", "2"}, {"c", "1"}, {"a", "3"}});
+    open(Types::SubFunc_OneClickReinforcement);
+    QTableView *const states = table("States");
+    states->setCurrentIndex(states->model()->index(0, 0));
+    const auto order = [&] { return cell(states, 0, 0) + cell(states, 1, 0) + cell(states, 2, 0); };
+    const char *const orders[]{"abc", "cba", "bca"};
+    for (const char *const expected : orders) {
+        QTest::keyClick(states, Qt::Key_S, Qt::ControlModifier | Qt::ShiftModifier);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return order() == expected; })) << order().toStdString();
+    }
+}
+
+TEST_F(ModelPageWindow, FitsItsColumnsToTheFirstRowsUnlessSomebodyHas)
+{
+    open(Types::SubFunc_OneClickReinforcement);
+    QTableView *const states = table("States");
+    const int empty = states->columnWidth(0);
+    manager<ITavOneReinforceMgr>().setStateInfo({{QString(40, 'w'), "1"}});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return states->columnWidth(0) > empty; }));
+    const int fitting = states->columnWidth(0);
+    manager<ITavOneReinforceMgr>().setStateInfo({});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return states->model()->rowCount() == 0; }));
+    manager<ITavOneReinforceMgr>().setStateInfo({{"w", "1"}});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return states->model()->rowCount() == 1; }));
+    EXPECT_EQ(states->columnWidth(0), fitting) << "later rows make no columns jump";
+}
+
+TEST_F(ModelPageWindow, LeavesAColumnAsSomebodyHasMadeIt)
+{
+    open(Types::SubFunc_OneClickReinforcement);
+    QTableView *const states = table("States");
+    states->setColumnWidth(0, 77); // as the mouse does it
+    manager<ITavOneReinforceMgr>().setStateInfo({{QString(40, 'w'), "1"}});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return states->model()->rowCount() == 1; }));
+    EXPECT_EQ(states->columnWidth(0), 77);
 }
 
 TEST_F(ModelPageWindow, CopiesTheSelectedRows)
@@ -332,8 +454,11 @@ TEST_F(ModelPageWindow, CopiesTheSelectedRows)
     manager<ITavProtectMgr>().setProtectUIData({protection("one"), protection("two", true)});
     open(Types::SubFunc_SelfProtect);
     QTableView *const rows = table("Protections");
-    rows->selectAll();
+    rows->selectRow(1);
+    rows->selectionModel()->select(rows->model()->index(0, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    QApplication::clipboard()->clear();
     QTest::keySequence(rows, QKeySequence::Copy);
+    ASSERT_TRUE(QTest::qWaitFor([] { return !QApplication::clipboard()->text().isEmpty(); }));
     const QStringList lines = QApplication::clipboard()->text().split('\n');
     ASSERT_EQ(lines.size(), 2);
     EXPECT_TRUE(lines[1].startsWith("checked\ttwo\t")) << lines[1].toStdString();
@@ -357,7 +482,8 @@ TEST_F(ModelPageWindow, EndsAtAnyMoment)
 {
     for (int moment = 0; moment < 40; ++moment) {
         page = std::make_unique<ModelPage>(
-            Types::SubFunc_serverResourceInfo, [](const QString &, const QString &, const QJsonArray &) {},
+            Types::SubFunc_serverResourceInfo, host.registry(),
+            [](const QString &, const QString &, const QJsonArray &) {},
             [](const QString &, const QString &) { return QVector<QJsonArray>(); });
         page->show();
         QTest::qWait(moment);
