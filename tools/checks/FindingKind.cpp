@@ -264,8 +264,8 @@ const std::vector<FindingKind> &findingKinds()
          "The plugin does not register every manager that pages look up.", "registers no managers",
          "registers the fifteen managers"},
         {Code::PluginCrashes, Severity::Error, "a plugin that crashes",
-         "The process in which the plugin was loaded, and was to register its managers, did not end by itself, or an "
-         "exception left the plugin.",
+         "The process in which the plugin was loaded did not come to the end of having it register its managers: the "
+         "plugin crashed, ended the program, or let an exception out.",
          "an access to memory that is not there", "registers the fifteen managers"},
         {Code::PluginHangs, Severity::Error, "a plugin that hangs",
          "Loading the plugin and having it register its managers takes a moment. After ten seconds the process in "

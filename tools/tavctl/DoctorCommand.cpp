@@ -20,6 +20,7 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <system_error>
 #include <cerrno>
 
 namespace
@@ -149,6 +150,15 @@ void printInstallation(const QVector<Part> &parts, const Plugin &chosen, const T
     table.print();
     if (!plugin.identifier.isEmpty()) {
         printLine(printable(QString("plugin: %1%2, built with Qt %3 for %4")
+
+Findings findingsOn(const Plugin &plugin, bool loads)
+{
+    try {
+        return loads ? checkPlugin(plugin.file) : checkPluginUnloaded(plugin.file);
+    } catch (const std::system_error &error) { // says nothing about the plugin
+        throw ToolError(ExitCode::Usage, QString::fromLocal8Bit(error.what()));
+    }
+}
                                 .arg(chosen.origin.isEmpty() ? QString() : chosen.origin + ": ", plugin.identifier,
                                      plugin.qtVersion, plugin.machine)));
     }
@@ -185,8 +195,8 @@ ExitCode doctor(const DoctorOptions &options)
         return checkCatalogue(file, content)
             + (directories.isEmpty() ? Findings() : checkIcons(file, content, pictures));
     };
-    const QVector<Part> parts{
-        {"plugin", plugin.file, options.loads ? checkPlugin(plugin.file) : checkPluginUnloaded(plugin.file)},
+    QVector<Part> parts{
+        {"plugin", plugin.file, findingsOn(plugin, options.loads)},
         {"catalogue", catalogue.file, foundIn(catalogue, checkCatalogueWithIcons)},
         {"baseline", baseline.file, foundIn(baseline, checkBaseline)},
         {"pictures", TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures()),

@@ -216,7 +216,7 @@ TEST_F(DoctorCommand, SaysThatItMayNotReadThePlugin)
                       "this user read it"});
 }
 
-TEST_F(DoctorCommand, OutlivesAPluginThatCrashesOrHangs)
+TEST_F(DoctorCommand, OutlivesAPluginThatCrashesHangsOrEndsTheProgram)
 {
     struct {
         QString file;
@@ -237,6 +237,10 @@ TEST_F(DoctorCommand, OutlivesAPluginThatCrashesOrHangs)
         EXPECT_EQ(findingLines(run), QStringList{row.file + row.finding});
         EXPECT_EQ(run.exitCode, 1);
         EXPECT_EQ(run.errors, "");
+        {TAV_EXITING_PLUGIN_FILE,
+         ": error: TAV615: ends the process that loads it: exit code 0; the client ends when it starts; install "
+         "another "
+         "build of the plugin"},
         EXPECT_EQ(findingLines(Tavctl(arguments + QStringList{"--no-load"})), QStringList()) << "nothing of it runs";
     }
 }
