@@ -12,6 +12,8 @@
 #include <QMetaEnum>
 #include <QSet>
 
+#include <algorithm>
+
 namespace
 {
 /// The value of a type's key; 0, the value for no function or page, for what is no key.
@@ -243,7 +245,10 @@ Findings checkText(const QString &file, const QByteArray &json, const TavJsonTex
     entries.checkFunctions(text.document().toArray(), QString());
     entries.checkParents();
     Findings findings = checkAgainstSchema("funcTypeConfig.schema.json", text.document()) + entries.findings();
-    if (findings.isEmpty() && !entries.hasPages()) { // anything else that was found may be the reason
+    const bool isBroken = std::any_of(findings.begin(), findings.end(), [](const Finding &finding) {
+        return finding.kind().severity == Severity::Error;
+    });
+    if (!isBroken && !entries.hasPages()) { // an error may be the reason
         findings.append(Finding::ofValue(FindingCode::NoVisiblePage, {}, "no entry has a page that is not disabled",
                                          "there is nothing to open", "add a page, or enable one"));
     }
