@@ -255,21 +255,26 @@ Findings checkText(const QString &file, const QByteArray &json, const TavJsonTex
     return located(findings, file, text);
 }
 
-/// The icons of the functions, and of those nested in them, that are none of @p names.
+/// The icons of the functions that are none of @p names: of all that the plugin reads, nested ones included.
 void checkIconsOf(const QJsonArray &functions, const QString &path, const QSet<QString> &names, Findings &findings)
 {
     for (int i = 0; i < functions.size(); ++i) {
         const QJsonObject function = functions[i].toObject();
+        if (!function.contains("funcType")) {
+            continue;
+        }
         const QString functionPath = TavJson::elementPath(path, i);
         const QString icon = function["funcIcon"].toString();
         const bool isName = !icon.trimmed().isEmpty() && !icon.contains('.') && !icon.contains('/');
-        if (isName && function.contains("funcType") && !names.contains(icon.toUpper())) {
+        if (isName && !names.contains(icon.toUpper())) {
             findings.append(Finding::ofValue(FindingCode::IconWithoutPicture, functionPath + "/funcIcon",
                                              "no picture directory holds the icon \"" + icon + '"',
                                              "the function is shown without an icon",
                                              "put " + icon + ".png into a picture directory, or name another picture"));
         }
-        checkIconsOf(function["funcList"].toArray(), functionPath + "/funcList", names, findings);
+        if (!function.contains("subFunList")) {
+            checkIconsOf(function["funcList"].toArray(), functionPath + "/funcList", names, findings);
+        }
     }
 }
 
@@ -309,9 +314,5 @@ Findings checkIcons(const QString &file, const QByteArray &content, const Pictur
     const TavJsonText text(Base64Text::decoded(content));
     Findings findings;
     checkIconsOf(text.document().toArray(), {}, names, findings);
-    for (Finding &finding : findings) {
-        finding.file = file;
-        finding.place = text.placeOf(finding.path);
-    }
-    return inBase64(findings, content, text);
+    return inBase64(placed(findings, file, text), content, text);
 }

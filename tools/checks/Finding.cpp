@@ -31,6 +31,11 @@ Findings located(Findings findings, const QString &file, const TavJsonText &text
                              "the plugin's reader takes it, but other readers refuse the whole file",
                              R"(write control characters as escapes such as "\n", and "\\" for a backslash)"));
     }
+    return placed(findings, file, text);
+}
+
+Findings placed(Findings findings, const QString &file, const TavJsonText &text)
+{
     for (Finding &finding : findings) {
         finding.file = file;
         finding.place = text.placeOf(finding.path);

@@ -381,6 +381,55 @@ TEST_F(DoctorOnACopy, FollowsAbsoluteLinksInsideTheRoot)
         ASSERT_TRUE(QFile::link(QString("/data/") + name, root + '/' + name));
     }
     EXPECT_EQ(findings(), QStringList());
+TEST_F(DoctorOnACopy, TellsWhoseTheDirectoryIsThatItMayNotPass)
+{
+    ASSERT_EQ(Program({"chmod", "0", root + "/opt/tavsec"}).exitCode, 0);
+    const QString owner = QString("\"@/opt/tavsec\" belongs to the user %1; ").arg(geteuid());
+    const QStringList found = findingsBoundByPermissions();
+    ASSERT_EQ(found.size(), 2) << found.join('\n').toStdString();
+    EXPECT_TRUE(found[0].contains(": error: TAV701: /enableConfig: the script directory "
+                                  "\"@/opt/tavsec/script/baselineScript\" cannot be seen; "
+                                  + owner))
+        << found[0].toStdString();
+    EXPECT_TRUE(found[1].startsWith("@/opt/tavsec/pictures: error: TAV701: cannot be listed; " + owner))
+        << found[1].toStdString();
+}
+
+TEST_F(DoctorOnACopy, ReadsNoOtherFileInPlaceOfOneThatIsMissing)
+{
+    const QByteArray catalogue = contentOf(root + "/etc/tavsec.d/funcTypeConfig.json");
+    ASSERT_TRUE(QDir(root + "/etc").removeRecursively());
+    put("etc/tavsec.d", catalogue);
+    const QStringList found = findings();
+    ASSERT_EQ(found.size(), 2) << found.join('\n').toStdString();
+    EXPECT_TRUE(found[0].startsWith("@/etc/tavsec.d/funcTypeConfig.json: error: TAV620: cannot be read: Not a "
+                                    "directory; "))
+        << found[0].toStdString();
+}
+
+TEST_F(DoctorOnACopy, FindsIconsWithoutPicturesInTheOrderOfTheText)
+{
+    const QByteArray pages = R"("subFunList": [{"subFuncType": "SubFunc_LogAudit", "subFuncTitile": "P",
+        "subFuncClassName": "I"}])";
+    const QByteArray json = R"([{"funcType": "Func_HostInfo", "funcTitle": "A", "funcList": [
+        {"funcType": "Func_SystemAudit", "funcTitle": "B", "funcIcon": "gone", )"
+        + pages + R"(, "funcList": [{"funcType": "Func_LineScan", "funcTitle": "C", "funcIcon": "notRead"}]},
+        {"funcTitle": "D", "funcIcon": "notRead", "funcList": [
+            {"funcType": "Func_LineScan", "funcTitle": "E", "funcIcon": "notRead"}]}], "funcIcon": "goneToo"}])";
+    const QString file = put("etc/tavsec.d/funcTypeConfig.json", json.toBase64());
+    const QStringList found = findings().filter(": TAV211: ");
+    const auto start = [&](const char *icon, const QString &path) {
+        const QByteArray before = json.left(json.indexOf(QByteArray(1, '"') + icon + '"'));
+        const QString place
+            = QString("%1:%2").arg(before.count('\n') + 1).arg(before.size() - before.lastIndexOf('\n'));
+        return QString("@/etc/tavsec.d/funcTypeConfig.json:%1: error: TAV211: in the JSON text %2: %3: ")
+            .arg(placeInBase64(place, file), place, path);
+    };
+    ASSERT_EQ(found.size(), 2) << found.join('\n').toStdString();
+    EXPECT_TRUE(found[0].startsWith(start("gone", "/0/funcList/0/funcIcon"))) << found[0].toStdString();
+    EXPECT_TRUE(found[1].startsWith(start("goneToo", "/0/funcIcon"))) << found[1].toStdString();
+}
+
 }
 
 TEST_F(DoctorOnACopy, AsksForTheRootOnceWhenThereIsNoScriptDirectory)
