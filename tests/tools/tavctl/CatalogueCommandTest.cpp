@@ -214,3 +214,11 @@ TEST_F(CatalogueCommand, CutsLongValues)
     const QByteArray type = QByteArray(onePage).replace("Func_HostInfo", QByteArray(1000, 'x'));
     EXPECT_TRUE(reportOn(putCatalogue(type)).contains(": \"" + QString(40, 'x') + "…\" is no function type"));
 }
+
+TEST_F(CatalogueCommand, OutlivesTextsOfAnyLength)
+{
+    const QByteArray icon = QByteArray(onePage).replace("hostIcon", QByteArray(1'000'000, 'x'));
+    const Tavctl run({"catalogue", "check", putCatalogue(icon)});
+    EXPECT_EQ(run.exitCode, 0) << "not crashed";
+    EXPECT_EQ(run.output, "1 file checked, no findings\n");
+}
