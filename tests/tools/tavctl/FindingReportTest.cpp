@@ -142,6 +142,30 @@ TEST_F(FindingReport, SarifIsWhatScannersRead)
 }
 
 TEST_F(FindingReport, GithubCommandsAreEscaped)
+TEST_F(FindingReport, SarifNamesFilesByUri)
+{
+    struct {
+        const char *name;
+        const char *uri;
+    } const rows[] = {{"a%20b.json", "a%2520b.json"},
+                      {"a#b?.json", "a%23b%3F.json"},
+                      {"a:b.json", "./a:b.json"},
+                      {"甲.json", "%E7%94%B2.json"}};
+    for (const auto &row : rows) {
+        file = put(row.name, "[]");
+        const auto uriIn = [](const Tavctl &run) {
+            const QJsonObject document = run.json();
+            const QJsonValue location = document["runs"][0]["results"][0]["locations"][0];
+            return location["physicalLocation"]["artifactLocation"]["uri"].toString();
+        };
+        const QStringList command{"baseline", "check", row.name, "--root", directory.path(), "--format", "sarif"};
+        const Tavctl relative(command, "/dev/null", {"env", "-C", directory.path()});
+        EXPECT_EQ(uriIn(relative), row.uri);
+        EXPECT_EQ(uriIn(check({"--format", "sarif"})),
+                  "file://" + directory.path() + '/' + QString(row.uri).remove("./"));
+    }
+}
+
 {
     file = put("a,b:c%.json", "{\"enableConfig\": [\n7]}");
     const QStringList lines = check({"--format", "github"}).output.split('\n');
