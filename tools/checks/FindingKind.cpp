@@ -113,7 +113,7 @@ const std::vector<FindingKind> &findingKinds()
          "the same, and a page of the type SubFunc_ObjectSetting"},
 
         {Code::IconWithoutPicture, Severity::Error, "an icon without a picture",
-         "No picture directory of the installation holds a picture of this name, upper and lower case apart.",
+         "No picture directory of the installation holds a picture of this name, in upper or lower case alike.",
          R"("funcIcon": "hostIcom")", R"("funcIcon": "hostIcon", with hostIcon.png in a picture directory)"},
         {Code::IconNotAName, Severity::Error, "an icon with a suffix or a directory",
          "A picture is looked up by its name before the first dot, apart from its directory: a text with a dot or a "
@@ -207,7 +207,7 @@ const std::vector<FindingKind> &findingKinds()
          "/opt/tavsec/pictures/", "/opt/tavsec/pictures/navigation/hostIcon.png"},
 
         {Code::PictureOfOtherSuffix, Severity::Warning, "a picture of another suffix",
-         "The plugin takes files whose names end in \".png\", upper and lower case apart.", "icon.svg", "icon.png"},
+         "The plugin takes files whose names end in \".png\", in upper or lower case alike.", "icon.svg", "icon.png"},
         {Code::PictureHidden, Severity::Warning, "a hidden picture",
          "The plugin passes over files whose names begin with a dot.", ".icon.png", "icon.png"},
         {Code::PictureLinkDangling, Severity::Error, "a link to no picture",
@@ -302,8 +302,8 @@ const FindingKind &kindOf(FindingCode code)
 const FindingKind *kindNamed(const QString &name)
 {
     const std::vector<FindingKind> &kinds = findingKinds();
-    const auto kind
-        = std::find_if(kinds.begin(), kinds.end(), [&name](const FindingKind &one) { return one.name() == name; });
+    const auto kind = std::find_if(kinds.begin(), kinds.end(),
+                                   [&name](const FindingKind &one) { return one.name() == name.toUpper(); });
     return kind == kinds.end() ? nullptr : &*kind;
 }
 
