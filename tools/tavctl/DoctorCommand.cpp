@@ -204,8 +204,9 @@ ExitCode doctor(const DoctorOptions &options)
         {"permissions", options.root, checkAccess(guardedPaths(baseline.content, plugin.file))},
     };
     FindingReport report(options.findings);
-    for (const Part &part : parts) {
-        report.add(part.findings, QFileInfo(TavCommonUtils::pathInSystemRoot(InstallationPaths::catalogue())).path());
+    for (Part &part : parts) {
+        part.findings = report.add(part.findings,
+                                   QFileInfo(TavCommonUtils::pathInSystemRoot(InstallationPaths::catalogue())).path());
     }
     const TavPluginFacts facts = TavPluginHost::factsOf(plugin.file);
     if (report.showsText()) {

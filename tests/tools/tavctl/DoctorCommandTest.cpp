@@ -49,6 +49,13 @@ TEST_F(DoctorCommand, NamesEveryPlantedMistakeAndNoOther)
         counts.append(part["findings"].toInt());
     }
     EXPECT_EQ(counts, QVector<int>({0, 14, 29, 8, 0})) << "plugin, catalogue, baseline, pictures, permissions";
+    const QJsonObject ignoring = Tavctl({"doctor", "--root", brokenRoot, "--json", "--ignore", "TAV211,TAV301"}).json();
+    int shown = 0;
+    for (const QJsonValue &part : ignoring["parts"].toArray()) {
+        shown += part["findings"].toInt();
+    }
+    EXPECT_EQ(shown, ignoring["findings"].toArray().size());
+    EXPECT_LT(shown, 51);
 }
 
 TEST_F(DoctorCommand, MissesWhatAnEmptyInstallationLacks)

@@ -11,17 +11,17 @@ FindingReport::FindingReport(FindingOptions options) : m_options(std::move(optio
 {
 }
 
-void FindingReport::add(const Findings &findings, const QString &directory)
+Findings FindingReport::add(const Findings &findings, const QString &directory)
 {
     std::set<FindingCode> ignored = IgnoreFile::codesIn(directory);
     ignored.insert(m_options.ignored.begin(), m_options.ignored.end());
-    for (const Finding &finding : findings) {
-        if (ignored.count(finding.code) > 0) {
-            ++m_ignored;
-        } else {
-            m_findings.append(finding);
-        }
-    }
+    Findings taken = findings;
+    taken.erase(std::remove_if(taken.begin(), taken.end(),
+                               [&ignored](const Finding &finding) { return ignored.count(finding.code) > 0; }),
+                taken.end());
+    m_ignored += findings.size() - taken.size();
+    m_findings += taken;
+    return taken;
 }
 
 void FindingReport::print(const QString &checked, const QJsonObject &others) const
