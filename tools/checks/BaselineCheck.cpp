@@ -112,7 +112,7 @@ Findings checkScripts(const QJsonArray &items, const QSet<QString> &wrongPaths)
         return {Finding::ofValue(isHidden ? FindingCode::NotReadable : FindingCode::NoScriptDirectory, "/enableConfig",
                                  QString(R"(the script directory "%1" %2)")
                                      .arg(TavCommonUtils::pathInSystemRoot(InstallationPaths::scripts()),
-                                          isHidden ? "cannot be seen" : "does not exist"),
+                                          isHidden ? "cannot be seen; " + directory.ownerText() : "does not exist"),
                                  "no item can be checked", "put it there, or name another system root with --root")};
     }
     Findings findings;

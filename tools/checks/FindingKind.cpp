@@ -282,9 +282,8 @@ const std::vector<FindingKind> &findingKinds()
          "-rw------- root", "-rw-r--r-- root"},
         {Code::WritableByOthers, Severity::Error, "writable by others",
          "Somebody else than the owner may change the file, or put another in its place. The client shows it, or the "
-         "agent runs it with its own rights. A group that is the owner's alone, and directories in which each may "
-         "change "
-         "but his own, are not meant.",
+         "agent runs it with its own rights. A group that is the owner's alone is not meant, nor is a directory in "
+         "which each may change but his own, unless the client takes all that lies in it.",
          "-rwxrwxrwx check.sh", "-rwxr-xr-x check.sh"},
         {Code::OwnedByStranger, Severity::Error, "owned by a stranger",
          "The owner is neither the administrator nor the owner of the whole system root.", "-rw-r--r-- guest",
