@@ -148,39 +148,44 @@ TEST_F(DoctorCommand, SaysWhatIsWrongWithAPluginFile)
         QString file;
         QString finding;
     } const rows[] = {
-        {directory.filePath("none"), "TAV601",
-         "there is no such file" + noManagers + "install the plugin, or name its file with --plugin"},
-        {TAV_SOURCE_DIR "/CMakeLists.txt", "TAV603", "not a shared library" + noManagers + name},
-        {TAV_TAVCTL_FILE, "TAV607", "not a Qt plugin" + noManagers + name},
-        {TAV_OTHER_PLUGIN_FILE, "TAV608",
-         "another plugin: its identifier is \"org.example.OtherPlugin\" and not \"Tav_ORG_ITavDtaPlugin\"" + noManagers
-             + name},
-        {put("newer.so", ofNewerQt), "TAV609",
-         QString("built with Qt 5.99.0, but this is Qt %1; Qt refuses to load it: it takes plugins of its own or an "
+        {directory.filePath("none"),
+         ": error: TAV601: there is no such file" + noManagers + "install the plugin, or name its file with --plugin"},
+        {TAV_SOURCE_DIR "/CMakeLists.txt", ": error: TAV603: not a shared library" + noManagers + name},
+        {TAV_TAVCTL_FILE, ": error: TAV607: not a Qt plugin" + noManagers + name},
+        {TAV_OTHER_PLUGIN_FILE,
+         ": error: TAV608: another plugin: its identifier is \"org.example.OtherPlugin\" and not "
+         "\"Tav_ORG_ITavDtaPlugin\""
+             + noManagers + name},
+        {put("newer.so", ofNewerQt),
+         QString(": error: TAV609: built with Qt 5.99.0, but this is Qt %1; Qt refuses to load it: it takes plugins of "
+                 "its own or an "
                  "earlier minor version; build the plugin with Qt %2")
              .arg(qVersion(), qt)},
-        {put("machine.so", forOtherMachine), "TAV605",
-         QString("built for %1, but this program for %2; no client for %2 can load it; install the plugin for %2")
+        {put("machine.so", forOtherMachine),
+         QString(": error: TAV605: built for %1, but this program for %2; no client for %2 can load it; install the "
+                 "plugin for %2")
              .arg(other, own)},
         {put("incomplete.so",
              QByteArray(plugin)
                  .replace("libTavCommon.so.1", "libTavComm0n.so.1")
                  .replace("libstdc++.so.6", "libstdc--.so.6")),
-         "TAV610",
-         "cannot be loaded: it lacks libTavComm0n.so.1, libstdc--.so.6" + noManagers + "install what it lacks"},
-        {"/tmp", "TAV602", "not a regular file" + noManagers + name},
-        {put("cut.so", plugin.left(plugin.size() - 1)), "TAV604",
-         "cut off: it ends before what its headers announce" + noManagers + "install the plugin again"},
-        {put("words.so", ofOtherWordSize), "TAV606",
-         "built for words of 32 bits, but this program for 64; no client for " + own
+         ": error: TAV610: cannot be loaded: it lacks libTavComm0n.so.1, libstdc--.so.6" + noManagers
+             + "install what it lacks"},
+        {"/tmp", ": error: TAV602: not a regular file" + noManagers + name},
+        {put("cut.so", plugin.left(plugin.size() - 1)),
+         ": error: TAV604: cut off: it ends before what its headers announce" + noManagers
+             + "install the plugin again"},
+        {put("words.so", ofOtherWordSize),
+         ": error: TAV606: built for words of 32 bits, but this program for 64; no client for " + own
              + " can load it; install the plugin for " + own},
-        {TAV_UNDEFINED_SYMBOL_PLUGIN_FILE, "TAV611",
-         "cannot be loaded: it lacks the symbol tavNowhere(int)" + noManagers
+        {TAV_UNDEFINED_SYMBOL_PLUGIN_FILE,
+         ": error: TAV611: cannot be loaded: it lacks the symbol tavNowhere(int)" + noManagers
              + "install the libraries that it was built with"},
-        {TAV_NO_INTERFACE_PLUGIN_FILE, "TAV613",
-         "its root object, a NoInterfacePlugin, has no interface ITavDataPlugin" + noManagers + name},
-        {TAV_NO_MANAGERS_PLUGIN_FILE, "TAV614",
-         "registers no managers; pages do not find what they look up; install the plugin that belongs to this client"},
+        {TAV_NO_INTERFACE_PLUGIN_FILE,
+         ": error: TAV613: its root object, a NoInterfacePlugin, has no interface ITavDataPlugin" + noManagers + name},
+        {TAV_NO_MANAGERS_PLUGIN_FILE,
+         ": error: TAV614: registers no managers; pages do not find what they look up; install the plugin that belongs "
+         "to this client"},
     };
     for (const auto &row : rows) {
         const Tavctl run({"doctor", "--root", demoRoot, "--json", "--plugin", row.file});
@@ -232,6 +237,10 @@ TEST_F(DoctorCommand, OutlivesAPluginThatCrashesHangsOrEndsTheProgram)
          ": error: TAV615: ends the process that loads it: Segmentation fault; the client crashes when it starts; "
          "install "
          "another build of the plugin"},
+        {TAV_EXITING_PLUGIN_FILE,
+         ": error: TAV615: ends the process that loads it: exit code 0; the client ends when it starts; install "
+         "another "
+         "build of the plugin"},
         {TAV_HANGING_PLUGIN_FILE,
          ": error: TAV616: does not return within 10 s of being loaded; the client hangs when it starts; install "
          "another "
@@ -243,10 +252,6 @@ TEST_F(DoctorCommand, OutlivesAPluginThatCrashesHangsOrEndsTheProgram)
         EXPECT_EQ(findingLines(run), QStringList{row.file + row.finding});
         EXPECT_EQ(run.exitCode, 1);
         EXPECT_EQ(run.errors, "");
-        {TAV_EXITING_PLUGIN_FILE,
-         ": error: TAV615: ends the process that loads it: exit code 0; the client ends when it starts; install "
-         "another "
-         "build of the plugin"},
         EXPECT_EQ(findingLines(Tavctl(arguments + QStringList{"--no-load"})), QStringList()) << "nothing of it runs";
     }
 }
@@ -425,6 +430,85 @@ TEST_F(DoctorOnACopy, FindsIconsWithoutPicturesInTheOrderOfTheText)
     EXPECT_TRUE(found[1].startsWith(start("goneToo", "/0/funcIcon"))) << found[1].toStdString();
 }
 
+TEST_F(DoctorOnACopy, SeesAPictureBeyondMeasureWithoutDecodingIt)
+{
+    // A header of 30000 × 30000 pixels before the data of a few.
+    const char *const picture
+        = "89504e470d0a1a0a0000000d49484452000075300000753008060000006627f8ba0000001149444154789c63601805a36014"
+          "0c77000003e80001b3a6d3460000000049454e44ae426082";
+    put("opt/tavsec/pictures/large/icon.png", QByteArray::fromHex(picture));
+    const QStringList found = findings();
+    ASSERT_EQ(found.size(), 1) << found.join('\n').toStdString();
+    EXPECT_TRUE(
+        found[0].startsWith("@/opt/tavsec/pictures/large/icon.png: error: TAV514: has 30000 × 30000 pixels; the "
+                            "plugin takes 3433 MiB of memory for it; "))
+        << found[0].toStdString();
+    const Tavctl pictures({"pictures", "--json", root + "/opt/tavsec/pictures/large"});
+    EXPECT_EQ(pictures.exitCode, 1);
+    EXPECT_EQ(pictures.json()["pictures"].toArray().size(), 0) << "nor does the plugin";
+}
+
+TEST_F(DoctorOnACopy, NamesAnEmptyPictureDirectoryAndAPipe)
+{
+    ASSERT_TRUE(QDir(pictures).mkdir("empty"));
+    ASSERT_EQ(mkfifo((pictures + "/navigation/pipe.png").toUtf8().constData(), 0600), 0);
+    EXPECT_EQ(
+        findings(),
+        QStringList({"@/opt/tavsec/pictures/empty: warning: TAV511: a picture directory without pictures; pages find "
+                     "nothing in it; put pictures there, or remove it",
+                     "@/opt/tavsec/pictures/navigation/pipe.png: error: TAV504: not a regular file; the plugin "
+                     "passes over it; put a PNG picture in its place"}));
+}
+
+TEST_F(DoctorOnACopy, FollowsAbsoluteLinksInsideTheRoot)
+{
+    ASSERT_TRUE(QDir(root).mkdir("data"));
+    for (const char *const name : {"etc", "opt"}) {
+        ASSERT_TRUE(QFile::rename(root + '/' + name, root + "/data/" + name));
+        ASSERT_TRUE(QFile::link(QString("/data/") + name, root + '/' + name));
+    }
+    EXPECT_EQ(findings(), QStringList());
+    put("data/opt/tavsec/pictures/navigation/broken.png", "no picture");
+    put("data/opt/tavsec/pictures/stray.png", "no picture");
+    QStringList starts;
+    for (const QString &line : findings()) {
+        starts.append(line.section(": ", 0, 2));
+    }
+    EXPECT_EQ(starts,
+              QStringList({"@/opt/tavsec/pictures/navigation/broken.png: error: TAV503",
+                           "@/opt/tavsec/pictures/stray.png: warning: TAV506"}))
+        << "what lies behind the links is looked at";
+}
+
+TEST_F(DoctorOnACopy, FollowsAbsoluteLinksAmongThePictures)
+{
+    ASSERT_TRUE(QDir(root).mkpath("srv"));
+    ASSERT_TRUE(QFile::rename(pictures + "/navigation", root + "/srv/icons"));
+    ASSERT_TRUE(QFile::link("/srv/icons", pictures + "/navigation"));
+    ASSERT_TRUE(QFile::rename(root + "/srv/icons/hostIcon.png", root + "/srv/host.png"));
+    ASSERT_TRUE(QFile::link("/srv/host.png", root + "/srv/icons/hostIcon.png"));
+    EXPECT_EQ(findings(), QStringList()) << "each icon is found under its key";
+    put("srv/icons/broken.png", "no picture");
+    ASSERT_TRUE(QFile::link("/bin/sh", root + "/srv/icons/shell.png"));
+    QStringList starts;
+    for (const QString &line : findings()) {
+        starts.append(line.section("; ", 0, 0));
+    }
+    EXPECT_EQ(starts,
+              QStringList({"@/opt/tavsec/pictures/navigation/broken.png: error: TAV503: cannot be decoded: Unsupported "
+                           "image format",
+                           "@/opt/tavsec/pictures/navigation/shell.png: error: TAV510: a link to nothing: /bin/sh"}))
+        << "that of this machine does not count";
+}
+
+TEST_F(DoctorOnACopy, ChecksThePluginToWhichAnAbsoluteLinkLeads)
+{
+    const QString file = put("opt/real/plugin.so", contentOf(TAV_OTHER_PLUGIN_FILE));
+    ASSERT_TRUE(QDir(root).mkpath("opt/tavsec/plugins"));
+    ASSERT_TRUE(QFile::link("/opt/real/plugin.so", root + "/opt/tavsec/plugins/libTavDataPlugin.so"));
+    const QStringList found = findings();
+    ASSERT_EQ(found.size(), 1) << found.join('\n').toStdString();
+    EXPECT_TRUE(found[0].startsWith("@/opt/real/plugin.so: error: TAV608: another plugin: ")) << found[0].toStdString();
 }
 
 TEST_F(DoctorOnACopy, AsksForTheRootOnceWhenThereIsNoScriptDirectory)
