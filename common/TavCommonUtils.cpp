@@ -4,7 +4,9 @@
 
 #include <QDir>
 #include <QFile>
+#include <QHash>
 #include <QJsonDocument>
+#include <QMutex>
 
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -12,8 +14,27 @@
 
 namespace
 {
+/// @brief What is read in place of files, by their paths.
+struct GivenContents {
+    QMutex mutex;
+    QHash<QString, QByteArray> contents;
+};
+
+GivenContents &given()
+{
+    static auto *const instance = new GivenContents; // a thread may read longer than main() runs
+    return *instance;
+}
+
 QByteArray readBytes(const QString &path)
 {
+    {
+        const QMutexLocker lock(&given().mutex);
+        const auto content = given().contents.constFind(path);
+        if (content != given().contents.constEnd()) {
+            return *content;
+        }
+    }
     // Opening waits for nobody, be it a pipe or a device: what it is is seen afterwards.
     const QByteArray name = QFile::encodeName(TavCommonUtils::pathInSystemRoot(path));
     const int descriptor = open(name.constData(), O_RDONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
@@ -39,6 +60,16 @@ QString TavCommonUtils::readAll(const QString &path)
 QJsonObject TavCommonUtils::readJsonFromFile(const QString &path)
 {
     return QJsonDocument::fromJson(readBytes(path)).object();
+}
+
+void TavCommonUtils::setContent(const QString &path, const QByteArray &content)
+{
+    const QMutexLocker lock(&given().mutex);
+    if (content.isNull()) {
+        given().contents.remove(path);
+    } else {
+        given().contents.insert(path, content);
+    }
 }
 
 QString TavCommonUtils::pathInSystemRoot(const QString &path)

@@ -18,6 +18,10 @@ public:
     /// The file's top-level JSON object; empty when it cannot be read, is not JSON or holds something else.
     static QJsonObject readJsonFromFile(const QString &path);
 
+    /// Has @p content be read for @p path, whatever the disk holds; null content takes that back. For programs that
+    /// show a configuration which is not installed.
+    static void setContent(const QString &path, const QByteArray &content);
+
     /// Where @p path is really read: inside the system root when it is absolute, unchanged otherwise.
     static QString pathInSystemRoot(const QString &path);
 };

@@ -81,10 +81,7 @@ QString reasonOf(const QJsonParseError &error, const QByteArray &text, int offse
         return error.errorString();
     }
 }
-}
 
-namespace
-{
 /// Whether JSON allows what stands between the quotes: Qt's reader takes more.
 bool isStrict(const QByteArray &quoted)
 {
@@ -94,6 +91,11 @@ bool isStrict(const QByteArray &quoted)
         }
     }
     return true;
+}
+
+bool isDigitAt(const QByteArray &text, int offset)
+{
+    return offset >= 0 && offset < text.size() && text[offset] >= '0' && text[offset] <= '9';
 }
 }
 
@@ -166,6 +168,10 @@ void TavJsonText::readValue(const QString &path, const TextRange &key)
             m_lenientStrings.insert(path);
         }
         while (m_position < m_text.size() && !std::strchr(",]} \t\r\n", m_text[m_position])) {
+            if (m_text[m_position] == '.'
+                && !(isDigitAt(m_text, m_position - 1) && isDigitAt(m_text, m_position + 1))) {
+                m_lenientNumbers.insert(path);
+            }
             ++m_position;
         }
     }

@@ -105,6 +105,12 @@ public:
         return m_lenientStrings;
     }
 
+    /// Paths of the numbers that JSON forbids and the reader takes: on one side of their point is no digit.
+    QSet<QString> lenientNumbers() const
+    {
+        return m_lenientNumbers;
+    }
+
 private:
     struct Value {
         TextPlace place;
@@ -128,4 +134,5 @@ private:
     QHash<QString, Value> m_values; // by path
     QSet<QString> m_doubledKeys;
     QSet<QString> m_lenientStrings;
+    QSet<QString> m_lenientNumbers;
 };

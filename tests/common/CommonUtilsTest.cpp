@@ -46,6 +46,19 @@ TEST_F(CommonUtils, ReadsTheWholeTextOfAFile)
     EXPECT_EQ(TavCommonUtils::readAll(file("f", "one\ntwo\r\n\nend")), QStringLiteral("one\ntwo\r\n\nend"));
 }
 
+TEST_F(CommonUtils, ReadsWhatIsGivenForAPathInPlaceOfTheFile)
+{
+    const QString name = file("f", R"({"from": "disk"})");
+    TavCommonUtils::setContent(name, R"({"from": "host"})");
+    EXPECT_EQ(TavCommonUtils::readAll(name), R"({"from": "host"})");
+    EXPECT_EQ(TavCommonUtils::readJsonFromFile(name)["from"].toString(), "host");
+    EXPECT_EQ(TavCommonUtils::readAll(path("other")), "");
+    TavCommonUtils::setContent(name, "");
+    EXPECT_EQ(TavCommonUtils::readAll(name), "");
+    TavCommonUtils::setContent(name, {});
+    EXPECT_EQ(TavCommonUtils::readAll(name), R"({"from": "disk"})");
+}
+
 TEST_F(CommonUtils, ReadsUtf8)
 {
     EXPECT_EQ(TavCommonUtils::readAll(file("f", "主机信息 ä €")), QStringLiteral("主机信息 ä €"));

@@ -300,9 +300,10 @@ Findings checkCatalogue(const QString &file, const QByteArray &content)
     return !isRead && !findings.isEmpty() ? findings : findings + inBase64(checkText(file, json, text), content, text);
 }
 
-Findings checkCatalogueText(const QString &file, const QByteArray &json)
+Findings checkCatalogueOrText(const QString &file, const QByteArray &content)
 {
-    return checkText(file, json, TavJsonText(json));
+    return Base64Text::isJsonText(content) ? checkText(file, content, TavJsonText(content))
+                                           : checkCatalogue(file, content);
 }
 
 Findings checkIcons(const QString &file, const QByteArray &content, const PictureFiles &pictures)

@@ -10,5 +10,5 @@ Findings checkCatalogue(const QString &file, const QByteArray &content);
 /// The icons of the catalogue that none of @p pictures has the name of.
 Findings checkIcons(const QString &file, const QByteArray &content, const PictureFiles &pictures);
 
-/// Mistakes in the JSON text of a catalogue, from which the Base64 text is made.
-Findings checkCatalogueText(const QString &file, const QByteArray &json);
+/// The same for a file that may also be the JSON text from which the Base64 text is made.
+Findings checkCatalogueOrText(const QString &file, const QByteArray &content);

@@ -31,6 +31,12 @@ Findings located(Findings findings, const QString &file, const TavJsonText &text
                              "the plugin's reader takes it, but other readers refuse the whole file",
                              R"(write control characters as escapes such as "\n", and "\\" for a backslash)"));
     }
+    const QSet<QString> lenientNumbers = text.lenientNumbers();
+    for (const QString &path : lenientNumbers) {
+        findings.append(Finding::ofValue(FindingCode::LenientText, path, "JSON forbids this number",
+                                         "the plugin's reader takes it, but other readers refuse the whole file",
+                                         "write a digit on both sides of the point"));
+    }
     return placed(findings, file, text);
 }
 

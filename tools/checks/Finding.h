@@ -12,21 +12,21 @@ struct Finding {
     static Finding ofFile(FindingCode code, const QString &file, const QString &problem, const QString &effect,
                           const QString &advice)
     {
-        return {code, file, {}, {}, {}, problem, effect, advice};
+        return {code, file, {}, {}, {}, problem, effect, advice, {}};
     }
 
     /// A mistake at a place of the file's text.
     static Finding atPlace(FindingCode code, const QString &file, const TextPlace &place, const QString &problem,
                            const QString &effect, const QString &advice)
     {
-        return {code, file, place, {}, {}, problem, effect, advice};
+        return {code, file, place, {}, {}, problem, effect, advice, {}};
     }
 
     /// A mistake of the value at a JSON pointer; located() says in which file that is, and where.
     static Finding ofValue(FindingCode code, const QString &path, const QString &problem, const QString &effect,
                            const QString &advice)
     {
-        return {code, {}, {}, {}, path, problem, effect, advice};
+        return {code, {}, {}, {}, path, problem, effect, advice, {}};
     }
 
     /// That @p content, which @p text has tried to read, is no JSON.
@@ -46,6 +46,7 @@ struct Finding {
     QString problem; ///< what is wrong
     QString effect; ///< what the plugin makes of it
     QString advice; ///< what to write instead
+    QString fix; ///< the text for the place of a mistyped key, of the value otherwise; empty without one safe answer
 };
 
 using Findings = QVector<Finding>;

@@ -69,10 +69,11 @@ const std::vector<FindingKind> &findingKinds()
         {Code::ByteOrderMark, Severity::Note, "a byte order mark",
          "The plugin passes over the mark at the beginning of a text. JSON has none, and other readers refuse it.",
          "a file saved as \"UTF-8 with signature\"", "the same file saved as UTF-8"},
-        {Code::LenientText, Severity::Warning, "a text that JSON forbids",
+        {Code::LenientText, Severity::Warning, "a text or number that JSON forbids",
          "In a string JSON has no line ends, tabs or other control characters, and no backslash before a character "
          "that "
-         "needs none. The plugin's reader takes them all the same.",
+         "needs none; in a number it has a digit on both sides of the point. The plugin's reader takes them all the "
+         "same.",
          R"("name": "C:\data")", R"("name": "C:\\data")"},
 
         {Code::UnknownEntryType, Severity::Error, "an unknown function or page type",
@@ -197,8 +198,8 @@ const std::vector<FindingKind> &findingKinds()
          "A pipe or a device lies in a picture's place. The plugin holds an empty picture for its key.",
          "prw-r--r-- icon.png", "-rw-r--r-- icon.png"},
         {Code::PictureDirectoryInside, Severity::Warning, "a directory inside a picture directory",
-         "The plugin does not scan it, unless its name ends as those of pictures do.", "pictures/navigation/large/",
-         "pictures/navigationLarge/"},
+         "The plugin does not scan it, unless its name ends as those of pictures do, and it holds pictures.",
+         "pictures/navigation/large/", "pictures/navigationLarge/"},
         {Code::PictureOutside, Severity::Warning, "a picture outside of every picture directory",
          "The client appends the directories in /opt/tavsec/pictures, not that place itself.", "pictures/icon.png",
          "pictures/navigation/icon.png"},
@@ -207,7 +208,10 @@ const std::vector<FindingKind> &findingKinds()
          "/opt/tavsec/pictures/", "/opt/tavsec/pictures/navigation/hostIcon.png"},
 
         {Code::PictureOfOtherSuffix, Severity::Warning, "a picture of another suffix",
-         "The plugin takes files whose names end in \".png\", in upper or lower case alike.", "icon.svg", "icon.png"},
+         "The plugin takes files whose names end in \".png\", in upper or lower case alike. Beside a PNG picture of "
+         "the "
+         "same name the other one is not meant for it, and no finding.",
+         "icon.svg", "icon.svg, icon.png"},
         {Code::PictureHidden, Severity::Warning, "a hidden picture",
          "The plugin passes over files whose names begin with a dot.", ".icon.png", "icon.png"},
         {Code::PictureLinkDangling, Severity::Error, "a link to no picture",

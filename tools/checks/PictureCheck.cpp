@@ -1,8 +1,10 @@
 #include "PictureCheck.h"
 
+#include "DecoderMessages.h"
 #include "RootedPath.h"
 
 #include <QDir>
+#include <QDirIterator>
 #include <QHash>
 #include <QImageReader>
 #include <QPair>
@@ -13,6 +15,8 @@
 
 namespace
 {
+const QLatin1String pattern("*.png");
+
 /// What @p file leads to, links followed as in the system root; a file that does not exist when it leads nowhere.
 QFileInfo targetOf(const QString &file)
 {
@@ -37,7 +41,7 @@ struct Entry {
 
     bool isNamedAsPicture() const
     {
-        return QDir::match("*.png", itself.fileName());
+        return QDir::match(pattern, itself.fileName());
     }
 
     /// Whether the plugin, which goes by names and targets, takes it for a picture or for more of them.
@@ -135,12 +139,16 @@ private:
             return std::nullopt;
         }
         if (entry.target.isDir()) {
-            return entry.itself.isHidden() ? std::nullopt : std::optional(FindingCode::PictureDirectoryInside);
+            const bool isMeant = !entry.itself.isHidden()
+                && QDirIterator(entry.target.filePath(), {pattern}, QDir::Files, QDirIterator::Subdirectories)
+                       .hasNext();
+            return isMeant ? std::optional(FindingCode::PictureDirectoryInside) : std::nullopt;
         }
         if (!entry.isNamedAsPicture()) {
-            return otherSuffixes.contains(entry.itself.suffix().toLower())
-                ? std::optional(FindingCode::PictureOfOtherSuffix)
-                : std::nullopt;
+            // Beside the PNG picture that was made of it, it is not meant for the plugin.
+            const QString beside = QFileInfo(entry.file).path() + '/' + entry.itself.completeBaseName() + ".png";
+            const bool isMeant = otherSuffixes.contains(entry.itself.suffix().toLower()) && !targetOf(beside).exists();
+            return isMeant ? std::optional(FindingCode::PictureOfOtherSuffix) : std::nullopt;
         }
         return !entry.target.exists() ? FindingCode::PictureLinkDangling
             : !entry.target.isFile()  ? FindingCode::PictureNotAFile
@@ -190,35 +198,6 @@ void checkKeys(const QVector<PictureFile> &files, Findings &findings)
     }
 }
 
-/// @brief Keeps what Qt would log for as long as it lives: decoders explain themselves there, on standard error.
-class KeptMessages
-{
-public:
-    KeptMessages()
-    {
-        first().clear();
-        qInstallMessageHandler([](QtMsgType, const QMessageLogContext &, const QString &text) {
-            if (first().isEmpty()) {
-                first() = text;
-            }
-        });
-    }
-
-    ~KeptMessages()
-    {
-        qInstallMessageHandler(nullptr);
-    }
-
-    Q_DISABLE_COPY(KeptMessages)
-
-    /// The first of them; empty when there is none.
-    static QString &first()
-    {
-        static QString text;
-        return text;
-    }
-};
-
 void checkContent(const PictureFile &picture, Findings &findings)
 {
     const QString emptyPicture = "the plugin holds an empty picture for the key " + picture.key();
@@ -235,7 +214,7 @@ void checkContent(const PictureFile &picture, Findings &findings)
               "look at it as a user who may read it");
         return;
     }
-    const KeptMessages messages;
+    const DecoderMessages messages;
     QImageReader reader(picture.target);
     const QSize size = reader.size();
     constexpr qint64 mostPixels = 16 << 20;
@@ -247,9 +226,10 @@ void checkContent(const PictureFile &picture, Findings &findings)
     }
     const QByteArray format = reader.format();
     if (reader.read().isNull()) {
+        const QString reason = messages.text();
         found(FindingCode::PictureUndecodable,
-              "cannot be decoded: " + (KeptMessages::first().isEmpty() ? reader.errorString() : KeptMessages::first()),
-              emptyPicture, "put a PNG picture in its place");
+              "cannot be decoded: " + (reason.isEmpty() ? reader.errorString() : reason), emptyPicture,
+              "put a PNG picture in its place");
     } else if (format != "png") {
         found(FindingCode::PictureOfOtherFormat, "is no PNG picture, but " + QString::fromLatin1(format),
               "the plugin holds it where a decoder for that is installed", "put a PNG picture in its place");

@@ -153,13 +153,6 @@ private:
         return part;
     }
 
-    /// What to write instead of @p text: the nearest of @p texts, or any of them.
-    static QString known(const QString &text, const QStringList &texts)
-    {
-        const QString nearest = nearestText(text, texts);
-        return nearest.isEmpty() ? anyOf(texts) : quoted(nearest);
-    }
-
     /// The schema for @p value that @p schema refers to, with the annotations that stand beside the reference.
     QJsonObject resolved(const QJsonObject &schema, const QJsonValue &value) const
     {
@@ -194,7 +187,8 @@ private:
                         "the plugin does not read it", "remove it, or write " + anyOf(properties.keys()));
                 } else {
                     add(FindingCode::MistypedKey, TavJson::memberPath(path, key), "unknown key " + quoted(key),
-                        "it is not read, and " + missing(properties[nearest].toObject()), "write " + quoted(nearest));
+                        "it is not read, and " + missing(properties[nearest].toObject()), "write " + quoted(nearest),
+                        nearest);
                     meant.insert(nearest, object[key]);
                 }
             }
@@ -216,13 +210,16 @@ private:
         const QStringList keys = schema["enum"].toVariant().toStringList();
         const int value = keysOf(type).keyToValue(key.toUtf8().constData());
         if (value > 0) {
-            const QString plain = quoted(keysOf(type).valueToKey(value));
+            const QString plain = keysOf(type).valueToKey(value);
             add(FindingCode::QualifiedEntryType, path, quoted(key) + " is not the plain key of a " + type,
-                "the plugin reads it as " + plain, "write " + plain);
+                "the plugin reads it as " + quoted(plain), "write " + quoted(plain), plain);
+        } else if (value == 0) {
+            add(FindingCode::EntryTypeNone, path, quoted(key) + " is no " + type, schema["x-none"],
+                "write " + anyOf(keys));
         } else {
-            add(value == 0 ? FindingCode::EntryTypeNone : FindingCode::UnknownEntryType, path,
-                quoted(key) + " is no " + type, schema[value == 0 ? "x-none" : "x-wrong"],
-                "write " + (value == 0 ? anyOf(keys) : known(key, keys)));
+            const QString nearest = nearestText(key, keys);
+            add(FindingCode::UnknownEntryType, path, quoted(key) + " is no " + type, schema["x-wrong"],
+                "write " + (nearest.isEmpty() ? anyOf(keys) : quoted(nearest)), nearest);
         }
     }
 
@@ -241,7 +238,7 @@ private:
                 const QString member = rule["x-at"].toString();
                 add(FindingCode(rule["x-code"].toInt()), member.isEmpty() ? path : TavJson::memberPath(path, member),
                     rule["x-problem"].toString(), rule["x-effect"].toString().replace("{value}", cut(value.toString())),
-                    rule["x-advice"].toString());
+                    rule["x-advice"].toString(), rule["x-fix"].toString().replace("{value}", value.toString()));
             }
         }
     }
@@ -277,9 +274,10 @@ private:
     }
 
     void add(FindingCode code, const QString &path, const QString &problem, const QJsonValue &effect,
-             const QString &advice)
+             const QString &advice, const QString &fix = {})
     {
         m_findings.append(Finding::ofValue(code, path, problem, effect.toString(), advice));
+        m_findings.last().fix = fix;
     }
 
     QJsonObject m_schema;

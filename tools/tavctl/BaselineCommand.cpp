@@ -6,13 +6,12 @@
 #include "ITavLineScanMgr.h"
 #include "PluginView.h"
 #include "Presentation.h"
+#include "TavCommonUtils.h"
 #include "TavGlobalInfoMgr.h"
 #include "TavObjectMgr.h"
-#include "TemporaryRoot.h"
 #include "TextTable.h"
 #include "WholeFile.h"
 
-#include <QFileInfo>
 #include <QJsonArray>
 #include <QMap>
 
@@ -66,9 +65,7 @@ QJsonArray itemsJson(const QMap<int, STBLEnableConfig> &items)
 
 ExitCode showBaseline(const BaselineShowOptions &options)
 {
-    const QByteArray content = WholeFile::read(options.file);
-    TemporaryRoot root;
-    root.put(InstallationPaths::baseline(), content);
+    TavCommonUtils::setContent(InstallationPaths::baseline(), WholeFile::read(options.file));
     const TavPluginHost host = loadPlugin(options.plugin);
     const QMap<int, STBLEnableConfig> items = itemsHeld();
     if (items.isEmpty()) {
@@ -86,15 +83,17 @@ ExitCode showBaseline(const BaselineShowOptions &options)
 ExitCode checkBaselineFiles(const BaselineCheckOptions &options)
 {
     FindingReport report(options.findings);
+    FileFixing fixing(options.fixing, options.files);
     QStringList roots;
     for (const QString &file : options.files) {
         const QString root = options.root.isEmpty() ? InstallationPaths::rootOf(file) : options.root;
         TavGlobalInfoMgr::getInstance()->setSystemRoot(root);
-        report.add(checkBaseline(file, WholeFile::read(file)), QFileInfo(file).path());
+        fixing.check(file, checkBaseline, report);
         roots.append(root);
     }
     roots.removeDuplicates();
     report.print(
-        QString("%1 checked with the scripts below %2").arg(numbered(options.files.size(), "file"), roots.join(", ")));
+        QString("%1 checked with the scripts below %2").arg(numbered(options.files.size(), "file"), roots.join(", "))
+        + fixing.summary());
     return report.exitCode();
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FindingReport.h"
+#include "FileFixing.h"
 #include "InstallationPaths.h"
 #include "ToolError.h"
 
@@ -15,9 +15,11 @@ ExitCode showBaseline(const BaselineShowOptions &options);
 
 struct BaselineCheckOptions {
     QStringList files;
+    Fixing fixing = Fixing::None;
     QString root; ///< directory taken for "/", below which the scripts lie; empty for that which holds the file
     FindingOptions findings;
 };
 
-/// Reports the mistakes in the files and in the scripts that they name. Throws ToolError.
+/// Reports the mistakes in the files, once they are mended where that is asked for, and in the scripts that they name.
+/// Throws ToolError.
 ExitCode checkBaselineFiles(const BaselineCheckOptions &options);

@@ -7,12 +7,10 @@
 #include "NavigationReport.h"
 #include "PluginView.h"
 #include "Presentation.h"
+#include "TavCommonUtils.h"
 #include "TavNanolog.h"
 #include "TavObjectMgr.h"
-#include "TemporaryRoot.h"
 #include "WholeFile.h"
-
-#include <QFileInfo>
 
 namespace
 {
@@ -24,9 +22,7 @@ bool isJson(const QByteArray &text)
 
 ExitCode showCatalogue(const CatalogueShowOptions &options)
 {
-    const QByteArray content = WholeFile::read(options.file);
-    TemporaryRoot root;
-    root.put(InstallationPaths::catalogue(), content);
+    TavCommonUtils::setContent(InstallationPaths::catalogue(), WholeFile::read(options.file));
     const TavPluginHost host = loadPlugin(options.plugin);
     TavNanolog::setLevel(0); // what the plugin would log, the check says better
     tavObject<ITavFuncTypeMgr>()->loadConfig();
@@ -47,12 +43,11 @@ ExitCode showCatalogue(const CatalogueShowOptions &options)
 ExitCode checkCatalogueFiles(const CatalogueCheckOptions &options)
 {
     FindingReport report(options.findings);
+    FileFixing fixing(options.fixing, options.files);
     for (const QString &file : options.files) {
-        const QByteArray content = WholeFile::read(file);
-        report.add(Base64Text::isJsonText(content) ? checkCatalogueText(file, content) : checkCatalogue(file, content),
-                   QFileInfo(file).path());
+        fixing.check(file, checkCatalogueOrText, report);
     }
-    report.print(numbered(options.files.size(), "file") + " checked");
+    report.print(numbered(options.files.size(), "file") + " checked" + fixing.summary());
     return report.exitCode();
 }
 

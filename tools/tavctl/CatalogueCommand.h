@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FindingReport.h"
+#include "FileFixing.h"
 #include "InstallationPaths.h"
 #include "ToolError.h"
 
@@ -15,10 +15,11 @@ ExitCode showCatalogue(const CatalogueShowOptions &options);
 
 struct CatalogueCheckOptions {
     QStringList files; ///< each in Base64, or the JSON text itself
+    Fixing fixing = Fixing::None;
     FindingOptions findings;
 };
 
-/// Reports the mistakes in the files. Throws ToolError.
+/// Reports the mistakes in the files, once they are mended where that is asked for. Throws ToolError.
 ExitCode checkCatalogueFiles(const CatalogueCheckOptions &options);
 
 struct CatalogueEncodeOptions {

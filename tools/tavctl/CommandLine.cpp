@@ -165,6 +165,20 @@ public:
         return *this;
     }
 
+    /// Mending files; behind findings().
+    Command &fix()
+    {
+        Fixing &fixing = m_options->fixing;
+        CLI::Option *const fix = m_command.add_flag_callback(
+            "--fix", [options = m_options, &fixing] { fixing = Fixing::Files; },
+            "mend in place what has one safe answer");
+        CLI::Option *const dryRun = m_command.add_flag_callback(
+            "--dry-run", [options = m_options, &fixing] { fixing = Fixing::DryRun; },
+            "change nothing, and print what --fix would change as a diff");
+        dryRun->needs(fix)->excludes(m_command.get_option("--format"))->excludes(m_command.get_option("--json"));
+        return *this;
+    }
+
     Command &output()
     {
         text("-o,--output", m_options->output, "the file to write; - for standard output")
@@ -431,6 +445,7 @@ void addCommands(CLI::App &app, Action &action)
     Command<CatalogueCheckOptions>(catalogue, "check", "report the mistakes in the files")
         .files()
         .findings()
+        .fix()
         .looks(checkCatalogueFiles, action);
     Command<CatalogueEncodeOptions>(catalogue, "encode", "write the file in Base64, as the plugin reads it")
         .file()
@@ -455,6 +470,7 @@ void addCommands(CLI::App &app, Action &action)
         .files()
         .root("directory to take for \"/\"")
         .findings()
+        .fix()
         .looks(checkBaselineFiles, action);
 
     Command<PicturesOptions>(app, "pictures",

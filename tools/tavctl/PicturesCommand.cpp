@@ -1,5 +1,6 @@
 #include "PicturesCommand.h"
 
+#include "DecoderMessages.h"
 #include "ITavPicResourceMgr.h"
 #include "PictureCheck.h"
 #include "PluginView.h"
@@ -43,6 +44,7 @@ QStringList existingDirectories(const QStringList &names)
 
 HeldPictures load(const QStringList &directories, const QVector<PictureFile> &files)
 {
+    const DecoderMessages messages; // which the findings hold already
     auto &cache = *tavObject<ITavPicResourceMgr>();
     for (const QString &directory : directories) {
         cache.appendPicResourcePath(directory);

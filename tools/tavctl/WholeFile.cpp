@@ -4,8 +4,11 @@
 
 #include <QFile>
 #include <QFileInfo>
+#include <QSaveFile>
 
 #include <cstdio>
+#include <sys/stat.h>
+#include <unistd.h>
 
 namespace
 {
@@ -44,6 +47,19 @@ void WholeFile::write(const QString &file, const QByteArray &content)
     const bool isOpen = file == standardStream ? output.open(stdout, QIODevice::WriteOnly)
                                                : output.open(QIODevice::WriteOnly | QIODevice::Truncate);
     if (!isOpen || output.write(content) != content.size() || !output.flush()) {
+        throw ToolError(ExitCode::Usage, file + ": cannot be written: " + output.errorString());
+    }
+}
+
+void WholeFile::replace(const QString &file, const QByteArray &content)
+{
+    QSaveFile output(file); // takes the mode over, and goes where a link leads
+    bool isWritten = output.open(QIODevice::WriteOnly) && output.write(content) == content.size();
+    struct stat old = {};
+    if (isWritten && stat(QFile::encodeName(file).constData(), &old) == 0 && geteuid() == 0) {
+        isWritten = fchown(output.handle(), old.st_uid, old.st_gid) == 0;
+    }
+    if (!isWritten || !output.commit()) {
         throw ToolError(ExitCode::Usage, file + ": cannot be written: " + output.errorString());
     }
 }

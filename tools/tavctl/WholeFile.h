@@ -15,4 +15,8 @@ QByteArray read(const QString &file);
 
 /// Throws ToolError when the file cannot be written.
 void write(const QString &file, const QByteArray &content);
+
+/// Puts a new file with @p content into the place of @p file, at once or not at all: with the mode of the old one, and
+/// with its owner where this user may give files away. Throws ToolError.
+void replace(const QString &file, const QByteArray &content);
 }

@@ -172,6 +172,21 @@ TEST_F(CatalogueCommand, TheCatalogueIsTheNavigationThatThePluginBuilds)
     EXPECT_EQ(shown["navigation"][0]["pages"][0]["type"].toString(), "-1") << "as the plugin takes it, mistakes too";
 }
 
+TEST_F(CatalogueCommand, LeavesNothingBehindWhenItIsKilled)
+{
+    ASSERT_TRUE(QDir(directory.path()).mkdir("temporary"));
+    const QString place = directory.filePath("temporary");
+    const QStringList killed{"env", "TMPDIR=" + place, "timeout", "--signal=KILL", "1"};
+    for (const QString &kind : QStringList{"catalogue/title-blank", "baseline/name-blank"}) {
+        const QStringList show{kind.section('/', 0, 0), "show", broken + '/' + kind + ".json", "--plugin",
+                               TAV_HANGING_PLUGIN_FILE};
+        const Tavctl run(show, "/dev/null", killed);
+        EXPECT_EQ(run.errors, "") << "it did not come to its end";
+        EXPECT_NE(run.exitCode, 0);
+        EXPECT_EQ(QDir(place).entryList(QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot), QStringList());
+    }
+}
+
 TEST_F(CatalogueCommand, NestedFunctionsStandInTheBranchOfTheirParent)
 {
     const QByteArray leaf = R"({"funcType": "Func_SystemAudit", "funcTitle": "C", "funcIcon": "",
@@ -215,10 +230,8 @@ TEST_F(CatalogueCommand, CutsLongValues)
     EXPECT_TRUE(reportOn(putCatalogue(type)).contains(": \"" + QString(40, 'x') + "…\" is no function type"));
 }
 
-TEST_F(CatalogueCommand, OutlivesTextsOfAnyLength)
+TEST_F(CatalogueCommand, TakesTextsOfAMebibyte)
 {
-    const QByteArray icon = QByteArray(onePage).replace("hostIcon", QByteArray(1'000'000, 'x'));
-    const Tavctl run({"catalogue", "check", putCatalogue(icon)});
-    EXPECT_EQ(run.exitCode, 0) << "not crashed";
-    EXPECT_EQ(run.output, "1 file checked, no findings\n");
+    const QByteArray icon = QByteArray(onePage).replace("\"hostIcon", '"' + QByteArray(1 << 20, 'i'));
+    EXPECT_EQ(Tavctl({"catalogue", "check", putCatalogue(icon)}).output, "1 file checked, no findings\n");
 }

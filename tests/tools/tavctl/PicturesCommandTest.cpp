@@ -109,6 +109,31 @@ TEST_F(PicturesCommand, FollowsThePluginsWayThroughDirectories)
     EXPECT_EQ(findingLines(run), QStringList());
 }
 
+TEST_F(PicturesCommand, FindsNothingInADesktopsIconTheme)
+{
+    const QByteArray png = contentOf(broken + "/pictures/same-key/icon.png");
+    QStringList arguments{"pictures", "--json"};
+    for (const QString &kind : QStringList{"actions", "apps", "places"}) {
+        for (const QString &name : QStringList{"folder", "folder-open", "text-x-c++", "a_b.symbolic", "图标"}) {
+            for (const QString &size : QStringList{"16x16", "48x48", "48x48@2"}) {
+                put("theme/" + size + '/' + kind + '/' + name + ".png", png);
+            }
+            put("theme/48x48/" + kind + '/' + name + ".svg", "<svg/>"); // from which the picture was made
+        }
+        ASSERT_TRUE(QFile::link("folder.png", directory.filePath("theme/48x48/" + kind + "/folder-remote.png")));
+        ASSERT_TRUE(QFile::link("../apps/folder.png", directory.filePath("theme/48x48/" + kind + "/linked.png")));
+        put("theme/48x48/" + kind + "/icon-theme.cache", "cache");
+        put("theme/48x48/" + kind + "/cursors/left_ptr", "Xcur");
+        arguments.append(directory.filePath("theme/48x48/" + kind));
+    }
+    put("theme/index.theme", "[Icon Theme]\n");
+    const Tavctl run(arguments);
+    EXPECT_EQ(findingLines(run), QStringList());
+    EXPECT_EQ(run.json()["pictures"].toArray().size(), 3 * 7);
+    // Of the whole theme the plugin holds nothing, and that is said.
+    EXPECT_EQ(findingLines(Tavctl({"pictures", "--json", directory.filePath("theme")})).filter("TAV505").size(), 3);
+}
+
 TEST_F(PicturesCommand, ListsADirectoryOnceForEachNameUnderWhichItIsReached)
 {
     const QByteArray png = contentOf(broken + "/pictures/same-key/icon.png");

@@ -145,11 +145,11 @@ const Mistake rootMistakes[] = {
      R"(the plugin holds it under the key "NAVIGATION/BLANKICON ", blank included)", "rename it"},
     {"opt/tavsec/pictures/navigation/.hiddenIcon.png", "TAV509", "", "", "a hidden picture",
      "the plugin passes over it", "give it a name without a dot before it, or remove it"},
-    {"opt/tavsec/pictures/navigation/accessIcon.svg", "TAV508", "", "", "a picture of another suffix",
-     "the plugin passes over it", "put a PNG picture in its place"},
     {"opt/tavsec/pictures/navigation/danglingIcon.png", "TAV510", "", "",
      "a link to nothing: @/opt/tavsec/pictures/navigation/goneIcon.png", "the plugin passes over it",
      "put the picture there, or remove the link"},
     {"opt/tavsec/pictures/navigation/large", "TAV505", "", "", "a directory inside a picture directory",
      "the plugin does not scan it", "move it beside the directory that it is in"},
+    {"opt/tavsec/pictures/navigation/vectorIcon.svg", "TAV508", "", "", "a picture of another suffix",
+     "the plugin passes over it", "put a PNG picture in its place"},
 };

@@ -13,8 +13,7 @@ FindingReport::FindingReport(FindingOptions options) : m_options(std::move(optio
 
 Findings FindingReport::add(const Findings &findings, const QString &directory)
 {
-    std::set<FindingCode> ignored = IgnoreFile::codesIn(directory);
-    ignored.insert(m_options.ignored.begin(), m_options.ignored.end());
+    const std::set<FindingCode> ignored = ignoredIn(directory);
     Findings taken = findings;
     taken.erase(std::remove_if(taken.begin(), taken.end(),
                                [&ignored](const Finding &finding) { return ignored.count(finding.code) > 0; }),
@@ -22,6 +21,13 @@ Findings FindingReport::add(const Findings &findings, const QString &directory)
     m_ignored += findings.size() - taken.size();
     m_findings += taken;
     return taken;
+}
+
+std::set<FindingCode> FindingReport::ignoredIn(const QString &directory) const
+{
+    std::set<FindingCode> ignored = IgnoreFile::codesIn(directory);
+    ignored.insert(m_options.ignored.begin(), m_options.ignored.end());
+    return ignored;
 }
 
 void FindingReport::print(const QString &checked, const QJsonObject &others) const

@@ -33,6 +33,9 @@ public:
     /// those that it takes. Throws ToolError for a mistake in that file.
     Findings add(const Findings &findings, const QString &directory);
 
+    /// What add() leaves out for this directory. Throws ToolError for a mistake in its file.
+    std::set<FindingCode> ignoredIn(const QString &directory) const;
+
     const Findings &findings() const
     {
         return m_findings;
