@@ -48,8 +48,8 @@ QString reasonOf(const QJsonParseError &error, const QByteArray &text, int offse
     if (there == "//" || there == "/*") {
         return "JSON has no comments";
     }
-    const QString rest = QString::fromUtf8(text.mid(offset, 3));
-    const QString hidden = rest.isEmpty() ? QString() : hiddenCharacterName(rest.at(0));
+    const QString rest = QString::fromUtf8(text.mid(offset, 4));
+    const QString hidden = rest.isEmpty() ? QString() : hiddenCharacterName(rest.toUcs4().first());
     if (!hidden.isEmpty() && error.error != QJsonParseError::IllegalUTF8String) {
         return hidden + " stands here, which JSON has only in strings";
     }

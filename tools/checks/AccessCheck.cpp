@@ -11,13 +11,19 @@ namespace
 {
 bool isStatusOf(const RootedPath &path, struct stat &status)
 {
-    return stat(QFile::encodeName(path.file().isEmpty() ? "/" : path.file()).constData(), &status) == 0;
+    return stat(QFile::encodeName(path.file()).constData(), &status) == 0;
 }
 
+/// What a file or directory is there for.
+enum class Use {
+    Read, ///< what is in it counts: what somebody puts into such a directory is taken
+    PassedThrough, ///< one known name is looked up in it
+};
+
 /// Who may write it besides its owner; empty for nobody.
-QString otherWriters(const struct stat &status)
+QString otherWriters(const struct stat &status, Use use)
 {
-    if (S_ISDIR(status.st_mode) && status.st_mode & S_ISVTX) {
+    if (use == Use::PassedThrough && status.st_mode & S_ISVTX) {
         return {}; // in such a directory each may change but his own
     }
     if (status.st_mode & S_IWOTH) {
@@ -28,22 +34,21 @@ QString otherWriters(const struct stat &status)
     return isSharedGroup ? QString("the group %1").arg(status.st_gid) : QString();
 }
 
-Findings findingsOn(const RootedPath &path, uid_t rootOwner)
+Findings findingsOn(const RootedPath &path, Use use, uid_t rootOwner)
 {
     struct stat status = {};
     if (!isStatusOf(path, status)) {
         return {};
     }
     Findings findings;
-    const QString writers = otherWriters(status);
+    const QString writers = otherWriters(status, use);
     if (!writers.isEmpty()) {
         findings.append(Finding::ofFile(FindingCode::WritableByOthers, path.file(), writers + " may write it",
                                         "others than its owner decide what the client shows and the agent runs",
                                         R"(take the right away with "chmod go-w")"));
     }
     if (status.st_uid != 0 && status.st_uid != rootOwner) {
-        findings.append(Finding::ofFile(FindingCode::OwnedByStranger, path.file(),
-                                        QString("belongs to the user %1").arg(status.st_uid),
+        findings.append(Finding::ofFile(FindingCode::OwnedByStranger, path.file(), belongsTo(QFileInfo(path.file())),
                                         "this user decides what the client shows and the agent runs",
                                         R"(give it to the administrator with "chown root")"));
     }
@@ -57,17 +62,22 @@ Findings checkAccess(const QStringList &paths)
     isStatusOf(RootedPath(), root);
     Findings findings;
     QSet<QString> checked;
-    for (const QString &path : paths) {
-        RootedPath at = followInRoot(path);
-        bool isNew = at.error == 0;
-        while (isNew && !at.path.isEmpty()) {
-            isNew = !checked.contains(at.path);
-            if (isNew) {
-                checked.insert(at.path);
-                findings += findingsOn(at, root.st_uid);
-            }
-            at.path.truncate(at.path.lastIndexOf('/'));
+    const auto check = [&](const QString &path, Use use) {
+        if (!checked.contains(path)) {
+            checked.insert(path);
+            findings += findingsOn(RootedPath{path}, use, root.st_uid);
         }
+    };
+    QStringList passedThrough;
+    for (const QString &path : paths) {
+        const RootedPath at = followInRoot(path);
+        if (at.error == 0) {
+            check(at.path, Use::Read);
+        }
+        passedThrough += at.directories;
+    }
+    for (const QString &directory : qAsConst(passedThrough)) {
+        check(directory, Use::PassedThrough);
     }
     return findings;
 }

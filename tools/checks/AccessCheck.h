@@ -4,6 +4,7 @@
 
 #include <QStringList>
 
-/// Who else may change what the client and its agent rely on: the files at these paths, absolute and within the system
-/// root, and the directories that they lie in. What does not exist is passed over.
+/// Who else may change what the client and its agent rely on: the files and directories at these paths, absolute and
+/// within the system root, and the directories in which they, and the links on the way to them, are looked up: the root
+/// is the first of these. Paths that lead nowhere are passed over, the directories that they go through are not.
 Findings checkAccess(const QStringList &paths);

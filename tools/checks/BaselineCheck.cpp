@@ -11,6 +11,7 @@
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QSet>
 
 #include <algorithm>
 #include <cerrno>
@@ -102,14 +103,8 @@ QString effectOf(ScriptFlaw::Kind kind)
     }
 }
 
-/// Whether the schema has found fault with the name already.
-bool isWrongName(const QString &name)
-{
-    return !name.startsWith('/') || (name.size() > 1 && name.endsWith('/'))
-        || name.startsWith(InstallationPaths::scripts() + '/');
-}
-
-Findings checkScripts(const QJsonArray &items)
+/// The scripts of the items; not of those at @p wrongPaths, whose values are wrong by themselves.
+Findings checkScripts(const QJsonArray &items, const QSet<QString> &wrongPaths)
 {
     const RootedPath directory = followInRoot(InstallationPaths::scripts());
     if (directory.error != 0 && !items.isEmpty()) {
@@ -117,14 +112,15 @@ Findings checkScripts(const QJsonArray &items)
         return {Finding::ofValue(isHidden ? FindingCode::NotReadable : FindingCode::NoScriptDirectory, "/enableConfig",
                                  QString(R"(the script directory "%1" %2)")
                                      .arg(TavCommonUtils::pathInSystemRoot(InstallationPaths::scripts()),
-                                          isHidden ? "cannot be seen" : "does not exist"),
+                                          isHidden ? "cannot be seen; " + directory.ownerText() : "does not exist"),
                                  "no item can be checked", "put it there, or name another system root with --root")};
     }
     Findings findings;
     QHash<QString, QVector<ScriptFlaw>> flawsOf;
     for (int i = 0; i < items.size(); ++i) {
+        const QString place = QString("/enableConfig/%1/checkValueScript").arg(i);
         const QString name = items[i]["checkValueScript"].toString();
-        if (isWrongName(name)) {
+        if (name.isEmpty() || wrongPaths.contains(place)) {
             continue;
         }
         const QString path = InstallationPaths::scripts() + name;
@@ -134,7 +130,7 @@ Findings checkScripts(const QJsonArray &items)
         const QVector<ScriptFlaw> flaws = flawsOf[path];
         for (const ScriptFlaw &flaw : flaws) {
             findings.append(Finding::ofValue(
-                codeOf(flaw.kind), QString("/enableConfig/%1/checkValueScript").arg(i),
+                codeOf(flaw.kind), place,
                 QString(R"(the script "%1" %2)").arg(TavCommonUtils::pathInSystemRoot(path), flaw.problem),
                 effectOf(flaw.kind), adviceFor(flaw.kind, name)));
         }
@@ -155,6 +151,10 @@ Findings checkBaseline(const QString &file, const QByteArray &content)
         return {Finding::ofNoJson(file, content, text, "the plugin loads no check item")};
     }
     const QJsonArray items = BaselineList::itemsOf(text.document().toObject());
-    return located(checkAgainstSchema("baseline.schema.json", text.document()) + checkIds(items) + checkScripts(items),
-                   file, text);
+    const Findings ofSchema = checkAgainstSchema("baseline.schema.json", text.document());
+    QSet<QString> wrongPaths;
+    for (const Finding &finding : ofSchema) {
+        wrongPaths.insert(finding.path);
+    }
+    return located(ofSchema + checkIds(items) + checkScripts(items, wrongPaths), file, text);
 }

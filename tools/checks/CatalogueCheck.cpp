@@ -12,6 +12,8 @@
 #include <QMetaEnum>
 #include <QSet>
 
+#include <algorithm>
+
 namespace
 {
 /// The value of a type's key; 0, the value for no function or page, for what is no key.
@@ -243,28 +245,36 @@ Findings checkText(const QString &file, const QByteArray &json, const TavJsonTex
     entries.checkFunctions(text.document().toArray(), QString());
     entries.checkParents();
     Findings findings = checkAgainstSchema("funcTypeConfig.schema.json", text.document()) + entries.findings();
-    if (findings.isEmpty() && !entries.hasPages()) { // anything else that was found may be the reason
+    const bool isBroken = std::any_of(findings.begin(), findings.end(), [](const Finding &finding) {
+        return finding.kind().severity == Severity::Error;
+    });
+    if (!isBroken && !entries.hasPages()) { // an error may be the reason
         findings.append(Finding::ofValue(FindingCode::NoVisiblePage, {}, "no entry has a page that is not disabled",
                                          "there is nothing to open", "add a page, or enable one"));
     }
     return located(findings, file, text);
 }
 
-/// The icons of the functions, and of those nested in them, that are none of @p names.
+/// The icons of the functions that are none of @p names: of all that the plugin reads, nested ones included.
 void checkIconsOf(const QJsonArray &functions, const QString &path, const QSet<QString> &names, Findings &findings)
 {
     for (int i = 0; i < functions.size(); ++i) {
         const QJsonObject function = functions[i].toObject();
+        if (!function.contains("funcType")) {
+            continue;
+        }
         const QString functionPath = TavJson::elementPath(path, i);
         const QString icon = function["funcIcon"].toString();
         const bool isName = !icon.trimmed().isEmpty() && !icon.contains('.') && !icon.contains('/');
-        if (isName && function.contains("funcType") && !names.contains(icon.toUpper())) {
+        if (isName && !names.contains(icon.toUpper())) {
             findings.append(Finding::ofValue(FindingCode::IconWithoutPicture, functionPath + "/funcIcon",
                                              "no picture directory holds the icon \"" + icon + '"',
                                              "the function is shown without an icon",
                                              "put " + icon + ".png into a picture directory, or name another picture"));
         }
-        checkIconsOf(function["funcList"].toArray(), functionPath + "/funcList", names, findings);
+        if (!function.contains("subFunList")) {
+            checkIconsOf(function["funcList"].toArray(), functionPath + "/funcList", names, findings);
+        }
     }
 }
 
@@ -305,9 +315,5 @@ Findings checkIcons(const QString &file, const QByteArray &content, const Pictur
     const TavJsonText text(Base64Text::decoded(content));
     Findings findings;
     checkIconsOf(text.document().toArray(), {}, names, findings);
-    for (Finding &finding : findings) {
-        finding.file = file;
-        finding.place = text.placeOf(finding.path);
-    }
-    return inBase64(findings, content, text);
+    return inBase64(placed(findings, file, text), content, text);
 }

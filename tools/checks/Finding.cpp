@@ -37,6 +37,11 @@ Findings located(Findings findings, const QString &file, const TavJsonText &text
                                          "the plugin's reader takes it, but other readers refuse the whole file",
                                          "write a digit on both sides of the point"));
     }
+    return placed(findings, file, text);
+}
+
+Findings placed(Findings findings, const QString &file, const TavJsonText &text)
+{
     for (Finding &finding : findings) {
         finding.file = file;
         finding.place = text.placeOf(finding.path);

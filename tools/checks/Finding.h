@@ -51,6 +51,8 @@ struct Finding {
 
 using Findings = QVector<Finding>;
 
-/// @p findings on values of the JSON text that @p file holds, each with its place in it, together with the keys that
-/// stand there twice; in the order of the text.
+/// @p findings on values of the JSON text that @p file holds, each with its place in it; in the order of the text.
+Findings placed(Findings findings, const QString &file, const TavJsonText &text);
+
+/// The same, together with what is wrong with the text itself, such as keys that stand there twice.
 Findings located(Findings findings, const QString &file, const TavJsonText &text);

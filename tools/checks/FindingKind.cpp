@@ -114,7 +114,7 @@ const std::vector<FindingKind> &findingKinds()
          "the same, and a page of the type SubFunc_ObjectSetting"},
 
         {Code::IconWithoutPicture, Severity::Error, "an icon without a picture",
-         "No picture directory of the installation holds a picture of this name, upper and lower case apart.",
+         "No picture directory of the installation holds a picture of this name, in upper or lower case alike.",
          R"("funcIcon": "hostIcom")", R"("funcIcon": "hostIcon", with hostIcon.png in a picture directory)"},
         {Code::IconNotAName, Severity::Error, "an icon with a suffix or a directory",
          "A picture is looked up by its name before the first dot, apart from its directory: a text with a dot or a "
@@ -208,9 +208,9 @@ const std::vector<FindingKind> &findingKinds()
          "/opt/tavsec/pictures/", "/opt/tavsec/pictures/navigation/hostIcon.png"},
 
         {Code::PictureOfOtherSuffix, Severity::Warning, "a picture of another suffix",
-         "The plugin takes files whose names end in \".png\", upper and lower case apart. Beside a PNG picture of the "
-         "same "
-         "name the other one is not meant for it, and no finding.",
+         "The plugin takes files whose names end in \".png\", in upper or lower case alike. Beside a PNG picture of "
+         "the "
+         "same name the other one is not meant for it, and no finding.",
          "icon.svg", "icon.svg, icon.png"},
         {Code::PictureHidden, Severity::Warning, "a hidden picture",
          "The plugin passes over files whose names begin with a dot.", ".icon.png", "icon.png"},
@@ -268,8 +268,8 @@ const std::vector<FindingKind> &findingKinds()
          "The plugin does not register every manager that pages look up.", "registers no managers",
          "registers the fifteen managers"},
         {Code::PluginCrashes, Severity::Error, "a plugin that crashes",
-         "The process in which the plugin was loaded, and was to register its managers, did not end by itself, or an "
-         "exception left the plugin.",
+         "The process in which the plugin was loaded did not come to the end of having it register its managers: the "
+         "plugin crashed, ended the program, or let an exception out.",
          "an access to memory that is not there", "registers the fifteen managers"},
         {Code::PluginHangs, Severity::Error, "a plugin that hangs",
          "Loading the plugin and having it register its managers takes a moment. After ten seconds the process in "
@@ -286,9 +286,8 @@ const std::vector<FindingKind> &findingKinds()
          "-rw------- root", "-rw-r--r-- root"},
         {Code::WritableByOthers, Severity::Error, "writable by others",
          "Somebody else than the owner may change the file, or put another in its place. The client shows it, or the "
-         "agent runs it with its own rights. A group that is the owner's alone, and directories in which each may "
-         "change "
-         "but his own, are not meant.",
+         "agent runs it with its own rights. A group that is the owner's alone is not meant, nor is a directory in "
+         "which each may change but his own, unless the client takes all that lies in it.",
          "-rwxrwxrwx check.sh", "-rwxr-xr-x check.sh"},
         {Code::OwnedByStranger, Severity::Error, "owned by a stranger",
          "The owner is neither the administrator nor the owner of the whole system root.", "-rw-r--r-- guest",
@@ -306,8 +305,8 @@ const FindingKind &kindOf(FindingCode code)
 const FindingKind *kindNamed(const QString &name)
 {
     const std::vector<FindingKind> &kinds = findingKinds();
-    const auto kind
-        = std::find_if(kinds.begin(), kinds.end(), [&name](const FindingKind &one) { return one.name() == name; });
+    const auto kind = std::find_if(kinds.begin(), kinds.end(),
+                                   [&name](const FindingKind &one) { return one.name() == name.toUpper(); });
     return kind == kinds.end() ? nullptr : &*kind;
 }
 

@@ -124,7 +124,7 @@ const std::vector<FindingKind> &findingKinds();
 
 const FindingKind &kindOf(FindingCode code);
 
-/// The one with this name; null when there is none.
+/// The one with this name, in upper or lower case; null when there is none.
 const FindingKind *kindNamed(const QString &name);
 
 /// "error", "warning" or "note".

@@ -2,6 +2,7 @@
 
 #include "Finding.h"
 
+#include <QFileInfo>
 #include <QStringList>
 #include <QVector>
 
@@ -9,7 +10,8 @@
 struct PictureFile {
     QString directory; ///< first half of its key: the directory's name, upper-cased
     QString name; ///< second half: the file's name before its first dot, upper-cased
-    QString file;
+    QString file; ///< as it is named
+    QString target; ///< what that leads to, links followed as in the system root
 
     QString key() const
     {
@@ -20,7 +22,8 @@ struct PictureFile {
 /// @brief A file or directory that the plugin passes over, and why.
 struct PassedOver {
     FindingCode code;
-    QString file;
+    QString file; ///< as it is named
+    QFileInfo itself; ///< the same, reached as in the system root
 };
 
 /// @brief What the plugin takes from picture directories, and what it passes over.
@@ -29,10 +32,16 @@ struct PictureFiles {
     QVector<PassedOver> passedOver;
 };
 
-/// Lists directories that are appended in this order.
+/// The picture directories in the directory @p path.
+QStringList pictureDirectoriesIn(const QString &path);
+
+/// Lists directories that are appended in this order. Links are followed as in the system root.
 PictureFiles listPictures(const QStringList &directories);
 
 /// Whether the plugin leaves it to chance which of two files in one directory it loads first: it sorts without case.
 bool differInCaseAlone(const QString &one, const QString &other);
 
 Findings checkPictures(const PictureFiles &pictures);
+
+/// The pictures that lie in @p path itself, beside the picture directories in it.
+Findings checkStrayPictures(const QString &path);

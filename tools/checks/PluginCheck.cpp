@@ -6,11 +6,13 @@
 #include <QElapsedTimer>
 #include <QFile>
 
+#include <cerrno>
 #include <csignal>
 #include <cstring>
 #include <fcntl.h>
 #include <poll.h>
 #include <sys/wait.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -73,13 +75,18 @@ public:
     {
         int ends[2] = {-1, -1};
         if (pipe2(ends, O_CLOEXEC) != 0) {
-            return;
+            throw std::system_error(errno, std::generic_category(), "no pipe to a process that loads the plugin");
         }
         m_child = fork();
         if (m_child == 0) {
             load(ends[1]);
         }
+        const int error = errno;
         close(ends[1]);
+        if (m_child < 0) {
+            close(ends[0]);
+            throw std::system_error(error, std::generic_category(), "no process that loads the plugin");
+        }
         m_output.open(ends[0], QIODevice::ReadOnly | QIODevice::Unbuffered, QFileDevice::AutoCloseHandle);
     }
 
@@ -99,39 +106,43 @@ public:
                                     QString("does not return within %1 s of being loaded").arg(secondsToLoad),
                                     "the client hangs when it starts", "install another build of the plugin")};
         }
-        if (WIFSIGNALED(status)) {
-            return {Finding::ofFile(FindingCode::PluginCrashes, m_file,
-                                    QString("ends the process that loads it: %1").arg(sigdescr_np(WTERMSIG(status))),
-                                    "the client crashes when it starts", "install another build of the plugin")};
-        }
         QDataStream stream(m_result);
         int code = 0;
         QString problem;
         QString effect;
         QString advice;
         stream >> code >> problem >> effect >> advice;
-        return problem.isEmpty() ? Findings()
-                                 : Findings{Finding::ofFile(FindingCode(code), m_file, problem, effect, advice)};
+        if (stream.status() != QDataStream::Ok) { // the child did not come to the end of load()
+            const bool isCrash = WIFSIGNALED(status);
+            return {Finding::ofFile(FindingCode::PluginCrashes, m_file,
+                                    "ends the process that loads it: "
+                                        + (isCrash ? QString(sigdescr_np(WTERMSIG(status)))
+                                                   : QString("exit code %1").arg(WEXITSTATUS(status))),
+                                    isCrash ? "the client crashes when it starts" : "the client ends when it starts",
+                                    "install another build of the plugin")};
+        }
+        return code == 0 ? Findings() : Findings{Finding::ofFile(FindingCode(code), m_file, problem, effect, advice)};
     }
 
 private:
-    /// In the child.
+    /// In the child: writes what it has found to @p output, the code 0 for nothing.
     [[noreturn]] void load(int output)
     {
         const int nowhere = open("/dev/null", O_WRONLY); // what the plugin prints is no part of the report
         dup2(nowhere, STDOUT_FILENO);
         dup2(nowhere, STDERR_FILENO);
+        QByteArray bytes;
+        QDataStream stream(&bytes, QIODevice::WriteOnly);
         try {
             const TavPluginHost host(m_file);
+            stream << 0 << QString() << QString() << QString();
         } catch (const TavPluginError &error) {
             const Finding finding = findingOf(error);
-            QFile file;
-            file.open(output, QIODevice::WriteOnly | QIODevice::Unbuffered);
-            QByteArray bytes;
-            QDataStream(&bytes, QIODevice::WriteOnly)
-                << int(finding.code) << finding.problem << finding.effect << finding.advice;
-            file.write(bytes);
+            stream << int(finding.code) << finding.problem << finding.effect << finding.advice;
         }
+        QFile file;
+        file.open(output, QIODevice::WriteOnly | QIODevice::Unbuffered);
+        file.write(bytes);
         _exit(0);
     }
 

@@ -4,7 +4,8 @@
 #include "TavPluginError.h"
 
 /// What keeps a client from taking @p file for its data plugin. When nothing speaks against it, loads the plugin and
-/// has it register its managers, in a process of its own that is given ten seconds.
+/// has it register its managers, in a process of its own that is given ten seconds. Throws std::system_error when there
+/// can be no such process.
 Findings checkPlugin(const QString &file);
 
 /// The same without loading it: nothing of the file runs.

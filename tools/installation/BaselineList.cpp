@@ -4,6 +4,7 @@
 #include "TavCommonUtils.h"
 
 #include <QJsonArray>
+#include <QSet>
 
 QJsonObject BaselineList::read()
 {
@@ -23,10 +24,13 @@ int BaselineList::idOf(const QJsonValue &item)
 QVector<int> BaselineList::idsOf(const QJsonObject &list)
 {
     QVector<int> ids;
+    QSet<int> known;
     const QJsonArray items = itemsOf(list);
     for (const QJsonValue &item : items) {
-        if (!ids.contains(idOf(item))) {
-            ids.append(idOf(item));
+        const int id = idOf(item);
+        if (!known.contains(id)) {
+            known.insert(id);
+            ids.append(id);
         }
     }
     return ids;

@@ -10,9 +10,30 @@
 
 namespace
 {
-bool hasPrograms()
+constexpr auto executable = QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
+
+/// Whether the root has the programs that scripts are run by: a directory into which a package was unpacked has not,
+/// though it may have a /usr/bin.
+bool hasInterpreters()
 {
-    return followInRoot("/bin").error == 0 || followInRoot("/usr/bin").error == 0;
+    return followInRoot("/bin/sh").error == 0 || followInRoot("/usr/bin/env").error == 0;
+}
+
+/// What is wrong with the program at this path, which is to run a script.
+QVector<ScriptFlaw> flawsOfInterpreter(const QString &path)
+{
+    const RootedPath program = followInRoot(path);
+    const QFile file(program.file());
+    if (program.error == EACCES) {
+        return {{ScriptFlaw::NotReadable, "names an interpreter that cannot be seen: \"" + path + '"'}};
+    }
+    if (program.error != 0) {
+        return {{ScriptFlaw::NoInterpreter, "names an interpreter that does not exist: \"" + path + '"'}};
+    }
+    if (!QFileInfo(file).isFile() || !(file.permissions() & executable)) {
+        return {{ScriptFlaw::NoInterpreter, "names an interpreter that is no program: \"" + path + '"'}};
+    }
+    return {};
 }
 
 /// What is wrong with the first line, which names the interpreter.
@@ -33,10 +54,10 @@ QVector<ScriptFlaw> flawsInFirstLine(const QByteArray &begin)
         return {{ScriptFlaw::ForeignLineEnd, "has a carriage return at the end of its first line"}};
     }
     const QString interpreter = QFile::decodeName(line).trimmed().section(' ', 0, 0).section('\t', 0, 0);
-    if (interpreter.isEmpty() || (hasPrograms() && followInRoot(interpreter).error != 0)) {
-        return {{ScriptFlaw::NoInterpreter, "names an interpreter that does not exist: \"" + interpreter + '"'}};
+    if (interpreter.isEmpty()) {
+        return {{ScriptFlaw::NoInterpreter, "names no interpreter in its first line"}};
     }
-    return {};
+    return hasInterpreters() ? flawsOfInterpreter(interpreter) : QVector<ScriptFlaw>();
 }
 }
 
@@ -58,7 +79,6 @@ QVector<ScriptFlaw> scriptFlaws(const QString &path)
     if (!script.path.startsWith(directory.path + '/')) {
         flaws.append({ScriptFlaw::Outside, "lies outside of the script directory, at " + script.path});
     }
-    constexpr auto executable = QFileDevice::ExeOwner | QFileDevice::ExeGroup | QFileDevice::ExeOther;
     if (!(file.permissions() & executable)) {
         flaws.append({ScriptFlaw::NotExecutable, "is not executable"});
     }

@@ -21,6 +21,6 @@ struct ScriptFlaw {
 };
 
 /// The flaws of the script at @p path, which is absolute and taken within the system root; none when it can be run. Any
-/// execute permission will do: the agent that runs the checks is another user than the one who looks here. Whether the
-/// interpreter is there is only asked of a root that has programs at all.
+/// execute permission will do: the agent that runs the checks is another user than the one who looks here. The
+/// interpreter is only looked for in a root that has a shell or env.
 QVector<ScriptFlaw> scriptFlaws(const QString &path);

@@ -1,6 +1,6 @@
 #include "InstallationPaths.h"
 
-#include "TavCommonUtils.h"
+#include "RootedPath.h"
 #include "TavGlobalInfoMgr.h"
 
 #include <QCoreApplication>
@@ -43,16 +43,16 @@ QString InstallationPaths::plugin()
             const QString directory = QString(prefix) + libraries;
             files.append(directory + pluginInLibraries);
             const QStringList machines
-                = QDir(TavCommonUtils::pathInSystemRoot(directory)).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+                = QDir(followInRoot(directory).file()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
             for (const QString &machine : machines) {
                 files.append(directory + '/' + machine + pluginInLibraries);
             }
         }
     }
     for (const QString &file : qAsConst(files)) {
-        const QFileInfo inRoot(TavCommonUtils::pathInSystemRoot(file));
-        if (inRoot.isFile()) {
-            return inRoot.absoluteFilePath();
+        const RootedPath at = followInRoot(file);
+        if (at.error == 0 && QFileInfo(at.file()).isFile()) {
+            return file;
         }
     }
     return {};

@@ -10,8 +10,7 @@ QString baseline(); ///< the list of baseline check items
 QString scripts(); ///< directory of the scripts that the check items name
 QString pictures(); ///< directory of the picture directories
 
-/// The plugin that is installed below the system root, by its absolute path outside of it; empty when there is
-/// none.
+/// The plugin that is installed below the system root; empty when there is none.
 QString plugin();
 
 /// The system root in which @p file is the list of check items; "/" for any other file.

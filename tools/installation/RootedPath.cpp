@@ -2,8 +2,8 @@
 
 #include "TavGlobalInfoMgr.h"
 
+#include <QDir>
 #include <QFile>
-#include <QStringList>
 
 #include <array>
 #include <cerrno>
@@ -26,13 +26,25 @@ QString targetOf(const QByteArray &link)
 QString RootedPath::file() const
 {
     const QString root = TavGlobalInfoMgr::getInstance()->systemRoot();
-    return root.isEmpty() || root == "/" ? path : root + path;
+    if (root.isEmpty() || root == "/") {
+        return path.isEmpty() ? "/" : path;
+    }
+    return root + path;
+}
+
+QString RootedPath::ownerText() const
+{
+    if (error == 0) {
+        return "it " + belongsTo(QFileInfo(file()));
+    }
+    const QString denying = RootedPath{directories.last()}.file();
+    return '"' + denying + "\" " + belongsTo(QFileInfo(denying));
 }
 
 RootedPath followInRoot(const QString &path)
 {
     if (path.contains(QChar::Null)) {
-        return {path, ENOENT}; // no file has a name with a NUL
+        return {path, ENOENT, {QString()}}; // no file has a name with a NUL
     }
     RootedPath at;
     int links = 0;
@@ -46,15 +58,16 @@ RootedPath followInRoot(const QString &path)
             at.path.truncate(qMax(0, at.path.lastIndexOf('/')));
             continue;
         }
+        at.directories.append(at.path);
         const RootedPath next{at.path + '/' + name};
         const QByteArray file = QFile::encodeName(next.file());
         struct stat status = {};
         if (lstat(file.constData(), &status) != 0) {
-            return {next.path, errno};
+            return {next.path, errno, at.directories};
         }
         if (S_ISLNK(status.st_mode)) {
             if (++links > mostLinks) {
-                return {next.path, ELOOP};
+                return {next.path, ELOOP, at.directories};
             }
             const QString target = targetOf(file);
             if (target.startsWith('/')) {
@@ -62,10 +75,23 @@ RootedPath followInRoot(const QString &path)
             }
             left = target.split('/') + left;
         } else if (!left.isEmpty() && !S_ISDIR(status.st_mode)) {
-            return {next.path, ENOTDIR};
+            return {next.path, ENOTDIR, at.directories};
         } else {
-            at = next;
+            at.path = next.path;
         }
     }
     return at;
+}
+
+QString pathWithinRoot(const QString &file)
+{
+    const auto absolute = [](const QString &name) { return QDir::cleanPath(QFileInfo(name).absoluteFilePath()); };
+    const QString root = TavGlobalInfoMgr::getInstance()->systemRoot();
+    const QString inside = root.isEmpty() || root == "/" ? QString() : absolute(root);
+    return absolute(file).startsWith(inside + '/') ? absolute(file).mid(inside.size()) : QString();
+}
+
+QString belongsTo(const QFileInfo &file)
+{
+    return QString("belongs to the user %1").arg(file.ownerId());
 }

@@ -15,12 +15,12 @@
 #include "TextTable.h"
 #include "WholeFile.h"
 
-#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 
 #include <cerrno>
+#include <system_error>
 
 namespace
 {
@@ -45,13 +45,15 @@ ConfigurationFile readConfiguration(const QString &path, const QString &effectOf
     const QFileInfo file(at.file());
     const bool isForbidden = at.error == EACCES || (at.error == 0 && file.isFile() && !file.isReadable());
     if (isForbidden) {
-        read.findings.append(Finding::ofFile(
-            FindingCode::NotReadable, read.file,
-            QString("cannot be read: %1; it belongs to the user %2").arg(qt_error_string(EACCES)).arg(file.ownerId()),
-            "what it holds is not known", "look at it as a user who may read it"));
+        read.findings.append(
+            Finding::ofFile(FindingCode::NotReadable, read.file,
+                            QString("cannot be read: %1; %2").arg(qt_error_string(EACCES), at.ownerText()),
+                            "what it holds is not known", "look at it as a user who may read it"));
         return read;
     }
-    const QString error = WholeFile::tryRead(file.filePath(), read.content);
+    const QString error = at.error == 0 ? WholeFile::tryRead(file.filePath(), read.content)
+        : at.error == ENOENT            ? "there is no such file"
+                                        : "cannot be read: " + qt_error_string(at.error);
     if (!error.isEmpty()) {
         read.findings.append(Finding::ofFile(FindingCode::NoConfigurationFile, read.file, error, effectOfNone,
                                              "put it there, or name another system root with --root"));
@@ -59,8 +61,10 @@ ConfigurationFile readConfiguration(const QString &path, const QString &effectOf
     return read;
 }
 
-/// The files that the agent runs and the client loads, by their paths.
-QStringList guardedPaths(const QByteArray &baseline, const QString &plugin)
+/// The files that the agent runs and the client loads, by their paths. @p pluginPath is empty for a plugin that lies
+/// elsewhere.
+QStringList guardedPaths(const QByteArray &baseline, const QStringList &pictureDirectories,
+                         const PictureFiles &pictures, const QString &pluginPath)
 {
     QStringList paths{InstallationPaths::catalogue(), InstallationPaths::baseline(), InstallationPaths::scripts(),
                       InstallationPaths::pictures()};
@@ -68,75 +72,54 @@ QStringList guardedPaths(const QByteArray &baseline, const QString &plugin)
     for (const QJsonValue &item : items) {
         paths.append(InstallationPaths::scripts() + item["checkValueScript"].toString());
     }
-    const QString root = QFileInfo(TavCommonUtils::pathInSystemRoot("/")).absoluteFilePath();
-    const QString inside = root == "/" ? QString() : root;
-    if (plugin.startsWith(inside + '/')) {
-        paths.append(plugin.mid(inside.size()));
+    for (const QString &directory : pictureDirectories) {
+        paths.append(pathWithinRoot(directory));
+    }
+    for (const PictureFile &picture : pictures.files) {
+        paths.append(pathWithinRoot(picture.file));
+    }
+    if (!pluginPath.isEmpty()) {
+        paths.append(pluginPath);
     }
     return paths;
-}
-
-/// Pictures that lie beside the picture directories.
-Findings checkStrayPictures(const QDir &pictures)
-{
-    Findings findings;
-    const QFileInfoList files = pictures.entryInfoList({"*.png"}, QDir::Files, QDir::Name);
-    for (const QFileInfo &file : files) {
-        findings.append(Finding::ofFile(
-            FindingCode::PictureOutside, file.filePath(), "a picture outside of every picture directory",
-            QString("the plugin holds it only for a client that loads %1 itself, under the key %2/%3")
-                .arg(pictures.path(), pictures.dirName().toUpper(), file.baseName().toUpper()),
-            "move it into a picture directory"));
-    }
-    return findings;
-}
-
-/// The picture directories of the installation, by the order of their names.
-QStringList pictureDirectories()
-{
-    QStringList directories;
-    const QDir directory(followInRoot(InstallationPaths::pictures()).file());
-    const QStringList names = directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
-    for (const QString &name : names) {
-        directories.append(directory.filePath(name));
-    }
-    return directories;
 }
 
 Findings checkPictureDirectories(const PictureFiles &pictures, bool isAny)
 {
     const QString path = TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures());
-    const QDir directory(path);
-    if (directory.exists() && !directory.isReadable()) {
-        return {Finding::ofFile(FindingCode::NotReadable, path,
-                                QString("cannot be listed; it belongs to the user %1").arg(QFileInfo(path).ownerId()),
+    const RootedPath at = followInRoot(InstallationPaths::pictures());
+    const QFileInfo directory(at.file());
+    const bool isThere = at.error == 0 && directory.isDir();
+    if (at.error == EACCES || (isThere && !(directory.isReadable() && directory.isExecutable()))) {
+        return {Finding::ofFile(FindingCode::NotReadable, path, "cannot be listed; " + at.ownerText(),
                                 "what it holds is not known", "look at it as a user who may")};
     }
     const Findings none{Finding::ofFile(
-        FindingCode::NoPictureDirectory, path,
-        directory.exists() ? "there is no directory in it" : "there is no such directory", "the pages have no pictures",
-        "put the picture directories there, or name another system root with --root")};
-    return (isAny ? checkPictures(pictures) : none) + checkStrayPictures(directory);
+        FindingCode::NoPictureDirectory, path, isThere ? "there is no directory in it" : "there is no such directory",
+        "the pages have no pictures", "put the picture directories there, or name another system root with --root")};
+    return (isAny ? checkPictures(pictures) : none) + checkStrayPictures(path);
 }
 
 /// @brief The plugin that an installation is checked with.
 struct Plugin {
     QString file;
     QString origin; ///< why it is that one, where that is not plain
+    QString path; ///< within the system root; empty when it lies elsewhere
 };
 
 Plugin pluginFor(const DoctorOptions &options)
 {
     if (!options.plugin.isEmpty()) {
-        return {options.plugin, {}};
+        return {options.plugin, {}, pathWithinRoot(options.plugin)};
     }
+    const QString beside = InstallationPaths::pluginBesideProgram();
     if (options.root == "/") {
-        return {InstallationPaths::pluginBesideProgram(), {}};
+        return {beside, {}, beside};
     }
     const QString installed = InstallationPaths::plugin();
     return installed.isEmpty()
-        ? Plugin{InstallationPaths::pluginBesideProgram(), "none below " + options.root + "; beside tavctl"}
-        : Plugin{installed, {}};
+        ? Plugin{beside, "none below " + options.root + "; beside tavctl", pathWithinRoot(beside)}
+        : Plugin{QFileInfo(followInRoot(installed).file()).absoluteFilePath(), {}, installed};
 }
 
 void printInstallation(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin)
@@ -167,6 +150,15 @@ QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const T
                          {"qtVersion", plugin.qtVersion},
                          {"machine", plugin.machine}}}};
 }
+
+Findings findingsOn(const Plugin &plugin, bool loads)
+{
+    try {
+        return loads ? checkPlugin(plugin.file) : checkPluginUnloaded(plugin.file);
+    } catch (const std::system_error &error) { // says nothing about the plugin
+        throw ToolError(ExitCode::Usage, QString::fromLocal8Bit(error.what()));
+    }
+}
 }
 
 ExitCode doctor(const DoctorOptions &options)
@@ -176,7 +168,8 @@ ExitCode doctor(const DoctorOptions &options)
     const ConfigurationFile catalogue = readConfiguration(InstallationPaths::catalogue(), "the navigation is empty");
     const ConfigurationFile baseline
         = readConfiguration(InstallationPaths::baseline(), "the plugin loads no check item");
-    const QStringList directories = pictureDirectories();
+    const QStringList directories
+        = pictureDirectoriesIn(TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures()));
     const PictureFiles pictures = listPictures(directories);
     const auto foundIn = [](const ConfigurationFile &file, auto check) {
         return file.findings.isEmpty() ? check(file.file, file.content) : file.findings;
@@ -185,17 +178,18 @@ ExitCode doctor(const DoctorOptions &options)
         return checkCatalogue(file, content)
             + (directories.isEmpty() ? Findings() : checkIcons(file, content, pictures));
     };
-    const QVector<Part> parts{
-        {"plugin", plugin.file, options.loads ? checkPlugin(plugin.file) : checkPluginUnloaded(plugin.file)},
+    QVector<Part> parts{
+        {"plugin", plugin.file, findingsOn(plugin, options.loads)},
         {"catalogue", catalogue.file, foundIn(catalogue, checkCatalogueWithIcons)},
         {"baseline", baseline.file, foundIn(baseline, checkBaseline)},
         {"pictures", TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures()),
          checkPictureDirectories(pictures, !directories.isEmpty())},
-        {"permissions", options.root, checkAccess(guardedPaths(baseline.content, plugin.file))},
+        {"permissions", options.root, checkAccess(guardedPaths(baseline.content, directories, pictures, plugin.path))},
     };
     FindingReport report(options.findings);
-    for (const Part &part : parts) {
-        report.add(part.findings, QFileInfo(TavCommonUtils::pathInSystemRoot(InstallationPaths::catalogue())).path());
+    for (Part &part : parts) {
+        part.findings = report.add(part.findings,
+                                   QFileInfo(TavCommonUtils::pathInSystemRoot(InstallationPaths::catalogue())).path());
     }
     const TavPluginFacts facts = TavPluginHost::factsOf(plugin.file);
     if (report.showsText()) {

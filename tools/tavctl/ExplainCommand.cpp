@@ -6,7 +6,7 @@
 ExitCode explain(const ExplainOptions &options)
 {
     if (!options.code.isEmpty()) {
-        const FindingKind *const kind = kindNamed(options.code.toUpper());
+        const FindingKind *const kind = kindNamed(options.code);
         if (!kind) {
             throw ToolError(ExitCode::Usage,
                             options.code + ": no code of a finding; \"tavctl explain\" lists them all");

@@ -7,6 +7,10 @@
 
 #include <QDir>
 
+#include <cstdlib>
+#include <iostream>
+#include <unistd.h>
+
 namespace
 {
 const QLatin1String suffix("_Tav_ORG");
@@ -38,6 +42,37 @@ ExitCode exitCodeFor(TavPluginError::Kind kind)
     }
 }
 
+/// @brief Says for as long as it lives that the plugin is to blame when the program ends: one that calls exit(), with
+/// whatever code, leaves nobody else to say so.
+class ExitWatch
+{
+public:
+    explicit ExitWatch(const QString &file)
+    {
+        [[maybe_unused]] static const int isRegistered = std::atexit(tell);
+        watched = &file;
+    }
+
+    ~ExitWatch()
+    {
+        watched = nullptr;
+    }
+
+    Q_DISABLE_COPY(ExitWatch)
+
+private:
+    static void tell()
+    {
+        if (watched) {
+            std::cerr << "tavctl: " << printable(*watched).toStdString()
+                      << ": ends the process that loads it; install another build of the plugin\n";
+            _exit(int(ExitCode::NotLoadable));
+        }
+    }
+
+    static inline const QString *watched = nullptr;
+};
+
 QString addressOf(const QObject *object)
 {
     return QStringLiteral("0x%1").arg(reinterpret_cast<quintptr>(object), 0, 16);
@@ -46,6 +81,7 @@ QString addressOf(const QObject *object)
 
 TavPluginHost loadPlugin(const QString &file)
 {
+    const ExitWatch watch(file);
     try {
         return TavPluginHost(file);
     } catch (const TavPluginError &error) {

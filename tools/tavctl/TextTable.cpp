@@ -11,16 +11,30 @@
 
 namespace
 {
+/// Places that a character takes.
+int widthOf(uint character)
+{
+    // The widths are those of Unicode, whatever the user's own locale is. No other thread depends on the locale.
+    static const bool hasUnicode = std::setlocale(LC_CTYPE, "C.UTF-8") != nullptr; // NOLINT(concurrency-mt-unsafe)
+    return hasUnicode ? std::max(0, wcwidth(static_cast<wchar_t>(character))) : 1;
+}
+
 QString cut(const QString &text, int maximumWidth)
 {
     if (displayWidth(text) <= maximumWidth) {
         return text;
     }
-    QString shortened = text;
-    while (displayWidth(shortened) > maximumWidth - 1) {
-        shortened.chop(shortened.at(shortened.size() - 1).isLowSurrogate() ? 2 : 1);
+    int width = 0;
+    int end = 0;
+    const QVector<uint> characters = text.toUcs4();
+    for (const uint character : characters) {
+        width += widthOf(character);
+        if (width > maximumWidth - 1) {
+            break;
+        }
+        end += QChar::requiresSurrogates(character) ? 2 : 1;
     }
-    return shortened + QStringLiteral("…");
+    return text.left(end) + QStringLiteral("…");
 }
 }
 
@@ -117,12 +131,10 @@ QString TextTable::line(const QStringList &cells, const QVector<int> &widths) co
 
 int displayWidth(const QString &text)
 {
-    // The widths are those of Unicode, whatever the user's own locale is. No other thread depends on the locale.
-    static const bool hasUnicode = std::setlocale(LC_CTYPE, "C.UTF-8") != nullptr; // NOLINT(concurrency-mt-unsafe)
     int width = 0;
     const QVector<uint> characters = text.toUcs4();
     for (const uint character : characters) {
-        width += hasUnicode ? std::max(0, wcwidth(static_cast<wchar_t>(character))) : 1;
+        width += widthOf(character);
     }
     return width;
 }

@@ -94,17 +94,22 @@ TEST_F(BaselineScript, NamesAnInterpreterThatExistsInARootWithPrograms)
         "ELF");
     put(directory + "/foreign.sh", "#!/bin/sh\r\n");
     put(directory + "/empty.sh", "");
-    EXPECT_THAT(flaws("/shell.sh"), IsEmpty()) << "there are no programs at all";
+    put("/usr/bin/tavctl", "");
+    EXPECT_THAT(flaws("/shell.sh"), IsEmpty()) << "a root without a system: nothing is run there";
     EXPECT_THAT(flaws("/bare.sh"), ElementsAre(ScriptFlaw::NoInterpreter));
     EXPECT_THAT(flaws("/none.sh"), ElementsAre(ScriptFlaw::NoInterpreter));
     EXPECT_THAT(flaws("/program"), IsEmpty());
     EXPECT_THAT(flaws("/foreign.sh"), ElementsAre(ScriptFlaw::ForeignLineEnd));
     EXPECT_THAT(flaws("/empty.sh"), ElementsAre(ScriptFlaw::Empty));
-    ASSERT_TRUE(QDir(root.path()).mkpath("usr/bin"));
+    put("/usr/bin/env", "");
     EXPECT_THAT(flaws("/shell.sh"), ElementsAre(ScriptFlaw::NoInterpreter));
-    put("/usr/bin/sh", "");
+    const QString shell = put("/usr/bin/sh", "");
     ASSERT_TRUE(QFile::link("/usr/bin", root.path() + "/bin"));
     EXPECT_THAT(flaws("/shell.sh"), IsEmpty()) << "the link is absolute, and means the root's own";
+    ASSERT_TRUE(QFile::setPermissions(shell, QFile::ReadOwner));
+    EXPECT_THAT(flaws("/shell.sh"), ElementsAre(ScriptFlaw::NoInterpreter)) << "nobody may execute it";
+    ASSERT_TRUE(QFile::remove(shell) && QDir().mkdir(shell));
+    EXPECT_THAT(flaws("/shell.sh"), ElementsAre(ScriptFlaw::NoInterpreter)) << "a directory";
 }
 
 TEST_F(BaselineScript, IsNotFollowedForEver)

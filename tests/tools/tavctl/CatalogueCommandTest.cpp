@@ -93,6 +93,14 @@ TEST_F(CatalogueCommand, PassesOverWhatThePluginDoesNotReadEither)
     EXPECT_TRUE(report.endsWith(", 2 findings: 2 errors\n")) << report.toStdString();
 }
 
+TEST_F(CatalogueCommand, FindsNoPageBesideAWarningToo)
+{
+    const QString report = reportOn(putCatalogue(R"([{"funcType": "CTavFuncTypeHeader::Func_HostInfo", "funcTitle": "A",
+        "funcIcon": "a", "subFunList": []}])"));
+    EXPECT_TRUE(report.contains(": warning: TAV202: ")) << report.toStdString();
+    EXPECT_TRUE(report.contains(": error: TAV213: ")) << report.toStdString();
+}
+
 TEST_F(CatalogueCommand, TakesUnknownTypesForUnknownAndNotForOneType)
 {
     const QByteArray pages = QByteArray(onePage).replace(

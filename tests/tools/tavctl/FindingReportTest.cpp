@@ -55,6 +55,7 @@ TEST_F(FindingReport, LeavesOutWhatIsIgnoredAndCountsIt)
     EXPECT_EQ(run.output, checked() + ", no findings, 2 ignored\n");
     EXPECT_EQ(run.exitCode, 0);
     EXPECT_EQ(check({"--ignore", "TAV110", "--ignore", "TAV111"}).output, run.output);
+    EXPECT_EQ(check({"--ignore", "tav110,tav111"}).output, run.output);
     const Tavctl unknown = check({"--ignore", "TAV999"});
     EXPECT_EQ(unknown.exitCode, 2);
     EXPECT_TRUE(unknown.errors.contains("\"TAV999\" is no code of a finding")) << unknown.errors.toStdString();
@@ -139,6 +140,30 @@ TEST_F(FindingReport, SarifIsWhatScannersRead)
     QJsonObject ofOtherVersion = document;
     ofOtherVersion.insert("version", "2.0.0");
     EXPECT_FALSE(conforms(schema, ofOtherVersion)) << "the schema refuses something";
+}
+
+TEST_F(FindingReport, SarifNamesFilesByUri)
+{
+    struct {
+        const char *name;
+        const char *uri;
+    } const rows[] = {{"a%20b.json", "a%2520b.json"},
+                      {"a#b?.json", "a%23b%3F.json"},
+                      {"a:b.json", "./a:b.json"},
+                      {"甲.json", "%E7%94%B2.json"}};
+    for (const auto &row : rows) {
+        file = put(row.name, "[]");
+        const auto uriIn = [](const Tavctl &run) {
+            const QJsonObject document = run.json();
+            const QJsonValue location = document["runs"][0]["results"][0]["locations"][0];
+            return location["physicalLocation"]["artifactLocation"]["uri"].toString();
+        };
+        const QStringList command{"baseline", "check", row.name, "--root", directory.path(), "--format", "sarif"};
+        const Tavctl relative(command, "/dev/null", {"env", "-C", directory.path()});
+        EXPECT_EQ(uriIn(relative), row.uri);
+        EXPECT_EQ(uriIn(check({"--format", "sarif"})),
+                  "file://" + directory.path() + '/' + QString(row.uri).remove("./"));
+    }
 }
 
 TEST_F(FindingReport, GithubCommandsAreEscaped)

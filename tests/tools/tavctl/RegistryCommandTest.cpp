@@ -75,6 +75,16 @@ TEST(RegistryCommand, AnotherPluginIsNamedByItsIdentifierAndNotRun)
               "--plugin\n");
 }
 
+TEST(RegistryCommand, APluginThatEndsTheProgramIsNamed)
+{
+    const Tavctl run({"registry", "--plugin", TAV_EXITING_PLUGIN_FILE});
+    EXPECT_EQ(run.exitCode, 4);
+    EXPECT_EQ(run.output, "");
+    EXPECT_EQ(run.errors,
+              "tavctl: " TAV_EXITING_PLUGIN_FILE
+              ": ends the process that loads it; install another build of the plugin\n");
+}
+
 TEST(RegistryCommand, APluginWithoutManagersIsNamed)
 {
     const QString catalogue = TAV_SOURCE_DIR "/share/demo/etc/tavsec.d/funcTypeConfig.json";

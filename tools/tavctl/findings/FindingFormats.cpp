@@ -78,10 +78,21 @@ QJsonArray sarifRules()
     return rules;
 }
 
+/// @p file as a URI: relative where it is, with everything in its name that means something else in one escaped.
+QString uriOf(const QString &file)
+{
+    if (QFileInfo(file).isAbsolute()) {
+        return QString::fromUtf8(QUrl::fromLocalFile(file).toEncoded());
+    }
+    QUrl uri;
+    // What stands before a colon would be taken for a scheme.
+    uri.setPath(file.section('/', 0, 0).contains(':') ? "./" + file : file, QUrl::DecodedMode);
+    return QString::fromUtf8(uri.toEncoded());
+}
+
 QJsonObject sarifResult(const Finding &finding)
 {
-    const QUrl file = QFileInfo(finding.file).isAbsolute() ? QUrl::fromLocalFile(finding.file) : QUrl(finding.file);
-    QJsonObject physical{{"artifactLocation", QJsonObject{{"uri", QString::fromUtf8(file.toEncoded())}}}};
+    QJsonObject physical{{"artifactLocation", QJsonObject{{"uri", uriOf(finding.file)}}}};
     if (finding.place.line > 0) {
         physical.insert("region",
                         QJsonObject{{"startLine", finding.place.line}, {"startColumn", finding.place.column}});

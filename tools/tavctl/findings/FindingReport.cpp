@@ -11,16 +11,16 @@ FindingReport::FindingReport(FindingOptions options) : m_options(std::move(optio
 {
 }
 
-void FindingReport::add(const Findings &findings, const QString &directory)
+Findings FindingReport::add(const Findings &findings, const QString &directory)
 {
     const std::set<FindingCode> ignored = ignoredIn(directory);
-    for (const Finding &finding : findings) {
-        if (ignored.count(finding.code) > 0) {
-            ++m_ignored;
-        } else {
-            m_findings.append(finding);
-        }
-    }
+    Findings taken = findings;
+    taken.erase(std::remove_if(taken.begin(), taken.end(),
+                               [&ignored](const Finding &finding) { return ignored.count(finding.code) > 0; }),
+                taken.end());
+    m_ignored += findings.size() - taken.size();
+    m_findings += taken;
+    return taken;
 }
 
 std::set<FindingCode> FindingReport::ignoredIn(const QString &directory) const
