@@ -7,6 +7,7 @@
 #include "PluginView.h"
 #include "Presentation.h"
 #include "TavCommonUtils.h"
+#include "TavCountedText.h"
 #include "TavGlobalInfoMgr.h"
 #include "TavObjectMgr.h"
 #include "TextTable.h"
@@ -93,7 +94,7 @@ ExitCode checkBaselineFiles(const BaselineCheckOptions &options)
     }
     roots.removeDuplicates();
     report.print(
-        QString("%1 checked with the scripts below %2").arg(numbered(options.files.size(), "file"), roots.join(", "))
+        QString("%1 checked with the scripts below %2").arg(countedText(options.files.size(), "file"), roots.join(", "))
         + fixing.summary());
     return report.exitCode();
 }

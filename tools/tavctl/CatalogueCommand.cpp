@@ -8,6 +8,7 @@
 #include "PluginView.h"
 #include "Presentation.h"
 #include "TavCommonUtils.h"
+#include "TavCountedText.h"
 #include "TavNanolog.h"
 #include "TavObjectMgr.h"
 #include "WholeFile.h"
@@ -47,7 +48,7 @@ ExitCode checkCatalogueFiles(const CatalogueCheckOptions &options)
     for (const QString &file : options.files) {
         fixing.check(file, checkCatalogueOrText, report);
     }
-    report.print(numbered(options.files.size(), "file") + " checked" + fixing.summary());
+    report.print(countedText(options.files.size(), "file") + " checked" + fixing.summary());
     return report.exitCode();
 }
 
