@@ -1,6 +1,7 @@
 #include "PictureCheck.h"
 
 #include "DecoderMessages.h"
+#include "RootedPath.h"
 
 #include <QDir>
 #include <QDirIterator>
@@ -16,6 +17,11 @@ namespace
 {
 const QLatin1String pattern("*.png");
 
+QString canonicalPathOf(const QString &file)
+{
+    return QFileInfo(followedInRoot(file)).canonicalFilePath();
+}
+
 /// @brief Lists directories as the plugin does: its name filter holds for subdirectories too, and where two ways lead
 /// to one directory under one name, only the later one is listed.
 class Listing
@@ -24,13 +30,13 @@ public:
     explicit Listing(const QStringList &directories)
     {
         for (const QString &directory : directories) {
-            m_scannedOrTold.insert(QDir(directory).canonicalPath());
+            m_scannedOrTold.insert(canonicalPathOf(directory));
         }
         for (const QString &directory : directories) {
             m_listed.clear();
             m_found.clear();
             list(directory);
-            if (!QDir(directory).isReadable()) {
+            if (!QDir(followedInRoot(directory)).isReadable()) {
                 m_result.passedOver.append({FindingCode::NotReadable, directory});
             } else if (m_found.isEmpty()) {
                 m_result.passedOver.append({FindingCode::EmptyPictureDirectory, directory});
@@ -50,31 +56,43 @@ private:
     /// Appends the pictures below @p path to m_found, the last one first.
     void list(const QString &path)
     {
-        const QDir directory(path);
-        const QPair<QString, QString> identity(directory.canonicalPath(), directory.dirName().toUpper());
+        const QDir directory(followedInRoot(path));
+        const QString name = QDir(path).dirName().toUpper();
+        const QPair<QString, QString> identity(directory.canonicalPath(), name);
         if (m_listed.contains(identity)) {
             return; // reached again, through a link
         }
         m_listed.insert(identity);
-        const QFileInfoList entries
-            = directory.entryInfoList({pattern}, QDir::Dirs | QDir::Files, QDir::Name | QDir::IgnoreCase);
+        QFileInfoList entries = directory.entryInfoList({pattern}, QDir::Dirs | QDir::Files | QDir::System,
+                                                        QDir::Name | QDir::IgnoreCase);
+        entries.erase(std::remove_if(entries.begin(), entries.end(), isNotListed), entries.end());
+        QSet<QString> listed; // by name: two links to nothing are equal as QFileInfo
         for (auto entry = entries.crbegin(); entry != entries.crend(); ++entry) {
-            if (entry->isDir()) {
+            listed.insert(entry->fileName());
+            if (QFileInfo(followedInRoot(entry->filePath())).isDir()) {
                 list(entry->filePath());
             } else if (!directory.isRoot()) { // a file in "/" has no directory name for its key
-                m_found.append({directory.dirName().toUpper(), entry->baseName().toUpper(), entry->filePath()});
+                m_found.append({name, entry->baseName().toUpper(), entry->filePath()});
             }
         }
         const QFileInfoList all = directory.entryInfoList(
             QDir::AllEntries | QDir::Hidden | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
         for (const QFileInfo &entry : all) {
             const std::optional<FindingCode> code = whyPassedOver(entry);
-            const QString place = entry.isDir() ? entry.canonicalFilePath() : entry.absoluteFilePath();
-            if (code && !entries.contains(entry) && !m_scannedOrTold.contains(place)) {
+            const QFileInfo real(followedInRoot(entry.filePath()));
+            const QString place = real.isDir() ? real.canonicalFilePath() : entry.absoluteFilePath();
+            if (code && !listed.contains(entry.fileName()) && !m_scannedOrTold.contains(place)) {
                 m_scannedOrTold.insert(place);
                 m_result.passedOver.append({*code, entry.filePath()});
             }
         }
+    }
+
+    /// Whether the plugin, in the running system, lists neither this file nor what it is a link to.
+    static bool isNotListed(const QFileInfo &entry)
+    {
+        return entry.isSymLink() ? !QFileInfo::exists(followedInRoot(entry.filePath()))
+                                 : !entry.isDir() && !entry.isFile();
     }
 
     /// Why the plugin does not take an entry that it does not list; none for what nobody takes for a picture.
@@ -83,9 +101,10 @@ private:
         static const QStringList otherSuffixes{"bmp",  "gif", "ico",  "jpeg", "jpg", "svg",
                                                "svgz", "tif", "tiff", "webp", "xpm"};
         const bool isNamedSo = QDir::match(pattern, entry.fileName());
-        if (entry.isDir()) {
+        const QFileInfo real(followedInRoot(entry.filePath()));
+        if (real.isDir()) {
             const bool isMeant = !isNamedSo && !entry.isHidden()
-                && QDirIterator(entry.filePath(), {pattern}, QDir::Files, QDirIterator::Subdirectories).hasNext();
+                && QDirIterator(real.filePath(), {pattern}, QDir::Files, QDirIterator::Subdirectories).hasNext();
             return isMeant ? std::optional(FindingCode::PictureDirectoryInside) : std::nullopt;
         }
         if (!isNamedSo) {
@@ -94,9 +113,9 @@ private:
                 && !QFileInfo::exists(entry.path() + '/' + entry.completeBaseName() + ".png");
             return isMeant ? std::optional(FindingCode::PictureOfOtherSuffix) : std::nullopt;
         }
-        return !entry.exists() ? FindingCode::PictureLinkDangling
-            : !entry.isFile()  ? FindingCode::PictureNotAFile
-                               : FindingCode::PictureHidden;
+        return !real.exists() ? FindingCode::PictureLinkDangling
+            : !real.isFile()  ? FindingCode::PictureNotAFile
+                              : FindingCode::PictureHidden;
     }
 
     /// A file that is loaded again for its key, as from a directory that is appended twice, counts once.
@@ -105,7 +124,7 @@ private:
         QSet<QPair<QString, QString>> kept;
         QVector<PictureFile> files;
         for (auto picture = m_result.files.crbegin(); picture != m_result.files.crend(); ++picture) {
-            const QPair<QString, QString> identity(picture->key(), QFileInfo(picture->file).canonicalFilePath());
+            const QPair<QString, QString> identity(picture->key(), canonicalPathOf(picture->file));
             if (!kept.contains(identity)) {
                 kept.insert(identity);
                 files.append(*picture);
@@ -128,15 +147,14 @@ void checkKeys(const QVector<PictureFile> &files, Findings &findings)
         winners.insert(picture.key(), picture.file);
     }
     for (const PictureFile &picture : files) {
-        const QFileInfo winner(winners[picture.key()]);
-        const QFileInfo file(picture.file);
-        if (file.canonicalFilePath() == winner.canonicalFilePath()) {
+        const QString winner = winners[picture.key()];
+        if (canonicalPathOf(picture.file) == canonicalPathOf(winner)) {
             continue;
         }
-        const bool isChance = differInCaseAlone(picture.file, winner.filePath());
+        const bool isChance = differInCaseAlone(picture.file, winner);
         findings.append(
             Finding::ofFile(isChance ? FindingCode::PictureLeftToChance : FindingCode::PictureKeyTwice, picture.file,
-                            QString("has the same key as %1: %2").arg(winner.filePath(), picture.key()),
+                            QString("has the same key as %1: %2").arg(winner, picture.key()),
                             isChance ? "which of the two the plugin holds is left to chance"
                                      : "the other one wins: the plugin loads it later, and this picture is never found",
                             "give one of them a name that differs before its first dot"));
@@ -149,7 +167,7 @@ void checkContent(const PictureFile &picture, Findings &findings)
     const auto found = [&](FindingCode code, const QString &problem, const QString &effect, const QString &advice) {
         findings.append(Finding::ofFile(code, picture.file, problem, effect, advice));
     };
-    const QFileInfo file(picture.file);
+    const QFileInfo file(followedInRoot(picture.file));
     if (!file.isFile()) { // a pipe or a device in a picture's place could block for ever
         found(FindingCode::PictureNotAFile, "not a regular file", emptyPicture, "put a PNG picture in its place");
         return;
@@ -160,7 +178,7 @@ void checkContent(const PictureFile &picture, Findings &findings)
         return;
     }
     const DecoderMessages messages;
-    QImageReader reader(picture.file);
+    QImageReader reader(file.filePath());
     const QSize size = reader.size();
     constexpr qint64 mostPixels = 16 << 20;
     if (qint64(size.width()) * size.height() > mostPixels) {

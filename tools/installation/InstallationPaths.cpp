@@ -1,6 +1,6 @@
 #include "InstallationPaths.h"
 
-#include "TavCommonUtils.h"
+#include "RootedPath.h"
 #include "TavGlobalInfoMgr.h"
 
 #include <QCoreApplication>
@@ -43,14 +43,14 @@ QString InstallationPaths::plugin()
             const QString directory = QString(prefix) + libraries;
             files.append(directory + pluginInLibraries);
             const QStringList machines
-                = QDir(TavCommonUtils::pathInSystemRoot(directory)).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+                = QDir(followInRoot(directory).file()).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
             for (const QString &machine : machines) {
                 files.append(directory + '/' + machine + pluginInLibraries);
             }
         }
     }
     for (const QString &file : qAsConst(files)) {
-        const QFileInfo inRoot(TavCommonUtils::pathInSystemRoot(file));
+        const QFileInfo inRoot(followInRoot(file).file());
         if (inRoot.isFile()) {
             return inRoot.absoluteFilePath();
         }

@@ -2,7 +2,9 @@
 
 #include "TavGlobalInfoMgr.h"
 
+#include <QDir>
 #include <QFile>
+#include <QFileInfo>
 #include <QStringList>
 
 #include <array>
@@ -68,4 +70,11 @@ RootedPath followInRoot(const QString &path)
         }
     }
     return at;
+}
+
+QString followedInRoot(const QString &file)
+{
+    const QString root = QDir(RootedPath{"/"}.file()).absolutePath();
+    const QString path = QFileInfo(file).absoluteFilePath();
+    return root != "/" && path.startsWith(root + '/') ? followInRoot(path.mid(root.size())).file() : file;
 }

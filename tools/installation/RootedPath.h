@@ -13,3 +13,7 @@ struct RootedPath {
 /// Follows @p path, which is absolute: an absolute link goes on from the system root, and ".." does not leave it. A
 /// slash at the end wants a directory.
 RootedPath followInRoot(const QString &path);
+
+/// Where @p file leads when its links are followed so, for a file below the system root that is named from outside of
+/// it; unchanged for any other file.
+QString followedInRoot(const QString &file);

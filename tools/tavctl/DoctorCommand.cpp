@@ -96,9 +96,12 @@ QStringList pictureDirectories()
 {
     QStringList directories;
     const QDir directory(followInRoot(InstallationPaths::pictures()).file());
-    const QStringList names = directory.entryList(QDir::Dirs | QDir::NoDotAndDotDot, QDir::Name);
+    const QStringList names
+        = directory.entryList(QDir::Dirs | QDir::Files | QDir::System | QDir::NoDotAndDotDot, QDir::Name);
     for (const QString &name : names) {
-        directories.append(directory.filePath(name));
+        if (QFileInfo(followedInRoot(directory.filePath(name))).isDir()) {
+            directories.append(directory.filePath(name));
+        }
     }
     return directories;
 }
@@ -106,7 +109,7 @@ QStringList pictureDirectories()
 Findings checkPictureDirectories(const PictureFiles &pictures, bool isAny)
 {
     const QString path = TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures());
-    const QDir directory(path);
+    const QDir directory(followInRoot(InstallationPaths::pictures()).file());
     if (directory.exists() && !directory.isReadable()) {
         return {Finding::ofFile(FindingCode::NotReadable, path,
                                 QString("cannot be listed; it belongs to the user %1").arg(QFileInfo(path).ownerId()),

@@ -294,6 +294,32 @@ TEST_F(DoctorOnACopy, FindsWhatOthersMayWrite)
     EXPECT_EQ(findings(), expected) << "each may change but his own there";
 }
 
+TEST_F(DoctorOnACopy, FollowsLinksToPicturesAndToThePluginInsideTheRoot)
+{
+    ASSERT_TRUE(QDir().mkpath(root + "/usr/share/icons/extra"));
+    const QString icon = pictures + "/navigation/hostIcon.png";
+    ASSERT_TRUE(QFile::rename(icon, root + "/usr/share/icons/host.png"));
+    ASSERT_TRUE(QFile::link("/usr/share/icons/host.png", icon));
+    ASSERT_TRUE(QFile::copy(root + "/usr/share/icons/host.png", root + "/usr/share/icons/extra/icon.small.png"));
+    ASSERT_TRUE(QFile::copy(root + "/usr/share/icons/host.png", root + "/usr/share/icons/extra/icon.png"));
+    ASSERT_TRUE(QFile::link("/usr/share/icons/extra", pictures + "/linked"));
+    ASSERT_TRUE(QFile::link("/usr/bin/env", pictures + "/navigation/env.png")); // which is outside of the root only
+    ASSERT_TRUE(QFile::link("gone.png", pictures + "/navigation/far.png"));
+    const QStringList found = findings();
+    EXPECT_EQ(found.size(), 3) << found.join('\n').toStdString();
+    EXPECT_TRUE(found.value(0).startsWith("@/usr/share/icons/extra/icon.png: error: TAV501: has the same key as "
+                                          "@/usr/share/icons/extra/icon.small.png: LINKED/ICON; "))
+        << found.value(0).toStdString();
+    EXPECT_TRUE(found.value(1).startsWith("@/opt/tavsec/pictures/navigation/env.png: error: TAV510: "))
+        << found.value(1).toStdString();
+    EXPECT_TRUE(found.value(2).startsWith("@/opt/tavsec/pictures/navigation/far.png: error: TAV510: "));
+    ASSERT_TRUE(QDir().mkpath(root + "/opt/tavsec/plugins"));
+    writeFile(root + "/usr/share/plugin.so", contentOf(TAV_PLUGIN_FILE));
+    ASSERT_TRUE(QFile::link("/usr/share/plugin.so", root + "/opt/tavsec/plugins/libTavDataPlugin.so"));
+    EXPECT_EQ(Tavctl({"doctor", "--root", root, "--json"}).json()["parts"].toArray().first()["place"].toString(),
+              root + "/usr/share/plugin.so");
+}
+
 TEST_F(DoctorOnACopy, FindsWhatBelongsToAStranger)
 {
     if (geteuid() != 0) {
