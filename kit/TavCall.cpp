@@ -65,7 +65,8 @@ QJsonValue namedPart(const QJsonValue &whole, const QJsonValue &named)
         const QStringList keys = named.toObject().keys();
         QJsonObject part;
         for (const QString &key : keys) {
-            part.insert(key, namedPart(all[key], named[key]));
+            // The form of a message leaves out the lists without elements.
+            part.insert(key, all.contains(key) ? namedPart(all[key], named[key]) : named[key]);
         }
         return part;
     }

@@ -258,6 +258,22 @@ TEST(ScenarioReturns, NameOnlyTheFieldsToCompare)
     EXPECT_EQ(difference, "returned something else at /devices\n  expected: [{\"state\":1}]\n  returned: nothing");
 }
 
+TEST(ScenarioReturns, NameAListWithoutElementsAsAnEmptyOne)
+{
+    const QByteArray get = R"({"manager": "ITavNetControlMgr", "operation": "getDeviceInfo", "arguments": [], )";
+    const QByteArray none = get + R"("returns": {"devices": []}})";
+    EXPECT_TRUE(isAsExpected(none, QJsonObject())) << "a message leaves such a list out";
+    QString difference;
+    EXPECT_FALSE(isAsExpected(none, QJsonObject{{"devices", QJsonArray{QJsonObject()}}}, &difference));
+    EXPECT_EQ(difference, "returned something else at /devices/0\n  expected: nothing\n  returned: {}");
+
+    const QByteArray withoutAddress = get + R"("returns": {"devices": [{"addresses": []}]}})";
+    EXPECT_TRUE(isAsExpected(withoutAddress, QJsonObject{{"devices", QJsonArray{QJsonObject()}}}));
+    const QJsonObject device{{"addresses", QJsonArray{"10.0.0.1/8"}}};
+    EXPECT_FALSE(isAsExpected(withoutAddress, QJsonObject{{"devices", QJsonArray{device}}}, &difference));
+    EXPECT_FALSE(isAsExpected(withoutAddress, QJsonObject(), &difference));
+}
+
 TEST(ScenarioReturns, AreComparedAsValuesWhateverTheirForm)
 {
     // Numbers of 64 bits are written as text, and read as numbers, too.
