@@ -81,6 +81,22 @@ QJsonValue namedPart(const QJsonValue &whole, const QJsonValue &named)
     return whole;
 }
 
+QJsonValue expectedPicture(const QJsonObject &json)
+{
+    TavJson::refuseUnknownKeys(json, {"width", "height", "format"});
+    QJsonObject picture;
+    for (const QString &side : {QStringLiteral("width"), QStringLiteral("height")}) {
+        if (json.contains(side)) {
+            picture.insert(side, TavJson::fromJson<int>(json[side], TavJson::memberPath({}, side)));
+        }
+    }
+    if (json.contains("format")) {
+        using Format = QImage::Format;
+        picture.insert("format", TavJson::toJson(TavJson::fromJson<Format>(json["format"], "/format")));
+    }
+    return picture;
+}
+
 template<class Result>
 QJsonValue expected(const QJsonValue &json, const QString &path)
 {
@@ -95,12 +111,7 @@ QJsonValue expected(const QJsonValue &json, const QString &path)
         }
         return json;
     } else if constexpr (std::is_same_v<Result, std::shared_ptr<QImage>>) {
-        if (!json.isNull()) {
-            TavJson::at(path, [&] {
-                TavJson::refuseUnknownKeys(TavJson::object(json), {"width", "height", "format"});
-            });
-        }
-        return json;
+        return json.isNull() ? json : TavJson::at(path, [&] { return expectedPicture(TavJson::object(json)); });
     } else {
         return namedPart(TavJson::toJson(TavJson::fromJson<Result>(json, path)), json);
     }

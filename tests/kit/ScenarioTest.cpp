@@ -293,6 +293,14 @@ TEST(ScenarioReturns, AreReadAsStrictlyAsArguments)
     EXPECT_EQ(mistakeInLine(R"({"manager": "ITavNetControlMgr", "operation": "getObject", "arguments": [], )"
                             R"("returns": 7})"),
               "line 2: /returns: expected the name of a class or null, not the number 7");
+    const QByteArray picture = R"({"thread": "gui", "manager": "ITavPicResourceMgr", "operation": "getImageRef", )"
+                               R"("arguments": ["a", "b"], "returns": )";
+    EXPECT_EQ(mistakeInLine(picture + R"({"width": "16"}})"),
+              "line 2: /returns/width: expected a whole number from -2147483648 to 2147483647, not the text \"16\"");
+    EXPECT_EQ(mistakeInLine(picture + R"({"format": "Format_ARGB23"}})"),
+              "line 2: /returns/format: Format has no key \"Format_ARGB23\" (nearest: Format_ARGB32)");
+    EXPECT_EQ(mistakeInLine(picture + R"({"height": 16, "format": "Format_ARGB32"}})"), "");
+    EXPECT_EQ(mistakeInLine(picture + "null}"), "");
     EXPECT_EQ(mistakeInLine(with(R"("returns": true)")),
               "line 2: /returns: the operation returns nothing, which is null");
 }
