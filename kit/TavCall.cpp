@@ -147,12 +147,6 @@ const CallTable &table()
     return all;
 }
 
-QString oneOf(const QString &text, const QStringList &known)
-{
-    const QString nearest = nearestText(text, known);
-    return nearest.isEmpty() ? "there are: " + known.join(", ") : "nearest: " + nearest;
-}
-
 QStringList namesOf(const TavCall::Operation &operation)
 {
     QStringList names;
@@ -287,7 +281,8 @@ QVector<TavCall::Operation> TavCall::operationsOf(const QString &manager)
         }
     }
     if (own.isEmpty()) {
-        throw TavCallError({}, QString("there is no manager \"%1\" (%2)").arg(manager, oneOf(manager, managers())));
+        throw TavCallError({},
+                           QString("there is no manager \"%1\" (%2)").arg(manager, nearestOrAll(manager, managers())));
     }
     return own;
 }
@@ -336,7 +331,8 @@ TavCall::Prepared TavCall::preparedCall(const QString &manager, const QString &o
         throw TavCallError(path, "none of the operations fits: " + problems.join("; "));
     }
     operationsOf(manager); // throws when there is no such manager
-    throw TavCallError({}, QString("%1 has no operation \"%2\" (%3)").arg(manager, operation, oneOf(operation, names)));
+    throw TavCallError(
+        {}, QString("%1 has no operation \"%2\" (%3)").arg(manager, operation, nearestOrAll(operation, names)));
 }
 
 QJsonValue TavCall::call(QObject *object, const QString &manager, const QString &operation, const QJsonValue &arguments)

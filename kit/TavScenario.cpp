@@ -79,12 +79,6 @@ int membersIn(const QJsonValue &value)
     throw TavScenarioError(number, path, "the key stands more than once in its object");
 }
 
-QString nearestOf(const QString &text, const QStringList &known)
-{
-    const QString nearest = nearestText(text, known);
-    return nearest.isEmpty() ? "there are: " + known.join(", ") : "nearest: " + nearest;
-}
-
 QString textOf(const QJsonObject &object, const QString &key)
 {
     if (!object.contains(key)) {
@@ -106,7 +100,7 @@ int threadOf(const QJsonObject &object)
     const int place = TavScenario::threads().indexOf(name);
     if (place < 0) {
         throw TavCallError(
-            "/thread", QString("there is no thread \"%1\" (%2)").arg(name, nearestOf(name, TavScenario::threads())));
+            "/thread", QString("there is no thread \"%1\" (%2)").arg(name, nearestOrAll(name, TavScenario::threads())));
     }
     return place;
 }
