@@ -191,7 +191,11 @@ using google::protobuf::LogHandler;
 using google::protobuf::LogLevel;
 
 thread_local bool isGuarded = false; ///< what the message library refuses on this thread becomes an error that says so
-LogHandler *otherLog = nullptr;
+
+void logUnlessGuarded(LogLevel level, const char *file, int line, const std::string &message);
+
+/// The one before ours, which takes its place before there is a second thread: the library guards neither.
+LogHandler *const otherLog = google::protobuf::SetLogHandler(logUnlessGuarded);
 
 void logUnlessGuarded(LogLevel level, const char *file, int line, const std::string &message)
 {
@@ -206,11 +210,6 @@ class QuietRefusal
 public:
     QuietRefusal()
     {
-        static const bool isInstalled = [] {
-            otherLog = google::protobuf::SetLogHandler(logUnlessGuarded);
-            return true;
-        }();
-        Q_UNUSED(isInstalled)
         isGuarded = true;
     }
 
