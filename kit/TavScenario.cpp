@@ -11,6 +11,7 @@
 #include <QJsonDocument>
 
 #include <array>
+#include <cctype>
 #include <cmath>
 #include <cstring>
 
@@ -23,14 +24,15 @@ struct TextScan {
     int members = 0;
     int mistakeAt = -1; ///< offset; -1: there is none
     const char *mistake = nullptr;
+    int openTextAt = -1; ///< offset of the text that has begun and not ended; -1: there is none
 
     explicit TextScan(const QByteArray &text)
     {
-        bool isInText = false;
         for (int i = 0; i < text.size() && !mistake; ++i) {
             const auto byte = static_cast<unsigned char>(text[i]);
+            const bool isInText = openTextAt >= 0;
             if (byte == '"') {
-                isInText = !isInText;
+                openTextAt = isInText ? -1 : i;
             } else if (isInText && byte == '\\') {
                 ++i;
                 if (i < text.size() && !std::strchr("\"\\/bfnrtu", text[i])) {
@@ -52,6 +54,25 @@ struct TextScan {
         mistake = reason;
     }
 };
+
+/// Whether an object can begin with @p text, which may end within a word, a number or the text at @p openTextAt.
+bool isBeginning(QByteArray text, int openTextAt)
+{
+    if (openTextAt >= 0) {
+        text.truncate(openTextAt);
+        text += R"("")";
+    } else {
+        const int whole = text.size();
+        while (!text.isEmpty() && (std::isalnum(uchar(text.back())) || std::strchr("+-.", text.back()))) {
+            text.chop(1);
+        }
+        text += text.size() < whole ? "0" : "";
+    }
+    // No JSON goes on like this: a text that is right so far is refused for what is put behind it, not before.
+    QJsonParseError refused;
+    QJsonDocument::fromJson(text + "0?", &refused);
+    return refused.offset > text.size();
+}
 
 int membersIn(const QJsonValue &value)
 {
@@ -291,7 +312,7 @@ bool TavScenarioReader::readObject(QJsonObject &object)
     const QJsonDocument document = QJsonDocument::fromJson(text, &parsing);
     const TextScan scan(text);
     // No beginning of an object is JSON itself, so a last line that is JSON is whole.
-    if (!isEnded && (parsing.error != QJsonParseError::NoError || scan.mistake)) {
+    if (!isEnded && parsing.error != QJsonParseError::NoError && !scan.mistake && isBeginning(text, scan.openTextAt)) {
         if (m_cut == CutLine::Refuse) {
             throw TavScenarioError(m_number, {},
                                    "cut: the file ends within this line; what stands before it can be played as a "

@@ -65,7 +65,10 @@ TavPlayOptions TavTestClient::checkedAtOnce()
 
 QString TavTestClient::play(const QList<QByteArray> &lines, const TavPlayOptions &options)
 {
-    QByteArray text = R"({"tavScenario": 1})" + QByteArray("\n") + lines.join('\n');
+    QByteArray text = "{\"tavScenario\": 1}\n";
+    for (const QByteArray &line : lines) {
+        text += line + '\n';
+    }
     QBuffer buffer(&text);
     buffer.open(QIODevice::ReadOnly);
     return play(buffer, options);

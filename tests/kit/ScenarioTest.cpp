@@ -230,7 +230,11 @@ TEST(Scenario, MayLackTheLastLinesEnd)
 // Wherever a file ends: its lines up to there are read, and a mistake in a cut line is not taken for another one.
 TEST(Scenario, IsReadUpToWhereverItWasCut)
 {
-    const QByteArray whole = scenarioOf({with("\"at\": 1"), R"({"page": "SubFunc_LogAudit"})", count});
+    const QByteArray whole = scenarioOf(
+        {with("\"at\": 1.5e0"), R"({"page": "SubFunc_LogAudit"})", count,
+         R"({"manager": "ITavAccessControlMgr", "operation": "setObjectCount", "arguments": [-7, true, 2]})",
+         R"({"manager": "ITavPicResourceMgr", "operation": "appendPicResourcePath", "thread": "gui", )"
+         "\"arguments\": [\"/ü\\u00e4\\n\"]}"});
     for (int size = whole.indexOf('\n'); size < whole.size(); ++size) {
         const QByteArray cut = whole.left(size);
         int cutLine = -1;
@@ -238,6 +242,27 @@ TEST(Scenario, IsReadUpToWhereverItWasCut)
         const bool isWhole = cut.endsWith('\n') || whole[size] == '\n';
         EXPECT_EQ(lines, cut.count('\n') - 1 + (cut.endsWith('}') && isWhole ? 1 : 0)) << size;
         EXPECT_EQ(cutLine != 0, !isWhole) << size;
+    }
+}
+
+TEST(Scenario, IsNotCutWhereItsLastLineIsMistakenAndLacksItsEnd)
+{
+    const struct {
+        QByteArray line;
+        QString mistake;
+    } mistakes[] = {
+        {R"({"at": 1,})", "nothing stands behind the last comma: remove it (character 10)"},
+        {R"({"at": 1])", "a name, \",\" or \"}\" is expected here (character 9)"},
+        {R"({"at" 1)", "\":\" is expected here (character 7)"},
+        {R"({"at": 1 "thread": "gu)", "a name, \",\" or \"}\" is expected here (character 10)"},
+        {R"({"at": tru})", "a value is expected here (character 8)"},
+        {R"({"at": 1} "page)", "the text goes on behind its end (character 11)"},
+        {R"({"thread": "\q)", "there is no such escape in JSON (character 14)"},
+    };
+    for (const auto &[line, mistake] : mistakes) {
+        const QByteArray text = "{\"tavScenario\": 1}\n" + line;
+        EXPECT_EQ(mistakeIn(text), "line 2: " + mistake) << line.constData();
+        EXPECT_THROW(linesOf(text, CutLine::LeaveOut), TavScenarioError) << line.constData();
     }
 }
 

@@ -55,6 +55,7 @@ TEST(TestClient, ReturnsTheFirstMistakeOfAPlay)
     EXPECT_EQ(client.play({setState(1), getState(2), setState(3)}),
               "line 3: ITavNetControlMgr getState returned something else at /state\n  expected: 2\n  returned: 1");
     EXPECT_EQ(client.play({R"({"page": "SubFunc_Nowhere"})"}).left(14), "line 2: /page:");
+    EXPECT_EQ(client.play({R"({"page")"}), "line 2: the text ends too early (character 7)");
 }
 
 TEST(TestClient, PlaysAFile)
