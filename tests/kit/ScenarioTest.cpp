@@ -302,9 +302,10 @@ TEST(ScenarioReturns, NameAListWithoutElementsAsAnEmptyOne)
 TEST(ScenarioReturns, AreComparedAsValuesWhateverTheirForm)
 {
     // Numbers of 64 bits are written as text, and read as numbers, too.
-    EXPECT_TRUE(isAsExpected(R"({"manager": "ITavSystemConfigMgr", "operation": "getServerInfo", "arguments": [], )"
-                             R"("returns": {}})",
-                             QJsonObject{{"name", "x"}}));
+    const QByteArray changed = R"({"manager": "ITavSystemConfigMgr", "operation": "getOnlineState", "arguments": [], )"
+                               R"("returns": {"change_time": 5}})";
+    EXPECT_TRUE(isAsExpected(changed, QJsonObject{{"change_time", "5"}}));
+    EXPECT_FALSE(isAsExpected(changed, QJsonObject{{"change_time", "6"}}));
     EXPECT_TRUE(isAsExpected(R"({"manager": "ITavAccessControlMgr", "operation": "getUserDetail", "arguments": [1], )"
                              R"("returns": [{"userName": {"bytes": "YWJj"}}]})",
                              QJsonArray{QJsonObject{{"userName", "abc"}}}));
