@@ -99,7 +99,7 @@ struct TavScenarioRecorder::State {
         const QMutexLocker lock(&m_mutex);
         QHash<QByteArray, QByteArray> &last = m_last[manager];
         const bool isUnchanging
-            = isGetter(operation) ? returns.isUndefined() : !held.isEmpty() && last.value(held) == digest;
+            = returns.isUndefined() && (isGetter(operation) || (!held.isEmpty() && last.value(held) == digest));
         if (m_calls == Calls::Changing && isUnchanging) {
             ++m_progress.unchanged;
             return;

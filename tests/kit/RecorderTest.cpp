@@ -125,6 +125,17 @@ TEST_F(Recorder, LeavesOutGettersThatAreNotToBeChecked)
     EXPECT_EQ(lines().size(), 1);
 }
 
+TEST_F(Recorder, NeverLeavesOutACallThatIsToBeChecked)
+{
+    {
+        TavScenarioRecorder recorder(path);
+        for (int i = 0; i < 2; ++i) {
+            recorder.record("ITavNetControlMgr", "setState", {TavJson::toJson(state(1))}, QJsonValue::Null);
+        }
+    }
+    EXPECT_EQ(lines().size(), 2);
+}
+
 TEST_F(Recorder, NamesTheThreadThatMadeTheCall)
 {
     {
