@@ -34,7 +34,7 @@ bool hasHalfCharacter(const QJsonValue &value)
     return std::any_of(members.begin(), members.end(), hasHalfCharacter);
 }
 
-/// Whether an operation leaves the manager as it is.
+/// Whether no call of an operation changes what another returns. A keyed getter inserts its key, which no result shows.
 bool isGetter(const QString &operation)
 {
     return operation.startsWith("get") || operation.startsWith("has");
