@@ -131,13 +131,27 @@ struct TavScenarioRecorder::State {
         if (application && QThread::currentThread() == application->thread()) {
             return R"("thread":"gui",)";
         }
-        const Qt::HANDLE thread = QThread::currentThreadId();
-        if (!m_threads.contains(thread) && m_threads.size() < TavScenario::gui) {
-            m_threads.append(thread);
-        }
-        const int place = m_threads.contains(thread) ? m_threads.indexOf(thread) : TavScenario::gui - 1;
+        const int place = placeOfThread();
         return place == TavScenario::agent ? QByteArray()
                                            : R"("thread":")" + TavScenario::threads()[place].toUtf8() + R"(",)";
+    }
+
+    /// Place in TavScenario::threads() of this thread, which is not the application's. The mutex is held.
+    int placeOfThread()
+    {
+        const Qt::HANDLE thread = QThread::currentThreadId();
+        int place = TavScenario::threads().indexOf(QThread::currentThread()->objectName());
+        if (place < 0 || place == TavScenario::gui) {
+            place = m_threads.indexOf(thread);
+        }
+        if (place < 0) {
+            place = m_threads.indexOf(nullptr);
+        }
+        if (place < 0) {
+            place = TavScenario::gui - 1;
+        }
+        m_threads[place] = thread;
+        return place;
     }
 
     // --- on the writer's thread
@@ -201,7 +215,7 @@ struct TavScenarioRecorder::State {
     QWaitCondition m_written;
     QElapsedTimer m_clock;
     QHash<QString, QHash<QByteArray, QByteArray>> m_last; ///< by manager and set value, digests of the calls' arguments
-    QVector<Qt::HANDLE> m_threads; ///< in the order of their names
+    QVector<Qt::HANDLE> m_threads = QVector<Qt::HANDLE>(TavScenario::gui); ///< by place; null where it is free
     QByteArray m_waiting; ///< whole lines
     qint64 m_writing = 0; ///< bytes that the writer has taken out of it
     TavRecordProgress m_progress;

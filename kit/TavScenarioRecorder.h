@@ -32,8 +32,9 @@ struct TavRecordProgress {
  * Changes that the recorder is not told are not known to it.
  *
  * All operations may be called on any thread; the lines have the order in which they were told. A line's thread is the
- * one that told it: "gui" for the application object's, of the others the first is "agent", the second "agent2"; those
- * beyond the eighth share its name.
+ * one that told it: "gui" for the application object's; of the others, those that have one of a scenario's names keep
+ * it, and the first of the rest is "agent", the second "agent2", unless they are taken. Those beyond the eighth share
+ * its name.
  */
 class TavScenarioRecorder
 {

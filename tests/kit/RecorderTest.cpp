@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <csignal>
 #include <fcntl.h>
@@ -134,6 +135,35 @@ TEST_F(Recorder, NeverLeavesOutACallThatIsToBeChecked)
         }
     }
     EXPECT_EQ(lines().size(), 2);
+}
+
+TEST_F(Recorder, KeepsTheNameOfAThreadThatHasOneOfTheScenarios)
+{
+    {
+        TavScenarioRecorder recorder(path);
+        int number = 0;
+        const auto tellOn = [&](const QString &name, const std::function<void()> &meanwhile) {
+            const std::unique_ptr<QThread> thread(QThread::create([&] {
+                recorder.record<&ITavNetControlMgr::setState>(state(++number));
+                meanwhile();
+            }));
+            thread->setObjectName(name);
+            thread->start();
+            thread->wait();
+        };
+        // All live at once: the system gives a thread that has ended and its successor one number.
+        const auto nobody = [] {};
+        const auto unnamed = [&] { tellOn("", nobody); };
+        const auto reader = [&] { tellOn("reader", unnamed); };
+        const auto agent = [&] { tellOn("agent", reader); };
+        const auto agent3 = [&] { tellOn("agent3", agent); };
+        tellOn("agent", agent3);
+    }
+    QStringList threads;
+    for (const TavScenario::Line &line : lines()) {
+        threads.append(TavScenario::threads()[line.thread]);
+    }
+    EXPECT_EQ(threads, (QStringList{"agent", "agent3", "agent", "agent2", "agent4"}));
 }
 
 TEST_F(Recorder, NamesTheThreadThatMadeTheCall)
