@@ -442,6 +442,14 @@ constexpr void forEachOperation(Visitor &&visit)
     Interfaces::forEach([&](auto tag) { forEachOperation<typename decltype(tag)::type>(visit); });
 }
 
+/// Whether another operation of the same interface has the name of @p operation, too.
+template<auto Member>
+constexpr bool sharesItsName(const Operation<Member> &operation)
+{
+    const auto count = [&operation](const auto &...others) { return ((others.name == operation.name ? 1 : 0) + ...); };
+    return std::apply(count, Table<typename Operation<Member>::Interface>::list) > 1;
+}
+
 /// What of @p name follows @p prefix; empty when it does not begin so.
 constexpr std::string_view behind(std::string_view prefix, std::string_view name)
 {

@@ -81,7 +81,7 @@ struct TavScenarioRecorder::State {
 
     Q_DISABLE_COPY(State)
 
-    void record(const QString &manager, const QString &operation, const QJsonArray &arguments,
+    void record(const QString &manager, const QString &operation, const QJsonValue &arguments,
                 const QJsonValue &returns)
     {
         const QByteArray text = compact(arguments);
@@ -231,9 +231,9 @@ TavScenarioRecorder::TavScenarioRecorder(const QString &file, const QJsonObject 
 TavScenarioRecorder::~TavScenarioRecorder() = default;
 
 void TavScenarioRecorder::record(const QString &manager, const QString &operation,
-                                 const std::function<QJsonArray()> &arguments)
+                                 const std::function<QJsonValue()> &arguments)
 {
-    QJsonArray json;
+    QJsonValue json;
     try {
         json = arguments();
     } catch (const std::runtime_error &) {
@@ -241,7 +241,7 @@ void TavScenarioRecorder::record(const QString &manager, const QString &operatio
         ++m_state->m_progress.lost;
         return;
     }
-    record(manager, operation, json);
+    m_state->record(manager, operation, json, QJsonValue::Undefined);
 }
 
 void TavScenarioRecorder::record(const QString &manager, const QString &operation, const QJsonArray &arguments,

@@ -137,6 +137,19 @@ TEST_F(Recorder, NeverLeavesOutACallThatIsToBeChecked)
     EXPECT_EQ(lines().size(), 2);
 }
 
+TEST_F(Recorder, NamesTheArgumentsOfOperationsThatShareTheirName)
+{
+    using Page = CTavSubFuncTypeHeader::TavSubFuncTypeHeader_;
+    {
+        TavScenarioRecorder recorder(path, {}, TavScenarioRecorder::Calls::All);
+        constexpr auto ofPage
+            = TavOperations::overload<TavSubFuncTypeData_(const Page &)>(&ITavFuncTypeMgr::getSubFuncInfo);
+        recorder.record<ofPage>(Page(-1)); // its number alone might be that of a function as well
+    }
+    ASSERT_EQ(lines().size(), 1);
+    EXPECT_EQ(lines().first().arguments, QJsonValue(QJsonObject{{"subFuncType", -1}}));
+}
+
 TEST_F(Recorder, KeepsTheNameOfAThreadThatHasOneOfTheScenarios)
 {
     {
