@@ -7,6 +7,7 @@
 #include "TavJsonText.h"
 #include "TavNearestText.h"
 #include "TavPluginHost.h"
+#include "TavSetValue.h"
 
 #include <QJsonDocument>
 
@@ -397,9 +398,7 @@ TavScenario::Line TavScenarioReader::lineOf(const QJsonObject &object)
     if (prepared.operation->isIndeterminateAtFirst && !m_determined.contains(line.manager + line.operation)) {
         throw TavCallError({}, line.operation + " returns whatever the memory holds until its setter has been called");
     }
-    if (line.operation.startsWith("set")) {
-        m_determined.insert(line.manager + "get" + line.operation.mid(3));
-    }
+    m_determined.insert(line.manager + TavCall::setValueOf(line.manager, line.operation, line.arguments).getter);
     if (object.contains("returns")) {
         line.returns = prepared.expected(object["returns"], "/returns");
     }
