@@ -85,6 +85,9 @@ QString TavTestClient::playFile(const QString &file, const TavPlayOptions &optio
 
 QString TavTestClient::play(QIODevice &device, const TavPlayOptions &options)
 {
+    if (!m_host) {
+        return "the client has ended";
+    }
     const TavPlayReport report = TavScenarioPlayer(*m_host, device, options).wait();
     return report.error ? QString::fromUtf8(report.error->what()) : QString();
 }

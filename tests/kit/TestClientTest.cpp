@@ -69,6 +69,13 @@ TEST(TestClient, PlaysAFile)
     EXPECT_EQ(client.manager<ITavNetControlMgr>()->getState().state(), 6);
 }
 
+TEST(TestClient, PlaysNothingBehindItsEnd)
+{
+    TavTestClient client(pluginFile);
+    EXPECT_EQ(client.end(), "");
+    EXPECT_EQ(client.play({setState(1)}), "the client has ended");
+}
+
 TEST(TestClient, WaitsWhileTheEventLoopRuns)
 {
     bool isThere = false;
