@@ -6,9 +6,7 @@
 #include "ITavSystemConfigMgr.h"
 #include "PrintQString.h"
 #include "ScenarioText.h"
-#include "TavEvents.h"
 #include "TavPluginHost.h"
-#include "TavSubscription.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
@@ -186,19 +184,24 @@ TEST_F(ScenarioPlayer, KeepsTheOrderOfTheTimesAcrossThreadsWithoutChecks)
     EXPECT_EQ(state(), 1999);
 }
 
-TEST_F(ScenarioPlayer, CallsOnTheNamedThreadsWhileTheEventLoopRuns)
+TEST_F(ScenarioPlayer, MakesEachCallOnTheThreadOfItsNameWhileTheEventLoopRuns)
 {
-    QStringList threads;
-    QObject here;
-    // A direct look at where the call is made is not possible from outside; a page change tells who has sent it.
-    const TavSubscription subscription(eventFuncPageUpdate, &here,
-                                       [&threads](auto) { threads.append(QThread::currentThread()->objectName()); });
+    QByteArray text = "{\"tavScenario\": 1}\n";
+    QStringList named;
+    for (const QString &thread : TavScenario::threads()) {
+        text += setState(1, "\"thread\": \"" + thread.toUtf8() + "\", ") + '\n';
+        named += thread + " on " + (thread == "gui" ? QString("test") : thread);
+    }
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
     QThread::currentThread()->setObjectName("test");
-    play({R"({"page": "SubFunc_LogAudit"})", R"({"at": 0.2, "thread": "gui", "page": "SubFunc_LogAudit"})",
-          R"({"at": 0.4, "thread": "gui", "manager": "ITavPicResourceMgr", "operation": "getImageRef", )"
-          R"("arguments": ["none", "none"]})"},
-         atSpeed(1));
-    EXPECT_EQ(threads, QStringList({"test", "test"}));
+    QStringList called;
+    TavPlayOptions options = checked(); // one call after the other
+    options.observer = [&called](const TavPlayedCall &played) {
+        called += TavScenario::threads()[played.line.thread] + " on " + QThread::currentThread()->objectName();
+    };
+    TavScenarioPlayer(host, buffer, options).wait();
+    EXPECT_EQ(called, named);
 }
 
 TEST_F(ScenarioPlayer, SelectsAPageWithTheFunctionOfItsHostsCatalogue)
