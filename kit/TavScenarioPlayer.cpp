@@ -2,7 +2,7 @@
 
 #include "ScenarioClock.h"
 
-#include <QEventLoop>
+#include <QCoreApplication>
 #include <QHash>
 #include <QMutex>
 #include <QThread>
@@ -171,7 +171,7 @@ struct TavScenarioPlayer::State {
         const QMutexLocker lock(&m_mutex);
         m_isAtEnd = true;
         QMetaObject::invokeMethod(
-            &m_gui, [this] { m_loop.quit(); }, Qt::QueuedConnection);
+            &m_gui, [] {}, Qt::QueuedConnection); // wakes wait()
     }
 
     void conductRound()
@@ -355,7 +355,6 @@ struct TavScenarioPlayer::State {
     bool m_isAtEnd = false;
 
     QObject m_gui; ///< what is invoked on it runs on the GUI thread
-    QEventLoop m_loop;
     std::unique_ptr<QThread> m_conductor; ///< the last, since it uses all others
 };
 
@@ -368,8 +367,8 @@ TavScenarioPlayer::~TavScenarioPlayer() = default;
 
 TavPlayReport TavScenarioPlayer::wait()
 {
-    if (!isAtEnd()) {
-        m_state->m_loop.exec();
+    while (!isAtEnd()) { // not exec(), which returns at once when the application has been told to quit
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     m_state->m_conductor->wait();
     return progress();

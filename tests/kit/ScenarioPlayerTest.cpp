@@ -1,5 +1,6 @@
 #include "TavScenarioPlayer.h"
 
+#include "Deadline.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavNetControlMgr.h"
 #include "ITavSelectFuncMgr.h"
@@ -205,6 +206,18 @@ TEST_F(ScenarioPlayer, MakesEachCallOnTheThreadOfItsNameWhileTheEventLoopRuns)
     };
     TavScenarioPlayer(host, buffer, options).wait();
     EXPECT_EQ(called, named);
+}
+
+TEST_F(ScenarioPlayer, IsPlayedToItsEndAlsoWhereTheApplicationHasBeenToldToQuit)
+{
+    const Deadline deadline;
+    qint64 lines = 0;
+    QTimer::singleShot(0, [&] {
+        QCoreApplication::quit();
+        lines = play({setState(1, "\"thread\": \"gui\", "), setState(2)}, checked()).lines;
+    });
+    QCoreApplication::exec();
+    EXPECT_EQ(lines, 2);
 }
 
 TEST_F(ScenarioPlayer, SelectsAPageWithTheFunctionOfItsHostsCatalogue)
