@@ -156,9 +156,7 @@ struct TavScenarioPlayer::State {
     void conduct()
     {
         try {
-            do {
-                conductRound();
-            } while (m_options.isLooped && rewind());
+            while (conductRound() && m_options.isLooped && rewind()) { }
         } catch (const TavScenarioError &error) {
             waitUntilAllEnded(); // one of the lines before it may fail
             const QMutexLocker lock(&m_mutex);
@@ -174,22 +172,24 @@ struct TavScenarioPlayer::State {
             &m_gui, [] {}, Qt::QueuedConnection); // wakes wait()
     }
 
-    void conductRound()
+    /// Plays the file once; whether there was a line to play.
+    bool conductRound()
     {
         TavScenarioReader reader(m_device, m_options.cutLine);
         {
             const QMutexLocker lock(&m_mutex);
             m_clock.set(double(m_options.from));
         }
-        TavScenario::Line line;
-        while (reader.next(line) && line.at <= m_options.until) {
+        bool hasLines = false;
+        for (TavScenario::Line line; reader.next(line) && line.at <= m_options.until; hasLines = true) {
             if (!handOut(line)) {
-                return;
+                return false;
             }
         }
         waitUntilAllEnded();
         const QMutexLocker lock(&m_mutex);
         m_report.cutLine = reader.cutLine();
+        return hasLines;
     }
 
     bool rewind()

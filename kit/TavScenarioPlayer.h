@@ -26,7 +26,7 @@ struct TavPlayOptions {
     double speed = 1; ///< scenario seconds in a second
     qint64 from = 0; ///< microseconds of the scenario; the lines before are played at once
     qint64 until = std::numeric_limits<qint64>::max(); ///< the lines after are not played
-    bool isLooped = false; ///< begins again at the end, on the same managers, until it is stopped; a file only
+    bool isLooped = false; ///< begins again behind its last line, on the same managers, until stop(); a file only
     bool isChecked = false; ///< ends at the first call that does not return what its line says
     bool isPaused = false; ///< begins as if pause() had been called before the first line
     TavScenarioReader::CutLine cutLine = TavScenarioReader::CutLine::Refuse;

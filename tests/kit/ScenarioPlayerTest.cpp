@@ -274,6 +274,17 @@ TEST_F(ScenarioPlayer, BeginsAgainUntilItIsStopped)
     EXPECT_GE(report.lines, 10);
 }
 
+TEST_F(ScenarioPlayer, EndsARoundWithoutLinesAlsoWhenItIsToBeginAgain)
+{
+    const Deadline deadline;
+    TavPlayOptions options;
+    options.isLooped = true;
+    options.until = 1;
+    const TavPlayReport report = play({setState(1, "\"at\": 1, ")}, options);
+    EXPECT_EQ(report.lines, 0);
+    EXPECT_FALSE(report.isStopped);
+}
+
 TEST_F(ScenarioPlayer, CanBeEndedInTheMiddle)
 {
     QByteArray text = scenarioOf({setState(1), setState(2, "\"at\": 3600, \"thread\": \"gui\", ")});
