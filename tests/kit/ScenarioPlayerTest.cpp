@@ -140,6 +140,17 @@ TEST_F(ScenarioPlayer, EndsACheckedPlayAtTheFirstDifference)
     EXPECT_EQ(state(), 1);
 }
 
+TEST_F(ScenarioPlayer, ComparesAListThatIsToBeEmpty)
+{
+    const QByteArray setDevices = R"({"manager": "ITavNetControlMgr", "operation": "setDeviceInfo", "arguments": [)";
+    const QByteArray getNone = R"({"manager": "ITavNetControlMgr", "operation": "getDeviceInfo", "arguments": [], )"
+                               R"("returns": {"devices": []}})";
+    EXPECT_EQ(mistake({setDevices + R"({"devices": []}]})", getNone}, checked()), "");
+    EXPECT_EQ(mistake({setDevices + R"({"devices": [{"state": 1}]}]})", getNone}, checked()),
+              "line 3: ITavNetControlMgr getDeviceInfo returned something else at /devices/0\n  expected: nothing\n"
+              "  returned: {\"state\":1}");
+}
+
 TEST_F(ScenarioPlayer, ComparesNothingUnlessToldTo)
 {
     EXPECT_EQ(mistake({setState(1), getState(3)}, atSpeed(TavPlayOptions::fastest)), "");
