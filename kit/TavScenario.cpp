@@ -193,6 +193,11 @@ TavScenario::Managers TavScenario::managersOf(TavPluginHost &host)
     return managers;
 }
 
+bool TavScenario::Line::isCompared() const
+{
+    return !returns.isUndefined() && returns != QJsonObject();
+}
+
 QString TavScenario::Line::subject() const
 {
     return page.isEmpty() ? manager + ' ' + operation : "page " + page;

@@ -305,7 +305,7 @@ struct TavScenarioPlayer::State {
         }
         m_mutex.lock();
         ++m_report.lines;
-        m_report.checked += m_options.isChecked && !played.line.returns.isUndefined() ? 1 : 0;
+        m_report.checked += m_options.isChecked && played.line.isCompared() ? 1 : 0;
         m_report.at = played.line.at;
         --m_waitingLines;
         m_waitingBytes -= played.line.bytes;

@@ -151,6 +151,15 @@ TEST_F(ScenarioPlayer, ComparesAListThatIsToBeEmpty)
               "  returned: {\"state\":1}");
 }
 
+TEST_F(ScenarioPlayer, CountsNoResultOfWhichNothingIsCompared)
+{
+    const QByteArray getOnlineState
+        = R"({"manager": "ITavSystemConfigMgr", "operation": "getOnlineState", "arguments": [], "returns": {}})";
+    const TavPlayReport report = play({setState(1), getState(1), getOnlineState}, checked());
+    EXPECT_EQ(report.lines, 3);
+    EXPECT_EQ(report.checked, 1);
+}
+
 TEST_F(ScenarioPlayer, ComparesNothingUnlessToldTo)
 {
     EXPECT_EQ(mistake({setState(1), getState(3)}, atSpeed(TavPlayOptions::fastest)), "");
