@@ -352,6 +352,28 @@ TEST_F(ScenarioPlayer, TakesSoManyStepsAsItIsToldAtOnce)
     EXPECT_EQ(play.player->wait().lines, 30);
 }
 
+TEST_F(ScenarioPlayer, PlaysWhatIsBeforeTheBeginningAlsoWhileItIsPaused)
+{
+    QList<QByteArray> lines;
+    for (int i = 0; i < 30; ++i) {
+        lines += setState(i,
+                          "\"at\": " + QByteArray::number(i) + ", \"thread\": \""
+                              + TavScenario::threads()[i % 9].toUtf8() + "\", ");
+    }
+    for (const int steps : {0, 1, 3}) {
+        TavPlayOptions options = paused(1);
+        options.from = 20 * qint64(1e6);
+        WatchedPlay play(host, lines, options);
+        for (int i = 0; i < steps; ++i) {
+            play.player->step(); // none of them is used up by a line before the beginning
+        }
+        EXPECT_TRUE(play.standsAt(20 + steps)) << steps;
+        play.player->step();
+        EXPECT_TRUE(play.standsAt(21 + steps)) << steps;
+        EXPECT_EQ(play.numbers().back(), 22 + steps);
+    }
+}
+
 TEST_F(ScenarioPlayer, StepsInTheOrderOfTheFileAlsoWhereAThreadIsLate)
 {
     WatchedPlay play(host, {setState(1, "\"thread\": \"gui\", "), setState(2)}, paused(TavPlayOptions::fastest));
