@@ -582,10 +582,7 @@ std::string unknownCommand(const CLI::App &app, const QStringList &words)
         if (names.contains(word)) {
             at = at->get_subcommand(word.toStdString());
         } else if (!word.startsWith('-')) {
-            const QString nearest = nearestText(word, names);
-            return QString("there is no command \"%1\" (%2)")
-                .arg(word, nearest.isEmpty() ? "there are: " + names.join(", ") : "nearest: " + nearest)
-                .toStdString();
+            return QString("there is no command \"%1\" (%2)").arg(word, nearestOrAll(word, names)).toStdString();
         }
     }
     return {};
