@@ -65,7 +65,8 @@ QJsonValue namedPart(const QJsonValue &whole, const QJsonValue &named)
         const QStringList keys = named.toObject().keys();
         QJsonObject part;
         for (const QString &key : keys) {
-            part.insert(key, namedPart(all[key], named[key]));
+            // The form of a message leaves out the lists without elements.
+            part.insert(key, all.contains(key) ? namedPart(all[key], named[key]) : named[key]);
         }
         return part;
     }
@@ -78,6 +79,22 @@ QJsonValue namedPart(const QJsonValue &whole, const QJsonValue &named)
         return part;
     }
     return whole;
+}
+
+QJsonValue expectedPicture(const QJsonObject &json)
+{
+    TavJson::refuseUnknownKeys(json, {"width", "height", "format"});
+    QJsonObject picture;
+    for (const QString &side : {QStringLiteral("width"), QStringLiteral("height")}) {
+        if (json.contains(side)) {
+            picture.insert(side, TavJson::fromJson<int>(json[side], TavJson::memberPath({}, side)));
+        }
+    }
+    if (json.contains("format")) {
+        using Format = QImage::Format;
+        picture.insert("format", TavJson::toJson(TavJson::fromJson<Format>(json["format"], "/format")));
+    }
+    return picture;
 }
 
 template<class Result>
@@ -94,12 +111,7 @@ QJsonValue expected(const QJsonValue &json, const QString &path)
         }
         return json;
     } else if constexpr (std::is_same_v<Result, std::shared_ptr<QImage>>) {
-        if (!json.isNull()) {
-            TavJson::at(path, [&] {
-                TavJson::refuseUnknownKeys(TavJson::object(json), {"width", "height", "format"});
-            });
-        }
-        return json;
+        return json.isNull() ? json : TavJson::at(path, [&] { return expectedPicture(TavJson::object(json)); });
     } else {
         return namedPart(TavJson::toJson(TavJson::fromJson<Result>(json, path)), json);
     }
@@ -133,12 +145,6 @@ const CallTable &table()
         return table;
     }();
     return all;
-}
-
-QString oneOf(const QString &text, const QStringList &known)
-{
-    const QString nearest = nearestText(text, known);
-    return nearest.isEmpty() ? "there are: " + known.join(", ") : "nearest: " + nearest;
 }
 
 QStringList namesOf(const TavCall::Operation &operation)
@@ -185,7 +191,11 @@ using google::protobuf::LogHandler;
 using google::protobuf::LogLevel;
 
 thread_local bool isGuarded = false; ///< what the message library refuses on this thread becomes an error that says so
-LogHandler *otherLog = nullptr;
+
+void logUnlessGuarded(LogLevel level, const char *file, int line, const std::string &message);
+
+/// The one before ours, which takes its place before there is a second thread: the library guards neither.
+LogHandler *const otherLog = google::protobuf::SetLogHandler(logUnlessGuarded);
 
 void logUnlessGuarded(LogLevel level, const char *file, int line, const std::string &message)
 {
@@ -200,11 +210,6 @@ class QuietRefusal
 public:
     QuietRefusal()
     {
-        static const bool isInstalled = [] {
-            otherLog = google::protobuf::SetLogHandler(logUnlessGuarded);
-            return true;
-        }();
-        Q_UNUSED(isInstalled)
         isGuarded = true;
     }
 
@@ -275,7 +280,8 @@ QVector<TavCall::Operation> TavCall::operationsOf(const QString &manager)
         }
     }
     if (own.isEmpty()) {
-        throw TavCallError({}, QString("there is no manager \"%1\" (%2)").arg(manager, oneOf(manager, managers())));
+        throw TavCallError({},
+                           QString("there is no manager \"%1\" (%2)").arg(manager, nearestOrAll(manager, managers())));
     }
     return own;
 }
@@ -324,7 +330,8 @@ TavCall::Prepared TavCall::preparedCall(const QString &manager, const QString &o
         throw TavCallError(path, "none of the operations fits: " + problems.join("; "));
     }
     operationsOf(manager); // throws when there is no such manager
-    throw TavCallError({}, QString("%1 has no operation \"%2\" (%3)").arg(manager, operation, oneOf(operation, names)));
+    throw TavCallError(
+        {}, QString("%1 has no operation \"%2\" (%3)").arg(manager, operation, nearestOrAll(operation, names)));
 }
 
 QJsonValue TavCall::call(QObject *object, const QString &manager, const QString &operation, const QJsonValue &arguments)

@@ -299,11 +299,9 @@ int TavJson::enumFromJson(const QMetaEnum &keys, const QJsonValue &json)
             return keys.value(i);
         }
     }
-    const QString nearest = nearestText(json.toString(), known);
-    throw TavCallError({},
-                       QString("%1 has no key \"%2\" (%3)")
-                           .arg(keys.name(), json.toString(),
-                                nearest.isEmpty() ? "there are: " + known.join(", ") : "nearest: " + nearest));
+    throw TavCallError(
+        {},
+        QString("%1 has no key \"%2\" (%3)").arg(keys.name(), json.toString(), nearestOrAll(json.toString(), known)));
 }
 
 QJsonObject TavJson::messageToJson(const Message &message)
@@ -385,10 +383,7 @@ void TavJson::refuseUnknownKeys(const QJsonObject &json, const QStringList &know
     const QStringList keys = json.keys();
     for (const QString &key : keys) {
         if (!known.contains(key)) {
-            const QString nearest = nearestText(key, known);
-            throw TavCallError(memberPath({}, key),
-                               QString("unknown key (%1)")
-                                   .arg(nearest.isEmpty() ? "there are: " + known.join(", ") : "nearest: " + nearest));
+            throw TavCallError(memberPath({}, key), QString("unknown key (%1)").arg(nearestOrAll(key, known)));
         }
     }
 }

@@ -51,3 +51,9 @@ QString nearestText(const QString &text, const QStringList &known)
     }
     return nearest.isEmpty() && related.size() == 1 ? related.first() : nearest;
 }
+
+QString nearestOrAll(const QString &text, const QStringList &known)
+{
+    const QString nearest = nearestText(text, known);
+    return nearest.isEmpty() ? "there are: " + known.join(", ") : "nearest: " + nearest;
+}

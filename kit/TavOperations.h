@@ -448,10 +448,25 @@ constexpr void forEachOperation(Visitor &&visit)
     Interfaces::forEach([&](auto tag) { forEachOperation<typename decltype(tag)::type>(visit); });
 }
 
+/// Whether another operation of the same interface has the name of @p operation, too.
+template<auto Member>
+constexpr bool sharesItsName(const Operation<Member> &operation)
+{
+    const auto count = [&operation](const auto &...others) { return ((others.name == operation.name ? 1 : 0) + ...); };
+    return std::apply(count, Table<typename Operation<Member>::Interface>::list) > 1;
+}
+
 /// What of @p name follows @p prefix; empty when it does not begin so.
 constexpr std::string_view behind(std::string_view prefix, std::string_view name)
 {
     return name.substr(0, prefix.size()) == prefix ? name.substr(prefix.size()) : std::string_view();
+}
+
+/// What an operation with this name sets: what follows "set" or "update"; empty for others.
+constexpr std::string_view valueSetBy(std::string_view operation)
+{
+    const std::string_view set = behind("set", operation);
+    return set.empty() ? behind("update", operation) : set;
 }
 
 /// By place in the interface's table: what follows "get" in the name of an operation without arguments.
@@ -466,8 +481,7 @@ constexpr auto gettersValues = std::apply(
 template<auto Member>
 constexpr int getterOf(const Operation<Member> &setter)
 {
-    const std::string_view set = behind("set", setter.name);
-    const std::string_view held = set.empty() ? behind("update", setter.name) : set;
+    const std::string_view held = valueSetBy(setter.name);
     const auto &getters = gettersValues<typename Operation<Member>::Interface>;
     for (std::size_t place = 0; place < getters.size() && !held.empty(); ++place) {
         if (getters[place] == held) {

@@ -7,10 +7,12 @@
 #include "TavJsonText.h"
 #include "TavNearestText.h"
 #include "TavPluginHost.h"
+#include "TavSetValue.h"
 
 #include <QJsonDocument>
 
 #include <array>
+#include <cctype>
 #include <cmath>
 #include <cstring>
 
@@ -23,14 +25,15 @@ struct TextScan {
     int members = 0;
     int mistakeAt = -1; ///< offset; -1: there is none
     const char *mistake = nullptr;
+    int openTextAt = -1; ///< offset of the text that has begun and not ended; -1: there is none
 
     explicit TextScan(const QByteArray &text)
     {
-        bool isInText = false;
         for (int i = 0; i < text.size() && !mistake; ++i) {
             const auto byte = static_cast<unsigned char>(text[i]);
+            const bool isInText = openTextAt >= 0;
             if (byte == '"') {
-                isInText = !isInText;
+                openTextAt = isInText ? -1 : i;
             } else if (isInText && byte == '\\') {
                 ++i;
                 if (i < text.size() && !std::strchr("\"\\/bfnrtu", text[i])) {
@@ -52,6 +55,25 @@ struct TextScan {
         mistake = reason;
     }
 };
+
+/// Whether an object can begin with @p text, which may end within a word, a number or the text at @p openTextAt.
+bool isBeginning(QByteArray text, int openTextAt)
+{
+    if (openTextAt >= 0) {
+        text.truncate(openTextAt);
+        text += R"("")";
+    } else {
+        const int whole = text.size();
+        while (!text.isEmpty() && (std::isalnum(uchar(text.back())) || std::strchr("+-.", text.back()))) {
+            text.chop(1);
+        }
+        text += text.size() < whole ? "0" : "";
+    }
+    // No JSON goes on like this: a text that is right so far is refused for what is put behind it, not before.
+    QJsonParseError refused;
+    QJsonDocument::fromJson(text + "0?", &refused);
+    return refused.offset > text.size();
+}
 
 int membersIn(const QJsonValue &value)
 {
@@ -79,12 +101,6 @@ int membersIn(const QJsonValue &value)
     throw TavScenarioError(number, path, "the key stands more than once in its object");
 }
 
-QString nearestOf(const QString &text, const QStringList &known)
-{
-    const QString nearest = nearestText(text, known);
-    return nearest.isEmpty() ? "there are: " + known.join(", ") : "nearest: " + nearest;
-}
-
 QString textOf(const QJsonObject &object, const QString &key)
 {
     if (!object.contains(key)) {
@@ -106,7 +122,7 @@ int threadOf(const QJsonObject &object)
     const int place = TavScenario::threads().indexOf(name);
     if (place < 0) {
         throw TavCallError(
-            "/thread", QString("there is no thread \"%1\" (%2)").arg(name, nearestOf(name, TavScenario::threads())));
+            "/thread", QString("there is no thread \"%1\" (%2)").arg(name, nearestOrAll(name, TavScenario::threads())));
     }
     return place;
 }
@@ -177,6 +193,11 @@ TavScenario::Managers TavScenario::managersOf(TavPluginHost &host)
     return managers;
 }
 
+bool TavScenario::Line::isCompared() const
+{
+    return !returns.isUndefined() && returns != QJsonObject();
+}
+
 QString TavScenario::Line::subject() const
 {
     return page.isEmpty() ? manager + ' ' + operation : "page " + page;
@@ -194,7 +215,8 @@ bool TavScenario::isAsExpected(const QJsonValue &expected, const QJsonValue &act
         const QJsonObject fields = expected.toObject();
         const QJsonObject held = actual.toObject();
         for (auto field = fields.begin(); field != fields.end(); ++field) {
-            if (!isAsExpected(field.value(), held.value(field.key()), first)) {
+            const bool isEmptyList = field.value() == QJsonArray() && !held.contains(field.key()); // of a message
+            if (!isEmptyList && !isAsExpected(field.value(), held.value(field.key()), first)) {
                 first.path.prepend(TavJson::memberPath({}, field.key()));
                 return false;
             }
@@ -296,7 +318,7 @@ bool TavScenarioReader::readObject(QJsonObject &object)
     const QJsonDocument document = QJsonDocument::fromJson(text, &parsing);
     const TextScan scan(text);
     // No beginning of an object is JSON itself, so a last line that is JSON is whole.
-    if (!isEnded && (parsing.error != QJsonParseError::NoError || scan.mistake)) {
+    if (!isEnded && parsing.error != QJsonParseError::NoError && !scan.mistake && isBeginning(text, scan.openTextAt)) {
         if (m_cut == CutLine::Refuse) {
             throw TavScenarioError(m_number, {},
                                    "cut: the file ends within this line; what stands before it can be played as a "
@@ -381,9 +403,7 @@ TavScenario::Line TavScenarioReader::lineOf(const QJsonObject &object)
     if (prepared.operation->isIndeterminateAtFirst && !m_determined.contains(line.manager + line.operation)) {
         throw TavCallError({}, line.operation + " returns whatever the memory holds until its setter has been called");
     }
-    if (line.operation.startsWith("set")) {
-        m_determined.insert(line.manager + "get" + line.operation.mid(3));
-    }
+    m_determined.insert(line.manager + TavCall::setValueOf(line.manager, line.operation, line.arguments).getter);
     if (object.contains("returns")) {
         line.returns = prepared.expected(object["returns"], "/returns");
     }

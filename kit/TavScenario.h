@@ -52,6 +52,9 @@ struct Line {
     std::function<QJsonValue(const Managers &managers)> call;
     QJsonValue returns = QJsonValue::Undefined; ///< what the call must return, at least; undefined for anything
 
+    /// Whether there is anything to compare in what the call returns: an object without fields names nothing.
+    bool isCompared() const;
+
     /// Manager and operation, or the page: what the line does, in the words of a message.
     QString subject() const;
 };

@@ -2,7 +2,7 @@
 
 #include "ScenarioClock.h"
 
-#include <QEventLoop>
+#include <QCoreApplication>
 #include <QHash>
 #include <QMutex>
 #include <QThread>
@@ -12,7 +12,6 @@
 #include <array>
 #include <chrono>
 #include <deque>
-#include <numeric>
 
 using Clock = std::chrono::steady_clock;
 
@@ -114,7 +113,14 @@ struct TavScenarioPlayer::State {
         if (m_isEnding || performer.isPlaying || performer.waiting.empty()) {
             return false;
         }
-        return !m_clock.isPaused() || (m_steps > 0 && isNext(performer.waiting.front()));
+        const TavScenario::Line &line = performer.waiting.front();
+        return !m_clock.isPaused() || isBeforeBeginning(line) || (m_steps > 0 && isNext(line));
+    }
+
+    /// Whether @p line is played at once, and also while the play is paused: it only leads to where the play begins.
+    bool isBeforeBeginning(const TavScenario::Line &line) const
+    {
+        return line.at < m_options.from;
     }
 
     /// Whether no other line that could begin stands before @p line in the file. The mutex is held.
@@ -125,21 +131,13 @@ struct TavScenarioPlayer::State {
         });
     }
 
-    /// The number of lines that are handed out and have not begun. The mutex is held.
-    int linesToBegin() const
-    {
-        return std::accumulate(
-            m_performers.begin(), m_performers.end(), m_waitingLines,
-            [](int lines, const Performer &performer) { return lines - (performer.isPlaying ? 1 : 0); });
-    }
-
-    /// Whether a line of the time @p at may be handed out. The mutex is held.
-    bool hasCome(double at) const
+    /// Whether @p line may be handed out, as far as its time goes. The mutex is held.
+    bool hasCome(const TavScenario::Line &line) const
     {
         if (m_clock.isPaused()) {
-            return m_steps > linesToBegin();
+            return isBeforeBeginning(line) || m_steps > m_linesToStep;
         }
-        return m_clock.isFastest() || m_clock.now() >= at;
+        return m_clock.isFastest() || m_clock.now() >= double(line.at);
     }
 
     /// Ends the play with what is wrong; of several mistakes the first in the file counts. The mutex is held.
@@ -156,9 +154,7 @@ struct TavScenarioPlayer::State {
     void conduct()
     {
         try {
-            do {
-                conductRound();
-            } while (m_options.isLooped && rewind());
+            while (conductRound() && m_options.isLooped && rewind()) { }
         } catch (const TavScenarioError &error) {
             waitUntilAllEnded(); // one of the lines before it may fail
             const QMutexLocker lock(&m_mutex);
@@ -171,25 +167,27 @@ struct TavScenarioPlayer::State {
         const QMutexLocker lock(&m_mutex);
         m_isAtEnd = true;
         QMetaObject::invokeMethod(
-            &m_gui, [this] { m_loop.quit(); }, Qt::QueuedConnection);
+            &m_gui, [] {}, Qt::QueuedConnection); // wakes wait()
     }
 
-    void conductRound()
+    /// Plays the file once; whether there was a line to play.
+    bool conductRound()
     {
         TavScenarioReader reader(m_device, m_options.cutLine);
         {
             const QMutexLocker lock(&m_mutex);
             m_clock.set(double(m_options.from));
         }
-        TavScenario::Line line;
-        while (reader.next(line) && line.at <= m_options.until) {
+        bool hasLines = false;
+        for (TavScenario::Line line; reader.next(line) && line.at <= m_options.until; hasLines = true) {
             if (!handOut(line)) {
-                return;
+                return false;
             }
         }
         waitUntilAllEnded();
         const QMutexLocker lock(&m_mutex);
         m_report.cutLine = reader.cutLine();
+        return hasLines;
     }
 
     bool rewind()
@@ -227,7 +225,7 @@ struct TavScenarioPlayer::State {
     {
         const QMutexLocker lock(&m_mutex);
         const auto at = double(line.at);
-        while (!m_isEnding && !hasCome(at)) {
+        while (!m_isEnding && !hasCome(line)) {
             m_changed.wait(&m_mutex, m_clock.due(at));
         }
         m_clock.lineBegins(at);
@@ -241,6 +239,7 @@ struct TavScenarioPlayer::State {
         Performer &performer = m_performers[thread];
         ++m_waitingLines;
         m_waitingBytes += line.bytes;
+        m_linesToStep += isBeforeBeginning(line) ? 0 : 1;
         performer.waiting.push_back(std::move(line));
         if (performer.thread || thread == TavScenario::gui) {
             wake(thread);
@@ -294,7 +293,11 @@ struct TavScenarioPlayer::State {
     void playOne(Performer &performer)
     {
         performer.isPlaying = true;
-        if (m_clock.isPaused() && --m_steps > 0) {
+        if (!isBeforeBeginning(performer.waiting.front())) {
+            --m_linesToStep;
+            m_steps -= m_clock.isPaused() ? 1 : 0;
+        }
+        if (m_steps > 0) {
             wakeAll(); // the next one may now begin
         }
         TavPlayedCall played{performer.waiting.front()}; // stays where it is while others are appended
@@ -305,7 +308,7 @@ struct TavScenarioPlayer::State {
         }
         m_mutex.lock();
         ++m_report.lines;
-        m_report.checked += m_options.isChecked && !played.line.returns.isUndefined() ? 1 : 0;
+        m_report.checked += m_options.isChecked && played.line.isCompared() ? 1 : 0;
         m_report.at = played.line.at;
         --m_waitingLines;
         m_waitingBytes -= played.line.bytes;
@@ -349,13 +352,13 @@ struct TavScenarioPlayer::State {
     qint64 m_waitingBytes = 0;
     TavPlayReport m_report;
     ScenarioClock m_clock;
-    int m_steps = 0; ///< so many lines may begin although it is paused
+    int m_steps = 0; ///< so many lines may begin although it is paused; 0 when it is not
+    int m_linesToStep = 0; ///< handed out and not begun, without those before the beginning
     bool m_isGuiCalled = false; ///< performOnGui() is on its way
     bool m_isEnding = false;
     bool m_isAtEnd = false;
 
     QObject m_gui; ///< what is invoked on it runs on the GUI thread
-    QEventLoop m_loop;
     std::unique_ptr<QThread> m_conductor; ///< the last, since it uses all others
 };
 
@@ -368,8 +371,8 @@ TavScenarioPlayer::~TavScenarioPlayer() = default;
 
 TavPlayReport TavScenarioPlayer::wait()
 {
-    if (!isAtEnd()) {
-        m_state->m_loop.exec();
+    while (!isAtEnd()) { // not exec(), which returns at once when the application has been told to quit
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
     m_state->m_conductor->wait();
     return progress();

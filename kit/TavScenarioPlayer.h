@@ -26,9 +26,9 @@ struct TavPlayOptions {
     double speed = 1; ///< scenario seconds in a second
     qint64 from = 0; ///< microseconds of the scenario; the lines before are played at once
     qint64 until = std::numeric_limits<qint64>::max(); ///< the lines after are not played
-    bool isLooped = false; ///< begins again at the end, on the same managers, until it is stopped; a file only
+    bool isLooped = false; ///< begins again behind its last line, on the same managers, until stop(); a file only
     bool isChecked = false; ///< ends at the first call that does not return what its line says
-    bool isPaused = false; ///< begins as if pause() had been called before the first line
+    bool isPaused = false; ///< begins as if pause() had been called before the first line that is not before `from`
     TavScenarioReader::CutLine cutLine = TavScenarioReader::CutLine::Refuse; ///< what becomes of a cut last line
 
     /// Told of each call when it has returned, on the thread that has made it; that thread's next line waits for it.
@@ -59,7 +59,8 @@ struct TavPlayReport {
  * | on the other threads | every line before it has ended | every line with an earlier time has ended |
  *
  * So a checked play makes the calls in the order of the file and returns the same each time; an unchecked one makes
- * those of one time at once, on their threads. No more lines wait than fit into some MiB.
+ * those of one time at once, on their threads. No more lines wait than fit into some MiB. Lines before `from` lead to
+ * where the play begins: a pause does not hold them up, and they are no steps.
  *
  * | call | while it plays | while it is paused |
  * |---|---|---|
@@ -85,7 +86,7 @@ public:
     /// Runs the event loop until the play has ended, which a paused one does not.
     TavPlayReport wait();
 
-    /// From its return on no line begins; calls under way go on.
+    /// From its return on no line begins but those before `from`; calls under way go on.
     void pause();
 
     /// Ends a pause(): lines begin again at their times.

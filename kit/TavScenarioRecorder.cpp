@@ -34,7 +34,7 @@ bool hasHalfCharacter(const QJsonValue &value)
     return std::any_of(members.begin(), members.end(), hasHalfCharacter);
 }
 
-/// Whether an operation leaves the manager as it is.
+/// Whether no call of an operation changes what another returns. A keyed getter inserts its key, which no result shows.
 bool isGetter(const QString &operation)
 {
     return operation.startsWith("get") || operation.startsWith("has");
@@ -81,7 +81,7 @@ struct TavScenarioRecorder::State {
 
     Q_DISABLE_COPY(State)
 
-    void record(const QString &manager, const QString &operation, const QJsonArray &arguments,
+    void record(const QString &manager, const QString &operation, const QJsonValue &arguments,
                 const QJsonValue &returns)
     {
         const QByteArray text = compact(arguments);
@@ -99,7 +99,7 @@ struct TavScenarioRecorder::State {
         const QMutexLocker lock(&m_mutex);
         QHash<QByteArray, QByteArray> &last = m_last[manager];
         const bool isUnchanging
-            = isGetter(operation) ? returns.isUndefined() : !held.isEmpty() && last.value(held) == digest;
+            = returns.isUndefined() && (isGetter(operation) || (!held.isEmpty() && last.value(held) == digest));
         if (m_calls == Calls::Changing && isUnchanging) {
             ++m_progress.unchanged;
             return;
@@ -131,13 +131,27 @@ struct TavScenarioRecorder::State {
         if (application && QThread::currentThread() == application->thread()) {
             return R"("thread":"gui",)";
         }
-        const Qt::HANDLE thread = QThread::currentThreadId();
-        if (!m_threads.contains(thread) && m_threads.size() < TavScenario::gui) {
-            m_threads.append(thread);
-        }
-        const int place = m_threads.contains(thread) ? m_threads.indexOf(thread) : TavScenario::gui - 1;
+        const int place = placeOfThread();
         return place == TavScenario::agent ? QByteArray()
                                            : R"("thread":")" + TavScenario::threads()[place].toUtf8() + R"(",)";
+    }
+
+    /// Place in TavScenario::threads() of this thread, which is not the application's. The mutex is held.
+    int placeOfThread()
+    {
+        const Qt::HANDLE thread = QThread::currentThreadId();
+        int place = TavScenario::threads().indexOf(QThread::currentThread()->objectName());
+        if (place < 0 || place == TavScenario::gui) {
+            place = m_threads.indexOf(thread);
+        }
+        if (place < 0) {
+            place = m_threads.indexOf(nullptr);
+        }
+        if (place < 0) {
+            place = TavScenario::gui - 1;
+        }
+        m_threads[place] = thread;
+        return place;
     }
 
     // --- on the writer's thread
@@ -201,7 +215,7 @@ struct TavScenarioRecorder::State {
     QWaitCondition m_written;
     QElapsedTimer m_clock;
     QHash<QString, QHash<QByteArray, QByteArray>> m_last; ///< by manager and set value, digests of the calls' arguments
-    QVector<Qt::HANDLE> m_threads; ///< in the order of their names
+    QVector<Qt::HANDLE> m_threads = QVector<Qt::HANDLE>(TavScenario::gui); ///< by place; null where it is free
     QByteArray m_waiting; ///< whole lines
     qint64 m_writing = 0; ///< bytes that the writer has taken out of it
     TavRecordProgress m_progress;
@@ -217,9 +231,9 @@ TavScenarioRecorder::TavScenarioRecorder(const QString &file, const QJsonObject 
 TavScenarioRecorder::~TavScenarioRecorder() = default;
 
 void TavScenarioRecorder::record(const QString &manager, const QString &operation,
-                                 const std::function<QJsonArray()> &arguments)
+                                 const std::function<QJsonValue()> &arguments)
 {
-    QJsonArray json;
+    QJsonValue json;
     try {
         json = arguments();
     } catch (const std::runtime_error &) {
@@ -227,7 +241,7 @@ void TavScenarioRecorder::record(const QString &manager, const QString &operatio
         ++m_state->m_progress.lost;
         return;
     }
-    record(manager, operation, json);
+    m_state->record(manager, operation, json, QJsonValue::Undefined);
 }
 
 void TavScenarioRecorder::record(const QString &manager, const QString &operation, const QJsonArray &arguments,

@@ -32,8 +32,9 @@ struct TavRecordProgress {
  * Changes that the recorder is not told are not known to it.
  *
  * All operations may be called on any thread; the lines have the order in which they were told. A line's thread is the
- * one that told it: "gui" for the application object's, of the others the first is "agent", the second "agent2"; those
- * beyond the eighth share its name.
+ * one that told it: "gui" for the application object's; of the others, those that have one of a scenario's names keep
+ * it, and the first of the rest is "agent", the second "agent2", unless they are taken. Those beyond the eighth share
+ * its name.
  */
 class TavScenarioRecorder
 {
@@ -60,13 +61,22 @@ public:
         using Operation = TavOperations::Operation<Member>;
         using Values = typename Operation::Values;
         const auto &operation = std::get<Operation>(TavOperations::Table<typename Operation::Interface>::list);
-        record(qobject_interface_iid<typename Operation::Interface *>(), operation.name.data(),
-               [&] { return TavJson::arrayOf(Values(arguments...)); });
+        record(qobject_interface_iid<typename Operation::Interface *>(), operation.name.data(), [&]() -> QJsonValue {
+            const QJsonArray values = TavJson::arrayOf(Values(arguments...));
+            if (!TavOperations::sharesItsName(operation)) {
+                return values;
+            }
+            QJsonObject named; // by position they might fit another one
+            for (int i = 0; i < values.size(); ++i) {
+                named.insert(operation.argumentNames[std::size_t(i)].data(), values[i]);
+            }
+            return named;
+        });
     }
 
-    /// The same by name; @p arguments makes JSON of them, by position. Where it throws, the call is lost: what JSON
-    /// cannot tell must not disturb the caller.
-    void record(const QString &manager, const QString &operation, const std::function<QJsonArray()> &arguments);
+    /// The same by name; @p arguments makes JSON of them, an array by position or an object by name. Where it throws,
+    /// the call is lost: what JSON cannot tell must not disturb the caller.
+    void record(const QString &manager, const QString &operation, const std::function<QJsonValue()> &arguments);
 
     /// The same with JSON: @p arguments by position, and what the call must return when it is played, if anything.
     /// A call with @p returns is never left out.

@@ -1,6 +1,7 @@
 #include "TavSetValue.h"
 
 #include "TavCall.h"
+#include "TavOperations.h"
 
 #include <QHash>
 #include <QJsonObject>
@@ -47,15 +48,11 @@ std::optional<Setter> setterOf(const TavCall::Operation &getter, const TavCall::
     return isSetter ? std::optional(found) : std::nullopt;
 }
 
-/// What follows "set" or "update" in the name of an operation that returns nothing; empty for others.
-QString valueNameOf(const TavCall::Operation &operation)
+/// Name of the getter of what @p operation sets, if it is a setter.
+QString getterNameOf(const TavCall::Operation &operation)
 {
-    for (const QString &verb : {QStringLiteral("set"), QStringLiteral("update")}) {
-        if (operation.result == "void" && operation.name.startsWith(verb)) {
-            return operation.name.mid(verb.size());
-        }
-    }
-    return {};
+    const std::string name = operation.name.toStdString();
+    return "get" + QString::fromStdString(std::string(TavOperations::valueSetBy(name)));
 }
 
 const QMultiHash<QString, Setter> &settersByName()
@@ -64,7 +61,7 @@ const QMultiHash<QString, Setter> &settersByName()
         QMultiHash<QString, Setter> setters;
         for (const TavCall::Operation &setter : TavCall::operations()) {
             for (const TavCall::Operation &getter : TavCall::operations()) {
-                if (getter.name != "get" + valueNameOf(setter)) {
+                if (getter.name != getterNameOf(setter) || setter.result != "void") {
                     continue;
                 }
                 if (const std::optional<Setter> found = setterOf(getter, setter)) {

@@ -88,6 +88,7 @@ private:
     QString play(QIODevice &device, const TavPlayOptions &options);
 
     const int m_subscribersBefore;
+    const int m_eventsBefore;
     std::optional<TavPluginHost> m_host;
     QStringList m_pageChanges;
     std::vector<QPointer<QObject>> m_pages;

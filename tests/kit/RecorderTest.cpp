@@ -6,6 +6,7 @@
 
 #include <QFile>
 #include <QTemporaryDir>
+#include <QThread>
 
 #include <csignal>
 #include <fcntl.h>
@@ -123,6 +124,59 @@ TEST_F(Recorder, LeavesOutGettersThatAreNotToBeChecked)
         EXPECT_EQ(recorder.progress().unchanged, 1);
     }
     EXPECT_EQ(lines().size(), 1);
+}
+
+TEST_F(Recorder, NeverLeavesOutACallThatIsToBeChecked)
+{
+    {
+        TavScenarioRecorder recorder(path);
+        for (int i = 0; i < 2; ++i) {
+            recorder.record("ITavNetControlMgr", "setState", {TavJson::toJson(state(1))}, QJsonValue::Null);
+        }
+    }
+    EXPECT_EQ(lines().size(), 2);
+}
+
+TEST_F(Recorder, NamesTheArgumentsOfOperationsThatShareTheirName)
+{
+    using Page = CTavSubFuncTypeHeader::TavSubFuncTypeHeader_;
+    {
+        TavScenarioRecorder recorder(path, {}, TavScenarioRecorder::Calls::All);
+        constexpr auto ofPage
+            = TavOperations::overload<TavSubFuncTypeData_(const Page &)>(&ITavFuncTypeMgr::getSubFuncInfo);
+        recorder.record<ofPage>(Page(-1)); // its number alone might be that of a function as well
+    }
+    ASSERT_EQ(lines().size(), 1);
+    EXPECT_EQ(lines().first().arguments, QJsonValue(QJsonObject{{"subFuncType", -1}}));
+}
+
+TEST_F(Recorder, KeepsTheNameOfAThreadThatHasOneOfTheScenarios)
+{
+    {
+        TavScenarioRecorder recorder(path);
+        int number = 0;
+        const auto tellOn = [&](const QString &name, const std::function<void()> &meanwhile) {
+            const std::unique_ptr<QThread> thread(QThread::create([&] {
+                recorder.record<&ITavNetControlMgr::setState>(state(++number));
+                meanwhile();
+            }));
+            thread->setObjectName(name);
+            thread->start();
+            thread->wait();
+        };
+        // All live at once: the system gives a thread that has ended and its successor one number.
+        const auto nobody = [] {};
+        const auto unnamed = [&] { tellOn("", nobody); };
+        const auto reader = [&] { tellOn("reader", unnamed); };
+        const auto agent = [&] { tellOn("agent", reader); };
+        const auto agent3 = [&] { tellOn("agent3", agent); };
+        tellOn("agent", agent3);
+    }
+    QStringList threads;
+    for (const TavScenario::Line &line : lines()) {
+        threads.append(TavScenario::threads()[line.thread]);
+    }
+    EXPECT_EQ(threads, (QStringList{"agent", "agent3", "agent", "agent2", "agent4"}));
 }
 
 TEST_F(Recorder, NamesTheThreadThatMadeTheCall)

@@ -1,14 +1,13 @@
 #include "TavScenarioPlayer.h"
 
+#include "Deadline.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavNetControlMgr.h"
 #include "ITavSelectFuncMgr.h"
 #include "ITavSystemConfigMgr.h"
 #include "PrintQString.h"
 #include "ScenarioText.h"
-#include "TavEvents.h"
 #include "TavPluginHost.h"
-#include "TavSubscription.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
@@ -18,6 +17,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <optional>
 #include <vector>
 
@@ -140,6 +140,26 @@ TEST_F(ScenarioPlayer, EndsACheckedPlayAtTheFirstDifference)
     EXPECT_EQ(state(), 1);
 }
 
+TEST_F(ScenarioPlayer, ComparesAListThatIsToBeEmpty)
+{
+    const QByteArray setDevices = R"({"manager": "ITavNetControlMgr", "operation": "setDeviceInfo", "arguments": [)";
+    const QByteArray getNone = R"({"manager": "ITavNetControlMgr", "operation": "getDeviceInfo", "arguments": [], )"
+                               R"("returns": {"devices": []}})";
+    EXPECT_EQ(mistake({setDevices + R"({"devices": []}]})", getNone}, checked()), "");
+    EXPECT_EQ(mistake({setDevices + R"({"devices": [{"state": 1}]}]})", getNone}, checked()),
+              "line 3: ITavNetControlMgr getDeviceInfo returned something else at /devices/0\n  expected: nothing\n"
+              "  returned: {\"state\":1}");
+}
+
+TEST_F(ScenarioPlayer, CountsNoResultOfWhichNothingIsCompared)
+{
+    const QByteArray getOnlineState
+        = R"({"manager": "ITavSystemConfigMgr", "operation": "getOnlineState", "arguments": [], "returns": {}})";
+    const TavPlayReport report = play({setState(1), getState(1), getOnlineState}, checked());
+    EXPECT_EQ(report.lines, 3);
+    EXPECT_EQ(report.checked, 1);
+}
+
 TEST_F(ScenarioPlayer, ComparesNothingUnlessToldTo)
 {
     EXPECT_EQ(mistake({setState(1), getState(3)}, atSpeed(TavPlayOptions::fastest)), "");
@@ -182,23 +202,42 @@ TEST_F(ScenarioPlayer, KeepsTheOrderOfTheTimesAcrossThreadsWithoutChecks)
         lines
             += setState(i, "\"at\": " + QByteArray::number(i) + ", \"thread\": \"agent" + (i % 2 ? "" : "2") + "\", ");
     }
-    EXPECT_EQ(mistake(lines, atSpeed(TavPlayOptions::fastest)), "");
-    EXPECT_EQ(state(), 1999);
+    WatchedPlay play(host, lines, atSpeed(TavPlayOptions::fastest));
+    EXPECT_EQ(play.player->wait().lines, 2000);
+    const std::vector<int> numbers = play.numbers();
+    EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end()));
 }
 
-TEST_F(ScenarioPlayer, CallsOnTheNamedThreadsWhileTheEventLoopRuns)
+TEST_F(ScenarioPlayer, MakesEachCallOnTheThreadOfItsNameWhileTheEventLoopRuns)
 {
-    QStringList threads;
-    QObject here;
-    // A direct look at where the call is made is not possible from outside; a page change tells who has sent it.
-    const TavSubscription subscription(eventFuncPageUpdate, &here,
-                                       [&threads](auto) { threads.append(QThread::currentThread()->objectName()); });
+    QByteArray text = "{\"tavScenario\": 1}\n";
+    QStringList named;
+    for (const QString &thread : TavScenario::threads()) {
+        text += setState(1, "\"thread\": \"" + thread.toUtf8() + "\", ") + '\n';
+        named += thread + " on " + (thread == "gui" ? QString("test") : thread);
+    }
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
     QThread::currentThread()->setObjectName("test");
-    play({R"({"page": "SubFunc_LogAudit"})", R"({"at": 0.2, "thread": "gui", "page": "SubFunc_LogAudit"})",
-          R"({"at": 0.4, "thread": "gui", "manager": "ITavPicResourceMgr", "operation": "getImageRef", )"
-          R"("arguments": ["none", "none"]})"},
-         atSpeed(1));
-    EXPECT_EQ(threads, QStringList({"test", "test"}));
+    QStringList called;
+    TavPlayOptions options = checked(); // one call after the other
+    options.observer = [&called](const TavPlayedCall &played) {
+        called += TavScenario::threads()[played.line.thread] + " on " + QThread::currentThread()->objectName();
+    };
+    TavScenarioPlayer(host, buffer, options).wait();
+    EXPECT_EQ(called, named);
+}
+
+TEST_F(ScenarioPlayer, IsPlayedToItsEndAlsoWhereTheApplicationHasBeenToldToQuit)
+{
+    const Deadline deadline;
+    qint64 lines = 0;
+    QTimer::singleShot(0, [&] {
+        QCoreApplication::quit();
+        lines = play({setState(1, "\"thread\": \"gui\", "), setState(2)}, checked()).lines;
+    });
+    QCoreApplication::exec();
+    EXPECT_EQ(lines, 2);
 }
 
 TEST_F(ScenarioPlayer, SelectsAPageWithTheFunctionOfItsHostsCatalogue)
@@ -255,6 +294,17 @@ TEST_F(ScenarioPlayer, BeginsAgainUntilItIsStopped)
     EXPECT_GE(report.lines, 10);
 }
 
+TEST_F(ScenarioPlayer, EndsARoundWithoutLinesAlsoWhenItIsToBeginAgain)
+{
+    const Deadline deadline;
+    TavPlayOptions options;
+    options.isLooped = true;
+    options.until = 1;
+    const TavPlayReport report = play({setState(1, "\"at\": 1, ")}, options);
+    EXPECT_EQ(report.lines, 0);
+    EXPECT_FALSE(report.isStopped);
+}
+
 TEST_F(ScenarioPlayer, CanBeEndedInTheMiddle)
 {
     QByteArray text = scenarioOf({setState(1), setState(2, "\"at\": 3600, \"thread\": \"gui\", ")});
@@ -300,6 +350,28 @@ TEST_F(ScenarioPlayer, TakesSoManyStepsAsItIsToldAtOnce)
     play.player->pause();
     play.player->resume();
     EXPECT_EQ(play.player->wait().lines, 30);
+}
+
+TEST_F(ScenarioPlayer, PlaysWhatIsBeforeTheBeginningAlsoWhileItIsPaused)
+{
+    QList<QByteArray> lines;
+    for (int i = 0; i < 30; ++i) {
+        lines += setState(i,
+                          "\"at\": " + QByteArray::number(i) + ", \"thread\": \""
+                              + TavScenario::threads()[i % 9].toUtf8() + "\", ");
+    }
+    for (const int steps : {0, 1, 3}) {
+        TavPlayOptions options = paused(1);
+        options.from = 20 * qint64(1e6);
+        WatchedPlay play(host, lines, options);
+        for (int i = 0; i < steps; ++i) {
+            play.player->step(); // none of them is used up by a line before the beginning
+        }
+        EXPECT_TRUE(play.standsAt(20 + steps)) << steps;
+        play.player->step();
+        EXPECT_TRUE(play.standsAt(21 + steps)) << steps;
+        EXPECT_EQ(play.numbers().back(), 22 + steps);
+    }
 }
 
 TEST_F(ScenarioPlayer, StepsInTheOrderOfTheFileAlsoWhereAThreadIsLate)

@@ -230,7 +230,11 @@ TEST(Scenario, MayLackTheLastLinesEnd)
 // Wherever a file ends: its lines up to there are read, and a mistake in a cut line is not taken for another one.
 TEST(Scenario, IsReadUpToWhereverItWasCut)
 {
-    const QByteArray whole = scenarioOf({with("\"at\": 1"), R"({"page": "SubFunc_LogAudit"})", count});
+    const QByteArray whole = scenarioOf(
+        {with("\"at\": 1.5e0"), R"({"page": "SubFunc_LogAudit"})", count,
+         R"({"manager": "ITavAccessControlMgr", "operation": "setObjectCount", "arguments": [-7, true, 2]})",
+         R"({"manager": "ITavPicResourceMgr", "operation": "appendPicResourcePath", "thread": "gui", )"
+         "\"arguments\": [\"/ü\\u00e4\\n\"]}"});
     for (int size = whole.indexOf('\n'); size < whole.size(); ++size) {
         const QByteArray cut = whole.left(size);
         int cutLine = -1;
@@ -238,6 +242,27 @@ TEST(Scenario, IsReadUpToWhereverItWasCut)
         const bool isWhole = cut.endsWith('\n') || whole[size] == '\n';
         EXPECT_EQ(lines, cut.count('\n') - 1 + (cut.endsWith('}') && isWhole ? 1 : 0)) << size;
         EXPECT_EQ(cutLine != 0, !isWhole) << size;
+    }
+}
+
+TEST(Scenario, IsNotCutWhereItsLastLineIsMistakenAndLacksItsEnd)
+{
+    const struct {
+        QByteArray line;
+        QString mistake;
+    } mistakes[] = {
+        {R"({"at": 1,})", "nothing stands behind the last comma: remove it (character 10)"},
+        {R"({"at": 1])", "a name, \",\" or \"}\" is expected here (character 9)"},
+        {R"({"at" 1)", "\":\" is expected here (character 7)"},
+        {R"({"at": 1 "thread": "gu)", "a name, \",\" or \"}\" is expected here (character 10)"},
+        {R"({"at": tru})", "a value is expected here (character 8)"},
+        {R"({"at": 1} "page)", "the text goes on behind its end (character 11)"},
+        {R"({"thread": "\q)", "there is no such escape in JSON (character 14)"},
+    };
+    for (const auto &[line, mistake] : mistakes) {
+        const QByteArray text = "{\"tavScenario\": 1}\n" + line;
+        EXPECT_EQ(mistakeIn(text), "line 2: " + mistake) << line.constData();
+        EXPECT_THROW(linesOf(text, CutLine::LeaveOut), TavScenarioError) << line.constData();
     }
 }
 
@@ -258,12 +283,29 @@ TEST(ScenarioReturns, NameOnlyTheFieldsToCompare)
     EXPECT_EQ(difference, "returned something else at /devices\n  expected: [{\"state\":1}]\n  returned: nothing");
 }
 
+TEST(ScenarioReturns, NameAListWithoutElementsAsAnEmptyOne)
+{
+    const QByteArray get = R"({"manager": "ITavNetControlMgr", "operation": "getDeviceInfo", "arguments": [], )";
+    const QByteArray none = get + R"("returns": {"devices": []}})";
+    EXPECT_TRUE(isAsExpected(none, QJsonObject())) << "a message leaves such a list out";
+    QString difference;
+    EXPECT_FALSE(isAsExpected(none, QJsonObject{{"devices", QJsonArray{QJsonObject()}}}, &difference));
+    EXPECT_EQ(difference, "returned something else at /devices/0\n  expected: nothing\n  returned: {}");
+
+    const QByteArray withoutAddress = get + R"("returns": {"devices": [{"addresses": []}]}})";
+    EXPECT_TRUE(isAsExpected(withoutAddress, QJsonObject{{"devices", QJsonArray{QJsonObject()}}}));
+    const QJsonObject device{{"addresses", QJsonArray{"10.0.0.1/8"}}};
+    EXPECT_FALSE(isAsExpected(withoutAddress, QJsonObject{{"devices", QJsonArray{device}}}, &difference));
+    EXPECT_FALSE(isAsExpected(withoutAddress, QJsonObject(), &difference));
+}
+
 TEST(ScenarioReturns, AreComparedAsValuesWhateverTheirForm)
 {
     // Numbers of 64 bits are written as text, and read as numbers, too.
-    EXPECT_TRUE(isAsExpected(R"({"manager": "ITavSystemConfigMgr", "operation": "getServerInfo", "arguments": [], )"
-                             R"("returns": {}})",
-                             QJsonObject{{"name", "x"}}));
+    const QByteArray changed = R"({"manager": "ITavSystemConfigMgr", "operation": "getOnlineState", "arguments": [], )"
+                               R"("returns": {"change_time": 5}})";
+    EXPECT_TRUE(isAsExpected(changed, QJsonObject{{"change_time", "5"}}));
+    EXPECT_FALSE(isAsExpected(changed, QJsonObject{{"change_time", "6"}}));
     EXPECT_TRUE(isAsExpected(R"({"manager": "ITavAccessControlMgr", "operation": "getUserDetail", "arguments": [1], )"
                              R"("returns": [{"userName": {"bytes": "YWJj"}}]})",
                              QJsonArray{QJsonObject{{"userName", "abc"}}}));
@@ -277,6 +319,14 @@ TEST(ScenarioReturns, AreReadAsStrictlyAsArguments)
     EXPECT_EQ(mistakeInLine(R"({"manager": "ITavNetControlMgr", "operation": "getObject", "arguments": [], )"
                             R"("returns": 7})"),
               "line 2: /returns: expected the name of a class or null, not the number 7");
+    const QByteArray picture = R"({"thread": "gui", "manager": "ITavPicResourceMgr", "operation": "getImageRef", )"
+                               R"("arguments": ["a", "b"], "returns": )";
+    EXPECT_EQ(mistakeInLine(picture + R"({"width": "16"}})"),
+              "line 2: /returns/width: expected a whole number from -2147483648 to 2147483647, not the text \"16\"");
+    EXPECT_EQ(mistakeInLine(picture + R"({"format": "Format_ARGB23"}})"),
+              "line 2: /returns/format: Format has no key \"Format_ARGB23\" (nearest: Format_ARGB32)");
+    EXPECT_EQ(mistakeInLine(picture + R"({"height": 16, "format": "Format_ARGB32"}})"), "");
+    EXPECT_EQ(mistakeInLine(picture + "null}"), "");
     EXPECT_EQ(mistakeInLine(with(R"("returns": true)")),
               "line 2: /returns: the operation returns nothing, which is null");
 }

@@ -13,6 +13,7 @@
 #include <QWidget>
 
 #include <gtest/gtest.h>
+#include <qtestsupport_core.h>
 
 namespace
 {
@@ -30,6 +31,32 @@ QByteArray getState(int state)
     return R"({"manager": "ITavNetControlMgr", "operation": "getState", "arguments": [], "returns": {"state": )"
         + QByteArray::number(state) + "}}";
 }
+
+/// @brief An event on the bus that no thread runs before its end.
+class UnrunEvent
+{
+public:
+    UnrunEvent()
+    {
+        auto *const event = new TavBaseEvent(nullptr);
+        event->setFunc([] {});
+        event->moveToThread(&m_thread);
+        TavEventNotifyMgr::getInstance()->addEventNotify(event);
+    }
+
+    ~UnrunEvent()
+    {
+        m_thread.start();
+        EXPECT_TRUE(QTest::qWaitFor([] { return TavEventNotifyMgr::getInstance()->pendingCount() == 0; }));
+        m_thread.quit();
+        m_thread.wait();
+    }
+
+    Q_DISABLE_COPY(UnrunEvent)
+
+private:
+    QThread m_thread; ///< not started
+};
 }
 
 TEST(TestClient, HasFreshManagersThatAreTheClientsCurrentOnes)
@@ -55,6 +82,7 @@ TEST(TestClient, ReturnsTheFirstMistakeOfAPlay)
     EXPECT_EQ(client.play({setState(1), getState(2), setState(3)}),
               "line 3: ITavNetControlMgr getState returned something else at /state\n  expected: 2\n  returned: 1");
     EXPECT_EQ(client.play({R"({"page": "SubFunc_Nowhere"})"}).left(14), "line 2: /page:");
+    EXPECT_EQ(client.play({R"({"page")"}), "line 2: the text ends too early (character 7)");
 }
 
 TEST(TestClient, PlaysAFile)
@@ -66,6 +94,13 @@ TEST(TestClient, PlaysAFile)
     writeFile(file, scenarioOf({setState(6), getState(6)}));
     EXPECT_EQ(client.playFile(file), "");
     EXPECT_EQ(client.manager<ITavNetControlMgr>()->getState().state(), 6);
+}
+
+TEST(TestClient, PlaysNothingBehindItsEnd)
+{
+    TavTestClient client(pluginFile);
+    EXPECT_EQ(client.end(), "");
+    EXPECT_EQ(client.play({setState(1)}), "the client has ended");
 }
 
 TEST(TestClient, WaitsWhileTheEventLoopRuns)
@@ -131,17 +166,15 @@ TEST(TestClient, NamesWhatAPagePluginLeavesBehindAndOnlyThat)
 
 TEST(TestClient, NamesEventsThatNobodyRuns)
 {
-    QThread notStarted;
-    auto *const event = new TavBaseEvent(nullptr);
-    event->setFunc([] {});
-    event->moveToThread(&notStarted);
-    TavEventNotifyMgr::getInstance()->addEventNotify(event);
-    EXPECT_EQ(TavTestClient(pluginFile).end(), "events on the bus that nobody has run: 1");
-    notStarted.start();
-    EXPECT_EQ(TavTestClient::waitFor([] { return TavEventNotifyMgr::getInstance()->pendingCount() == 0; }, "the end"),
-              "");
-    notStarted.quit();
-    notStarted.wait();
+    TavTestClient client(pluginFile);
+    const UnrunEvent event;
+    EXPECT_EQ(client.end(), "events on the bus that nobody has run: 1");
+}
+
+TEST(TestClient, DoesNotNameAnEventThatWasThereBefore)
+{
+    const UnrunEvent event;
+    EXPECT_EQ(TavTestClient(pluginFile).end(), "");
 }
 
 int main(int argc, char **argv)

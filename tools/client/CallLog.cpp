@@ -8,32 +8,8 @@
 #include <QElapsedTimer>
 #include <QJsonDocument>
 
-#include <algorithm>
-
 namespace
 {
-/// Arguments by name as the scenario recorder takes them, which is by position.
-QJsonArray byPosition(const LoggedCall &call)
-{
-    if (!call.arguments.isObject()) {
-        return call.arguments.toArray();
-    }
-    const QJsonObject named = call.arguments.toObject();
-    for (const TavCall::Operation &operation : TavCall::operations()) {
-        const auto isNamed = [&named](const TavCall::Argument &argument) { return named.contains(argument.name); };
-        if (operation.manager == call.manager && operation.name == call.operation
-            && operation.arguments.size() == named.size()
-            && std::all_of(operation.arguments.begin(), operation.arguments.end(), isNamed)) {
-            QJsonArray arguments;
-            for (const TavCall::Argument &argument : operation.arguments) {
-                arguments.append(named[argument.name]);
-            }
-            return arguments;
-        }
-    }
-    return {};
-}
-
 qint64 lengthOf(const QJsonValue &arguments)
 {
     return arguments.isObject() ? QJsonDocument(arguments.toObject()).toJson(QJsonDocument::Compact).size()
@@ -46,14 +22,16 @@ void CallLog::note(const LoggedCall &call)
     if (call.error.isEmpty()) {
         m_keys.note(call.manager, call.operation, call.arguments);
     }
+    std::shared_ptr<TavScenarioRecorder> recorder;
     {
-        // With the lock held, so that the lines of a recording keep the order of the log.
         const QMutexLocker lock(&m_recorderMutex);
-        if (m_recorder && call.error.isEmpty()) {
-            m_recorder->record(call.manager, call.operation, byPosition(call));
-        }
-        append(call, call.bytes * 4); // a QJsonValue takes some four times its text
+        recorder = m_recorder;
     }
+    // Without the lock: JSON of a large list takes longer than another thread's call may wait.
+    if (recorder && call.error.isEmpty()) {
+        recorder->record(call.manager, call.operation, [&call] { return call.arguments; });
+    }
+    append(call, call.bytes * 4); // a QJsonValue takes some four times its text
 }
 
 QJsonValue CallLog::make(QObject *object, const QString &manager, const QString &operation, const QJsonValue &arguments)

@@ -10,7 +10,7 @@
 LocalAgent::LocalAgent(QString root, QObject *parent) : QObject(parent), m_root(std::move(root))
 {
     qRegisterMetaType<AgentReport>();
-    m_thread.setObjectName(QStringLiteral("LocalAgent"));
+    m_thread.setObjectName(QStringLiteral("agent")); // as a scenario names it
     m_worker.moveToThread(&m_thread);
     m_thread.start();
 }

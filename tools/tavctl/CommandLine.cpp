@@ -584,10 +584,7 @@ std::string refusal(const CLI::App &app, const QStringList &words, std::string r
         } else if (names.isEmpty()) {
             break; // what follows are arguments
         } else if (!word.startsWith('-')) {
-            const QString nearest = nearestText(word, names);
-            reason = QString("there is no command \"%1\" (%2)")
-                         .arg(word, nearest.isEmpty() ? "there are: " + names.join(", ") : "nearest: " + nearest)
-                         .toStdString();
+            reason = QString("there is no command \"%1\" (%2)").arg(word, nearestOrAll(word, names)).toStdString();
             break;
         }
     }

@@ -98,20 +98,19 @@ ExitCode showScenario(const ScenarioOptions &options)
                      {"compared"}});
     readAll(options.file, [&](const TavScenario::Line &line) {
         const QString thread = TavScenario::threads()[line.thread];
-        const bool isCompared = !line.returns.isUndefined();
         if (options.json) {
             rows.append(QJsonObject{{"line", line.number},
                                     {"at", double(line.at) / 1e6},
                                     {"thread", thread},
                                     {"subject", line.subject()},
                                     {"bytes", line.bytes},
-                                    {"compared", isCompared}});
+                                    {"compared", line.isCompared()}});
             return;
         }
         table.addRow({QString::number(line.number), seconds(line.at), thread,
                       line.page.isEmpty() ? line.manager : QString("page"),
                       line.page.isEmpty() ? line.operation : line.page, QString::number(line.bytes),
-                      isCompared ? "yes" : ""});
+                      line.isCompared() ? "yes" : ""});
     });
     if (options.json) {
         printJson({{"lines", rows}});
