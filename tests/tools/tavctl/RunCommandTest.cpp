@@ -144,6 +144,34 @@ TEST_F(RunCommand, PrintsADocumentThatItsSchemaDescribes)
     EXPECT_NE(schemaFindings("pages", other), "");
 }
 
+TEST_F(RunCommand, PrintsEachCellAsTheKindOfItsColumnSays)
+{
+    static const QRegularExpression time(R"(^\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d(Z|[+-]\d\d:\d\d)$)");
+    const QStringList flags{"flag", "flag or unknown", "success", "check mark"};
+    const QStringList texts{"text", "digest", "bytes"};
+    const QStringList others = flags + texts + QStringList{"time", "list"};
+    QSet<QString> seen;
+    for (const QJsonValue &page : demo["pages"].toArray()) {
+        for (const QJsonValue &table : page["tables"].toArray()) {
+            for (const QJsonValue &column : table["columns"].toArray()) {
+                const QString name = column["name"].toString();
+                const QString kind = column["kind"].toString();
+                for (const QJsonValue &row : table["rows"].toArray()) {
+                    const QJsonValue cell = row[name];
+                    const bool fits = cell.isNull() || (kind == "time" && cell.toString().contains(time))
+                        || (kind == "list" && cell.isArray()) || (flags.contains(kind) && cell.isBool())
+                        || (texts.contains(kind) && cell.isString()) || (!others.contains(kind) && cell.isDouble());
+                    EXPECT_TRUE(fits) << name.toStdString() << ": " << kind.toStdString() << ", type " << cell.type();
+                    seen.insert(cell.isNull() ? QString() : kind);
+                }
+            }
+        }
+    }
+    for (const char *const kind : {"number", "size", "time", "flag", "list", "text", "digest", "bytes"}) {
+        EXPECT_TRUE(seen.contains(kind)) << kind;
+    }
+}
+
 TEST_F(RunCommand, TellsAPictureThatIsMissingWithoutAMeasure)
 {
     const QString etc = "etc/tavsec.d/funcTypeConfig.json";
