@@ -92,8 +92,10 @@ ExitCode checkBaselineFiles(const BaselineCheckOptions &options)
         roots.append(root);
     }
     roots.removeDuplicates();
-    report.print(
-        QString("%1 checked with the scripts below %2").arg(numbered(options.files.size(), "file"), roots.join(", "))
-        + fixing.summary());
-    return report.exitCode();
+    if (fixing.checked() > 0) {
+        report.print(
+            QString("%1 checked with the scripts below %2").arg(numbered(fixing.checked(), "file"), roots.join(", "))
+            + fixing.summary());
+    }
+    return fixing.exitCode(report);
 }
