@@ -7,6 +7,7 @@
 #include "PluginView.h"
 #include "Presentation.h"
 #include "TavCommonUtils.h"
+#include "TavCountedText.h"
 #include "TavGlobalInfoMgr.h"
 #include "TavObjectMgr.h"
 #include "TextTable.h"
@@ -94,7 +95,7 @@ ExitCode checkBaselineFiles(const BaselineCheckOptions &options)
     roots.removeDuplicates();
     if (fixing.checked() > 0) {
         report.print(
-            QString("%1 checked with the scripts below %2").arg(numbered(fixing.checked(), "file"), roots.join(", "))
+            QString("%1 checked with the scripts below %2").arg(countedText(fixing.checked(), "file"), roots.join(", "))
             + fixing.summary());
     }
     return fixing.exitCode(report);

@@ -8,6 +8,7 @@
 #include "PluginView.h"
 #include "Presentation.h"
 #include "TavCommonUtils.h"
+#include "TavCountedText.h"
 #include "TavNanolog.h"
 #include "TavObjectMgr.h"
 #include "WholeFile.h"
@@ -48,7 +49,7 @@ ExitCode checkCatalogueFiles(const CatalogueCheckOptions &options)
         fixing.check(file, checkCatalogueOrText, report);
     }
     if (fixing.checked() > 0) {
-        report.print(numbered(fixing.checked(), "file") + " checked" + fixing.summary());
+        report.print(countedText(fixing.checked(), "file") + " checked" + fixing.summary());
     }
     return fixing.exitCode(report);
 }

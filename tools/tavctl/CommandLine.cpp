@@ -206,9 +206,9 @@ public:
         return *this;
     }
 
-    Command &root()
+    Command &root(const std::string &description = "directory to take for \"/\"")
     {
-        text("--root", m_options->root, "directory to take for \"/\"")
+        text("--root", m_options->root, description)
             ->type_name("DIR")
             ->check(CLI::Validator(CLI::ExistingDirectory).description("")); // or its own would follow "DIR"
         return *this;
@@ -567,25 +567,28 @@ void addHelp(CLI::App &app, Action &action)
     });
 }
 
-/// What is wrong with the first of @p words that stands where a command is expected and is none; empty when all are.
-std::string unknownCommand(const CLI::App &app, const QStringList &words)
+/// What is said of a command line that is not understood for @p reason: of its @p words, the first that stands where a
+/// command is expected and is none is a better one.
+std::string refusal(const CLI::App &app, const QStringList &words, std::string reason)
 {
     const CLI::App *at = &app;
+    QString path = "tavctl";
     for (const QString &word : words) {
         QStringList names;
         for (const CLI::App *const command : at->get_subcommands([](const CLI::App *) { return true; })) {
             names.append(QString::fromStdString(command->get_name()));
         }
-        if (names.isEmpty()) {
-            break; // what follows are arguments
-        }
         if (names.contains(word)) {
             at = at->get_subcommand(word.toStdString());
+            path += ' ' + word;
+        } else if (names.isEmpty()) {
+            break; // what follows are arguments
         } else if (!word.startsWith('-')) {
-            return QString("there is no command \"%1\" (%2)").arg(word, nearestOrAll(word, names)).toStdString();
+            reason = QString("there is no command \"%1\" (%2)").arg(word, nearestOrAll(word, names)).toStdString();
+            break;
         }
     }
-    return {};
+    return "tavctl: " + reason + "; \"" + path.toStdString() + " --help\" tells what there is\n";
 }
 }
 
@@ -602,9 +605,7 @@ Action actionOf(int argc, char **argv)
         if (words.value(0) == "help") {
             words.removeFirst();
         }
-        const std::string wrongWord = unknownCommand(app, words);
-        return "tavctl: " + (wrongWord.empty() ? error.what() : wrongWord)
-            + "; \"tavctl --help\" tells what there is\n";
+        return refusal(app, words, error.what());
     });
     Action action;
     addCommands(app, action);

@@ -51,7 +51,8 @@ QStringList operationsOf(const QString &manager)
 {
     QStringList lines;
     try {
-        for (const TavCall::Operation &operation : TavCall::operationsOf(manager)) {
+        const QVector<TavCall::Operation> operations = TavCall::operationsOf(manager);
+        for (const TavCall::Operation &operation : operations) {
             lines.append(line(operation.name, operation.signature().toStdString()));
         }
     } catch (const TavCallError &) { // nothing to offer for a manager that there is not

@@ -10,6 +10,7 @@
 #include "Presentation.h"
 #include "RootedPath.h"
 #include "TavCommonUtils.h"
+#include "TavCountedText.h"
 #include "TavGlobalInfoMgr.h"
 #include "TavPluginHost.h"
 #include "TextTable.h"
@@ -196,6 +197,6 @@ ExitCode doctor(const DoctorOptions &options)
         printInstallation(parts, plugin, facts);
         printFindingsHeading(report.findings());
     }
-    report.print(numbered(parts.size(), "part") + " checked", documentOf(parts, plugin, facts));
+    report.print(countedText(parts.size(), "part") + " checked", documentOf(parts, plugin, facts));
     return report.exitCode();
 }

@@ -5,6 +5,7 @@
 #include "PictureCheck.h"
 #include "PluginView.h"
 #include "Presentation.h"
+#include "TavCountedText.h"
 #include "TavObjectMgr.h"
 #include "TextTable.h"
 
@@ -125,8 +126,7 @@ ExitCode showPictures(const PicturesOptions &options)
         printPictures(pictures);
         printFindingsHeading(report.findings());
     }
-    report.print(QString("%1 checked")
-                     .arg(directories.size() == 1 ? "1 directory" : QString("%1 directories").arg(directories.size())),
+    report.print(countedText(directories.size(), "directory") + " checked",
                  {{"pictures", picturesJson(pictures)}, {"bytes", bytesOf(pictures)}});
     return report.exitCode();
 }

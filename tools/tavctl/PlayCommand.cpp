@@ -60,7 +60,7 @@ void printReport(const PlayOptions &options, const TavPlayReport &report)
 {
     QString text = QString("%1: %2, %3 s of the scenario")
                        .arg(printable(options.file), countedText(report.lines, "call"))
-                       .arg(double(report.at) / TavScenario::microsecondsInSecond);
+                       .arg(seconds(report.at));
     if (options.check) {
         text += QString(", %1 compared").arg(countedText(report.checked, "result"));
     }

@@ -81,3 +81,8 @@ QString microseconds(qint64 nanoseconds)
 {
     return QString::number(static_cast<double>(nanoseconds) / 1000, 'f', 1);
 }
+
+QString seconds(qint64 microseconds)
+{
+    return QString::number(static_cast<double>(microseconds) / 1e6, 'f', 3);
+}

@@ -27,3 +27,6 @@ QString wrapped(const QString &text, int start);
 
 /// @p nanoseconds as microseconds with one decimal.
 QString microseconds(qint64 nanoseconds);
+
+/// @p microseconds as seconds with three decimals.
+QString seconds(qint64 microseconds);

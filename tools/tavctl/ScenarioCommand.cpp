@@ -20,11 +20,6 @@
 
 namespace
 {
-QString seconds(qint64 microseconds)
-{
-    return QString::number(double(microseconds) / 1e6, 'f', 3);
-}
-
 /// Calls @p visit with each line. Throws ToolError for the first that is wrong.
 QJsonObject readAll(const QString &name, const std::function<void(const TavScenario::Line &)> &visit)
 {

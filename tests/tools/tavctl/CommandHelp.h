@@ -28,6 +28,7 @@ const QStringList commands[] = {
     {"baseline", "check"},
     {"pictures"},
     {"doctor"},
+    {"new-page"},
     {"explain"},
     {"help"},
 };
@@ -38,7 +39,7 @@ inline QStringList wordsInHelp(const QStringList &command)
     const QString help = Tavctl(command + QStringList{"--help"}).output;
     QStringList words;
     QRegularExpressionMatchIterator matches
-        = QRegularExpression("^  (?:(-h|-o|-V),)?(--[a-z]+(?:-[a-z]+)*|[a-z]+)\\b", QRegularExpression::MultilineOption)
+        = QRegularExpression("^  (?:(-h|-o|-V),)?((?:--)?[a-z]+(?:-[a-z]+)*)\\b", QRegularExpression::MultilineOption)
               .globalMatch(help);
     while (matches.hasNext()) {
         words.append(matches.next().captured(2));

@@ -34,15 +34,16 @@ TEST_F(CommandLine, EndsWithTwoAndOneLineWhenItCannotRun)
         {{"pictures", "/nowhere"}, "/nowhere: there is no such directory"},
         {{"pictures", item}, item + ": not a directory"},
         {{"catalogue", "checks", "x"},
-         "there is no command \"checks\" (nearest: check); \"tavctl --help\" tells what there is"},
+         "there is no command \"checks\" (nearest: check); \"tavctl catalogue --help\" tells what there is"},
         {{"fly"},
          "there is no command \"fly\" (there are: run, registry, operations, call, record, play, scenario, catalogue, "
-         "baseline, pictures, doctor, explain, help); "
+         "baseline, pictures, doctor, new-page, explain, help); "
          "\"tavctl --help\" tells what there is"},
-        {{"catalogue", "check", ""}, "FILE: the name is empty; \"tavctl --help\" tells what there is"},
-        {{"catalogue", "encode", item, "-o", ""}, "--output: the name is empty; \"tavctl --help\" tells what there is"},
-        {{"pictures", demoRoot, ""}, "DIR: the name is empty; \"tavctl --help\" tells what there is"},
-        {{"doctor", "--plugin", ""}, "--plugin: the name is empty; \"tavctl --help\" tells what there is"},
+        {{"catalogue", "check", ""}, "FILE: the name is empty; \"tavctl catalogue check --help\" tells what there is"},
+        {{"catalogue", "encode", item, "-o", ""},
+         "--output: the name is empty; \"tavctl catalogue encode --help\" tells what there is"},
+        {{"pictures", demoRoot, ""}, "DIR: the name is empty; \"tavctl pictures --help\" tells what there is"},
+        {{"doctor", "--plugin", ""}, "--plugin: the name is empty; \"tavctl doctor --help\" tells what there is"},
         {{"baseline", "show", item, "--plugin", "/tmp"},
          "/tmp: not a regular file; name libTavDataPlugin.so with --plugin"},
         {{"catalogue", "show", item},
@@ -52,10 +53,10 @@ TEST_F(CommandLine, EndsWithTwoAndOneLineWhenItCannotRun)
              + "/baseline/no-items.json: the plugin loads no check item from it; \"tavctl baseline check\" says why"},
         {{"baseline", "show", item, "--plugin", "/nowhere"},
          "/nowhere: there is no such file; install the plugin, or name its file with --plugin"},
-        {{"catalogue"}, "A subcommand is required; \"tavctl --help\" tells what there is"},
-        {{"pictures"}, "DIR is required; \"tavctl --help\" tells what there is"},
+        {{"catalogue"}, "A subcommand is required; \"tavctl catalogue --help\" tells what there is"},
+        {{"pictures"}, "DIR is required; \"tavctl pictures --help\" tells what there is"},
         {{"doctor", "--root", "/nowhere"},
-         "--root: Directory does not exist: /nowhere; \"tavctl --help\" tells what there is"},
+         "--root: Directory does not exist: /nowhere; \"tavctl doctor --help\" tells what there is"},
     };
     for (const auto &row : rows) {
         const Tavctl run(row.arguments);
@@ -140,8 +141,9 @@ TEST_F(CommandLine, HelpsOnEveryCommandThatAWordNames)
                   + Tavctl({"baseline", "check", "--help"}).output);
     const Tavctl unknown({"help", "catalogue", "checks"});
     EXPECT_EQ(unknown.exitCode, 2);
-    EXPECT_EQ(unknown.errors,
-              "tavctl: there is no command \"checks\" (nearest: check); \"tavctl --help\" tells what there is\n");
+    EXPECT_EQ(
+        unknown.errors,
+        "tavctl: there is no command \"checks\" (nearest: check); \"tavctl catalogue --help\" tells what there is\n");
 }
 
 TEST_F(CommandLine, AWrongCommandLineEndsWithTwo)

@@ -22,7 +22,7 @@ TEST(PlayCommand, SaysWhatItHasPlayedAndCompared)
     const ScenarioFile file(soundLines);
     const Tavctl run = play(file.path());
     EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
-    EXPECT_EQ(run.output, file.path() + ": 3 calls, 0.3 s of the scenario, 1 result compared\n");
+    EXPECT_EQ(run.output, file.path() + ": 3 calls, 0.300 s of the scenario, 1 result compared\n");
     EXPECT_EQ(run.errors, "");
 }
 
@@ -103,7 +103,7 @@ TEST(PlayCommand, PlaysWhatIsBeforeACutLineWhenTold)
     EXPECT_EQ(play(file.path()).exitCode, 1);
     const Tavctl run = play(file.path(), {"--speed", "max", "--partial"});
     EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
-    EXPECT_EQ(run.output, file.path() + ": 2 calls, 0.2 s of the scenario, without line 4, which is cut\n");
+    EXPECT_EQ(run.output, file.path() + ": 2 calls, 0.200 s of the scenario, without line 4, which is cut\n");
 }
 
 TEST(PlayCommand, ShowsThePageAtTheEnd)
@@ -137,7 +137,7 @@ TEST(PlayCommand, PlaysAtItsTimesAndFaster)
     timer.start();
     EXPECT_EQ(play(file.path(), {"--from", "100ms", "--speed", "0.5"}).exitCode, 0);
     EXPECT_GE(timer.elapsed(), 400);
-    EXPECT_EQ(play(file.path(), {"--until", "0.25s"}).output, file.path() + ": 2 calls, 0.2 s of the scenario\n");
+    EXPECT_EQ(play(file.path(), {"--until", "0.25s"}).output, file.path() + ": 2 calls, 0.200 s of the scenario\n");
 }
 
 TEST(PlayCommand, RefusesOptionsThatMakeNoSense)
@@ -156,7 +156,7 @@ TEST(PlayCommand, ReadsStandardInput)
 {
     const ScenarioFile file(soundLines);
     const Tavctl run({"play", "-", "--plugin", TAV_PLUGIN_FILE, "--speed", "max"}, file.path());
-    EXPECT_EQ(run.output, "-: 3 calls, 0.3 s of the scenario\n") << run.errors.toStdString();
+    EXPECT_EQ(run.output, "-: 3 calls, 0.300 s of the scenario\n") << run.errors.toStdString();
 }
 
 TEST(CallCommand, CanBeMadeBehindAScenario)

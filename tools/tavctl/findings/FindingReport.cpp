@@ -3,6 +3,7 @@
 #include "FindingFormats.h"
 #include "IgnoreFile.h"
 #include "Presentation.h"
+#include "TavCountedText.h"
 
 #include <algorithm>
 #include <utility>
@@ -88,13 +89,8 @@ QString countText(const Findings &findings)
             return finding.kind().severity == severity;
         });
         if (count > 0) {
-            counts.append(numbered(int(count), nameOf(severity)));
+            counts.append(countedText(count, nameOf(severity)));
         }
     }
-    return numbered(findings.size(), "finding") + ": " + counts.join(", ");
-}
-
-QString numbered(int count, const QString &noun)
-{
-    return QString("%1 %2%3").arg(count).arg(noun, QLatin1String(count == 1 ? "" : "s"));
+    return countedText(findings.size(), "finding") + ": " + counts.join(", ");
 }

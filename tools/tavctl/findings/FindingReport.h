@@ -66,6 +66,3 @@ void printFindingsHeading(const Findings &findings);
 
 /// "no findings", "1 finding", "2 findings: 1 error, 1 warning".
 QString countText(const Findings &findings);
-
-/// "1 file", "2 files".
-QString numbered(int count, const QString &noun);
