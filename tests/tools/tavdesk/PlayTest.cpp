@@ -19,6 +19,14 @@ const QByteArray threeStates = R"({"manager": "ITavNetControlMgr", "operation": 
 {"at": 2, "thread": "gui", "manager": "ITavNetControlMgr", "operation": "setState", "arguments": [{"state": 3}]}
 )";
 
+/// The same, with an hour from one to the next: what is played of them shows where the play began.
+const QByteArray distantStates
+    = R"({"manager": "ITavNetControlMgr", "operation": "setState", "arguments": [{"state": 1}]}
+{"at": 3600, "manager": "ITavNetControlMgr", "operation": "setState", "arguments": [{"state": 2}]}
+{"at": 7200, "manager": "ITavNetControlMgr", "operation": "setState", "arguments": [{"state": 3}]}
+)";
+constexpr qint64 hour = 3'600'000'000; // microseconds
+
 /// @brief The window with a scenario open.
 struct TestPlay : TestWindow {
     explicit TestPlay(const QByteArray &lines = threeStates) : file(lines)
@@ -106,6 +114,15 @@ TEST(Play, GoesToThePlaceOfTheSlider)
     EXPECT_TRUE(waitUntil([&] { return test.heldState() == 2; })) << "what is before is made at once";
     test.play().stop();
     EXPECT_TRUE(test.waitForState(State::Ready));
+}
+
+TEST(Play, MakesTheCallsBeforeAPlaceAlsoWhereItBeginsWithAStep)
+{
+    TestPlay test(distantStates);
+    test.play().seek(hour + 1);
+    test.play().step();
+    EXPECT_TRUE(test.waitForState(State::Ready)) << "the third call is the last";
+    EXPECT_EQ(test.heldState(), 3);
 }
 
 TEST(Play, StopsAndBeginsAgain)
