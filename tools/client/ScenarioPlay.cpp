@@ -144,7 +144,7 @@ void ScenarioPlay::begin(bool isPaused)
     }
     TavPlayOptions options;
     options.speed = m_speed;
-    options.from = m_position < m_survey.end ? m_position : 0;
+    options.from = m_position <= m_survey.end ? m_position : 0;
     options.isLooped = m_isLooped;
     options.isPaused = isPaused;
     options.observer = [this](const TavPlayedCall &call) { noteCall(call); };

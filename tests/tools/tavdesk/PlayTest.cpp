@@ -125,6 +125,15 @@ TEST(Play, MakesTheCallsBeforeAPlaceAlsoWhereItBeginsWithAStep)
     EXPECT_EQ(test.heldState(), 3);
 }
 
+TEST(Play, BeginsAtTheVeryEnd)
+{
+    TestPlay test(distantStates);
+    test.play().seek(2 * hour);
+    test.play().play();
+    EXPECT_TRUE(test.waitForState(State::Ready));
+    EXPECT_EQ(test.heldState(), 3);
+}
+
 TEST(Play, StopsAndBeginsAgain)
 {
     TestPlay test;
