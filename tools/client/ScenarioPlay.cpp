@@ -100,12 +100,13 @@ void ScenarioPlay::stop()
 
 void ScenarioPlay::seek(qint64 position)
 {
+    m_sought = position;
     if (m_state == State::Ready) {
         m_position = position;
         emit positionChanged();
     } else if (m_state == State::Playing || m_state == State::Paused) {
-        m_afterStop = [this, position, isPaused = m_state == State::Paused] {
-            m_position = position;
+        m_afterStop = [this, isPaused = m_state == State::Paused] {
+            m_position = m_sought;
             begin(isPaused);
         };
         stop();

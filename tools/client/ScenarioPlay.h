@@ -20,7 +20,7 @@ class ClientSession;
  * | step() | - | - | begins, paused, with one line | - | one line | - |
  * | pause() | - | - | - | Paused | - | - |
  * | stop() | - | gives up | - | Stopping | Stopping | - |
- * | seek() | - | - | moves | goes on there | begins there, paused | - |
+ * | seek() | - | - | moves | goes on there | begins there, paused | goes on there instead, if that was to come |
  *
  * Stopping ends by itself, once the calls under way have ended; nothing here waits. GUI thread.
  */
@@ -86,6 +86,7 @@ private:
     double m_speed = 1;
     bool m_isLooped = false;
     qint64 m_position = 0;
+    qint64 m_sought = 0; ///< the position that was asked for last
     qint64 m_lines = 0;
     std::function<void()> m_afterStop; ///< what was asked for while a play had to end first
     std::shared_ptr<std::atomic<bool>> m_isCancelled; ///< the reading of the file that is being opened

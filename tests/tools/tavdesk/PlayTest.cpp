@@ -134,6 +134,18 @@ TEST(Play, BeginsAtTheVeryEnd)
     EXPECT_EQ(test.heldState(), 3);
 }
 
+TEST(Play, GoesToTheLastOfThePlacesThatWereAskedForAtOnce)
+{
+    TestPlay test(distantStates);
+    test.play().step();
+    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 1; }));
+    test.play().seek(1);
+    test.play().seek(hour + 1);
+    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 2; }));
+    EXPECT_EQ(test.play().state(), State::Paused) << "as it was before";
+    EXPECT_EQ(test.play().position(), hour + 1);
+}
+
 TEST(Play, StopsAndBeginsAgain)
 {
     TestPlay test;
