@@ -150,6 +150,7 @@ void ScenarioPlay::begin(bool isPaused)
     options.isPaused = isPaused;
     options.observer = [this](const TavPlayedCall &call) { noteCall(call); };
     m_player = std::make_unique<TavScenarioPlayer>(m_session.host(), *m_file, options);
+    m_isPlayLooped = m_isLooped;
     setState(isPaused ? State::Paused : State::Playing);
     m_watch.start();
 }
@@ -157,10 +158,7 @@ void ScenarioPlay::begin(bool isPaused)
 void ScenarioPlay::watch()
 {
     const TavPlayReport report = m_player->progress();
-    m_position = qMax(report.at, m_position);
-    if (m_isLooped) {
-        m_position = report.at;
-    }
+    m_position = m_isPlayLooped ? report.at : qMax(report.at, m_position);
     m_lines = report.lines;
     emit positionChanged();
     if (m_player->isAtEnd()) {

@@ -85,6 +85,7 @@ private:
     ScenarioSurvey m_survey;
     double m_speed = 1;
     bool m_isLooped = false;
+    bool m_isPlayLooped = false; ///< the play under way
     qint64 m_position = 0;
     qint64 m_sought = 0; ///< the position that was asked for last
     qint64 m_lines = 0;

@@ -146,6 +146,17 @@ TEST(Play, GoesToTheLastOfThePlacesThatWereAskedForAtOnce)
     EXPECT_EQ(test.play().position(), hour + 1);
 }
 
+TEST(Play, BeginsAgainAtItsEndFromTheNextBeginningOnOnly)
+{
+    TestPlay test(distantStates);
+    test.play().seek(hour + 1);
+    test.play().play();
+    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 2; }));
+    test.play().setLooped(true);
+    QTest::qWait(200);
+    EXPECT_EQ(test.play().position(), hour + 1) << "it does not fall back to the call that was made last";
+}
+
 TEST(Play, StopsAndBeginsAgain)
 {
     TestPlay test;
