@@ -14,6 +14,13 @@ Tavctl play(const QString &file, const QStringList &options = {"--speed", "max",
 {
     return Tavctl(QStringList{"play", file, "--plugin", TAV_PLUGIN_FILE} + options);
 }
+
+/// Told to end after some seconds, as by the system that goes down.
+Tavctl interrupted(const QStringList &arguments)
+{
+    return Tavctl(arguments + QStringList{"--plugin", TAV_PLUGIN_FILE}, "/dev/null",
+                  {"timeout", "--preserve-status", "--signal=TERM", "3"});
+}
 }
 
 TEST(PlayCommand, SaysWhatItHasPlayedAndCompared)
@@ -145,6 +152,16 @@ TEST(PlayCommand, ReadsStandardInput)
     const ScenarioFile file(soundLines);
     const Tavctl run({"play", "-", "--plugin", TAV_PLUGIN_FILE, "--speed", "max"}, file.path());
     EXPECT_EQ(run.output, "-: 3 calls, 0.3 s of the scenario\n") << run.errors.toStdString();
+}
+
+TEST(PlayCommand, EndsWithOneWhenItIsInterrupted)
+{
+    const ScenarioFile file(soundLines + R"({"at": 3600, "page": "SubFunc_LogAudit"})");
+    const Tavctl run = interrupted({"play", file.path(), "--json"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.errors, "tavctl: " + file.path() + ": interrupted at 0.3 s of the scenario\n");
+    EXPECT_TRUE(run.json()["played"].toObject()["stopped"].toBool());
+    EXPECT_EQ(interrupted({"play", file.path(), "--loop"}).exitCode, 0) << "it has no other end";
 }
 
 TEST(CallCommand, CanBeMadeBehindAScenario)
