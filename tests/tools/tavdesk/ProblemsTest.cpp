@@ -126,7 +126,8 @@ TEST(Problems, TheCatalogueCannotBeRead)
 
 TEST(Problems, TheFindingsOfACatalogueWithPagesStandInTheMenu)
 {
-    const QByteArray iconTwice = R"([{"funcType": "Func_HostInfo", "funcTitle": "host", "funcIcon": "a", "funcIcon": "b",
+    const QByteArray iconTwice
+        = R"([{"funcType": "Func_HostInfo", "funcTitle": "host", "funcIcon": "a", "funcIcon": "b",
         "subFunList": [{"subFuncType": "SubFunc_LogAudit", "subFuncTitile": "log", "subFuncClassName": "Log"}]}])";
     const RootWithCatalogue root(iconTwice.toBase64());
     const TestWindow client(root.path());
