@@ -39,7 +39,8 @@ void requireReadAgain(const TavScenario::Line &line, const QJsonValue &returned)
         TavScenarioReader reader(buffer);
         TavScenario::Line again;
         require(reader.next(again) && reader.next(again), "what was called can be written and read again");
-        require(again.at == line.at && again.thread == line.thread && again.operation == line.operation,
+        require(again.at == line.at && again.thread == line.thread && again.manager == line.manager
+                    && again.operation == line.operation && again.arguments == line.arguments,
                 "what is read again is the same call");
         TavScenario::Difference difference;
         require(TavScenario::isAsExpected(again.returns, returned, difference),

@@ -35,8 +35,7 @@ STProtoDataContainer rowOf(const Tav::NetControl::NetDeviceInfo &device, int pos
 }
 }
 
-NetControlController::NetControlController(QObject *parent)
-    : QObject(parent), m_model(tavObject<ITavNetControlMgr>())
+NetControlController::NetControlController(QObject *parent) : QObject(parent), m_model(tavObject<ITavNetControlMgr>())
 {
     m_pageChanges = TavSubscription(eventFuncPageUpdate, this, [this](auto page) { pageSelected(page); });
 }

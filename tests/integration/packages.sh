@@ -15,9 +15,9 @@ fail() {
 [[ $# -ge 1 && $# -le 2 ]] || { sed -n '2,7p' "$0" | sed 's/^# \{0,1\}//'; exit 2; }
 [[ $(id -u) -eq 0 ]] || fail "takes root's rights"
 packages_dir=$(cd "$1" && pwd)
-broken_root=$(cd "$(dirname "${BASH_SOURCE[0]}")/../data/broken-root" && pwd)
+tests=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 architecture=$(dpkg --print-architecture)
-packages=("$packages_dir"/*_"$architecture".deb)
+packages=("$packages_dir"/*_"$architecture".deb "$packages_dir"/*_all.deb)
 [[ -f ${packages[0]} ]] || fail "$packages_dir holds no package for $architecture; build them with ./dev package"
 
 work=$(mktemp -d)
@@ -81,11 +81,12 @@ echo "packages: tavctl run: $(wc -l <"$work/run.txt") lines"
 # An integrator's check: clean on the demo, every planted mistake on the broken root (the tool's own tests say which).
 inside tavctl doctor --root /usr/share/tavsec/demo || fail "tavctl doctor finds fault with the demo"
 rm -rf "$root/root/broken-root"
-cp -r "$broken_root" "$root/root/broken-root"
+cp -r "$tests/data/broken-root" "$root/root/broken-root"
 status=0
 inside tavctl doctor --root /root/broken-root >"$work/doctor.txt" || status=$?
 cat "$work/doctor.txt"
-[[ $status -eq 1 && $(tail -n 1 "$work/doctor.txt") == "5 parts checked, 51 findings: 40 errors, 11 warnings" ]] ||
+summary=$(sed -n 's/.*QString summary = "\(.*\)";.*/\1/p' "$tests/tools/tavctl/DoctorCommandTest.cpp")
+[[ $status -eq 1 && $(tail -n 1 "$work/doctor.txt") == "$summary" ]] ||
     fail "tavctl doctor does not find the planted mistakes"
 # shellcheck disable=SC2016  # that shell expands it
 [[ $(inside bash -c 'source /usr/share/bash-completion/completions/tavctl
@@ -98,6 +99,12 @@ done
 inside sh -c 'apt-get install -y -q --no-install-recommends g++ cmake make pkgconf /root/packages/*.deb'
 inside cp -r /usr/share/doc/tav-data-plugin-dev/examples/page-plugin /root/page-plugin ||
     fail "the example is not installed; does this system's dpkg leave /usr/share/doc out?"
+inside test -s /usr/share/doc/tav-data-plugin-doc/html/index.html || fail "the reference is not installed"
+# The window with the page of a new project.
+inside sh -c 'cd /root && rm -rf Devices && tavctl new-page Devices --page SubFunc_serverResourceInfo \
+    --root /usr/share/tavsec/demo && cmake -S Devices -B Devices/build && cmake --build Devices/build &&
+    ctest --test-dir Devices/build --output-on-failure --no-tests=error &&
+    tavdesk --root /usr/share/tavsec/demo --page Devices/build/libDevicesPlugin.so --pictures /root/Devices/pictures'
 for page in page-plugin-guide compatibility architecture scenarios; do
     inside test -s "/usr/share/doc/tav-data-plugin-dev/$page.md" || fail "$page.md is not installed"
 done
@@ -111,8 +118,17 @@ inside /root/page-plugin/build/page-preview /root/page-plugin/libNetControlPageP
 [[ -s $root/root/page-plugin/pkg-config.png ]] || fail "the page built with pkg-config has drawn nothing"
 [[ $(inside pkg-config --cflags tav-data-plugin) == *-UNDEBUG* ]] || fail "pkg-config does not pass -UNDEBUG on"
 
+# A newer library alone takes nothing away but what is compiled against the older one.
+newer=$work/newer
+dpkg-deb -R "$packages_dir"/libtavcommon1_*_"$architecture".deb "$newer"
+sed -i 's/^Version: .*/&+newer/' "$newer/DEBIAN/control"
+chmod 755 "$newer"
+dpkg-deb --root-owner-group -b "$newer" "$root/root/packages/newer.deb" >/dev/null
+inside apt-get install -s -q --no-install-recommends /root/packages/newer.deb | tee "$work/newer.txt"
+! grep -E '^Remv (tav-data-plugin|tavctl|tavdesk) ' "$work/newer.txt" || fail "a newer library removes what it serves"
+
 # What was installed goes without a trace.
-names=(tavctl tav-data-plugin tav-data-plugin-dev libtavcommon1)
+mapfile -t names < <(for package in "${packages[@]}"; do dpkg-deb -f "$package" Package; done)
 mapfile -t installed < <(inside dpkg -L "${names[@]}" | grep -i tav)
 [[ ${#installed[@]} -gt 50 ]] || fail "the packages hold ${#installed[@]} files"
 inside apt-get purge -y -q "${names[@]}"

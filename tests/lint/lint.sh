@@ -52,6 +52,6 @@ qt_test_verdicts() {
 check clang-tidy tidy
 check clazy clazy
 check "verdicts of Qt Test" qt_test_verdicts
-check codespell codespell --ignore-words-list chage --skip 'build,.git,*.png,*.xz,corpus,*.json' .
+check codespell codespell --ignore-words-list chage,nam --skip 'build,.git,*.png,*.xz,corpus,*.json' .
 check shellcheck shellcheck "${scripts[@]}"
 exit "$findings"

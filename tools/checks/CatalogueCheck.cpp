@@ -3,9 +3,11 @@
 #include "Base64Text.h"
 #include "CTavFuncTypeHeader.h"
 #include "CTavSubFuncTypeHeader.h"
+#include "InstallationPaths.h"
 #include "SchemaCheck.h"
 #include "TavJsonPath.h"
 
+#include <QFileInfo>
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -302,8 +304,10 @@ Findings checkCatalogue(const QString &file, const QByteArray &content)
 
 Findings checkCatalogueOrText(const QString &file, const QByteArray &content)
 {
-    return Base64Text::isJsonText(content) ? checkText(file, content, TavJsonText(content))
-                                           : checkCatalogue(file, content);
+    // Under the installed name the plugin reads the file itself, and takes it for Base64.
+    const bool isInstalled = QFileInfo(file).fileName() == QFileInfo(InstallationPaths::catalogue()).fileName();
+    return Base64Text::isJsonText(content) && !isInstalled ? checkText(file, content, TavJsonText(content))
+                                                           : checkCatalogue(file, content);
 }
 
 Findings checkIcons(const QString &file, const QByteArray &content, const PictureFiles &pictures)

@@ -10,5 +10,6 @@ Findings checkCatalogue(const QString &file, const QByteArray &content);
 /// The icons of the catalogue that none of @p pictures has the name of.
 Findings checkIcons(const QString &file, const QByteArray &content, const PictureFiles &pictures);
 
-/// The same for a file that may also be the JSON text from which the Base64 text is made.
+/// The same for a file that may also be the JSON text from which the Base64 text is made, unless it has the name of the
+/// installed catalogue.
 Findings checkCatalogueOrText(const QString &file, const QByteArray &content);

@@ -156,7 +156,7 @@ FixedFile fixedFile(const QString &file, const QByteArray &content,
     }
     result.json = result.isEncodedAnew ? json : result.isBase64 ? Base64Text::decoded(content) : content;
     Edits edits(result.json);
-    const Findings inText = check(file, result.json);
+    const Findings inText = check({}, result.json); // as a text, whatever a file of this name has to be
     for (const Finding &finding : inText) {
         if (!isIgnored(finding) && edits.add(finding)) {
             result.fixed.append(finding);

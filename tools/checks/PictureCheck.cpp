@@ -22,7 +22,7 @@ QFileInfo targetOf(const QString &file)
 {
     const QString path = pathWithinRoot(file);
     if (path.isEmpty()) {
-        return QFileInfo(QFileInfo(file).canonicalFilePath());
+        return {QFileInfo(file).canonicalFilePath()};
     }
     const RootedPath at = followInRoot(path);
     return at.error == 0 ? QFileInfo(at.file()) : QFileInfo();

@@ -23,7 +23,7 @@ public:
     };
 
     /// Holds at most @p mostEntries, and at most @p mostBytes unless the newest entry alone takes more.
-    explicit BoundedLog(qint64 mostBytes = 64 << 20, int mostEntries = 20'000)
+    explicit BoundedLog(qint64 mostBytes = 64 << 20, int mostEntries = 20000)
         : m_mostBytes(mostBytes), m_mostEntries(std::size_t(mostEntries))
     {
     }

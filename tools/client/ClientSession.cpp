@@ -39,8 +39,10 @@ QStringList filesOf(const QStringList &names)
 ClientSession::ClientSession(const QString &plugin, const QString &root)
     : m_lines(newLogLines())
     , m_host(withRoot(root, plugin))
-    , m_worker(QT_TRANSLATE_NOOP("ClientSession", "page on a thread"), "page", [this](const PageDelivery &delivery) { takeDelivery(delivery); })
-    , m_window(QT_TRANSLATE_NOOP("ClientSession", "window"), {}, [this](const PageDelivery &delivery) { takeDelivery(delivery); })
+    , m_worker(QT_TRANSLATE_NOOP("ClientSession", "page on a thread"), "page",
+               [this](const PageDelivery &delivery) { takeDelivery(delivery); })
+    , m_window(QT_TRANSLATE_NOOP("ClientSession", "window"), {},
+               [this](const PageDelivery &delivery) { takeDelivery(delivery); })
     , m_opening(eventFuncPageUpdate, this, [this](auto page) { emit pageChanged(page); })
 {
     determineHeldValues();

@@ -36,6 +36,7 @@ void ScenarioPlay::open(const QString &file, Opened opened)
     m_survey = {};
     m_survey.file = file;
     m_position = 0;
+    m_hasEnded = false;
     m_lines = 0;
     setState(State::Opening);
     m_reader.run([file, isCancelled = m_isCancelled] { return surveyScenario(file, *isCancelled); },
@@ -100,12 +101,14 @@ void ScenarioPlay::stop()
 
 void ScenarioPlay::seek(qint64 position)
 {
+    m_sought = position;
+    m_hasEnded = false;
     if (m_state == State::Ready) {
         m_position = position;
         emit positionChanged();
     } else if (m_state == State::Playing || m_state == State::Paused) {
-        m_afterStop = [this, position, isPaused = m_state == State::Paused] {
-            m_position = position;
+        m_afterStop = [this, isPaused = m_state == State::Paused] {
+            m_position = m_sought;
             begin(isPaused);
         };
         stop();
@@ -144,12 +147,15 @@ void ScenarioPlay::begin(bool isPaused)
     }
     TavPlayOptions options;
     options.speed = m_speed;
-    m_position = m_position < m_survey.end ? m_position : 0; // at the end: anew
+    if (std::exchange(m_hasEnded, false)) {
+        m_position = 0; // anew
+    }
     options.from = m_position;
     options.isLooped = m_isLooped;
     options.isPaused = isPaused;
     options.observer = [this](const TavPlayedCall &call) { noteCall(call); };
     m_player = std::make_unique<TavScenarioPlayer>(m_session.host(), *m_file, options);
+    m_isPlayLooped = m_isLooped;
     setState(isPaused ? State::Paused : State::Playing);
     m_watch.start();
 }
@@ -157,10 +163,7 @@ void ScenarioPlay::begin(bool isPaused)
 void ScenarioPlay::watch()
 {
     const TavPlayReport report = m_player->progress();
-    m_position = qMax(report.at, m_position);
-    if (m_isLooped) {
-        m_position = report.at;
-    }
+    m_position = m_isPlayLooped ? report.at : qMax(report.at, m_position);
     m_lines = report.lines;
     emit positionChanged();
     if (m_player->isAtEnd()) {
@@ -182,6 +185,7 @@ void ScenarioPlay::finish()
         emit failed(file, QString::fromUtf8(report.error->what()));
     } else if (!report.isStopped) {
         m_position = m_survey.end;
+        m_hasEnded = true;
         emit positionChanged();
         emit ended();
     }

@@ -20,7 +20,7 @@ class ClientSession;
  * | step() | - | - | begins, paused, with one line | - | one line | - |
  * | pause() | - | - | - | Paused | - | - |
  * | stop() | - | gives up | - | Stopping | Stopping | - |
- * | seek() | - | - | moves | goes on there | begins there, paused | - |
+ * | seek() | - | - | moves | goes on there | begins there, paused | goes on there instead, if that was to come |
  *
  * Stopping ends by itself, once the calls under way have ended; nothing here waits. GUI thread.
  */
@@ -85,7 +85,10 @@ private:
     ScenarioSurvey m_survey;
     double m_speed = 1;
     bool m_isLooped = false;
+    bool m_isPlayLooped = false; ///< the play under way
     qint64 m_position = 0;
+    bool m_hasEnded = false; ///< at its end by itself: the next play begins at the beginning
+    qint64 m_sought = 0; ///< the position that was asked for last
     qint64 m_lines = 0;
     std::function<void()> m_afterStop; ///< what was asked for while a play had to end first
     std::shared_ptr<std::atomic<bool>> m_isCancelled; ///< the reading of the file that is being opened

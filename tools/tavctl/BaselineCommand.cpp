@@ -93,8 +93,10 @@ ExitCode checkBaselineFiles(const BaselineCheckOptions &options)
         roots.append(root);
     }
     roots.removeDuplicates();
-    report.print(
-        QString("%1 checked with the scripts below %2").arg(countedText(options.files.size(), "file"), roots.join(", "))
-        + fixing.summary());
-    return report.exitCode();
+    if (fixing.checked() > 0) {
+        report.print(
+            QString("%1 checked with the scripts below %2").arg(countedText(fixing.checked(), "file"), roots.join(", "))
+            + fixing.summary());
+    }
+    return fixing.exitCode(report);
 }

@@ -48,8 +48,10 @@ ExitCode checkCatalogueFiles(const CatalogueCheckOptions &options)
     for (const QString &file : options.files) {
         fixing.check(file, checkCatalogueOrText, report);
     }
-    report.print(countedText(options.files.size(), "file") + " checked" + fixing.summary());
-    return report.exitCode();
+    if (fixing.checked() > 0) {
+        report.print(countedText(fixing.checked(), "file") + " checked" + fixing.summary());
+    }
+    return fixing.exitCode(report);
 }
 
 ExitCode encodeCatalogue(const CatalogueEncodeOptions &options)

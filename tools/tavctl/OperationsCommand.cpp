@@ -90,10 +90,7 @@ Before playBefore(const CallOptions &options, TavPluginHost &host)
         }
     };
     const TavPlayReport report = playFile(host, options.after, play);
-    if (report.error) {
-        printMistake(options.after, *report.error);
-    }
-    return {!report.error, hasSetValue};
+    return {isWhole(options.after, report), hasSetValue};
 }
 }
 

@@ -29,12 +29,19 @@ Page pageOfKey(const QString &key)
     }
 }
 
+/// The time in the scenario of the last call.
+QString seconds(const TavPlayReport &report)
+{
+    return QString::number(double(report.at) / TavScenario::microsecondsInSecond);
+}
+
 QJsonObject reportJson(const TavPlayReport &report)
 {
     QJsonObject json{{"calls", report.lines},
                      {"compared", report.checked},
                      {"seconds", double(report.at) / TavScenario::microsecondsInSecond},
-                     {"cutLine", report.cutLine}};
+                     {"cutLine", report.cutLine},
+                     {"stopped", report.isStopped}};
     if (report.error) {
         json.insert("line", report.error->line());
         json.insert("path", report.error->path());
@@ -59,8 +66,7 @@ QJsonArray allPages()
 void printReport(const PlayOptions &options, const TavPlayReport &report)
 {
     QString text = QString("%1: %2, %3 s of the scenario")
-                       .arg(printable(options.file), countedText(report.lines, "call"))
-                       .arg(seconds(report.at));
+                       .arg(printable(options.file), countedText(report.lines, "call"), seconds(report));
     if (options.check) {
         text += QString(", %1 compared").arg(countedText(report.checked, "result"));
     }
@@ -68,6 +74,15 @@ void printReport(const PlayOptions &options, const TavPlayReport &report)
         text += QString(", without line %1, which is cut").arg(report.cutLine);
     }
     printLine(text);
+}
+
+void printMistake(const QString &file, const TavScenarioError &error)
+{
+    const QStringList lines = (file + ": " + error.what()).split('\n');
+    std::cerr << "tavctl: ";
+    for (const QString &line : lines) {
+        std::cerr << printable(line).toStdString() << '\n';
+    }
 }
 
 TavPlayOptions playOptions(const PlayOptions &options)
@@ -106,13 +121,17 @@ TavPlayReport playFile(TavPluginHost &host, const QString &file, const TavPlayOp
     return player.wait();
 }
 
-void printMistake(const QString &file, const TavScenarioError &error)
+bool isWhole(const QString &file, const TavPlayReport &report)
 {
-    const QStringList lines = (file + ": " + error.what()).split('\n');
-    std::cerr << "tavctl: ";
-    for (const QString &line : lines) {
-        std::cerr << printable(line).toStdString() << '\n';
+    if (report.error) {
+        printMistake(file, *report.error);
+    } else if (report.isStopped) {
+        std::cerr
+            << "tavctl: "
+            << printable(QString("%1: interrupted at %2 s of the scenario").arg(file, seconds(report))).toStdString()
+            << '\n';
     }
+    return !report.error && !report.isStopped;
 }
 
 ExitCode play(const PlayOptions &options)
@@ -133,9 +152,6 @@ ExitCode play(const PlayOptions &options)
             printValues(valuesOf(page), 0);
         }
     }
-    if (report.error) {
-        printMistake(options.file, *report.error);
-        return ExitCode::Findings;
-    }
-    return ExitCode::Success;
+    const bool isEndless = options.loop && !report.error; // to be interrupted is its only end
+    return isEndless || isWhole(options.file, report) ? ExitCode::Success : ExitCode::Findings;
 }

@@ -25,5 +25,5 @@ ExitCode play(const PlayOptions &options);
 /// report.
 TavPlayReport playFile(TavPluginHost &host, const QString &file, const TavPlayOptions &options);
 
-/// Writes to standard error what has ended a play of @p file.
-void printMistake(const QString &file, const TavScenarioError &error);
+/// Whether a play of @p file has come to the end of it; says on standard error why not.
+bool isWhole(const QString &file, const TavPlayReport &report);

@@ -8,7 +8,6 @@
 #include <QDir>
 
 #include <cstdlib>
-#include <iostream>
 #include <unistd.h>
 
 namespace
@@ -64,8 +63,7 @@ private:
     static void tell()
     {
         if (watched) {
-            std::cerr << "tavctl: " << printable(*watched).toStdString()
-                      << ": ends the process that loads it; install another build of the plugin\n";
+            printError(*watched + ": ends the process that loads it; install another build of the plugin");
             _exit(int(ExitCode::NotLoadable));
         }
     }

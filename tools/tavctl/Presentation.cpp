@@ -24,6 +24,11 @@ void printLine(const QString &text)
     std::cout << text.toStdString() << '\n';
 }
 
+void printError(const QString &text)
+{
+    std::cerr << "tavctl: " << printable(text).toStdString() << '\n';
+}
+
 void printHeading(const QString &text)
 {
     printLine(QLatin1Char('\n') + styled("1", text));

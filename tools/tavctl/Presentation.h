@@ -6,6 +6,9 @@
 /// Writes @p text and a line end to standard output, in UTF-8.
 void printLine(const QString &text);
 
+/// Writes @p text and a line end to standard error, behind the program's name.
+void printError(const QString &text);
+
 /// Writes an empty line and @p text as a heading.
 void printHeading(const QString &text);
 

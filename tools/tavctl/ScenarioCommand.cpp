@@ -171,8 +171,7 @@ ExitCode printScenarioEnd(const ScenarioEndOptions &options)
         end.note(call.line.manager, call.line.operation, call.line.arguments);
     };
     const TavPlayReport report = playFile(host, options.file, play);
-    if (report.error) {
-        printMistake(options.file, *report.error);
+    if (!isWhole(options.file, report)) {
         return ExitCode::Findings;
     }
     end.read(

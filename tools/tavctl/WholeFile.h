@@ -6,8 +6,8 @@
 /// Reading and writing a file in one go; "-" is standard input or output.
 namespace WholeFile
 {
-/// Puts the file's content into @p content. Returns why that is not possible, nothing when it was. InputFile tells which
-/// files are read.
+/// Puts the file's content into @p content. Returns why that is not possible, nothing when it was. InputFile tells
+/// which files are read.
 QString tryRead(const QString &file, QByteArray &content);
 
 /// The file's content. Throws ToolError when it cannot be read.

@@ -1,5 +1,5 @@
 #include "CommandLine.h"
-#include "TextTable.h"
+#include "Presentation.h"
 
 #include <QCoreApplication>
 
@@ -16,7 +16,7 @@ ExitCode flushed(ExitCode code)
     if (std::cout) {
         return code;
     }
-    std::cerr << "tavctl: standard output: cannot be written\n";
+    printError("standard output: cannot be written");
     return ExitCode::Usage;
 }
 
@@ -40,7 +40,7 @@ int main(int argc, char **argv) // NOLINT(bugprone-exception-escape)
     try {
         return static_cast<int>(flushed(actionOf(argc, argv)()));
     } catch (const ToolError &error) {
-        std::cerr << "tavctl: " << printable(QString::fromUtf8(error.what())).toStdString() << '\n';
+        printError(QString::fromUtf8(error.what()));
         return static_cast<int>(error.code());
     }
 }

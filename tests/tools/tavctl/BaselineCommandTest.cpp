@@ -68,6 +68,15 @@ TEST_F(BaselineCommand, SaysWhereATextCeasesToBeJsonAndWhy)
     }
 }
 
+TEST_F(BaselineCommand, ChecksTheOtherFilesWhenOneCannotBeRead)
+{
+    const QString file = put("baseline", "{}");
+    const Tavctl run({"baseline", "check", directory.path(), file, "--root", brokenRoot});
+    EXPECT_EQ(run.errors, "tavctl: " + directory.path() + ": not a regular file\n");
+    EXPECT_TRUE(run.output.startsWith(file + ":1:1: error: TAV113: ")) << run.output.toStdString();
+    EXPECT_EQ(run.exitCode, 2);
+}
+
 TEST_F(BaselineCommand, TellsEveryItemThatAnotherOneOverwrites)
 {
     const QString items = put("baseline", R"({"enableConfig": [{"itemId": 7}, {"itemId": 0}, {"itemId": 7},

@@ -79,6 +79,27 @@ TEST_F(CatalogueCommand, ChecksSeveralFilesAndJsonTextsAsTheyAre)
     EXPECT_EQ(run.exitCode, 1);
 }
 
+TEST_F(CatalogueCommand, ChecksTheOtherFilesWhenOneCannotBeRead)
+{
+    const QString file = put("base64", QByteArray("[]").toBase64());
+    const Tavctl run({"catalogue", "check", "/nowhere", file});
+    EXPECT_EQ(run.errors, "tavctl: /nowhere: there is no such file\n");
+    EXPECT_TRUE(run.output.startsWith(file + ":1:1: error: TAV204: ")) << run.output.toStdString();
+    EXPECT_TRUE(run.output.endsWith("\n1 file checked, 1 finding: 1 error\n")) << run.output.toStdString();
+    EXPECT_EQ(run.exitCode, 2);
+}
+
+TEST_F(CatalogueCommand, WantsBase64UnderTheInstalledName)
+{
+    const QString file = put("etc/funcTypeConfig.json", onePage);
+    const Tavctl run({"catalogue", "check", file});
+    EXPECT_TRUE(run.output.startsWith(file + ":1:1: error: TAV107: ")) << run.output.toStdString();
+    EXPECT_EQ(run.exitCode, 1);
+    put("etc/funcTypeConfig.json", QByteArray(onePage).replace("funcTitle", "functitle").toBase64());
+    EXPECT_EQ(Tavctl({"catalogue", "check", "--fix", file}).output, "1 file checked, 1 fixed, no findings\n")
+        << "the text inside is no file of this name";
+}
+
 TEST_F(CatalogueCommand, PassesOverWhatThePluginDoesNotReadEither)
 {
     // Of an entry without a type the plugin reads no pages, so the parent named here is none.

@@ -15,6 +15,13 @@ Tavctl play(const QString &file, const QStringList &options = {"--speed", "max",
 {
     return Tavctl(QStringList{"play", file, "--plugin", TAV_PLUGIN_FILE} + options);
 }
+
+/// Told to end after some seconds, as by the system that goes down.
+Tavctl interrupted(const QStringList &arguments)
+{
+    return Tavctl(arguments + QStringList{"--plugin", TAV_PLUGIN_FILE}, "/dev/null",
+                  {"timeout", "--preserve-status", "--signal=TERM", "3"});
+}
 }
 
 TEST(PlayCommand, SaysWhatItHasPlayedAndCompared)
@@ -159,6 +166,16 @@ TEST(PlayCommand, ReadsStandardInput)
     EXPECT_EQ(run.output, "-: 3 calls, 0.300 s of the scenario\n") << run.errors.toStdString();
 }
 
+TEST(PlayCommand, EndsWithOneWhenItIsInterrupted)
+{
+    const ScenarioFile file(soundLines + R"({"at": 3600, "page": "SubFunc_LogAudit"})");
+    const Tavctl run = interrupted({"play", file.path(), "--json"});
+    EXPECT_EQ(run.exitCode, 1);
+    EXPECT_EQ(run.errors, "tavctl: " + file.path() + ": interrupted at 0.3 s of the scenario\n");
+    EXPECT_TRUE(run.json()["played"].toObject()["stopped"].toBool());
+    EXPECT_EQ(interrupted({"play", file.path(), "--loop"}).exitCode, 0) << "it has no other end";
+}
+
 TEST(CallCommand, CanBeMadeBehindAScenario)
 {
     const ScenarioFile file(soundLines);
@@ -236,10 +253,12 @@ TEST(ScenarioCommand, PrintsLinesThatCheckTheEnd)
     const ScenarioFile file(lines);
     const Tavctl end({"scenario", "end", file.path(), "--plugin", TAV_PLUGIN_FILE});
     EXPECT_EQ(end.exitCode, 0) << end.errors.toStdString();
+    EXPECT_TRUE(end.bytes.contains(R"("operation":"getDeviceInfo","returns":{"devices":[]}})"))
+        << end.bytes.toStdString();
     const ScenarioFile checked(lines + end.bytes);
     const Tavctl played = play(checked.path());
     EXPECT_EQ(played.exitCode, 0) << played.errors.toStdString();
-    EXPECT_TRUE(played.output.endsWith(", 82 results compared\n")) << played.output.toStdString();
+    EXPECT_TRUE(played.output.endsWith(", 65 results compared\n")) << played.output.toStdString();
 
     const QByteArray key = R"({"arguments":[true,3],"manager":"ITavAccessControlMgr","operation":"getObjectCount")";
     const ScenarioFile changed(lines

@@ -19,6 +19,14 @@ const QByteArray threeStates = R"({"manager": "ITavNetControlMgr", "operation": 
 {"at": 2, "thread": "gui", "manager": "ITavNetControlMgr", "operation": "setState", "arguments": [{"state": 3}]}
 )";
 
+/// The same, with an hour from one to the next: what is played of them shows where the play began.
+const QByteArray distantStates
+    = R"({"manager": "ITavNetControlMgr", "operation": "setState", "arguments": [{"state": 1}]}
+{"at": 3600, "manager": "ITavNetControlMgr", "operation": "setState", "arguments": [{"state": 2}]}
+{"at": 7200, "manager": "ITavNetControlMgr", "operation": "setState", "arguments": [{"state": 3}]}
+)";
+constexpr qint64 hour = 3'600'000'000; // microseconds
+
 /// @brief The window with a scenario open.
 struct TestPlay : TestWindow {
     explicit TestPlay(const QByteArray &lines = threeStates) : file(lines)
@@ -106,6 +114,47 @@ TEST(Play, GoesToThePlaceOfTheSlider)
     EXPECT_TRUE(waitUntil([&] { return test.heldState() == 2; })) << "what is before is made at once";
     test.play().stop();
     EXPECT_TRUE(test.waitForState(State::Ready));
+}
+
+TEST(Play, MakesTheCallsBeforeAPlaceAlsoWhereItBeginsWithAStep)
+{
+    TestPlay test(distantStates);
+    test.play().seek(hour + 1);
+    test.play().step();
+    EXPECT_TRUE(test.waitForState(State::Ready)) << "the third call is the last";
+    EXPECT_EQ(test.heldState(), 3);
+}
+
+TEST(Play, BeginsAtTheVeryEnd)
+{
+    TestPlay test(distantStates);
+    test.play().seek(2 * hour);
+    test.play().play();
+    EXPECT_TRUE(test.waitForState(State::Ready));
+    EXPECT_EQ(test.heldState(), 3);
+}
+
+TEST(Play, GoesToTheLastOfThePlacesThatWereAskedForAtOnce)
+{
+    TestPlay test(distantStates);
+    test.play().step();
+    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 1; }));
+    test.play().seek(1);
+    test.play().seek(hour + 1);
+    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 2; }));
+    EXPECT_EQ(test.play().state(), State::Paused) << "as it was before";
+    EXPECT_EQ(test.play().position(), hour + 1);
+}
+
+TEST(Play, BeginsAgainAtItsEndFromTheNextBeginningOnOnly)
+{
+    TestPlay test(distantStates);
+    test.play().seek(hour + 1);
+    test.play().play();
+    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 2; }));
+    test.play().setLooped(true);
+    QTest::qWait(200);
+    EXPECT_EQ(test.play().position(), hour + 1) << "it does not fall back to the call that was made last";
 }
 
 TEST(Play, StopsAndBeginsAgain)

@@ -85,7 +85,7 @@ TEST(Problems, APagePluginIsRefused)
     auto *const box = window->findChild<QMessageBox *>();
     ASSERT_TRUE(box);
     EXPECT_EQ(box->text().toStdString(), "/nonexistent/page.so is not shown");
-    EXPECT_EQ(box->informativeText().toStdString(), "There is no such file.\nName the page plugin's file.");
+    EXPECT_EQ(box->informativeText().toStdString(), "There is no such file.\nInstall the plugin, or name its file.");
 }
 
 TEST(Problems, ThereIsNoCatalogue)
@@ -126,7 +126,8 @@ TEST(Problems, TheCatalogueCannotBeRead)
 
 TEST(Problems, TheFindingsOfACatalogueWithPagesStandInTheMenu)
 {
-    const QByteArray iconTwice = R"([{"funcType": "Func_HostInfo", "funcTitle": "host", "funcIcon": "a", "funcIcon": "b",
+    const QByteArray iconTwice
+        = R"([{"funcType": "Func_HostInfo", "funcTitle": "host", "funcIcon": "a", "funcIcon": "b",
         "subFunList": [{"subFuncType": "SubFunc_LogAudit", "subFuncTitile": "log", "subFuncClassName": "Log"}]}])";
     const RootWithCatalogue root(iconTwice.toBase64());
     const TestWindow client(root.path());

@@ -47,6 +47,22 @@ FileFixing::FileFixing(Fixing fixing, const QStringList &files) : m_fixing(fixin
 
 void FileFixing::check(const QString &file, Check check, FindingReport &report)
 {
+    try {
+        mendAndCheck(file, check, report);
+        ++m_checked;
+    } catch (const ToolError &error) {
+        printError(QString::fromUtf8(error.what()));
+        m_isAnyLeftOut = true;
+    }
+}
+
+ExitCode FileFixing::exitCode(const FindingReport &report) const
+{
+    return m_isAnyLeftOut ? ExitCode::Usage : report.exitCode();
+}
+
+void FileFixing::mendAndCheck(const QString &file, Check check, FindingReport &report)
+{
     const QString directory = QFileInfo(file).path();
     QByteArray content = WholeFile::read(file);
     if (m_fixing != Fixing::None) {

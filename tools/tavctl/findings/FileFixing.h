@@ -18,13 +18,27 @@ public:
     /// Throws ToolError when standard input, which is no file, is to be mended.
     FileFixing(Fixing fixing, const QStringList &files);
 
-    /// Adds to @p report what @p check finds in @p file, once it is mended. Throws ToolError.
+    /// Adds to @p report what @p check finds in @p file, once it is mended. What keeps it from that is a line on
+    /// standard error.
     void check(const QString &file, Check check, FindingReport &report);
+
+    /// The number of files that were checked.
+    int checked() const
+    {
+        return m_checked;
+    }
+
+    /// That of @p report, unless a file could not be checked.
+    ExitCode exitCode(const FindingReport &report) const;
 
     /// Behind the number of files in the last line: ", 2 fixed"; empty for none.
     QString summary() const;
 
 private:
+    void mendAndCheck(const QString &file, Check check, FindingReport &report);
+
     const Fixing m_fixing;
     int m_fixed = 0;
+    int m_checked = 0;
+    bool m_isAnyLeftOut = false;
 };

@@ -22,12 +22,31 @@ struct CallPanel::Outcome {
     QJsonValue result;
     QString text; ///< the result, or its beginning
     int letters = 0; ///< of the whole text
+    bool canBeEdited = true; ///< it is short enough for a field, and so are its lines
     QString problem;
 };
 
 namespace
 {
 constexpr int mostLetters = 1 << 20; // that are shown; the view takes its time for more
+
+constexpr int longestLine = 4096; // a single long one takes the view seconds
+
+/// @p text with its long lines broken.
+QString withShortLines(const QString &text)
+{
+    QString lines;
+    int length = 0; // of the line
+    for (const QChar letter : text) {
+        length = letter == QLatin1Char('\n') ? 0 : length + 1;
+        if (length > longestLine) {
+            lines += QLatin1Char('\n');
+            length = 1;
+        }
+        lines += letter;
+    }
+    return lines;
+}
 
 using Arguments = std::function<QJsonArray()>; // throws when what stands in the fields is no JSON
 
@@ -39,15 +58,16 @@ Outcome outcomeOf(ClientSession &session, const QString &manager, const QString 
     try {
         Outcome outcome;
         outcome.result = session.call(manager, operation, arguments());
-        outcome.text = QString::fromUtf8(ValueText::write(outcome.result));
-        outcome.letters = outcome.text.size();
-        if (outcome.letters > mostLetters) {
-            outcome.text.truncate(mostLetters);
+        const QString text = QString::fromUtf8(ValueText::write(outcome.result));
+        outcome.letters = text.size();
+        outcome.text = withShortLines(text.left(mostLetters));
+        outcome.canBeEdited = outcome.text == text;
+        if (!outcome.canBeEdited) {
             outcome.result = {};
         }
         return outcome;
     } catch (const std::exception &error) {
-        return {{}, {}, 0, QString::fromUtf8(error.what())};
+        return {{}, {}, 0, true, QString::fromUtf8(error.what())};
     }
 }
 
@@ -189,7 +209,7 @@ void CallPanel::fillInHeld()
             if (m_list->currentRow() != row || m_operations[row].name != setter) {
                 return; // something else was chosen meanwhile
             }
-            if (outcome.letters > mostLetters) {
+            if (!outcome.canBeEdited) {
                 showProblem(tr("What is held has %L1 letters, too many to be edited here.").arg(outcome.letters));
             } else {
                 m_form->setValue(0, outcome.result);

@@ -460,7 +460,7 @@ TEST_F(ModelPageWindow, CopiesTheSelectedRows)
     QTest::keySequence(rows, QKeySequence::Copy);
     ASSERT_TRUE(QTest::qWaitFor([] { return !QApplication::clipboard()->text().isEmpty(); }));
     const QStringList lines = QApplication::clipboard()->text().split('\n');
-    ASSERT_EQ(lines.size(), 2);
+    ASSERT_EQ(lines.size(), 2) << lines.join("|").toStdString();
     EXPECT_TRUE(lines[1].startsWith("checked\ttwo\t")) << lines[1].toStdString();
 }
 
