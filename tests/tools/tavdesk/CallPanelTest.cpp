@@ -185,9 +185,11 @@ TEST(CallPanel, CallsNothingWhenAnOperationIsChosen)
     TestCalls client;
     client.choose("ITavNetControlMgr", "setState(");
     auto *const list = client.named<QListWidget>("Operations");
+    auto *const first = client.named<QPlainTextEdit>("state");
+    ASSERT_TRUE(waitUntil([first] { return first->isVisible(); }));
     list->setFocus();
     QTest::keyClick(list, Qt::Key_Return);
-    EXPECT_EQ(QApplication::focusWidget(), client.named<QPlainTextEdit>("state"));
+    EXPECT_EQ(QApplication::focusWidget(), first);
     client.choose("ITavNetControlMgr", "getState(");
     list->setFocus();
     QTest::keyClick(list, Qt::Key_Return);

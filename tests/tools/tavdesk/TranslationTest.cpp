@@ -19,9 +19,10 @@
 #include <QPushButton>
 #include <QRegularExpression>
 #include <QSet>
-#include <QTableView>
+#include <QTableWidget>
 #include <QTabWidget>
 #include <QTranslator>
+#include <QVBoxLayout>
 #include <QXmlStreamReader>
 
 namespace
@@ -106,8 +107,9 @@ QVector<ShownText> textsOf(const QWidget &window)
 /// of the catalogue, which is Chinese.
 bool isData(const QString &text)
 {
-    static const QRegularExpression data(R"(^(ITav\w+(::\w+)?|[a-z][\w.]*|JSON|/.*|.*\(.*\) returns .*|.*\p{Han}.*)$)",
-                                         QRegularExpression::UseUnicodePropertiesOption);
+    static const QRegularExpression data(
+        R"(^((ITav|SubFunc_)\w+(::\w+)?|[a-z][\w.]*|JSON|/.*|.*\(.*\) returns .*|.*\p{Han}.*)$)",
+        QRegularExpression::UseUnicodePropertiesOption);
     return data.match(text).hasMatch();
 }
 
@@ -161,7 +163,9 @@ QStringList cutTexts(const QWidget &window)
     };
     const QList<QWidget *> widgets = window.findChildren<QWidget *>();
     for (const QWidget *const widget : widgets) {
-        if (!widget->isVisible() || widget->visibleRegion().isEmpty()) {
+        const auto *const header = qobject_cast<const QHeaderView *>(widget);
+        const QWidget *const seen = header ? header->viewport() : widget; // which covers it
+        if (!seen->isVisible() || seen->visibleRegion().isEmpty()) {
             continue;
         }
         if (const auto *const label = qobject_cast<const QLabel *>(widget)) {
@@ -173,7 +177,7 @@ QStringList cutTexts(const QWidget &window)
                 const int needed = tabs->fontMetrics().size(Qt::TextShowMnemonic, tabs->tabText(i)).width();
                 take(tabs->tabRect(i).width() >= needed, tabs->tabText(i));
             }
-        } else if (const auto *const header = qobject_cast<const QHeaderView *>(widget)) {
+        } else if (header) {
             for (int i = 0; header->orientation() == Qt::Horizontal && header->model() && i < header->count(); ++i) {
                 const QString text = header->model()->headerData(i, Qt::Horizontal).toString();
                 take(header->sectionSize(i) >= header->fontMetrics().horizontalAdvance(text), text);
@@ -287,6 +291,24 @@ TEST(Translation, ReachesEveryTextOfTheWindow)
         look(*problem);
     }
     QCoreApplication::removeTranslator(&marking);
+}
+
+TEST(Translation, ACutTextIsSeen)
+{
+    QWidget window;
+    auto *const label = new QLabel("the text of a label");
+    auto *const button = new QPushButton("the text of a button");
+    auto *const table = new QTableWidget(1, 1);
+    table->setHorizontalHeaderLabels({"the title of a column"});
+    table->setColumnWidth(0, 20);
+    auto *const layout = new QVBoxLayout(&window);
+    for (QWidget *const widget : std::initializer_list<QWidget *>{label, button, table}) {
+        layout->addWidget(widget);
+        widget->setMaximumWidth(40);
+    }
+    window.show();
+    EXPECT_TRUE(QTest::qWaitForWindowExposed(&window));
+    EXPECT_EQ(cutTexts(window), (QStringList{"the text of a label", "the text of a button", "the title of a column"}));
 }
 
 TEST(Translation, IsNotCutOff)

@@ -454,8 +454,10 @@ TEST_F(ModelPageWindow, CopiesTheSelectedRows)
     manager<ITavProtectMgr>().setProtectUIData({protection("one"), protection("two", true)});
     open(Types::SubFunc_SelfProtect);
     QTableView *const rows = table("Protections");
-    rows->selectRow(1);
-    rows->selectionModel()->select(rows->model()->index(0, 0), QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    for (const int row : {1, 0}) {
+        rows->selectionModel()->select(rows->model()->index(row, 0),
+                                       QItemSelectionModel::Select | QItemSelectionModel::Rows);
+    }
     QApplication::clipboard()->clear();
     QTest::keySequence(rows, QKeySequence::Copy);
     ASSERT_TRUE(QTest::qWaitFor([] { return !QApplication::clipboard()->text().isEmpty(); }));
