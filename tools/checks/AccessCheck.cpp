@@ -71,3 +71,13 @@ Findings checkAccess(const QStringList &paths)
     }
     return findings;
 }
+
+Findings checkProcessFiles()
+{
+    return QFile::exists("/proc/self/stat")
+        ? Findings()
+        : Findings{Finding::ofFile(FindingCode::NoProcessFiles, "/proc", "is not mounted",
+                                   "nothing is known of processes, memory and devices, which is not to say that there "
+                                   "are none",
+                                   R"(mount it with "mount -t proc proc /proc")")};
+}

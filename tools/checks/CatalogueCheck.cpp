@@ -5,6 +5,7 @@
 #include "CTavSubFuncTypeHeader.h"
 #include "SchemaCheck.h"
 #include "TavJsonPath.h"
+#include "TavObjectMgr.h"
 
 #include <QHash>
 #include <QJsonArray>
@@ -268,6 +269,30 @@ void checkIconsOf(const QJsonArray &functions, const QString &path, const QSet<Q
     }
 }
 
+/// The pages of the functions, and of those nested in them, whose controller is none of @p controllers.
+void checkControllersOf(const QJsonArray &functions, const QString &path, const QStringList &controllers,
+                        Findings &findings)
+{
+    for (int i = 0; i < functions.size(); ++i) {
+        const QJsonObject function = functions[i].toObject();
+        const QString functionPath = TavJson::elementPath(path, i);
+        const QJsonArray pages = function["subFunList"].toArray();
+        for (int j = 0; j < pages.size(); ++j) {
+            const QString name = pages[j]["subFuncClassName"].toString();
+            if (!name.trimmed().isEmpty() && !pages[j]["disable"].toBool()
+                && !controllers.contains(tavManagerKey(name.toUtf8().constData()).name)) {
+                findings.append(
+                    Finding::ofValue(FindingCode::PageWithoutController,
+                                     TavJson::elementPath(functionPath + "/subFunList", j) + "/subFuncClassName",
+                                     "no page plugin registers the controller \"" + name + '"',
+                                     "the page cannot be opened, unless the client itself has the controller",
+                                     "install the plugin of the page, or correct the name"));
+            }
+        }
+        checkControllersOf(function["funcList"].toArray(), functionPath + "/funcList", controllers, findings);
+    }
+}
+
 /// @p findings in the order of @p text, each with the place in the file that holds it as @p base64, too.
 Findings inBase64(Findings findings, const QByteArray &base64, const TavJsonText &text)
 {
@@ -278,6 +303,16 @@ Findings inBase64(Findings findings, const QByteArray &base64, const TavJsonText
             = places.at(qMax(0, text.error().isEmpty() ? text.rangeOf(finding.path).offset : text.errorOffset()));
     }
     return findings;
+}
+
+/// @p findings, which are in the order of @p text, with the file and their places in it.
+Findings placed(Findings findings, const QString &file, const QByteArray &base64, const TavJsonText &text)
+{
+    for (Finding &finding : findings) {
+        finding.file = file;
+        finding.place = text.placeOf(finding.path);
+    }
+    return inBase64(findings, base64, text);
 }
 }
 
@@ -305,9 +340,13 @@ Findings checkIcons(const QString &file, const QByteArray &content, const Pictur
     const TavJsonText text(Base64Text::decoded(content));
     Findings findings;
     checkIconsOf(text.document().toArray(), {}, names, findings);
-    for (Finding &finding : findings) {
-        finding.file = file;
-        finding.place = text.placeOf(finding.path);
-    }
-    return inBase64(findings, content, text);
+    return placed(findings, file, content, text);
+}
+
+Findings checkControllers(const QString &file, const QByteArray &content, const QStringList &controllers)
+{
+    const TavJsonText text(Base64Text::decoded(content));
+    Findings findings;
+    checkControllersOf(text.document().toArray(), {}, controllers, findings);
+    return placed(findings, file, content, text);
 }

@@ -1,6 +1,7 @@
 #include "PictureCheck.h"
 
 #include "DecoderMessages.h"
+#include "FileOwner.h"
 #include "RootedPath.h"
 
 #include <QDir>
@@ -173,8 +174,8 @@ void checkContent(const PictureFile &picture, Findings &findings)
         return;
     }
     if (!file.isReadable()) {
-        found(FindingCode::NotReadable, QString("cannot be read; it belongs to the user %1").arg(file.ownerId()),
-              "what it holds is not known", "look at it as a user who may read it");
+        found(FindingCode::NotReadable, "cannot be read; " + ownerText(file.filePath()), "what it holds is not known",
+              "look at it as a user who may read it");
         return;
     }
     const DecoderMessages messages;
@@ -224,8 +225,8 @@ Finding findingOn(const PassedOver &entry)
         return found("a picture directory without pictures", "pages find nothing in it",
                      "put pictures there, or remove it");
     case FindingCode::NotReadable:
-        return found(QString("cannot be listed; it belongs to the user %1").arg(QFileInfo(entry.file).ownerId()),
-                     "what it holds is not known", "look at it as a user who may");
+        return found("cannot be listed; " + ownerText(entry.file), "what it holds is not known",
+                     "look at it as a user who may");
     default:
         return found("not a regular file", passedOver, "put a PNG picture in its place");
     }

@@ -4,6 +4,7 @@
 #include "BaselineCheck.h"
 #include "BaselineList.h"
 #include "CatalogueCheck.h"
+#include "FileOwner.h"
 #include "InstallationPaths.h"
 #include "PictureCheck.h"
 #include "PluginCheck.h"
@@ -45,10 +46,10 @@ ConfigurationFile readConfiguration(const QString &path, const QString &effectOf
     const QFileInfo file(at.file());
     const bool isForbidden = at.error == EACCES || (at.error == 0 && file.isFile() && !file.isReadable());
     if (isForbidden) {
-        read.findings.append(Finding::ofFile(
-            FindingCode::NotReadable, read.file,
-            QString("cannot be read: %1; it belongs to the user %2").arg(qt_error_string(EACCES)).arg(file.ownerId()),
-            "what it holds is not known", "look at it as a user who may read it"));
+        read.findings.append(
+            Finding::ofFile(FindingCode::NotReadable, read.file,
+                            "cannot be read: " + qt_error_string(EACCES) + "; " + ownerText(file.filePath()),
+                            "what it holds is not known", "look at it as a user who may read it"));
         return read;
     }
     const QString error = WholeFile::tryRead(file.filePath(), read.content);
@@ -57,23 +58,6 @@ ConfigurationFile readConfiguration(const QString &path, const QString &effectOf
                                              "put it there, or name another system root with --root"));
     }
     return read;
-}
-
-/// The files that the agent runs and the client loads, by their paths.
-QStringList guardedPaths(const QByteArray &baseline, const QString &plugin)
-{
-    QStringList paths{InstallationPaths::catalogue(), InstallationPaths::baseline(), InstallationPaths::scripts(),
-                      InstallationPaths::pictures()};
-    const QJsonArray items = BaselineList::itemsOf(QJsonDocument::fromJson(baseline).object());
-    for (const QJsonValue &item : items) {
-        paths.append(InstallationPaths::scripts() + item["checkValueScript"].toString());
-    }
-    const QString root = QFileInfo(TavCommonUtils::pathInSystemRoot("/")).absoluteFilePath();
-    const QString inside = root == "/" ? QString() : root;
-    if (plugin.startsWith(inside + '/')) {
-        paths.append(plugin.mid(inside.size()));
-    }
-    return paths;
 }
 
 /// Pictures that lie beside the picture directories.
@@ -111,8 +95,7 @@ Findings checkPictureDirectories(const PictureFiles &pictures, bool isAny)
     const QString path = TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures());
     const QDir directory(followInRoot(InstallationPaths::pictures()).file());
     if (directory.exists() && !directory.isReadable()) {
-        return {Finding::ofFile(FindingCode::NotReadable, path,
-                                QString("cannot be listed; it belongs to the user %1").arg(QFileInfo(path).ownerId()),
+        return {Finding::ofFile(FindingCode::NotReadable, path, "cannot be listed; " + ownerText(directory.path()),
                                 "what it holds is not known", "look at it as a user who may")};
     }
     const Findings none{Finding::ofFile(
@@ -126,23 +109,89 @@ Findings checkPictureDirectories(const PictureFiles &pictures, bool isAny)
 struct Plugin {
     QString file;
     QString origin; ///< why it is that one, where that is not plain
+    Findings findings; ///< on its name
 };
+
+/// The file in the client's plugin directory that is the data plugin under another name; empty when there is none.
+QString misnamedPlugin()
+{
+    const QString className = TavPluginHost::factsOf(InstallationPaths::pluginBesideProgram()).className;
+    const QFileInfoList files
+        = QDir(followInRoot(InstallationPaths::plugins()).file()).entryInfoList(QDir::Files, QDir::Name);
+    for (const QFileInfo &file : files) {
+        if (!className.isEmpty() && TavPluginHost::factsOf(file.absoluteFilePath()).className == className) {
+            return file.absoluteFilePath();
+        }
+    }
+    return {};
+}
 
 Plugin pluginFor(const DoctorOptions &options)
 {
     if (!options.plugin.isEmpty()) {
-        return {options.plugin, {}};
+        return {options.plugin, {}, {}};
     }
     if (options.root == "/") {
-        return {InstallationPaths::pluginBesideProgram(), {}};
+        return {InstallationPaths::pluginBesideProgram(), {}, {}};
     }
     const QString installed = InstallationPaths::plugin();
+    const QString misnamed = installed.isEmpty() ? misnamedPlugin() : QString();
+    if (!misnamed.isEmpty()) {
+        return {misnamed,
+                {},
+                {Finding::ofFile(FindingCode::PluginOfOtherName, misnamed, "the data plugin under another name",
+                                 "the client does not find it and has none of the managers",
+                                 "rename it to libTavDataPlugin.so")}};
+    }
     return installed.isEmpty()
-        ? Plugin{InstallationPaths::pluginBesideProgram(), "none below " + options.root + "; beside tavctl"}
-        : Plugin{installed, {}};
+        ? Plugin{InstallationPaths::pluginBesideProgram(), "none below " + options.root + "; beside tavctl", {}}
+        : Plugin{installed, {}, {}};
 }
 
-void printInstallation(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin)
+/// What may be the page plugins of the installation.
+QStringList pagePlugins(const QString &dataPlugin)
+{
+    QStringList files;
+    const QFileInfoList entries
+        = QDir(followInRoot(InstallationPaths::plugins()).file()).entryInfoList({"*.so"}, QDir::Files, QDir::Name);
+    for (const QFileInfo &entry : entries) {
+        if (entry.canonicalFilePath() != QFileInfo(dataPlugin).canonicalFilePath()) {
+            files.append(entry.absoluteFilePath());
+        }
+    }
+    return files;
+}
+
+/// The files that the agent runs and the client loads, by their paths.
+QStringList guardedPaths(const QByteArray &baseline, const QString &plugin)
+{
+    QStringList paths{InstallationPaths::catalogue(), InstallationPaths::baseline(), InstallationPaths::scripts(),
+                      InstallationPaths::pictures()};
+    const QJsonArray items = BaselineList::itemsOf(QJsonDocument::fromJson(baseline).object());
+    for (const QJsonValue &item : items) {
+        paths.append(InstallationPaths::scripts() + item["checkValueScript"].toString());
+    }
+    const QString root = QFileInfo(TavCommonUtils::pathInSystemRoot("/")).absoluteFilePath();
+    const QString inside = root == "/" ? QString() : root;
+    const QStringList plugins = QStringList{plugin} + pagePlugins(plugin);
+    for (const QString &file : plugins) {
+        if (file.startsWith(inside + '/')) {
+            paths.append(file.mid(inside.size()));
+        }
+    }
+    return paths;
+}
+
+/// What was not looked at of a plugin, or otherwise than the client would; empty for nothing.
+QString limitsOf(const DoctorOptions &options)
+{
+    return !options.loads     ? "not loaded: its libraries and managers were not looked at"
+        : options.root != "/" ? "loaded with the libraries of this system"
+                              : "";
+}
+
+void printInstallation(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin,
+                       const QString &limits)
 {
     printHeading("Installation");
     TextTable table({{"part"}, {"place", TextTable::Left, 120}, {"state"}});
@@ -151,13 +200,14 @@ void printInstallation(const QVector<Part> &parts, const Plugin &chosen, const T
     }
     table.print();
     if (!plugin.identifier.isEmpty()) {
-        printLine(printable(QString("plugin: %1%2, built with Qt %3 for %4")
+        printLine(printable(QString("plugin: %1%2, built with Qt %3 for %4%5")
                                 .arg(chosen.origin.isEmpty() ? QString() : chosen.origin + ": ", plugin.identifier,
-                                     plugin.qtVersion, plugin.machine)));
+                                     plugin.qtVersion, plugin.machine, limits.isEmpty() ? QString() : "; " + limits)));
     }
 }
 
-QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin)
+QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin,
+                       const QString &limits)
 {
     QJsonArray rows;
     for (const Part &part : parts) {
@@ -168,7 +218,8 @@ QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const T
              QJsonObject{{"origin", chosen.origin},
                          {"identifier", plugin.identifier},
                          {"qtVersion", plugin.qtVersion},
-                         {"machine", plugin.machine}}}};
+                         {"machine", plugin.machine},
+                         {"limits", limits}}}};
 }
 }
 
@@ -184,17 +235,23 @@ ExitCode doctor(const DoctorOptions &options)
     const auto foundIn = [](const ConfigurationFile &file, auto check) {
         return file.findings.isEmpty() ? check(file.file, file.content) : file.findings;
     };
-    const auto checkCatalogueWithIcons = [&](const QString &file, const QByteArray &content) {
+    const Findings ofPlugin = options.loads ? checkPlugin(plugin.file) : checkPluginUnloaded(plugin.file);
+    const PagesTried pages
+        = options.loads && ofPlugin.isEmpty() ? tryPagePlugins(plugin.file, pagePlugins(plugin.file)) : PagesTried();
+    const auto checkCatalogueWithOthers = [&](const QString &file, const QByteArray &content) {
         return checkCatalogue(file, content)
-            + (directories.isEmpty() ? Findings() : checkIcons(file, content, pictures));
+            + (directories.isEmpty() ? Findings() : checkIcons(file, content, pictures))
+            + (pages.controllers.isEmpty() ? Findings() : checkControllers(file, content, pages.controllers));
     };
     const QVector<Part> parts{
-        {"plugin", plugin.file, options.loads ? checkPlugin(plugin.file) : checkPluginUnloaded(plugin.file)},
-        {"catalogue", catalogue.file, foundIn(catalogue, checkCatalogueWithIcons)},
+        {"plugin", plugin.file, plugin.findings + ofPlugin + pages.findings},
+        {"catalogue", catalogue.file, foundIn(catalogue, checkCatalogueWithOthers)},
         {"baseline", baseline.file, foundIn(baseline, checkBaseline)},
         {"pictures", TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures()),
          checkPictureDirectories(pictures, !directories.isEmpty())},
-        {"permissions", options.root, checkAccess(guardedPaths(baseline.content, plugin.file))},
+        {"permissions", options.root,
+         checkAccess(guardedPaths(baseline.content, plugin.file))
+             + (options.root == "/" ? checkProcessFiles() : Findings())},
     };
     FindingReport report(options.findings);
     for (const Part &part : parts) {
@@ -202,9 +259,9 @@ ExitCode doctor(const DoctorOptions &options)
     }
     const TavPluginFacts facts = TavPluginHost::factsOf(plugin.file);
     if (report.showsText()) {
-        printInstallation(parts, plugin, facts);
+        printInstallation(parts, plugin, facts, limitsOf(options));
         printFindingsHeading(report.findings());
     }
-    report.print(numbered(parts.size(), "part") + " checked", documentOf(parts, plugin, facts));
+    report.print(numbered(parts.size(), "part") + " checked", documentOf(parts, plugin, facts, limitsOf(options)));
     return report.exitCode();
 }
