@@ -13,6 +13,7 @@
 #include <QElapsedTimer>
 #include <QJsonDocument>
 #include <qtestsupport_core.h>
+#include <QThread>
 #include <QTimer>
 
 #include <gtest/gtest.h>

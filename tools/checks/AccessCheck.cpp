@@ -48,7 +48,8 @@ Findings findingsOn(const RootedPath &path, Use use, uid_t rootOwner)
                                         R"(take the right away with "chmod go-w")"));
     }
     if (status.st_uid != 0 && status.st_uid != rootOwner) {
-        findings.append(Finding::ofFile(FindingCode::OwnedByStranger, path.file(), belongsTo(QFileInfo(path.file())),
+        findings.append(Finding::ofFile(FindingCode::OwnedByStranger, path.file(),
+                                        QString("belongs to the user %1").arg(status.st_uid),
                                         "this user decides what the client shows and the agent runs",
                                         R"(give it to the administrator with "chown root")"));
     }
@@ -80,4 +81,14 @@ Findings checkAccess(const QStringList &paths)
         check(directory, Use::PassedThrough);
     }
     return findings;
+}
+
+Findings checkProcessFiles()
+{
+    return QFile::exists("/proc/self/stat")
+        ? Findings()
+        : Findings{Finding::ofFile(FindingCode::NoProcessFiles, "/proc", "is not mounted",
+                                   "nothing is known of processes, memory and devices, which is not to say that there "
+                                   "are none",
+                                   R"(mount it with "mount -t proc proc /proc")")};
 }

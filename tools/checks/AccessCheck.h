@@ -8,3 +8,6 @@
 /// within the system root, and the directories in which they, and the links on the way to them, are looked up: the root
 /// is the first of these. Paths that lead nowhere are passed over, the directories that they go through are not.
 Findings checkAccess(const QStringList &paths);
+
+/// Whether this machine's state can be read at all.
+Findings checkProcessFiles();

@@ -3,6 +3,7 @@
 #include "Base64Text.h"
 #include "BaselineList.h"
 #include "BaselineScript.h"
+#include "FileOwner.h"
 #include "InstallationPaths.h"
 #include "RootedPath.h"
 #include "SchemaCheck.h"
@@ -109,11 +110,12 @@ Findings checkScripts(const QJsonArray &items, const QSet<QString> &wrongPaths)
     const RootedPath directory = followInRoot(InstallationPaths::scripts());
     if (directory.error != 0 && !items.isEmpty()) {
         const bool isHidden = directory.error == EACCES;
-        return {Finding::ofValue(isHidden ? FindingCode::NotReadable : FindingCode::NoScriptDirectory, "/enableConfig",
-                                 QString(R"(the script directory "%1" %2)")
-                                     .arg(TavCommonUtils::pathInSystemRoot(InstallationPaths::scripts()),
-                                          isHidden ? "cannot be seen; " + directory.ownerText() : "does not exist"),
-                                 "no item can be checked", "put it there, or name another system root with --root")};
+        return {
+            Finding::ofValue(isHidden ? FindingCode::NotReadable : FindingCode::NoScriptDirectory, "/enableConfig",
+                             QString(R"(the script directory "%1" %2)")
+                                 .arg(TavCommonUtils::pathInSystemRoot(InstallationPaths::scripts()),
+                                      isHidden ? "cannot be seen; " + ownerText(directory.file()) : "does not exist"),
+                             "no item can be checked", "put it there, or name another system root with --root")};
     }
     Findings findings;
     QHash<QString, QVector<ScriptFlaw>> flawsOf;

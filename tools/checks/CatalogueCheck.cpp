@@ -6,6 +6,7 @@
 #include "InstallationPaths.h"
 #include "SchemaCheck.h"
 #include "TavJsonPath.h"
+#include "TavObjectMgr.h"
 
 #include <QFileInfo>
 #include <QHash>
@@ -280,6 +281,36 @@ void checkIconsOf(const QJsonArray &functions, const QString &path, const QSet<Q
     }
 }
 
+/// The pages that the plugin reads, of nested functions, too, whose controller is none of @p controllers.
+void checkControllersOf(const QJsonArray &functions, const QString &path, const QStringList &controllers,
+                        Findings &findings)
+{
+    for (int i = 0; i < functions.size(); ++i) {
+        const QJsonObject function = functions[i].toObject();
+        const QString functionPath = TavJson::elementPath(path, i);
+        if (!function.contains("funcType")) {
+            continue;
+        }
+        if (!function.contains("subFunList")) {
+            checkControllersOf(function["funcList"].toArray(), functionPath + "/funcList", controllers, findings);
+            continue;
+        }
+        const QJsonArray pages = function["subFunList"].toArray();
+        for (int j = 0; j < pages.size(); ++j) {
+            const QString name = pages[j]["subFuncClassName"].toString();
+            if (!name.trimmed().isEmpty() && !pages[j]["disable"].toBool()
+                && !controllers.contains(tavManagerKey(name.toUtf8().constData()).name)) {
+                findings.append(
+                    Finding::ofValue(FindingCode::PageWithoutController,
+                                     TavJson::elementPath(functionPath + "/subFunList", j) + "/subFuncClassName",
+                                     "no page plugin registers the controller \"" + name + '"',
+                                     "the page cannot be opened, unless the client itself has the controller",
+                                     "install the plugin of the page, or correct the name"));
+            }
+        }
+    }
+}
+
 /// @p findings in the order of @p text, each with the place in the file that holds it as @p base64, too.
 Findings inBase64(Findings findings, const QByteArray &base64, const TavJsonText &text)
 {
@@ -319,5 +350,13 @@ Findings checkIcons(const QString &file, const QByteArray &content, const Pictur
     const TavJsonText text(Base64Text::decoded(content));
     Findings findings;
     checkIconsOf(text.document().toArray(), {}, names, findings);
+    return inBase64(placed(findings, file, text), content, text);
+}
+
+Findings checkControllers(const QString &file, const QByteArray &content, const QStringList &controllers)
+{
+    const TavJsonText text(Base64Text::decoded(content));
+    Findings findings;
+    checkControllersOf(text.document().toArray(), {}, controllers, findings);
     return inBase64(placed(findings, file, text), content, text);
 }

@@ -130,6 +130,10 @@ const std::vector<FindingKind> &findingKinds()
          "a client that goes up to the first comes to no end.",
          R"({"subFuncType": "SubFunc_LogAudit", …, "realParentType": "SubFunc_LogAudit"})",
          R"({"subFuncType": "SubFunc_LogAudit", …, "realParentType": "SubFunc_SelfProtect"})"},
+        {Code::PageWithoutController, Severity::Warning, "a page whose controller nobody installs",
+         "There are page plugins in the installation, and none of them registers the controller that the page names. "
+         "Nothing is said where there are none, since the client may bring the controllers itself.",
+         R"("subFuncClassName": "ITavHostInfoControler")", R"("subFuncClassName": "ITavHostInfoController")"},
 
         {Code::IdTwice, Severity::Error, "one id twice",
          "The plugin keeps the check items by their ids, the last of each. What is no id counts as 0.",
@@ -276,6 +280,14 @@ const std::vector<FindingKind> &findingKinds()
          "which "
          "that was tried was ended.",
          "a loop without end", "registers the fifteen managers"},
+        {Code::PluginNotTried, Severity::Note, "a plugin that cannot be tried here",
+         "The plugin was built for the machine of the system root, which is another one than this. Whether it can be "
+         "loaded there and registers its managers is not known.",
+         "a system root for AArch64, checked on x86-64", "the same, checked on AArch64"},
+        {Code::PluginOfOtherName, Severity::Error, "a plugin with a wrong name",
+         "The client looks for libTavDataPlugin.so. In its place there is a file of another name that is the data "
+         "plugin.",
+         "/opt/tavsec/plugins/TavDataPlugin.so", "/opt/tavsec/plugins/libTavDataPlugin.so"},
         {Code::NoConfigurationFile, Severity::Error, "a missing configuration file",
          "An installation has a catalogue and a list of check items.", "/etc/tavsec.d/",
          "/etc/tavsec.d/funcTypeConfig.json"},
@@ -292,6 +304,9 @@ const std::vector<FindingKind> &findingKinds()
         {Code::OwnedByStranger, Severity::Error, "owned by a stranger",
          "The owner is neither the administrator nor the owner of the whole system root.", "-rw-r--r-- guest",
          "-rw-r--r-- root"},
+        {Code::NoProcessFiles, Severity::Error, "no files of processes",
+         "/proc is not mounted on the machine that is checked. What pages show of it is read there.", "/proc/",
+         "/proc/, with \"mount -t proc proc /proc\""},
     };
     return kinds;
 }

@@ -47,6 +47,7 @@ enum class FindingCode {
     IconNotAName,
     NoVisiblePage,
     ParentInCircle,
+    PageWithoutController,
 
     IdTwice = 301, // 3xx: the list of check items
     NoCheckItem,
@@ -97,11 +98,14 @@ enum class FindingCode {
     PluginWithOtherManagers,
     PluginCrashes,
     PluginHangs,
+    PluginNotTried,
+    PluginOfOtherName,
     NoConfigurationFile = 620,
 
     NotReadable = 701, // 7xx: permissions
     WritableByOthers,
     OwnedByStranger,
+    NoProcessFiles,
 };
 
 /// @brief What all findings with one code have in common. docs/findings.md is made of it.

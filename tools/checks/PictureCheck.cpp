@@ -1,6 +1,7 @@
 #include "PictureCheck.h"
 
 #include "DecoderMessages.h"
+#include "FileOwner.h"
 #include "RootedPath.h"
 
 #include <QDir>
@@ -210,7 +211,7 @@ void checkContent(const PictureFile &picture, Findings &findings)
         return;
     }
     if (!file.isReadable()) {
-        found(FindingCode::NotReadable, "cannot be read; it " + belongsTo(file), "what it holds is not known",
+        found(FindingCode::NotReadable, "cannot be read; " + ownerText(file.filePath()), "what it holds is not known",
               "look at it as a user who may read it");
         return;
     }
@@ -261,7 +262,7 @@ Finding findingOn(const PassedOver &entry)
         return found("a picture directory without pictures", "pages find nothing in it",
                      "put pictures there, or remove it");
     case FindingCode::NotReadable:
-        return found("cannot be listed; it " + belongsTo(entry.itself), "what it holds is not known",
+        return found("cannot be listed; " + ownerText(entry.itself.filePath()), "what it holds is not known",
                      "look at it as a user who may");
     default:
         return found("not a regular file", passedOver, "put a PNG picture in its place");

@@ -1,10 +1,13 @@
 #include "PluginCheck.h"
 
+#include "ElfFile.h"
+#include "FileOwner.h"
+#include "RootedPath.h"
 #include "TavPluginHost.h"
 
 #include <QDataStream>
 #include <QElapsedTimer>
-#include <QFile>
+#include <QFileInfo>
 
 #include <cerrno>
 #include <csignal>
@@ -54,7 +57,7 @@ FindingCode codeOf(TavPluginError::Kind kind)
         return FindingCode::PluginWithOtherManagers;
     case Kind::Exception: // nobody in a client catches it
         return FindingCode::PluginCrashes;
-    case Kind::NoPages: // said of page plugins only
+    case Kind::NoPages: // no finding: it may be another kind of plugin
         break;
     }
     Q_UNREACHABLE();
@@ -64,14 +67,33 @@ constexpr qint64 secondsToLoad = 10;
 
 Finding findingOf(const TavPluginError &error)
 {
-    return Finding::ofFile(codeOf(error.kind()), error.file(), error.problem(), error.effect(), pluginAdvice(error));
+    const QString owner
+        = error.kind() == TavPluginError::Kind::NotReadable ? "; " + ownerText(error.file()) : QString();
+    return Finding::ofFile(codeOf(error.kind()), error.file(), error.problem() + owner, error.effect(),
+                           pluginAdvice(error));
+}
+
+/// Whether @p file is for the machine of the system root, going by the root's shell.
+bool isForRoot(const QString &file)
+{
+    const QString shell = followInRoot("/bin/sh").file();
+    if (!QFileInfo(shell).isFile()) {
+        return false;
+    }
+    const ElfFile program(shell);
+    const ElfFile::Machine machine = ElfFile(file).machine();
+    const ElfFile::Machine own = program.machine();
+    return program.hasMark() && machine.number == own.number && machine.bits == own.bits
+        && machine.isBigEndian == own.isBigEndian;
 }
 
 /// @brief A process of its own, in which the plugin is loaded: what it does there ends with it.
 class LoadingProcess
 {
 public:
-    explicit LoadingProcess(QString file) : m_file(std::move(file))
+    /// Loads the data plugin @p file and then @p page, or the former alone.
+    explicit LoadingProcess(QString file, QString page = {})
+        : m_dataPlugin(std::move(file)), m_page(std::move(page)), m_file(m_page.isEmpty() ? m_dataPlugin : m_page)
     {
         int ends[2] = {-1, -1};
         if (pipe2(ends, O_CLOEXEC) != 0) {
@@ -92,7 +114,7 @@ public:
 
     Q_DISABLE_COPY(LoadingProcess)
 
-    /// Waits for its end. To be called once.
+    /// Waits for its end. To be called once; the page's controllers are known then.
     Findings findings()
     {
         const bool isInTime = waitForEnd();
@@ -111,7 +133,7 @@ public:
         QString problem;
         QString effect;
         QString advice;
-        stream >> code >> problem >> effect >> advice;
+        stream >> code >> problem >> effect >> advice >> m_controllers;
         if (stream.status() != QDataStream::Ok) { // the child did not come to the end of load()
             const bool isCrash = WIFSIGNALED(status);
             return {Finding::ofFile(FindingCode::PluginCrashes, m_file,
@@ -124,6 +146,12 @@ public:
         return code == 0 ? Findings() : Findings{Finding::ofFile(FindingCode(code), m_file, problem, effect, advice)};
     }
 
+    /// The registry keys of what the page plugin registers.
+    QStringList controllers() const
+    {
+        return m_controllers;
+    }
+
 private:
     /// In the child: writes what it has found to @p output, the code 0 for nothing.
     [[noreturn]] void load(int output)
@@ -131,17 +159,25 @@ private:
         const int nowhere = open("/dev/null", O_WRONLY); // what the plugin prints is no part of the report
         dup2(nowhere, STDOUT_FILENO);
         dup2(nowhere, STDERR_FILENO);
-        QByteArray bytes;
-        QDataStream stream(&bytes, QIODevice::WriteOnly);
+        Finding finding{};
+        QStringList keys;
         try {
-            const TavPluginHost host(m_file);
-            stream << 0 << QString() << QString() << QString();
+            TavPluginHost host(m_dataPlugin);
+            const QVector<TavRegistration> pages
+                = m_page.isEmpty() ? QVector<TavRegistration>() : host.loadPages(m_page);
+            for (const TavRegistration &page : pages) {
+                keys.append(page.key.name);
+            }
         } catch (const TavPluginError &error) {
-            const Finding finding = findingOf(error);
-            stream << int(finding.code) << finding.problem << finding.effect << finding.advice;
+            if (error.kind() != TavPluginError::Kind::NoPages) {
+                finding = findingOf(error);
+            }
         }
         QFile file;
         file.open(output, QIODevice::WriteOnly | QIODevice::Unbuffered);
+        QByteArray bytes;
+        QDataStream(&bytes, QIODevice::WriteOnly)
+            << int(finding.code) << finding.problem << finding.effect << finding.advice << keys;
         file.write(bytes);
         _exit(0);
     }
@@ -165,7 +201,10 @@ private:
         }
     }
 
-    QString m_file;
+    QString m_dataPlugin;
+    QString m_page;
+    QString m_file; // the one that is tried
+    QStringList m_controllers;
     pid_t m_child = -1;
     QFile m_output;
     QByteArray m_result;
@@ -184,8 +223,35 @@ Findings checkPluginUnloaded(const QString &file)
         TavPluginHost::checkUnloaded(file);
         return {};
     } catch (const TavPluginError &error) {
+        const bool isOfOtherMachine
+            = error.kind() == TavPluginError::Kind::OtherMachine || error.kind() == TavPluginError::Kind::OtherWordSize;
+        if (isOfOtherMachine && isForRoot(file)) {
+            return {Finding::ofFile(FindingCode::PluginNotTried, file, error.problem() + ", as the system root is",
+                                    "whether it can be loaded there and registers its managers is not known",
+                                    "check it on such a machine")};
+        }
         return {findingOf(error)};
     }
+}
+
+PagesTried tryPagePlugins(const QString &file, const QStringList &pages)
+{
+    using Kind = TavPluginError::Kind;
+    PagesTried tried;
+    for (const QString &page : pages) {
+        try {
+            TavPluginHost::checkUnloaded(page);
+            LoadingProcess process(file, page);
+            tried.findings += process.findings();
+            tried.controllers += process.controllers();
+        } catch (const TavPluginError &error) {
+            if (error.kind() != Kind::NotALibrary && error.kind() != Kind::NotAPlugin
+                && error.kind() != Kind::OtherPlugin) {
+                tried.findings.append(findingOf(error));
+            }
+        }
+    }
+    return tried;
 }
 
 QString pluginAdvice(const TavPluginError &error)

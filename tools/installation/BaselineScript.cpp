@@ -1,5 +1,6 @@
 #include "BaselineScript.h"
 
+#include "FileOwner.h"
 #include "InstallationPaths.h"
 #include "RootedPath.h"
 
@@ -65,7 +66,8 @@ QVector<ScriptFlaw> scriptFlaws(const QString &path)
 {
     const RootedPath script = followInRoot(path);
     if (script.error == EACCES) {
-        return {{ScriptFlaw::NotReadable, "cannot be seen: " + qt_error_string(EACCES)}};
+        return {
+            {ScriptFlaw::NotReadable, "cannot be seen: " + qt_error_string(EACCES) + "; " + ownerText(script.file())}};
     }
     if (script.error != 0) {
         return {{ScriptFlaw::Missing, "does not exist"}};
@@ -86,7 +88,8 @@ QVector<ScriptFlaw> scriptFlaws(const QString &path)
     if (file.open(QIODevice::ReadOnly)) {
         flaws += flawsInFirstLine(file.read(mostOfFirstLine));
     } else {
-        flaws.append({ScriptFlaw::NotReadable, "cannot be read: " + file.errorString()});
+        flaws.append(
+            {ScriptFlaw::NotReadable, "cannot be read: " + file.errorString() + "; " + ownerText(file.fileName())});
     }
     return flaws;
 }

@@ -32,11 +32,16 @@ QString InstallationPaths::pictures()
     return "/opt/tavsec/pictures";
 }
 
+QString InstallationPaths::plugins()
+{
+    return TavGlobalInfoMgr::getInstance()->getAppPath().pluginPath;
+}
+
 QString InstallationPaths::plugin()
 {
     // First the client's own directory. Then, as packages have it, where this build would install it, and below the
     // other names that the directory of libraries has.
-    QStringList files{TavGlobalInfoMgr::getInstance()->getAppPath().pluginPath + "/libTavDataPlugin.so"};
+    QStringList files{plugins() + "/libTavDataPlugin.so"};
     for (const char *const prefix : {"/usr", "/usr/local"}) {
         files.append(QDir::cleanPath(prefix + QString("/bin/" TAV_PLUGIN_FROM_PROGRAM)));
         for (const char *const libraries : {"/lib", "/lib64"}) {

@@ -13,6 +13,8 @@ QString pictures(); ///< directory of the picture directories
 /// The plugin that is installed below the system root; empty when there is none.
 QString plugin();
 
+QString plugins(); ///< directory of the client's plugins: the data plugin, and those of pages
+
 /// The system root in which @p file is the list of check items; "/" for any other file.
 QString rootOf(const QString &file);
 

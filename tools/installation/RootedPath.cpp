@@ -4,6 +4,7 @@
 
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
 
 #include <array>
 #include <cerrno>
@@ -30,15 +31,6 @@ QString RootedPath::file() const
         return path.isEmpty() ? "/" : path;
     }
     return root + path;
-}
-
-QString RootedPath::ownerText() const
-{
-    if (error == 0) {
-        return "it " + belongsTo(QFileInfo(file()));
-    }
-    const QString denying = RootedPath{directories.last()}.file();
-    return '"' + denying + "\" " + belongsTo(QFileInfo(denying));
 }
 
 RootedPath followInRoot(const QString &path)
@@ -89,9 +81,4 @@ QString pathWithinRoot(const QString &file)
     const QString root = TavGlobalInfoMgr::getInstance()->systemRoot();
     const QString inside = root.isEmpty() || root == "/" ? QString() : absolute(root);
     return absolute(file).startsWith(inside + '/') ? absolute(file).mid(inside.size()) : QString();
-}
-
-QString belongsTo(const QFileInfo &file)
-{
-    return QString("belongs to the user %1").arg(file.ownerId());
 }

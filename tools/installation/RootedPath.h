@@ -1,6 +1,5 @@
 #pragma once
 
-#include <QFileInfo>
 #include <QString>
 #include <QStringList>
 
@@ -12,10 +11,6 @@ struct RootedPath {
         = {}; ///< those that it goes through, links included: each name is looked up in the next of them
 
     QString file() const; ///< the same outside of the root
-
-    /// Whose it is, for whoever may not look at it: "it belongs to the user 1000"; of a directory that lets nobody
-    /// through, with that directory's name.
-    QString ownerText() const;
 };
 
 /// Follows @p path, which is absolute: an absolute link goes on from the system root, and ".." does not leave it. A
@@ -24,6 +19,3 @@ RootedPath followInRoot(const QString &path);
 
 /// The path within the system root of @p file, which is named as outside of it; empty when it lies elsewhere.
 QString pathWithinRoot(const QString &file);
-
-/// "belongs to the user 1000"
-QString belongsTo(const QFileInfo &file);

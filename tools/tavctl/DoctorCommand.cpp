@@ -4,6 +4,7 @@
 #include "BaselineCheck.h"
 #include "BaselineList.h"
 #include "CatalogueCheck.h"
+#include "FileOwner.h"
 #include "InstallationPaths.h"
 #include "PictureCheck.h"
 #include "PluginCheck.h"
@@ -16,10 +17,12 @@
 #include "TextTable.h"
 #include "WholeFile.h"
 
+#include <QDir>
 #include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <cerrno>
 #include <system_error>
 
@@ -48,7 +51,7 @@ ConfigurationFile readConfiguration(const QString &path, const QString &effectOf
     if (isForbidden) {
         read.findings.append(
             Finding::ofFile(FindingCode::NotReadable, read.file,
-                            QString("cannot be read: %1; %2").arg(qt_error_string(EACCES), at.ownerText()),
+                            "cannot be read: " + qt_error_string(EACCES) + "; " + ownerText(file.filePath()),
                             "what it holds is not known", "look at it as a user who may read it"));
         return read;
     }
@@ -62,29 +65,6 @@ ConfigurationFile readConfiguration(const QString &path, const QString &effectOf
     return read;
 }
 
-/// The files that the agent runs and the client loads, by their paths. @p pluginPath is empty for a plugin that lies
-/// elsewhere.
-QStringList guardedPaths(const QByteArray &baseline, const QStringList &pictureDirectories,
-                         const PictureFiles &pictures, const QString &pluginPath)
-{
-    QStringList paths{InstallationPaths::catalogue(), InstallationPaths::baseline(), InstallationPaths::scripts(),
-                      InstallationPaths::pictures()};
-    const QJsonArray items = BaselineList::itemsOf(QJsonDocument::fromJson(baseline).object());
-    for (const QJsonValue &item : items) {
-        paths.append(InstallationPaths::scripts() + item["checkValueScript"].toString());
-    }
-    for (const QString &directory : pictureDirectories) {
-        paths.append(pathWithinRoot(directory));
-    }
-    for (const PictureFile &picture : pictures.files) {
-        paths.append(pathWithinRoot(picture.file));
-    }
-    if (!pluginPath.isEmpty()) {
-        paths.append(pluginPath);
-    }
-    return paths;
-}
-
 Findings checkPictureDirectories(const PictureFiles &pictures, bool isAny)
 {
     const QString path = TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures());
@@ -92,7 +72,7 @@ Findings checkPictureDirectories(const PictureFiles &pictures, bool isAny)
     const QFileInfo directory(at.file());
     const bool isThere = at.error == 0 && directory.isDir();
     if (at.error == EACCES || (isThere && !(directory.isReadable() && directory.isExecutable()))) {
-        return {Finding::ofFile(FindingCode::NotReadable, path, "cannot be listed; " + at.ownerText(),
+        return {Finding::ofFile(FindingCode::NotReadable, path, "cannot be listed; " + ownerText(directory.filePath()),
                                 "what it holds is not known", "look at it as a user who may")};
     }
     const Findings none{Finding::ofFile(
@@ -106,24 +86,102 @@ struct Plugin {
     QString file;
     QString origin; ///< why it is that one, where that is not plain
     QString path; ///< within the system root; empty when it lies elsewhere
+    Findings findings; ///< on its name
 };
+
+/// The file, outside of the system root, to which the path within it leads.
+QString fileAt(const QString &path)
+{
+    return QFileInfo(followInRoot(path).file()).absoluteFilePath();
+}
+
+/// The file in the client's plugin directory that is the data plugin under another name; empty when there is none.
+QString misnamedPlugin()
+{
+    const QString className = TavPluginHost::factsOf(InstallationPaths::pluginBesideProgram()).className;
+    const QFileInfoList files
+        = QDir(followInRoot(InstallationPaths::plugins()).file()).entryInfoList(QDir::Files, QDir::Name);
+    for (const QFileInfo &file : files) {
+        if (!className.isEmpty() && TavPluginHost::factsOf(file.absoluteFilePath()).className == className) {
+            return file.absoluteFilePath();
+        }
+    }
+    return {};
+}
 
 Plugin pluginFor(const DoctorOptions &options)
 {
     if (!options.plugin.isEmpty()) {
-        return {options.plugin, {}, pathWithinRoot(options.plugin)};
+        return {options.plugin, {}, pathWithinRoot(options.plugin), {}};
     }
     const QString beside = InstallationPaths::pluginBesideProgram();
     if (options.root == "/") {
-        return {beside, {}, beside};
+        return {beside, {}, beside, {}};
     }
     const QString installed = InstallationPaths::plugin();
+    const QString misnamed = installed.isEmpty() ? misnamedPlugin() : QString();
+    if (!misnamed.isEmpty()) {
+        return {misnamed,
+                {},
+                pathWithinRoot(misnamed),
+                {Finding::ofFile(FindingCode::PluginOfOtherName, misnamed, "the data plugin under another name",
+                                 "the client does not find it and has none of the managers",
+                                 "rename it to libTavDataPlugin.so")}};
+    }
     return installed.isEmpty()
-        ? Plugin{beside, "none below " + options.root + "; beside tavctl", pathWithinRoot(beside)}
-        : Plugin{QFileInfo(followInRoot(installed).file()).absoluteFilePath(), {}, installed};
+        ? Plugin{beside, "none below " + options.root + "; beside tavctl", pathWithinRoot(beside), {}}
+        : Plugin{fileAt(installed), {}, installed, {}};
 }
 
-void printInstallation(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin)
+/// What may be page plugins of the installation, by their paths within the system root.
+QStringList pagePlugins(const QString &dataPlugin)
+{
+    QStringList paths;
+    const QStringList names = QDir(followInRoot(InstallationPaths::plugins()).file())
+                                  .entryList({"*.so"}, QDir::Files | QDir::System, QDir::Name);
+    for (const QString &name : names) {
+        const QString path = InstallationPaths::plugins() + '/' + name;
+        const QFileInfo file(fileAt(path));
+        if (followInRoot(path).error == 0 && file.isFile()
+            && file.canonicalFilePath() != QFileInfo(dataPlugin).canonicalFilePath()) {
+            paths.append(path);
+        }
+    }
+    return paths;
+}
+
+/// The files that the agent runs and the client loads, by their paths.
+QStringList guardedPaths(const QByteArray &baseline, const QStringList &pictureDirectories,
+                         const PictureFiles &pictures, const Plugin &plugin)
+{
+    QStringList paths{InstallationPaths::catalogue(), InstallationPaths::baseline(), InstallationPaths::scripts(),
+                      InstallationPaths::pictures()};
+    const QJsonArray items = BaselineList::itemsOf(QJsonDocument::fromJson(baseline).object());
+    for (const QJsonValue &item : items) {
+        paths.append(InstallationPaths::scripts() + item["checkValueScript"].toString());
+    }
+    for (const QString &directory : pictureDirectories) {
+        paths.append(pathWithinRoot(directory));
+    }
+    for (const PictureFile &picture : pictures.files) {
+        paths.append(pathWithinRoot(picture.file));
+    }
+    if (!plugin.path.isEmpty()) {
+        paths.append(plugin.path);
+    }
+    return paths + pagePlugins(plugin.file);
+}
+
+/// What was not looked at of a plugin, or otherwise than the client would; empty for nothing.
+QString limitsOf(const DoctorOptions &options)
+{
+    return !options.loads     ? "not loaded: its libraries and managers were not looked at"
+        : options.root != "/" ? "loaded with the libraries of this system"
+                              : "";
+}
+
+void printInstallation(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin,
+                       const QString &limits)
 {
     printHeading("Installation");
     TextTable table({{"part"}, {"place", TextTable::Left, 120}, {"state"}});
@@ -132,13 +190,14 @@ void printInstallation(const QVector<Part> &parts, const Plugin &chosen, const T
     }
     table.print();
     if (!plugin.identifier.isEmpty()) {
-        printLine(printable(QString("plugin: %1%2, built with Qt %3 for %4")
+        printLine(printable(QString("plugin: %1%2, built with Qt %3 for %4%5")
                                 .arg(chosen.origin.isEmpty() ? QString() : chosen.origin + ": ", plugin.identifier,
-                                     plugin.qtVersion, plugin.machine)));
+                                     plugin.qtVersion, plugin.machine, limits.isEmpty() ? QString() : "; " + limits)));
     }
 }
 
-QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin)
+QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const TavPluginFacts &plugin,
+                       const QString &limits)
 {
     QJsonArray rows;
     for (const Part &part : parts) {
@@ -149,13 +208,23 @@ QJsonObject documentOf(const QVector<Part> &parts, const Plugin &chosen, const T
              QJsonObject{{"origin", chosen.origin},
                          {"identifier", plugin.identifier},
                          {"qtVersion", plugin.qtVersion},
-                         {"machine", plugin.machine}}}};
+                         {"machine", plugin.machine},
+                         {"limits", limits}}}};
 }
 
-Findings findingsOn(const Plugin &plugin, bool loads)
+/// Tries the plugin, and the page plugins beside it when nothing speaks against it.
+PagesTried tryPlugins(const Plugin &plugin, bool loads)
 {
     try {
-        return loads ? checkPlugin(plugin.file) : checkPluginUnloaded(plugin.file);
+        const Findings findings = loads ? checkPlugin(plugin.file) : checkPluginUnloaded(plugin.file);
+        PagesTried tried;
+        if (loads && findings.isEmpty()) {
+            QStringList pages = pagePlugins(plugin.file);
+            std::transform(pages.begin(), pages.end(), pages.begin(), fileAt);
+            tried = tryPagePlugins(plugin.file, pages);
+        }
+        tried.findings = plugin.findings + findings + tried.findings;
+        return tried;
     } catch (const std::system_error &error) { // says nothing about the plugin
         throw ToolError(ExitCode::Usage, QString::fromLocal8Bit(error.what()));
     }
@@ -175,17 +244,21 @@ ExitCode doctor(const DoctorOptions &options)
     const auto foundIn = [](const ConfigurationFile &file, auto check) {
         return file.findings.isEmpty() ? check(file.file, file.content) : file.findings;
     };
-    const auto checkCatalogueWithIcons = [&](const QString &file, const QByteArray &content) {
+    const PagesTried tried = tryPlugins(plugin, options.loads);
+    const auto checkCatalogueWithOthers = [&](const QString &file, const QByteArray &content) {
         return checkCatalogue(file, content)
-            + (directories.isEmpty() ? Findings() : checkIcons(file, content, pictures));
+            + (directories.isEmpty() ? Findings() : checkIcons(file, content, pictures))
+            + (tried.controllers.isEmpty() ? Findings() : checkControllers(file, content, tried.controllers));
     };
     QVector<Part> parts{
-        {"plugin", plugin.file, findingsOn(plugin, options.loads)},
-        {"catalogue", catalogue.file, foundIn(catalogue, checkCatalogueWithIcons)},
+        {"plugin", plugin.file, tried.findings},
+        {"catalogue", catalogue.file, foundIn(catalogue, checkCatalogueWithOthers)},
         {"baseline", baseline.file, foundIn(baseline, checkBaseline)},
         {"pictures", TavCommonUtils::pathInSystemRoot(InstallationPaths::pictures()),
          checkPictureDirectories(pictures, !directories.isEmpty())},
-        {"permissions", options.root, checkAccess(guardedPaths(baseline.content, directories, pictures, plugin.path))},
+        {"permissions", options.root,
+         checkAccess(guardedPaths(baseline.content, directories, pictures, plugin))
+             + (options.root == "/" ? checkProcessFiles() : Findings())},
     };
     FindingReport report(options.findings);
     for (Part &part : parts) {
@@ -194,9 +267,9 @@ ExitCode doctor(const DoctorOptions &options)
     }
     const TavPluginFacts facts = TavPluginHost::factsOf(plugin.file);
     if (report.showsText()) {
-        printInstallation(parts, plugin, facts);
+        printInstallation(parts, plugin, facts, limitsOf(options));
         printFindingsHeading(report.findings());
     }
-    report.print(countedText(parts.size(), "part") + " checked", documentOf(parts, plugin, facts));
+    report.print(countedText(parts.size(), "part") + " checked", documentOf(parts, plugin, facts, limitsOf(options)));
     return report.exitCode();
 }

@@ -22,12 +22,17 @@ TEST_F(DoctorCommand, FindsNothingInTheDemo)
     const QString qt = QString("%1.%2").arg(QT_VERSION_MAJOR).arg(QT_VERSION_MINOR);
     const QString machine = QSysInfo::buildCpuArchitecture() == "arm64" ? "AArch64" : "x86-64";
     const QString origin = "none below " + demoRoot + "; beside tavctl";
-    EXPECT_EQ(
-        plugin,
-        (QJsonObject{
-            {"origin", origin}, {"identifier", "Tav_ORG_ITavDtaPlugin"}, {"qtVersion", qt}, {"machine", machine}}));
-    EXPECT_TRUE(run.output.contains("\nplugin: " + origin + ": Tav_ORG_ITavDtaPlugin, built with Qt " + qt + " for "
-                                    + machine + '\n'));
+    EXPECT_EQ(plugin,
+              (QJsonObject{{"origin", origin},
+                           {"identifier", "Tav_ORG_ITavDtaPlugin"},
+                           {"qtVersion", qt},
+                           {"machine", machine},
+                           {"limits", "loaded with the libraries of this system"}}));
+    const QString line
+        = "\nplugin: " + origin + ": Tav_ORG_ITavDtaPlugin, built with Qt " + qt + " for " + machine + "; ";
+    EXPECT_TRUE(run.output.contains(line + "loaded with the libraries of this system\n"));
+    EXPECT_TRUE(Tavctl({"doctor", "--root", demoRoot, "--no-load"})
+                    .output.contains(line + "not loaded: its libraries and managers were not looked at\n"));
 }
 
 TEST_F(DoctorCommand, NamesEveryPlantedMistakeAndNoOther)
@@ -220,11 +225,12 @@ TEST_F(DoctorCommand, SaysThatItMayNotReadThePlugin)
     ASSERT_TRUE(QFile::setPermissions(directory.path(), QFile::Permissions(0x7755)));
     ASSERT_TRUE(QFile::setPermissions(file, {}));
     const Tavctl run = Tavctl::boundByPermissions({"doctor", "--root", demoRoot, "--json", "--plugin", file});
-    EXPECT_EQ(
-        findingLines(run),
-        QStringList{file
-                    + ": error: TAV701: cannot be read: Permission denied; the client has none of the managers; let "
-                      "this user read it"});
+    EXPECT_EQ(findingLines(run),
+              QStringList{
+                  file
+                  + QString(": error: TAV701: cannot be read: Permission denied; it belongs to the user %1; the client "
+                            "has none of the managers; let this user read it")
+                        .arg(geteuid())});
 }
 
 TEST_F(DoctorCommand, OutlivesAPluginThatCrashesHangsOrEndsTheProgram)
@@ -410,7 +416,7 @@ TEST_F(DoctorOnACopy, ReportsWhatItMayNotReadAsThat)
 TEST_F(DoctorOnACopy, TellsWhoseTheDirectoryIsThatItMayNotPass)
 {
     ASSERT_EQ(Program({"chmod", "0", root + "/opt/tavsec"}).exitCode, 0);
-    const QString owner = QString("\"@/opt/tavsec\" belongs to the user %1; ").arg(geteuid());
+    const QString owner = QString("@/opt/tavsec belongs to the user %1; ").arg(geteuid());
     const QStringList found = findingsBoundByPermissions();
     ASSERT_EQ(found.size(), 2) << found.join('\n').toStdString();
     EXPECT_TRUE(found[0].contains(": error: TAV701: /enableConfig: the script directory "
@@ -484,6 +490,78 @@ TEST_F(DoctorOnACopy, NamesAnEmptyPictureDirectoryAndAPipe)
                      "nothing in it; put pictures there, or remove it",
                      "@/opt/tavsec/pictures/navigation/pipe.png: error: TAV504: not a regular file; the plugin "
                      "passes over it; put a PNG picture in its place"}));
+}
+
+TEST_F(DoctorOnACopy, NamesPagesWhoseControllerNoPagePluginRegisters)
+{
+    const QString plugins = root + "/opt/tavsec/plugins/";
+    writeFile(plugins + "libTavDataPlugin.so", contentOf(TAV_PLUGIN_FILE));
+    EXPECT_EQ(findings(), QStringList()) << "without page plugins nothing is known of controllers";
+    writeFile(plugins + "notes.so", "no plugin");
+    writeFile(plugins + "other.so", contentOf(TAV_OTHER_PLUGIN_FILE));
+    EXPECT_EQ(findings(), QStringList());
+    writeFile(plugins + "pages.so", contentOf(TAV_PAGE_PLUGIN_FILE));
+    const QStringList found = findings();
+    EXPECT_EQ(found.filter(": warning: TAV215: ").size(), found.size());
+    EXPECT_GE(found.size(), 2);
+    EXPECT_EQ(found.filter("\"ITavHostInfoController\"").size(), 0) << "which it registers";
+    EXPECT_EQ(
+        found
+            .filter("/2/subFunList/0/subFuncClassName: no page plugin registers the controller "
+                    "\"ITavStaticMeasureController\"; the page cannot be opened, unless the client itself has the "
+                    "controller; install the plugin of the page, or correct the name")
+            .size(),
+        1)
+        << found.join('\n').toStdString();
+    EXPECT_EQ(findingLines(Tavctl({"doctor", "--root", root, "--json", "--no-load"})), QStringList())
+        << "nothing of it runs";
+    writeFile(plugins + "crash.so", contentOf(TAV_CRASHING_PLUGIN_FILE));
+    EXPECT_EQ(findings().filter("@/opt/tavsec/plugins/crash.so: error: TAV615: ").size(), 1);
+}
+
+TEST_F(DoctorOnACopy, NamesThePluginThatHasAnotherName)
+{
+    const QString file = root + "/opt/tavsec/plugins/TavDataPlugin.so";
+    writeFile(file, contentOf(TAV_PLUGIN_FILE));
+    EXPECT_EQ(
+        findings(),
+        QStringList{"@/opt/tavsec/plugins/TavDataPlugin.so: error: TAV618: the data plugin under another name; the "
+                    "client does not find it and has none of the managers; rename it to libTavDataPlugin.so"});
+}
+
+TEST_F(DoctorOnACopy, TakesNoOffenceAtAnImageForAnotherMachine)
+{
+    QByteArray plugin = contentOf(TAV_PLUGIN_FILE);
+    const bool isArm = plugin[18] == char(183);
+    plugin[18] = char(isArm ? 62 : 183);
+    writeFile(root + "/opt/tavsec/plugins/libTavDataPlugin.so", plugin);
+    const QString file = "@/opt/tavsec/plugins/libTavDataPlugin.so";
+    EXPECT_TRUE(findings().value(0).startsWith(file + ": error: TAV605: ")) << "no word of what the image is for";
+    writeFile(root + "/bin/sh", plugin);
+    ASSERT_EQ(Program({"chmod", "0755", root + "/bin/sh"}).exitCode, 0) << "it is what runs the scripts";
+    EXPECT_EQ(findings(),
+              QStringList{file
+                          + QString(": note: TAV617: built for %1, but this program for %2, as the system root is; "
+                                    "whether it can be loaded there and registers its managers is not known; check it "
+                                    "on such a machine")
+                                .arg(isArm ? "x86-64" : "AArch64", isArm ? "AArch64" : "x86-64")});
+    plugin[18] = char(isArm ? 183 : 62);
+    writeFile(root + "/bin/sh", plugin);
+    EXPECT_TRUE(findings().value(0).startsWith(file + ": error: TAV605: "));
+}
+
+TEST_F(DoctorCommand, SaysThatTheFilesOfProcessesAreNotThere)
+{
+    const QStringList without{"unshare", "--mount", "sh", "-c", "umount -l /proc && exec \"$@\"", "sh"};
+    if (Program(without + QStringList{"true"}).exitCode != 0) {
+        GTEST_SKIP() << "only the administrator can take them away";
+    }
+    const QString finding = "/proc: error: TAV704: is not mounted; nothing is known of processes, memory and devices, "
+                            "which is not to say that there are none; mount it with \"mount -t proc proc /proc\"";
+    EXPECT_TRUE(findingLines(Tavctl({"doctor", "--json"}, "/dev/null", without)).contains(finding));
+    EXPECT_FALSE(findingLines(Tavctl({"doctor", "--json"})).contains(finding));
+    EXPECT_FALSE(findingLines(Tavctl({"doctor", "--root", demoRoot, "--json"}, "/dev/null", without)).contains(finding))
+        << "an image has none";
 }
 
 TEST_F(DoctorOnACopy, FollowsAbsoluteLinksInsideTheRoot)

@@ -1,5 +1,6 @@
 #include "NewPageCommand.h"
 
+#include "ITavFuncTypeMgr.h"
 #include "NavigationTree.h"
 #include "PageValues.h"
 #include "PluginView.h"
