@@ -214,12 +214,12 @@ TEST_F(DoctorCommand, SaysThatItMayNotReadThePlugin)
     ASSERT_TRUE(QFile::setPermissions(directory.path(), QFile::Permissions(0x7755)));
     ASSERT_TRUE(QFile::setPermissions(file, {}));
     const Tavctl run = Tavctl::boundByPermissions({"doctor", "--root", demoRoot, "--json", "--plugin", file});
-    EXPECT_EQ(
-        findingLines(run),
-        QStringList{file
-                    + QString(": error: TAV701: cannot be read: Permission denied; it belongs to the user %1; the client "
-                              "has none of the managers; let this user read it")
-                          .arg(geteuid())});
+    EXPECT_EQ(findingLines(run),
+              QStringList{
+                  file
+                  + QString(": error: TAV701: cannot be read: Permission denied; it belongs to the user %1; the client "
+                            "has none of the managers; let this user read it")
+                        .arg(geteuid())});
 }
 
 TEST_F(DoctorCommand, OutlivesAPluginThatCrashesOrHangs)
