@@ -48,6 +48,7 @@ struct Program {
         if (error == 0 && wait4(child, &status, 0, &usage) == child && WIFEXITED(status)) {
             exitCode = WEXITSTATUS(status);
             peakMiB = usage.ru_maxrss / 1024;
+            processorSeconds = double(usage.ru_utime.tv_sec) + double(usage.ru_utime.tv_usec) / 1e6;
         }
         if (outputFile.open(QIODevice::ReadOnly) && errorFile.open(QIODevice::ReadOnly)) {
             output = outputFile.readAll();
@@ -58,5 +59,6 @@ struct Program {
     QByteArray output;
     QByteArray errors;
     long peakMiB = 0; ///< the most memory that it had at one time, or this process had before
+    double processorSeconds = 0; ///< spent in it, and not in the system
     int exitCode = -1; ///< -1 when it could not be started or a signal ended it
 };

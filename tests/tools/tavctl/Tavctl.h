@@ -25,6 +25,7 @@ struct Tavctl {
         errors = QString::fromUtf8(run.errors);
         exitCode = run.exitCode;
         peakMiB = run.peakMiB;
+        processorSeconds = run.processorSeconds;
     }
 
     /// Run by somebody whom permissions bind, also when the tests are run by the administrator. It stays the same
@@ -44,6 +45,7 @@ struct Tavctl {
     QByteArray bytes; ///< what it printed, byte for byte
     QString output; ///< the same as text
     QString errors;
+    double processorSeconds; ///< that it took, without the system's
     long peakMiB; ///< the most memory that it had at one time
     int exitCode; ///< -1 when it crashed
 };
