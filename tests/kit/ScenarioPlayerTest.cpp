@@ -7,12 +7,15 @@
 #include "ITavSystemConfigMgr.h"
 #include "PrintQString.h"
 #include "ScenarioText.h"
+#include "TavEvents.h"
 #include "TavPluginHost.h"
+#include "TavSubscription.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
 #include <QJsonDocument>
 #include <qtestsupport_core.h>
+#include <QThread>
 #include <QTimer>
 
 #include <gtest/gtest.h>
