@@ -7,7 +7,9 @@
 #include "ITavSystemConfigMgr.h"
 #include "PrintQString.h"
 #include "ScenarioText.h"
+#include "TavEvents.h"
 #include "TavPluginHost.h"
+#include "TavSubscription.h"
 
 #include <QBuffer>
 #include <QElapsedTimer>
