@@ -37,22 +37,23 @@ TEST_F(NewPageCommand, LeavesNoNameToReplaceOnAnyPage)
         const QString name = "Page" + page.mid(8);
         const Tavctl run = newPage(QStringList{name, "--page", page} + onDemo);
         if (run.exitCode == 2) {
-            EXPECT_TRUE(run.errors.contains("no manager holds an answer for this page")) << run.errors;
+            EXPECT_TRUE(run.errors.contains("no manager holds an answer for this page")) << run.errors.toStdString();
             EXPECT_FALSE(QFileInfo::exists(directory.filePath(name)));
             continue;
         }
-        EXPECT_EQ(run.exitCode, 0) << run.errors;
+        EXPECT_EQ(run.exitCode, 0) << run.errors.toStdString();
         ++written;
         QDirIterator files(directory.filePath(name), QDir::Files | QDir::Hidden);
         int count = 0;
         for (; files.hasNext(); ++count) {
             const QString file = files.next();
             const QString text = QString::fromUtf8(contentOf(file));
-            EXPECT_FALSE(text.contains(QRegularExpression("@[A-Za-z]+@(?!\\w)"))) << file;
-            EXPECT_FALSE(text.isEmpty()) << file;
+            EXPECT_FALSE(text.contains(QRegularExpression("@[A-Za-z]+@(?!\\w)"))) << file.toStdString();
+            EXPECT_FALSE(text.isEmpty()) << file.toStdString();
         }
-        EXPECT_EQ(count, 9) << name;
-        EXPECT_EQ(Tavctl({"scenario", "check", directory.filePath(name + '/' + name + ".jsonl")}).exitCode, 0) << name;
+        EXPECT_EQ(count, 9) << name.toStdString();
+        EXPECT_EQ(Tavctl({"scenario", "check", directory.filePath(name + '/' + name + ".jsonl")}).exitCode, 0)
+            << name.toStdString();
     }
     EXPECT_GE(written, 8);
 }
@@ -70,7 +71,7 @@ TEST_F(NewPageCommand, TakesTheManagerThatIsAskedFor)
     EXPECT_EQ(other.exitCode, 2);
     EXPECT_TRUE(other.errors.startsWith("tavctl: --manager: the page SubFunc_LogAudit shows nothing of "
                                         "\"ITavNetControlMgr\"; it shows what these hold: "))
-        << other.errors;
+        << other.errors.toStdString();
 }
 
 TEST_F(NewPageCommand, OverwritesNothing)
@@ -87,8 +88,9 @@ TEST_F(NewPageCommand, SaysWhatToWriteInstead)
               "tavctl: \"log-page\" is no beginning of class names; write letters and digits, a capital first, such as "
               "DiskUsage\n");
     const QString unknown = newPage(QStringList{"Log", "--page", "SubFunc_Log"} + onDemo).errors;
-    EXPECT_TRUE(unknown.contains("has no page \"SubFunc_Log\" with a controller; it has SubFunc_")) << unknown;
+    EXPECT_TRUE(unknown.contains("has no page \"SubFunc_Log\" with a controller; it has SubFunc_"))
+        << unknown.toStdString();
     const QString empty = newPage({"Log", "--page", "SubFunc_LogAudit", "--root", directory.path()}).errors;
-    EXPECT_TRUE(empty.contains("name an installation with --root")) << empty;
+    EXPECT_TRUE(empty.contains("name an installation with --root")) << empty.toStdString();
     EXPECT_FALSE(QFileInfo::exists(directory.filePath("Log")));
 }
