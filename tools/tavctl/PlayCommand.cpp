@@ -29,12 +29,6 @@ Page pageOfKey(const QString &key)
     }
 }
 
-/// The time in the scenario of the last call.
-QString seconds(const TavPlayReport &report)
-{
-    return QString::number(double(report.at) / TavScenario::microsecondsInSecond);
-}
-
 QJsonObject reportJson(const TavPlayReport &report)
 {
     QJsonObject json{{"calls", report.lines},
@@ -66,7 +60,7 @@ QJsonArray allPages()
 void printReport(const PlayOptions &options, const TavPlayReport &report)
 {
     QString text = QString("%1: %2, %3 s of the scenario")
-                       .arg(printable(options.file), countedText(report.lines, "call"), seconds(report));
+                       .arg(printable(options.file), countedText(report.lines, "call"), seconds(report.at));
     if (options.check) {
         text += QString(", %1 compared").arg(countedText(report.checked, "result"));
     }
@@ -128,7 +122,7 @@ bool isWhole(const QString &file, const TavPlayReport &report)
     } else if (report.isStopped) {
         std::cerr
             << "tavctl: "
-            << printable(QString("%1: interrupted at %2 s of the scenario").arg(file, seconds(report))).toStdString()
+            << printable(QString("%1: interrupted at %2 s of the scenario").arg(file, seconds(report.at))).toStdString()
             << '\n';
     }
     return !report.error && !report.isStopped;
