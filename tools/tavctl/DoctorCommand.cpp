@@ -95,15 +95,29 @@ QString fileAt(const QString &path)
     return QFileInfo(followInRoot(path).file()).absoluteFilePath();
 }
 
-/// The file in the client's plugin directory that is the data plugin under another name; empty when there is none.
+/// The files in the client's plugin directory, by their paths within the system root.
+QStringList pluginPaths()
+{
+    QStringList paths;
+    const QStringList names
+        = QDir(fileAt(InstallationPaths::plugins())).entryList(QDir::Files | QDir::System, QDir::Name);
+    for (const QString &name : names) {
+        const QString path = InstallationPaths::plugins() + '/' + name;
+        if (followInRoot(path).error == 0 && QFileInfo(fileAt(path)).isFile()) {
+            paths.append(path);
+        }
+    }
+    return paths;
+}
+
+/// The path of the data plugin when it lies in the client's plugin directory under another name; empty otherwise.
 QString misnamedPlugin()
 {
     const QString className = TavPluginHost::factsOf(InstallationPaths::pluginBesideProgram()).className;
-    const QFileInfoList files
-        = QDir(followInRoot(InstallationPaths::plugins()).file()).entryInfoList(QDir::Files, QDir::Name);
-    for (const QFileInfo &file : files) {
-        if (!className.isEmpty() && TavPluginHost::factsOf(file.absoluteFilePath()).className == className) {
-            return file.absoluteFilePath();
+    const QStringList paths = pluginPaths();
+    for (const QString &path : paths) {
+        if (!className.isEmpty() && TavPluginHost::factsOf(fileAt(path)).className == className) {
+            return path;
         }
     }
     return {};
@@ -121,10 +135,11 @@ Plugin pluginFor(const DoctorOptions &options)
     const QString installed = InstallationPaths::plugin();
     const QString misnamed = installed.isEmpty() ? misnamedPlugin() : QString();
     if (!misnamed.isEmpty()) {
-        return {misnamed,
+        return {fileAt(misnamed),
                 {},
-                pathWithinRoot(misnamed),
-                {Finding::ofFile(FindingCode::PluginOfOtherName, misnamed, "the data plugin under another name",
+                misnamed,
+                {Finding::ofFile(FindingCode::PluginOfOtherName, TavCommonUtils::pathInSystemRoot(misnamed),
+                                 "the data plugin under another name",
                                  "the client does not find it and has none of the managers",
                                  "rename it to libTavDataPlugin.so")}};
     }
@@ -137,13 +152,10 @@ Plugin pluginFor(const DoctorOptions &options)
 QStringList pagePlugins(const QString &dataPlugin)
 {
     QStringList paths;
-    const QStringList names = QDir(followInRoot(InstallationPaths::plugins()).file())
-                                  .entryList({"*.so"}, QDir::Files | QDir::System, QDir::Name);
-    for (const QString &name : names) {
-        const QString path = InstallationPaths::plugins() + '/' + name;
-        const QFileInfo file(fileAt(path));
-        if (followInRoot(path).error == 0 && file.isFile()
-            && file.canonicalFilePath() != QFileInfo(dataPlugin).canonicalFilePath()) {
+    const QStringList all = pluginPaths();
+    for (const QString &path : all) {
+        if (path.endsWith(".so")
+            && QFileInfo(fileAt(path)).canonicalFilePath() != QFileInfo(dataPlugin).canonicalFilePath()) {
             paths.append(path);
         }
     }

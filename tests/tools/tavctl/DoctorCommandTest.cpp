@@ -523,10 +523,14 @@ TEST_F(DoctorOnACopy, NamesThePluginThatHasAnotherName)
 {
     const QString file = root + "/opt/tavsec/plugins/TavDataPlugin.so";
     writeFile(file, contentOf(TAV_PLUGIN_FILE));
-    EXPECT_EQ(
-        findings(),
-        QStringList{"@/opt/tavsec/plugins/TavDataPlugin.so: error: TAV618: the data plugin under another name; the "
-                    "client does not find it and has none of the managers; rename it to libTavDataPlugin.so"});
+    ASSERT_TRUE(QDir().mkpath(root + "/usr/share"));
+    const QStringList expected{
+        "@/opt/tavsec/plugins/TavDataPlugin.so: error: TAV618: the data plugin under another name; the "
+        "client does not find it and has none of the managers; rename it to libTavDataPlugin.so"};
+    EXPECT_EQ(findings(), expected);
+    ASSERT_TRUE(QFile::rename(file, root + "/usr/share/plugin"));
+    ASSERT_TRUE(QFile::link("/usr/share/plugin", file));
+    EXPECT_EQ(findings(), expected) << "behind a link as well";
 }
 
 TEST_F(DoctorOnACopy, TakesNoOffenceAtAnImageForAnotherMachine)
