@@ -96,7 +96,7 @@ for file in zsh/vendor-completions/_tavctl fish/vendor_completions.d/tavctl.fish
 done
 
 # Then what a page author types.
-inside sh -c 'apt-get install -y -q --no-install-recommends g++ cmake make pkgconf /root/packages/*.deb'
+inside sh -c 'apt-get install -y -q --no-install-recommends g++ cmake make pkgconf dpkg-dev file /root/packages/*.deb'
 inside cp -r /usr/share/doc/tav-data-plugin-dev/examples/page-plugin /root/page-plugin ||
     fail "the example is not installed; does this system's dpkg leave /usr/share/doc out?"
 inside test -s /usr/share/doc/tav-data-plugin-doc/html/index.html || fail "the reference is not installed"
@@ -104,7 +104,8 @@ inside test -s /usr/share/doc/tav-data-plugin-doc/html/index.html || fail "the r
 inside sh -c 'cd /root && rm -rf Devices && tavctl new-page Devices --page SubFunc_serverResourceInfo \
     --root /usr/share/tavsec/demo && cmake -S Devices -B Devices/build && cmake --build Devices/build &&
     ctest --test-dir Devices/build --output-on-failure --no-tests=error &&
-    tavdesk --root /usr/share/tavsec/demo --page Devices/build/libDevicesPlugin.so --pictures /root/Devices/pictures'
+    tavdesk --root /usr/share/tavsec/demo --page Devices/build/libDevicesPlugin.so --pictures /root/Devices/pictures &&
+    cd Devices/build && cpack && test "$(dpkg-deb -f tav-page-devices_*.deb Package)" = tav-page-devices'
 for page in page-plugin-guide compatibility architecture scenarios; do
     inside test -s "/usr/share/doc/tav-data-plugin-dev/$page.md" || fail "$page.md is not installed"
 done

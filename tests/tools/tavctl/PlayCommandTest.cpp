@@ -171,7 +171,7 @@ TEST(PlayCommand, EndsWithOneWhenItIsInterrupted)
     const ScenarioFile file(soundLines + R"({"at": 3600, "page": "SubFunc_LogAudit"})");
     const Tavctl run = interrupted({"play", file.path(), "--json"});
     EXPECT_EQ(run.exitCode, 1);
-    EXPECT_EQ(run.errors, "tavctl: " + file.path() + ": interrupted at 0.3 s of the scenario\n");
+    EXPECT_EQ(run.errors, "tavctl: " + file.path() + ": interrupted at 0.300 s of the scenario\n");
     EXPECT_TRUE(run.json()["played"].toObject()["stopped"].toBool());
     EXPECT_EQ(interrupted({"play", file.path(), "--loop"}).exitCode, 0) << "it has no other end";
 }
