@@ -101,6 +101,7 @@ inside cp -r /usr/share/doc/tav-data-plugin-dev/examples/page-plugin /root/page-
     fail "the example is not installed; does this system's dpkg leave /usr/share/doc out?"
 inside test -s /usr/share/doc/tav-data-plugin-doc/html/index.html || fail "the reference is not installed"
 # The window with the page of a new project.
+# shellcheck disable=SC2016  # that shell expands it
 inside sh -c 'cd /root && rm -rf Devices && tavctl new-page Devices --page SubFunc_serverResourceInfo \
     --root /usr/share/tavsec/demo && cmake -S Devices -B Devices/build && cmake --build Devices/build &&
     ctest --test-dir Devices/build --output-on-failure --no-tests=error &&
