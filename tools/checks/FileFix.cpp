@@ -88,7 +88,7 @@ void addTypes(const QJsonArray &entries, QSet<QString> &types)
     }
 }
 
-QByteArray quoted(const QString &text)
+QByteArray inJson(const QString &text)
 {
     QJsonArray array;
     array.append(text);
@@ -120,7 +120,7 @@ public:
             m_types.insert(finding.fix);
         }
         const bool isOfKey = finding.code == FindingCode::MistypedKey;
-        m_edits.append({isOfKey ? m_text.keyRangeOf(finding.path) : m_text.rangeOf(finding.path), quoted(finding.fix)});
+        m_edits.append({isOfKey ? m_text.keyRangeOf(finding.path) : m_text.rangeOf(finding.path), inJson(finding.fix)});
         return true;
     }
 

@@ -13,7 +13,7 @@
 QString WholeFile::tryRead(const QString &file, QByteArray &content)
 {
     QFile input;
-    const QString error = InputFile::tryOpen(input, file);
+    QString error = InputFile::tryOpen(input, file);
     if (!error.isEmpty()) {
         return error;
     }

@@ -43,7 +43,7 @@ int ManagerFeeds::feedProtectionRows(const QString &root, const AgentCalls<ITavP
     const QVector<STFileProtectContentAsr> files = calls.make<&ITavProtectMgr::getFileContent>();
     for (const STFileProtectContentAsr &file : files) {
         const QString path = QString::fromUtf8(file.path);
-        const QString detail = modeAndOwner(root, file.path, userNames) + ", " + countedText(file.size, "byte");
+        const QString detail = modeAndOwner(root, file.path, userNames) + ", " + countedText(qint64(file.size), "byte");
         rows.append(rowOf(QStringLiteral("file"), path, path, file.state == missing ? QString() : detail,
                           file.state != missing));
     }

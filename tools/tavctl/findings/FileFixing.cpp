@@ -15,7 +15,7 @@ namespace
 /// A diff is for patch(1) as it is, but what comes from files must not steer a terminal.
 QString shown(const QByteArray &diff)
 {
-    const QString text = QString::fromUtf8(diff).chopped(1);
+    QString text = QString::fromUtf8(diff).chopped(1);
     if (isatty(STDOUT_FILENO) == 0) {
         return text;
     }

@@ -87,7 +87,7 @@ Words wordsFor(const TavSubFuncTypeData_ &page, const NewPageOptions &options)
 {
     QStringList managers;
     for (const PageValue &value : valuesOf(page.subFuncType)) {
-        const Words words = wordsOf(value);
+        Words words = wordsOf(value);
         if (words.isEmpty()) {
             continue;
         }
