@@ -195,6 +195,6 @@ ExitCode writeNewPage(const NewPageOptions &options)
     printLine(QString("    cd %1\n"
                       "    cmake -S . -B build && cmake --build build && ctest --test-dir build --output-on-failure\n"
                       "    tavdesk --root %2 --page build/lib%1Plugin.so")
-                  .arg(options.name, options.root));
+                  .arg(options.name, QDir(options.root).absolutePath()));
     return ExitCode::Success;
 }
