@@ -139,7 +139,7 @@ TEST_F(PageValues, ReadWhatWasSetAtTheLimitsOfEachType)
         }
         const QJsonObject document{
             {"tavPages", 1},
-            {"played", QJsonObject{{"calls", 0}, {"compared", 0}, {"seconds", 0}, {"cutLine", 0}}},
+            {"played", QJsonObject{{"calls", 0}, {"compared", 0}, {"seconds", 0}, {"cutLine", 0}, {"stopped", false}}},
             {"pages", QJsonArray{QJsonObject{{"type", "x"}, {"tables", tables}}}}};
         EXPECT_EQ(schemaFindings("pages", document), "") << seed;
     }
