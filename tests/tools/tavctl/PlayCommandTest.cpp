@@ -16,11 +16,11 @@ Tavctl play(const QString &file, const QStringList &options = {"--speed", "max",
     return Tavctl(QStringList{"play", file, "--plugin", TAV_PLUGIN_FILE} + options);
 }
 
-/// Told to end after some seconds, as by the system that goes down.
+/// Told to end after some seconds, once: a second time would end it at once.
 Tavctl interrupted(const QStringList &arguments)
 {
     return Tavctl(arguments + QStringList{"--plugin", TAV_PLUGIN_FILE}, "/dev/null",
-                  {"timeout", "--preserve-status", "--signal=TERM", "3"});
+                  {"timeout", "--foreground", "--preserve-status", "--signal=TERM", "3"});
 }
 }
 
