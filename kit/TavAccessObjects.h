@@ -11,9 +11,12 @@
 class TavAccessObjects
 {
 public:
-    enum class Table : bool { False = false, True = true }; ///< the table that the interface's flag chooses
-    enum class Key : int {}; ///< the page controllers' own
+    /// The table that the interface's flag chooses.
+    enum class Table : bool { False = false, True = true };
+    /// The page controllers' own.
+    enum class Key : int {};
 
+    /// Those of @p key in @p table of @p manager.
     TavAccessObjects(ITavAccessControlMgr &manager, Table table, Key key)
         : m_manager(manager), m_flag(table == Table::True), m_key(static_cast<int>(key))
     {
