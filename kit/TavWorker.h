@@ -16,21 +16,28 @@
 class TavWorker
 {
 public:
+    /// What becomes of the work that has not begun when the worker ends; what is under way is always waited for.
+    enum class AtEnd {
+        LeaveUndone, ///< such as answers that nobody is going to read
+        Finish, ///< such as a file that is to be written
+    };
+
     /// Starts the thread under this name; it waits.
-    explicit TavWorker(const QString &name)
+    explicit TavWorker(const QString &name, AtEnd atEnd = AtEnd::LeaveUndone) : m_atEnd(atEnd)
     {
         m_thread.setObjectName(name);
         m_there.moveToThread(&m_thread);
         m_thread.start();
     }
 
-    /// Waits for the work under way; what has not begun is left undone.
+    /// Waits for the work as it was told to.
     ~TavWorker()
     {
-        // The thread's loop looks at quit() only after what it has taken up; the interruption ends each of that at
-        // once.
-        m_thread.requestInterruption();
-        m_thread.quit();
+        if (m_atEnd == AtEnd::LeaveUndone) {
+            m_thread.requestInterruption(); // which each piece that waits asks for first
+        }
+        QMetaObject::invokeMethod(
+            &m_there, [this] { m_thread.quit(); }, Qt::QueuedConnection); // behind all of them
         m_thread.wait();
     }
 
@@ -63,6 +70,7 @@ public:
     }
 
 private:
+    const AtEnd m_atEnd;
     QObject m_here; ///< lives in the thread that made the worker
     QObject m_there; ///< lives in the worker's thread
     QThread m_thread;

@@ -140,3 +140,18 @@ TEST(Worker, EndsBehindTheWorkUnderWayAndLeavesTheRestUndone)
     ending.join();
     EXPECT_EQ(count, 1);
 }
+
+TEST(Worker, FinishesAllItsWorkWhereItIsToldTo)
+{
+    int done = 0;
+    {
+        TavWorker worker("writer", TavWorker::AtEnd::Finish);
+        for (int i = 0; i < 3; ++i) {
+            worker.post([&done] {
+                QThread::msleep(10);
+                ++done;
+            });
+        }
+    }
+    EXPECT_EQ(done, 3);
+}

@@ -7,7 +7,7 @@
 #include <QJsonDocument>
 
 AgentFeeder::AgentFeeder(ClientSession &session, QObject *parent)
-    : QObject(parent), m_session(session), m_ender("agent-ender")
+    : QObject(parent), m_session(session), m_ender("agent-ender", TavWorker::AtEnd::Finish)
 {
     connect(&m_repeat, &QTimer::timeout, this, &AgentFeeder::feed);
 }
@@ -64,7 +64,7 @@ void AgentFeeder::stop()
 void AgentFeeder::giveUp()
 {
     if (m_agent) {
-        m_ender.run(
+        m_ender.post(
             [agent = std::shared_ptr<LocalAgent>(std::move(m_agent))]() mutable {
                 agent.reset();
                 return true;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "AgentReport.h"
-#include "Worker.h"
+#include "TavWorker.h"
 
 #include <QObject>
 #include <QTimer>
@@ -59,5 +59,5 @@ private:
     QTimer m_repeat;
     int m_feeding = 0; ///< number of the feeding that was begun last
     std::unique_ptr<LocalAgent> m_agent; ///< while a feeding is under way
-    Worker m_ender; ///< ends agents, which waits for their readings
+    TavWorker m_ender; ///< ends agents, which waits for their readings
 };

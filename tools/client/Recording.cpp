@@ -30,7 +30,7 @@ Beginning beginFile(const QString &file)
 }
 
 Recording::Recording(ClientSession &session, QObject *parent)
-    : QObject(parent), m_session(session), m_worker("recording")
+    : QObject(parent), m_session(session), m_worker("recording", TavWorker::AtEnd::Finish)
 {
     m_watch.setInterval(200);
     connect(&m_watch, &QTimer::timeout, this, [this] {
@@ -53,18 +53,18 @@ void Recording::begin(const QString &file)
     }
     m_file = file;
     setState(State::Beginning);
-    m_worker.run([file] { return beginFile(file); },
-                 [this](const Beginning &beginning) {
-                     m_recorder = beginning.recorder;
-                     if (!m_recorder) {
-                         setState(State::Off);
-                         emit failed(m_file, beginning.error);
-                         return;
-                     }
-                     m_session.calls().setRecorder(m_recorder);
-                     m_watch.start();
-                     setState(State::On);
-                 });
+    m_worker.post([file] { return beginFile(file); },
+                  [this](const Beginning &beginning) {
+                      m_recorder = beginning.recorder;
+                      if (!m_recorder) {
+                          setState(State::Off);
+                          emit failed(m_file, beginning.error);
+                          return;
+                      }
+                      m_session.calls().setRecorder(m_recorder);
+                      m_watch.start();
+                      setState(State::On);
+                  });
 }
 
 void Recording::end()
@@ -75,7 +75,7 @@ void Recording::end()
     m_watch.stop();
     m_session.calls().setRecorder(nullptr);
     setState(State::Ending);
-    m_worker.run(
+    m_worker.post(
         [recorder = std::move(m_recorder)] {
             recorder->finish();
             return recorder->progress();

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "TavScenarioRecorder.h"
-#include "Worker.h"
+#include "TavWorker.h"
 
 #include <QObject>
 #include <QString>
@@ -60,5 +60,5 @@ private:
     QString m_file;
     std::shared_ptr<TavScenarioRecorder> m_recorder;
     QTimer m_watch;
-    Worker m_worker;
+    TavWorker m_worker;
 };

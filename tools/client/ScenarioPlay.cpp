@@ -39,26 +39,26 @@ void ScenarioPlay::open(const QString &file, Opened opened)
     m_hasEnded = false;
     m_lines = 0;
     setState(State::Opening);
-    m_reader.run([file, isCancelled = m_isCancelled] { return surveyScenario(file, *isCancelled); },
-                 [this, opened, isCancelled = m_isCancelled](const ScenarioSurvey &survey) {
-                     if (isCancelled != m_isCancelled) {
-                         return; // another file has been opened meanwhile
-                     }
-                     m_isCancelled.reset();
-                     if (survey.error.isEmpty()) {
-                         m_survey = survey;
-                         setState(State::Ready);
-                         if (opened == Opened::Play) {
-                             play();
-                         }
-                         return;
-                     }
-                     m_survey = {};
-                     setState(State::Empty);
-                     if (!*isCancelled) {
-                         emit failed(survey.file, survey.error);
-                     }
-                 });
+    m_reader.post([file, isCancelled = m_isCancelled] { return surveyScenario(file, *isCancelled); },
+                  [this, opened, isCancelled = m_isCancelled](const ScenarioSurvey &survey) {
+                      if (isCancelled != m_isCancelled) {
+                          return; // another file has been opened meanwhile
+                      }
+                      m_isCancelled.reset();
+                      if (survey.error.isEmpty()) {
+                          m_survey = survey;
+                          setState(State::Ready);
+                          if (opened == Opened::Play) {
+                              play();
+                          }
+                          return;
+                      }
+                      m_survey = {};
+                      setState(State::Empty);
+                      if (!*isCancelled) {
+                          emit failed(survey.file, survey.error);
+                      }
+                  });
 }
 
 void ScenarioPlay::play()

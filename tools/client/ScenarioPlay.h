@@ -2,7 +2,7 @@
 
 #include "ScenarioSurvey.h"
 #include "TavScenarioPlayer.h"
-#include "Worker.h"
+#include "TavWorker.h"
 
 #include <QFile>
 #include <QObject>
@@ -95,5 +95,5 @@ private:
     QTimer m_watch;
     std::unique_ptr<QFile> m_file;
     std::unique_ptr<TavScenarioPlayer> m_player; ///< none unless playing, paused or stopping
-    Worker m_reader;
+    TavWorker m_reader;
 };

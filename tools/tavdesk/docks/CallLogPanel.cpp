@@ -44,7 +44,7 @@ CallLogPanel::CallLogPanel(CallLog &log, QWidget *parent) : CallLogPanel(newMode
 CallLogPanel::CallLogPanel(LogModel<LoggedCall> *model, QWidget *parent)
     : LogPanel(model, tr("Calls"), 4, {14, 9, 21, 24, 30, 14, 11, 9}, parent)
     , m_model(model)
-    , m_writer(QStringLiteral("call-writer"))
+    , m_writer(QStringLiteral("call-writer"), TavWorker::AtEnd::Finish)
 {
     auto *const saveSelection = new QAction(symbolIcon(Symbol::Save), tr("Save Selection…"), this);
     saveSelection->setToolTip(tr("Save the selected calls as a scenario."));
@@ -77,9 +77,9 @@ QVector<LoggedCall> CallLogPanel::selectedCalls() const
 void CallLogPanel::save(const QString &file, const QVector<LoggedCall> &calls)
 {
     emit begun(tr("Writing the calls"));
-    m_writer.run([file, calls] { return saveAsScenario(file, calls); },
-                 [this, file](const QString &error) {
-                     emit ended();
-                     emit saved(file, error);
-                 });
+    m_writer.post([file, calls] { return saveAsScenario(file, calls); },
+                  [this, file](const QString &error) {
+                      emit ended();
+                      emit saved(file, error);
+                  });
 }

@@ -2,7 +2,7 @@
 
 #include "LogModel.h"
 #include "LogPanel.h"
-#include "Worker.h"
+#include "TavWorker.h"
 
 class CallLog;
 struct LoggedCall;
@@ -31,5 +31,5 @@ private:
     CallLogPanel(LogModel<LoggedCall> *model, QWidget *parent);
 
     LogModel<LoggedCall> *const m_model;
-    Worker m_writer;
+    TavWorker m_writer;
 };

@@ -91,7 +91,7 @@ QVBoxLayout *newColumn(QWidget *widget)
 }
 
 CallPanel::CallPanel(ClientSession &session, QWidget *parent)
-    : QWidget(parent), m_session(session), m_caller(QStringLiteral("call"))
+    : QWidget(parent), m_session(session), m_caller(QStringLiteral("call"), TavWorker::AtEnd::Finish)
 {
     auto *const splitter = new QSplitter;
     splitter->addWidget(newChoice());
@@ -252,7 +252,7 @@ void CallPanel::call(const QString &operation, const std::function<QJsonArray()>
     }
     m_call->setEnabled(false);
     emit begun(tr("Calling %1").arg(operation));
-    m_caller.run(make, finish);
+    m_caller.post(make, finish);
 }
 
 void CallPanel::showResult(const Outcome &outcome)

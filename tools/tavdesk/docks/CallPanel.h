@@ -1,7 +1,7 @@
 #pragma once
 
 #include "TavCall.h"
-#include "Worker.h"
+#include "TavWorker.h"
 
 #include <QWidget>
 
@@ -55,5 +55,5 @@ private:
     QPushButton *m_call = nullptr;
     QLabel *m_outcome = nullptr;
     QPlainTextEdit *m_result = nullptr;
-    Worker m_caller;
+    TavWorker m_caller;
 };

@@ -110,7 +110,7 @@ ModelPage::ModelPage(Page page, ITavObjectMgr &registry, Call call, Keys keys, Q
     , m_registry(registry)
     , m_call(std::move(call))
     , m_keys(std::move(keys))
-    , m_worker(QStringLiteral("page"))
+    , m_worker(QStringLiteral("page"), TavWorker::AtEnd::Finish)
 {
     m_next.setSingleShot(true);
     connect(&m_next, &QTimer::timeout, this, &ModelPage::read);
@@ -147,9 +147,9 @@ void ModelPage::read()
     }
     emit begun(m_edits.isEmpty() ? tr("Reading the page") : tr("Editing the list"), !m_edits.isEmpty());
     m_isStopped = std::make_shared<IsStopped>(false);
-    m_worker.run([page = m_page, &registry = m_registry, views, edits = std::exchange(m_edits, {}), keys = m_keys,
-                  isStopped = m_isStopped] { return readPage(page, registry, views, edits, keys, *isStopped); },
-                 [this](const PageReading &reading) { take(reading); });
+    m_worker.post([page = m_page, &registry = m_registry, views, edits = std::exchange(m_edits, {}), keys = m_keys,
+                   isStopped = m_isStopped] { return readPage(page, registry, views, edits, keys, *isStopped); },
+                  [this](const PageReading &reading) { take(reading); });
 }
 
 void ModelPage::stop()
@@ -175,7 +175,7 @@ void ModelPage::take(const PageReading &reading)
         }
         showCounts();
         takeKeys(reading.parts);
-        m_worker.run([gone = std::move(gone)] { return 0; }, [](int) {}); // long lists die there
+        m_worker.post([gone = std::move(gone)] {}); // long lists die there
     }
     if (!reading.problems.isEmpty()) {
         showProblem(reading.problems.join(QLatin1Char('\n')));
@@ -335,8 +335,8 @@ void ModelPage::edit(const Part &part, const QVector<int> &rows, const ValueList
 
 void ModelPage::copy(const ValueTablePointer &table, const QVector<int> &rows)
 {
-    m_worker.run([table, rows] { return textOf(*table, rows); },
-                 [](const QString &text) { QApplication::clipboard()->setText(text); });
+    m_worker.post([table, rows] { return textOf(*table, rows); },
+                  [](const QString &text) { QApplication::clipboard()->setText(text); });
 }
 
 void ModelPage::showProblem(const QString &problem)

@@ -1,8 +1,8 @@
 #pragma once
 
 #include "CTavSubFuncTypeHeader.h"
+#include "TavWorker.h"
 #include "ValueList.h"
-#include "Worker.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -91,5 +91,5 @@ private:
     /// To be made before the next reading; each says what went wrong.
     QVector<std::function<QString(const std::atomic<bool> &isStopped)>> m_edits;
     std::shared_ptr<std::atomic<bool>> m_isStopped; ///< asked between the calls of an edit
-    Worker m_worker; ///< the last member: what is above is there until its thread has ended
+    TavWorker m_worker; ///< the last member: what is above is there until its thread has ended
 };
