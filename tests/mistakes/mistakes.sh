@@ -8,7 +8,8 @@
 #     // clang: PATTERN         of clang and of clang-tidy; g++ says nothing of virtual functions that are [[nodiscard]]
 #     // clang-tidy: PATTERN    of clang-tidy, with the configuration that "tavctl new-page" writes
 #
-# COMPILER is the tree's, as CMake calls it. Then holds the table in the guide for authors against the lists.
+# COMPILER is the tree's, as CMake calls it. Builds PackedMistakes.cpp with clang's check of alignment, and expects of
+# each of its cases a report at its line. Then holds the table in the guide for authors against the lists.
 set -euo pipefail
 
 build_dir=$1 compiler=$2 clang_tidy=${3:-}
@@ -61,11 +62,34 @@ else
     echo "mistakes: clang-tidy is not installed, so nobody has looked at what it must find"
 fi
 
+# Rows packed to one byte: with the list of what cannot be otherwise, each report is the author's own.
+include=$work/include/tavsec
+mkdir -p "$include"
+cp "$root"/interfaces/*.h "$root"/kit/*.h "$include"
+packed=$here/PackedMistakes.cpp
+if ! command -v clang++ >/dev/null; then
+    echo "mistakes: clang++ is not installed, so nobody has looked for references to packed fields"
+elif ! eval clang++ -std=c++17 -g -fPIC -Wall -Wextra -Werror "'-I$include'" "$(grep -oE -- '-isystem [^ ]+' <<<"$command" | tr '\n' ' ')" \
+    -fsanitize=alignment -fno-sanitize-recover=alignment "'-fsanitize-ignorelist=$root/share/sanitizers/packed-rows.ignorelist'" \
+    "'$packed'" -o "'$work/packed'" -lQt5Core; then
+    failed=1
+else
+    "$work/packed" || { echo "mistakes: the correct forms with packed rows are reported" >&2; failed=1; }
+    while IFS=: read -r number mark; do
+        case=${mark##*case }
+        "$work/packed" "${case%%:*}" &>"$work/packed.txt" || true
+        if ! grep -qE "PackedMistakes.cpp:$number:[0-9]+: runtime error: .*misaligned" "$work/packed.txt"; then
+            echo "mistakes: PackedMistakes.cpp, line $number: no report, but: $(<"$work/packed.txt")" >&2
+            failed=1
+        fi
+    done < <(grep -nE '// reported: case ' "$packed")
+fi
+
 # The table: what the lists say, in their order.
 {
     echo '| mistake | seen by | instead |'
     echo '|---|---|---|'
-    sed -n 's,^//! \(.*\)$,| \1 |,p' "$list" "$here/RunningMistakesTest.cpp" "$root/tests/kit/TestClientTest.cpp"
+    sed -n 's,^//! \(.*\)$,| \1 |,p' "$list" "$here/RunningMistakesTest.cpp" "$packed" "$root/tests/kit/TestClientTest.cpp"
 } >"$work/table.txt"
 awk '/^\| mistake /, /^$/' "$root/docs/page-plugin-guide.md" | sed '/^$/d' >"$work/guide.txt"
 if ! diff -u "$work/guide.txt" "$work/table.txt"; then
