@@ -64,9 +64,9 @@ TavAccessObjects swapTableAndKey(ITavAccessControlMgr &access)
 {
     using Objects = TavAccessObjects;
 #ifdef TAV_REFUSED_MISTAKES
-    return Objects(access, Objects::Key(5), Objects::Table::True); // compiler: no match
+    return Objects(access, Objects::Key(5), Objects::Table::Files); // compiler: no match
 #else
-    return Objects(access, Objects::Table::True, Objects::Key(5));
+    return Objects(access, Objects::Table::Files, Objects::Key(5));
 #endif
 }
 
