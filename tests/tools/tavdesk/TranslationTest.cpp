@@ -6,6 +6,7 @@
 #include "PrintQString.h"
 #include "ProblemView.h"
 #include "Program.h"
+#include "ScenarioPlay.h"
 #include "TavEvents.h"
 #include "TestWindow.h"
 #include "TextFile.h"
@@ -15,6 +16,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMetaEnum>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -142,6 +144,18 @@ void lookAtAll(const TestWindow &client, Look look)
             look(*client.window);
         }
     }
+}
+
+/// The box that says that a scenario cannot be played.
+QMessageBox *newProblemBox(const TestWindow &client)
+{
+    client.window->play().open(QStringLiteral("/nonexistent/with-a-long-name/and-a-longer-one/scenario.jsonl"));
+    QMessageBox *box = nullptr;
+    EXPECT_TRUE(waitUntil([&] {
+        box = client.window->findChild<QMessageBox *>();
+        return box && box->isVisible();
+    }));
+    return box;
 }
 
 /// Whether the whole text has room in the widget that shows it.
@@ -289,6 +303,11 @@ TEST(Translation, ReachesEveryTextOfTheWindow)
         TavGlobalInfoMgr::getInstance()->setSystemRoot(root.path());
         const std::unique_ptr<QWidget> problem(newCatalogueProblem(nullptr));
         look(*problem);
+        QMessageBox *const box = newProblemBox(client);
+        ASSERT_TRUE(box);
+        box->setInformativeText({}); // the scenario's own problem, as tavctl tells it
+        QTest::qWait(0);
+        look(*box);
     }
     QCoreApplication::removeTranslator(&marking);
 }
@@ -322,6 +341,10 @@ TEST(Translation, IsNotCutOff)
         cut.unite(QSet<QString>(texts.begin(), texts.end()));
     });
     EXPECT_EQ(cut.values(), QStringList());
+    const QMessageBox *const box = newProblemBox(client);
+    ASSERT_TRUE(box);
+    EXPECT_TRUE(box->text().startsWith(QStringLiteral("无法播放 /"))) << box->text().toStdString();
+    EXPECT_EQ(cutTexts(*box), QStringList());
 }
 
 TEST(Translation, KeepsEachLetterWithAltForOnePlace)

@@ -185,6 +185,22 @@ TEST_F(ModelPageWindow, LetsAFactBeSelectedUnderTheMouse)
     EXPECT_EQ(value->selectedText(), "0");
 }
 
+TEST_F(ModelPageWindow, CopiesARecordWithTheKeyboard)
+{
+    open(Types::SubFunc_serverResourceInfo);
+    QWidget *const form = fact("memory total")->parentWidget();
+    ASSERT_TRUE(QTest::qWaitFor([form] { return form->isVisible(); }));
+    page->setFocus();
+    for (int i = 0; i < 20 && !form->hasFocus(); ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    ASSERT_TRUE(form->hasFocus());
+    QApplication::clipboard()->clear();
+    QTest::keySequence(form, QKeySequence::Copy);
+    EXPECT_TRUE(QApplication::clipboard()->text().startsWith("memory total\t0 bytes\n"))
+        << QApplication::clipboard()->text().toStdString();
+}
+
 TEST_F(ModelPageWindow, MakesAListWhenItsTabComesToTheFront)
 {
     manager<ITavNetControlMgr>().setUIData({{false, 0, "a"}});
