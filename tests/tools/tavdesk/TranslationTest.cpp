@@ -6,6 +6,7 @@
 #include "PrintQString.h"
 #include "ProblemView.h"
 #include "Program.h"
+#include "RecordForm.h"
 #include "ScenarioPlay.h"
 #include "TavEvents.h"
 #include "TestWindow.h"
@@ -211,18 +212,34 @@ QKeySequence mnemonicOf(const QWidget &widget)
     return label && label->buddy() ? QKeySequence::mnemonic(label->text()) : QKeySequence();
 }
 
-/// The names of fields that have a translation, in words.
-QStringList translatedFields()
+/// The texts of the tables that have a translation in this context.
+QStringList translatedTexts(const QString &context)
 {
     QFile file(catalogues + "fields_zh_CN.ts");
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    QStringList names;
+    QStringList texts;
+    QString inContext;
     for (QXmlStreamReader reader(&file); !reader.atEnd();) {
-        if (reader.readNextStartElement() && reader.name() == QLatin1String("source")) {
-            names.append(reader.readElementText());
+        if (!reader.readNextStartElement()) {
+            continue;
+        }
+        if (reader.name() == QLatin1String("name")) {
+            inContext = reader.readElementText();
+        } else if (reader.name() == QLatin1String("source") && inContext == context) {
+            texts.append(reader.readElementText());
         }
     }
-    return names;
+    return texts;
+}
+
+void expectTranslated(const QStringList &texts, const QString &context)
+{
+    const QStringList translated = translatedTexts(context);
+    const QSet<QString> shown(texts.begin(), texts.end());
+    const QSet<QString> known(translated.begin(), translated.end());
+    EXPECT_EQ((shown - known).values(), QStringList()) << "shown without a translation";
+    EXPECT_EQ((known - shown).values(), QStringList()) << "translated and never shown";
+    EXPECT_EQ(known.size(), translated.size()) << "translated twice";
 }
 }
 
@@ -244,10 +261,11 @@ TEST(Translation, KnowsEveryTextOfTheSources)
     }
 }
 
-TEST(Translation, KnowsEveryFieldThatPagesShow)
+TEST(Translation, KnowsEveryFieldAndCodeThatPagesShow)
 {
     const TestWindow window;
     QStringList names;
+    QStringList meanings;
     const auto pages = QMetaEnum::fromType<CTavSubFuncTypeHeader::TavSubFuncTypeHeader_>();
     for (int i = 0; i < pages.keyCount(); ++i) {
         for (const PageValue &value : valuesOf(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_(pages.value(i)))) {
@@ -256,17 +274,14 @@ TEST(Translation, KnowsEveryFieldThatPagesShow)
                 names += part.part.isEmpty() ? QString() : ValueColumn{part.part, {}}.title();
                 for (const ValueColumn &column : part.table->columns()) {
                     names += column.title().split(QStringLiteral(": "));
+                    meanings += column.meanings.values();
                 }
             }
         }
     }
     names.removeAll(QString());
-    const QStringList translated = translatedFields();
-    const QSet<QString> shown(names.begin(), names.end());
-    const QSet<QString> known(translated.begin(), translated.end());
-    EXPECT_EQ((shown - known).values(), QStringList()) << "shown without a translation";
-    EXPECT_EQ((known - shown).values(), QStringList()) << "translated and never shown";
-    EXPECT_EQ(known.size(), translated.size()) << "translated twice";
+    expectTranslated(names, "Fields");
+    expectTranslated(meanings, "CodeMeanings");
 }
 
 TEST(Translation, KnowsEveryUnit)
@@ -277,6 +292,8 @@ TEST(Translation, KnowsEveryUnit)
         EXPECT_FALSE(unit.contains(QRegularExpression("[a-z]"))) << unit.toStdString();
     }
     EXPECT_FALSE(CellText::ofKind(TavFields::Kind::Size, 0).contains("bytes"));
+    const RecordForm form("info", *recordTypeOf("STResourceInfoAsr"));
+    EXPECT_FALSE(labelTexts(form).contains("bytes"));
 }
 
 TEST(Translation, ReachesEveryTextOfTheWindow)

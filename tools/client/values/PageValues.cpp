@@ -116,7 +116,9 @@ QVector<PartTable> readBaselineItems(ITavObjectMgr &registry)
     QVector<STBLEnableConfig> items;
     const QVector<int> ids = BaselineList::idsOf(BaselineList::read());
     for (const int id : ids) {
-        items.append(manager->getItemConfig(id));
+        if (const STBLEnableConfig item = manager->getItemConfig(id); item.itemId == id) {
+            items.append(item); // otherwise the manager has none yet and has answered with an empty one
+        }
     }
     return tablesOf(items);
 }
