@@ -92,6 +92,7 @@ MainWindow::MainWindow(ClientSession &session)
     addDocks();
     addMenus();
     statusBar()->addWidget(m_status, 1);
+    m_navigation->setFocus();
 
     connect(m_pages, &PageArea::workBegun, &m_status->busy(), &BusyBar::begin);
     connect(m_pages, &PageArea::workEnded, &m_status->busy(), &BusyBar::end);
@@ -192,6 +193,11 @@ QDockWidget *MainWindow::addDock(const QString &name, const QString &title, QWid
     auto *const dock = new QDockWidget(withoutMnemonic(title), this);
     dock->setObjectName(name); // under which its place is kept
     dock->setWidget(content);
+    // A dock that lies under another is moved off the screen only: its keys and its focus would still have an effect.
+    connect(dock, &QDockWidget::visibilityChanged, content, &QWidget::setVisible);
+    QSizePolicy policy = content->sizePolicy();
+    policy.setRetainSizeWhenHidden(true); // or the docks would jump to the size of the one in front
+    content->setSizePolicy(policy);
     addDockWidget(area, dock);
     m_docks.append(dock);
     // The key is no shortcut of the entry, but shown with it: it brings the dock to the front, which a dock that lies

@@ -93,6 +93,7 @@ TEST(Monkey, DoesNoHarmWhileAScenarioPlays)
     int turns = 0;
     QObject::connect(&client.session, &ClientSession::pageChanged, client.window.get(), [&turns] { ++turns; });
     play.setLooped(true);
+    play.setSpeed(10); // many turns, however fast this machine is
     play.open(file.path(), ScenarioPlay::Opened::Play);
     QRandomGenerator random(seed);
     for (int i = 0; i < eventCount(); ++i) {

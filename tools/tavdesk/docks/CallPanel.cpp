@@ -2,16 +2,18 @@
 
 #include "ArgumentForm.h"
 #include "ClientSession.h"
+#include "FocusScrollArea.h"
 #include "ITavPicResourceMgr.h"
 #include "ValueText.h"
 
+#include <QAction>
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QFontDatabase>
 #include <QLabel>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -115,7 +117,6 @@ QWidget *CallPanel::newChoice()
     m_managers->addItems(TavCall::managers());
     m_list = new QListWidget;
     m_list->setAccessibleName(tr("Operations"));
-    setFocusProxy(m_list);
     m_list->setAlternatingRowColors(true);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto *const layout = newColumn(widget);
@@ -137,14 +138,16 @@ QWidget *CallPanel::newCall()
     m_signature->setTextFormat(Qt::PlainText);
     m_signature->setWordWrap(true);
     m_form = new ArgumentForm;
-    auto *const scroll = new QScrollArea;
-    scroll->setWidget(m_form);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
+    auto *const scroll = new FocusScrollArea(m_form);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_held = new QPushButton(tr("F&ill In What Is Held"));
     m_call = new QPushButton(tr("&Call"));
-    m_call->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Return));
     m_call->setToolTip(tr("Call the operation (Ctrl+Return)."));
+    auto *const key = new QAction(this);
+    key->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Return));
+    key->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    addAction(key);
+    connect(key, &QAction::triggered, m_call, &QPushButton::click);
     auto *const buttons = new QHBoxLayout;
     buttons->addWidget(m_held);
     buttons->addStretch();
@@ -174,6 +177,11 @@ QWidget *CallPanel::newResult()
     layout->addWidget(m_outcome);
     layout->addWidget(m_result);
     return widget;
+}
+
+void CallPanel::focusInEvent(QFocusEvent *event)
+{
+    m_list->setFocus(event->reason());
 }
 
 void CallPanel::showOperations()

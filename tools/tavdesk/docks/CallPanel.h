@@ -27,6 +27,10 @@ signals:
     void begun(const QString &text);
     void ended();
 
+protected:
+    /// To the operations; with a proxy for that, the tabulator would pass the managers by.
+    void focusInEvent(QFocusEvent *event) override;
+
 private:
     QWidget *newChoice();
     QWidget *newCall();

@@ -2,6 +2,7 @@
 
 #include "FactsForm.h"
 #include "FactsPanel.h"
+#include "FocusScrollArea.h"
 #include "QuietLabel.h"
 #include "TavCallError.h"
 #include "ValueList.h"
@@ -11,7 +12,6 @@
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QLabel>
-#include <QScrollArea>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -231,11 +231,7 @@ void ModelPage::arrange()
 {
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto *const scroll = new QScrollArea;
-    scroll->setWidget(m_facts);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-
+    auto *const scroll = new FocusScrollArea(m_facts);
     auto *const splitter = new QSplitter(Qt::Vertical);
     splitter->addWidget(scroll);
     splitter->addWidget(m_lists);

@@ -1,0 +1,17 @@
+#include "FocusScrollArea.h"
+
+#include <QApplication>
+
+FocusScrollArea::FocusScrollArea(QWidget *content, QWidget *parent) : QScrollArea(parent)
+{
+    setWidget(content);
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    // Qt's own following knows only of steps from one field inside to another, not of those that lead in.
+    connect(qApp, &QApplication::focusChanged, this, [this](const QWidget *, QWidget *now) {
+        if (widget()->isAncestorOf(now)) {
+            ensureWidgetVisible(now);
+        }
+    });
+}
