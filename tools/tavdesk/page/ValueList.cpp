@@ -74,11 +74,10 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
 
     connect(&model, &ValueModel::checkRequested, this,
             [this](int row, bool checked) { check({m_model.rows().order[row]}, checked); });
-    connect(&model, &ValueModel::rowsInserted, this, &ValueList::updateCount);
+    connect(&model, &ValueModel::applied, this, &ValueList::updateCount);
     if (model.rowCount() == 0) { // the widths fit the titles alone
         m_widthsOfTitles = connect(&model, &ValueModel::rowsInserted, this, &ValueList::fitFirstRows);
     }
-    connect(&model, &ValueModel::rowsRemoved, this, &ValueList::updateCount);
     updateCount();
     setColumnWidths();
     connect(m_view->horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
