@@ -68,7 +68,7 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
         connect(action, &QAction::triggered, this, slot);
         m_view->addAction(action);
     };
-    addKey(QKeySequence::Copy, [this] { emit copyRequested(selectedRows()); });
+    addKey(QKeySequence::Copy, [this] { emit copyRequested(rowsForKeys()); });
     addKey(Qt::Key_Space, [this] { toggleOrCheckSelected(); });
     addKey(Qt::CTRL + Qt::SHIFT + Qt::Key_S, [this] { sortByCurrentColumn(); });
 
@@ -194,7 +194,7 @@ void ValueList::toggle(const QVector<int> &rows)
 
 void ValueList::toggleOrCheckSelected()
 {
-    const QVector<int> rows = selectedRows();
+    const QVector<int> rows = rowsForKeys();
     if (m_isToggled) {
         toggle(rows);
         return;
@@ -208,6 +208,13 @@ void ValueList::toggleOrCheckSelected()
                   mark.data(Qt::CheckStateRole).toInt() != Qt::Checked);
         }
     }
+}
+
+QVector<int> ValueList::rowsForKeys() const
+{
+    const QVector<int> rows = selectedRows();
+    const int current = m_view->currentIndex().row(); // a table that the tabulator has led to has selected nothing yet
+    return rows.isEmpty() && current >= 0 ? QVector<int>{m_model.rows().order[current]} : rows;
 }
 
 QVector<int> ValueList::selectedRows() const

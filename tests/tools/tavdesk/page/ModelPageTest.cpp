@@ -232,6 +232,32 @@ TEST_F(ModelPageWindow, SortsAndFiltersByMouseAndKeyboard)
     EXPECT_TRUE(QTest::qWaitFor([&] { return states->model()->rowCount() == 3; }));
 }
 
+TEST_F(ModelPageWindow, CountsTheRowsAsTheyAreNow)
+{
+    auto &states = manager<ITavOneReinforceMgr>();
+    states.setStateInfo({{"a", "1"}, {"b", "1"}, {"c", "2"}});
+    open(Types::SubFunc_OneClickReinforcement);
+    QTableView *const view = table("States");
+    const auto *const count = in<QLabel>(view);
+    states.setStateInfo({{"a", "1"}, {"b", "1"}});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view->model()->rowCount() == 2; }));
+    EXPECT_EQ(count->text(), "2 row(s)");
+    in<QLineEdit>(view)->setText("1");
+    states.setStateInfo({{"a", "1"}, {"b", "1"}, {"c", "2"}, {"d", "2"}});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return count->text() == "2 of 4 row(s)"; })) << count->text().toStdString();
+}
+
+TEST_F(ModelPageWindow, ChecksTheRowThatTheTabulatorHasLedTo)
+{
+    manager<ITavProtectMgr>().setProtectUIData({protection("one"), protection("two")});
+    open(Types::SubFunc_SelfProtect);
+    QTableView *const rows = table("Protections");
+    ASSERT_FALSE(rows->selectionModel()->hasSelection());
+    QTest::keyClick(rows, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return manager<ITavProtectMgr>().getProtectUIData()[0].isChecked; }));
+    EXPECT_FALSE(manager<ITavProtectMgr>().getProtectUIData()[1].isChecked);
+}
+
 TEST_F(ModelPageWindow, ChecksARowByItsKeyAndReadsItBack)
 {
     manager<ITavProtectMgr>().setProtectUIData({protection("one"), protection("two")});
