@@ -185,7 +185,7 @@ void MainWindow::addDocks()
     below[1]->raise();
     setCorner(Qt::BottomLeftCorner, Qt::BottomDockWidgetArea);
     resizeDocks({m_docks.first()}, {250}, Qt::Horizontal);
-    resizeDocks({below.first()}, {240}, Qt::Vertical);
+    resizeDocks({below.first()}, {270}, Qt::Vertical);
 }
 
 QDockWidget *MainWindow::addDock(const QString &name, const QString &title, QWidget *content, Qt::DockWidgetArea area)

@@ -110,9 +110,8 @@ QVector<ShownText> textsOf(const QWidget &window)
 /// of the catalogue, which is Chinese.
 bool isData(const QString &text)
 {
-    static const QRegularExpression data(
-        R"(^((ITav|SubFunc_)\w+(::\w+)?|[a-z][\w.]*|JSON|/.*|.*\(.*\) returns .*|.*\p{Han}.*)$)",
-        QRegularExpression::UseUnicodePropertiesOption);
+    static const QRegularExpression data(R"(^((ITav|SubFunc_)\w+(::\w+)?|[a-z][\w.]*|JSON|/.*|.*\p{Han}.*)$)",
+                                         QRegularExpression::UseUnicodePropertiesOption);
     return data.match(text).hasMatch();
 }
 
