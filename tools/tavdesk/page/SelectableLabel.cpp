@@ -1,8 +1,38 @@
 #include "SelectableLabel.h"
 
+#include <QStylePainter>
+
 SelectableLabel::SelectableLabel(QWidget *parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
+}
+
+QSize SelectableLabel::sizeHint() const
+{
+    return QLabel::sizeHint().boundedTo(largestWish());
+}
+
+QSize SelectableLabel::minimumSizeHint() const
+{
+    return QLabel::minimumSizeHint().boundedTo(largestWish());
+}
+
+QSize SelectableLabel::largestWish() const
+{
+    constexpr int letters = 20;
+    return {fontMetrics().averageCharWidth() * letters, QWIDGETSIZE_MAX};
+}
+
+void SelectableLabel::paintEvent(QPaintEvent *event)
+{
+    const bool hasRoom = QLabel::minimumSizeHint().width() <= width(); // for its longest word
+    if (hasRoom || textInteractionFlags().testFlag(Qt::TextSelectableByMouse)) {
+        QLabel::paintEvent(event);
+        return;
+    }
+    QStylePainter(this).drawItemText(contentsRect(), int(alignment()), palette(), isEnabled(),
+                                     fontMetrics().elidedText(text(), Qt::ElideRight, contentsRect().width()),
+                                     foregroundRole());
 }
 
 void SelectableLabel::enterEvent(QEvent *event)

@@ -1,5 +1,6 @@
 #include "ModelPage.h"
 
+#include "FactsForm.h"
 #include "ITavAccessControlMgr.h"
 #include "ITavHostInfoMgr.h"
 #include "ITavNetControlMgr.h"
@@ -18,6 +19,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QTableView>
 #include <QTabWidget>
 #include <QtTest>
@@ -172,13 +175,58 @@ TEST_F(ModelPageWindow, ShowsARecordAsAForm)
     manager<ITavHostInfoMgr>().setResourceInfo(info);
     EXPECT_TRUE(QTest::qWaitFor([&] { return fact("memory total")->text() == "1.00 MiB"; }));
     EXPECT_EQ(fact("memory total")->toolTip(), "memoryTotal: 1048576 bytes");
-    EXPECT_EQ(fact("secure boot")->text(), "–") << "an absent field of a message";
+    EXPECT_EQ(fact("secure boot")->text(), "-") << "an absent field of a message";
+}
+
+TEST_F(ModelPageWindow, LeavesEachColumnOfFactsItsPlaceBesideALongWord)
+{
+    Tav::Base::CommandStateAsr answer;
+    answer.set_message(std::string(4000, 'w'));
+    manager<ITavAccessControlMgr>().setState(answer);
+    open(Types::SubFunc_PrincipalSettings);
+    const auto *const area = page->findChild<QScrollArea *>();
+    const auto forms = page->findChildren<FactsForm *>();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return forms.last()->isVisible(); }));
+    EXPECT_GT(forms.last()->mapTo(area, QPoint()).x(), 0) << "there is more than one column";
+    EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0);
+    EXPECT_LT(fact("message")->height(), 100);
+}
+
+TEST_F(ModelPageWindow, BringsTheFirstListThatHoldsAnythingToTheFront)
+{
+    open(Types::SubFunc_serverResourceInfo);
+    auto &lists = *page->findChild<QTabWidget *>();
+    EXPECT_EQ(lists.currentIndex(), 0);
+    manager<ITavNetControlMgr>().setUIData({{false, 0, "a"}});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return lists.tabText(lists.currentIndex()) == "Network rows (1)"; }));
+    manager<ITavNetControlMgr>().setUIData({});
+    QTest::qWait(500);
+    EXPECT_EQ(lists.tabText(lists.currentIndex()), "Network rows (0)") << "once, and no more";
+}
+
+TEST_F(ModelPageWindow, LeavesTheListInFrontThatSomebodyHasChosen)
+{
+    open(Types::SubFunc_serverResourceInfo);
+    auto &lists = *page->findChild<QTabWidget *>();
+    lists.setCurrentIndex(1);
+    manager<ITavNetControlMgr>().setUIData({{false, 0, "a"}});
+    const auto isShown = [&] { return lists.tabText(lists.count() - 1) == "Network rows (1)"; };
+    ASSERT_TRUE(QTest::qWaitFor(isShown));
+    EXPECT_EQ(lists.currentIndex(), 1);
+}
+
+TEST_F(ModelPageWindow, LeavesTheListsMostOfTheHeight)
+{
+    open(Types::SubFunc_serverResourceInfo);
+    const auto *const lists = page->findChild<QTabWidget *>();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return 2 * page->height() < 3 * lists->height() + 30; })) << lists->height();
 }
 
 TEST_F(ModelPageWindow, LetsAFactBeSelectedUnderTheMouse)
 {
     open(Types::SubFunc_serverResourceInfo);
     QLabel *const value = fact("memory total");
+    ASSERT_TRUE(QTest::qWaitFor([value] { return value->isVisible(); }));
     QEvent entered(QEvent::Enter);
     QApplication::sendEvent(value, &entered);
     QTest::mouseDClick(value, Qt::LeftButton, {}, QPoint(2, value->height() / 2));
