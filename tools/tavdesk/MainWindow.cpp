@@ -60,13 +60,17 @@ void announce(const Panel &panel, BusyBar &busy)
     QObject::connect(&panel, &Panel::ended, &busy, [&panel, &busy] { busy.end(&panel); });
 }
 
-/// Adds the buttons of @p bar to @p menu; its fields have their places in the bar alone.
+/// Adds the buttons of @p bar to @p menu, where alone their mnemonics have an effect and are shown; its fields have
+/// their places in the bar alone.
 void addButtons(QMenu &menu, const QToolBar &bar)
 {
     const QList<QAction *> actions = bar.actions();
     for (QAction *const action : actions) {
         if (!qobject_cast<QWidgetAction *>(action)) {
             menu.addAction(action);
+            const auto showText = [action] { action->setIconText(withoutMnemonic(action->text())); };
+            showText();
+            QObject::connect(action, &QAction::changed, action, showText);
         }
     }
 }

@@ -24,6 +24,8 @@
 #include <QSet>
 #include <QTableWidget>
 #include <QTabWidget>
+#include <QToolBar>
+#include <QToolButton>
 #include <QTranslator>
 #include <QVBoxLayout>
 #include <QXmlStreamReader>
@@ -361,6 +363,25 @@ TEST(Translation, IsNotCutOff)
     ASSERT_TRUE(box);
     EXPECT_TRUE(box->text().startsWith(QStringLiteral("无法播放 /"))) << box->text().toStdString();
     EXPECT_EQ(cutTexts(*box), QStringList());
+}
+
+TEST(Translation, ButtonsOfToolBarsShowNoMnemonic)
+{
+    for (const QLocale::Language language : {QLocale::English, QLocale::Chinese}) {
+        setInterfaceLanguage(language);
+        const TestWindow client;
+        int shown = 0;
+        const QList<QToolBar *> bars = client.window->findChildren<QToolBar *>();
+        for (const QToolBar *const bar : bars) {
+            const QList<QToolButton *> buttons = bar->findChildren<QToolButton *>();
+            for (const QToolButton *const button : buttons) {
+                shown += button->text().isEmpty() ? 0 : 1;
+                EXPECT_FALSE(button->text().contains('&') || button->text().contains('('))
+                    << button->text().toStdString();
+            }
+        }
+        EXPECT_GE(shown, 8);
+    }
 }
 
 TEST(Translation, KeepsEachLetterWithAltForOnePlace)

@@ -47,6 +47,10 @@
         <source>Scenarios (*.jsonl)</source>
         <translation>场景 (*.jsonl)</translation>
     </message>
+    <message>
+        <source>Stop &amp;Recording</source>
+        <translation>停止录制(&amp;R)</translation>
+    </message>
 </context>
 <context>
     <name>ArgumentForm</name>
