@@ -42,7 +42,7 @@ const QString docksSetting = QStringLiteral("window/docks");
 QString scenarioIn(const QMimeData &data)
 {
     const QString file = data.urls().value(0).toLocalFile();
-    return file.endsWith(QLatin1String(".jsonl")) ? file : QString();
+    return file.endsWith(QLatin1String(".jsonl"), Qt::CaseInsensitive) ? file : QString();
 }
 
 /// The text without its mnemonic, which some languages put behind it in brackets.
@@ -88,6 +88,7 @@ MainWindow::MainWindow(ClientSession &session)
 {
     setWindowTitle(tr("Security Client for Development"));
     setAcceptDrops(true);
+    qApp->installEventFilter(this);
     resize(1280, 860);
 
     setCentralWidget(m_pages);
@@ -139,6 +140,17 @@ void MainWindow::closeEvent(QCloseEvent *event)
     settings.setValue(placeSetting, saveGeometry());
     settings.setValue(docksSetting, saveState());
     QMainWindow::closeEvent(event);
+}
+
+// A scenario is played wherever it is dropped: a field for text would take its name.
+bool MainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::DragEnter && watched != this && isAncestorOf(qobject_cast<QWidget *>(watched))
+        && !scenarioIn(*static_cast<QDragEnterEvent *>(event)->mimeData()).isEmpty()) {
+        event->ignore(); // goes on to the window
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)

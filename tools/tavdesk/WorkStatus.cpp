@@ -51,7 +51,7 @@ void WorkStatus::showPlay()
     const ScenarioSurvey &survey = m_play.survey();
     const QString name = survey.title.isEmpty() ? QFileInfo(survey.file).fileName() : survey.title;
     m_playText->setText(
-        survey.file.isEmpty()
+        survey.file.isEmpty() || m_play.state() == State::Opening
             ? QString()
             : tr("%1: %2 of %n call(s)", nullptr, int(survey.lines)).arg(name, QString::number(m_play.linesPlayed())));
     if (m_play.state() == State::Opening) {
