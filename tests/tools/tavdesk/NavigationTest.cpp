@@ -1,5 +1,6 @@
 #include "TestWindow.h"
 
+#include "ITavFuncTypeMgr.h"
 #include "ITavSelectFuncMgr.h"
 #include "TavEvents.h"
 
@@ -90,6 +91,17 @@ TEST(Navigation, LeadsToAPageThatStandsAloneAndBack)
     ASSERT_TRUE(client.waitForPage(Pages::SubFunc_PrincipalAdd));
     pressFirst();
     EXPECT_TRUE(client.waitForPage(Pages::SubFunc_PrincipalSettings));
+}
+
+TEST(Navigation, LeadsToEachPageOnceWhenTheCatalogueHasBeenReadAgain)
+{
+    TestWindow client;
+    ITavFuncTypeMgr &catalogue = *client.session.host().manager<ITavFuncTypeMgr>();
+    catalogue.loadConfig();
+    client.session.select(catalogue.getSubFuncInfo(Pages::SubFunc_PrincipalAdd));
+    ASSERT_TRUE(client.waitForPage(Pages::SubFunc_PrincipalAdd));
+    const QWidget &frame = *client.window->pages().currentWidget();
+    EXPECT_EQ(frame.findChildren<QPushButton *>(QString(), Qt::FindDirectChildrenOnly).size(), 1);
 }
 
 TEST(Navigation, NotesEveryDeliveryWithItsLatency)
