@@ -92,6 +92,24 @@ TEST(Docks, WhatLiesUnderAnotherOneIsNotVisible)
     }
 }
 
+TEST(Docks, TheOneThatWasInFrontIsVisibleWhenTheWindowHasItsPlaceAgain)
+{
+    const TestWindow client;
+    const auto *const calls = client.window->findChild<QDockWidget *>("calls");
+    auto *const pictures = client.window->findChild<QDockWidget *>("pictures");
+    const QByteArray first = client.window->saveState();
+    pictures->raise();
+    const QByteArray second = client.window->saveState();
+    for (const QByteArray &place : {first, second}) {
+        client.window->hide();
+        EXPECT_TRUE(client.window->restoreState(place));
+        client.window->show();
+        EXPECT_TRUE(QTest::qWaitForWindowExposed(client.window.get()));
+        EXPECT_EQ(calls->widget()->isVisible(), place == first);
+        EXPECT_EQ(pictures->widget()->isVisible(), place == second);
+    }
+}
+
 TEST(Docks, KeepTheirHeightWhenAnotherOneComesToTheFront)
 {
     const TestWindow client;

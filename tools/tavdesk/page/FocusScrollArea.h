@@ -2,8 +2,8 @@
 
 #include <QScrollArea>
 
-/// @brief Shows a form that has no room as a whole. It is no stop of the tabulator itself, but follows it: whatever in
-/// the form has the focus comes into sight.
+/// @brief Shows a form that has no room as a whole. It is no stop of the tabulator itself, but follows the keyboard:
+/// what has been given the focus in the form comes into sight.
 class FocusScrollArea : public QScrollArea
 {
     Q_OBJECT
