@@ -2,6 +2,8 @@
 
 #include <QStylePainter>
 
+#include <algorithm>
+
 SelectableLabel::SelectableLabel(QWidget *parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
@@ -9,18 +11,19 @@ SelectableLabel::SelectableLabel(QWidget *parent) : QLabel(parent)
 
 QSize SelectableLabel::sizeHint() const
 {
-    return QLabel::sizeHint().boundedTo(largestWish());
+    const int width = widthWithin(24, fontMetrics().horizontalAdvance(text()));
+    return {width, heightForWidth(width)};
 }
 
 QSize SelectableLabel::minimumSizeHint() const
 {
-    return QLabel::minimumSizeHint().boundedTo(largestWish());
+    const QSize own = QLabel::minimumSizeHint();
+    return {widthWithin(10, own.width()), own.height()};
 }
 
-QSize SelectableLabel::largestWish() const
+int SelectableLabel::widthWithin(int letters, int width) const
 {
-    constexpr int letters = 20;
-    return {fontMetrics().averageCharWidth() * letters, QWIDGETSIZE_MAX};
+    return std::min(width, fontMetrics().averageCharWidth() * letters);
 }
 
 void SelectableLabel::paintEvent(QPaintEvent *event)

@@ -20,5 +20,5 @@ protected:
     void enterEvent(QEvent *event) override;
 
 private:
-    QSize largestWish() const; ///< a long word takes no room from what stands beside it
+    int widthWithin(int letters, int width) const; ///< a long word takes no room from what stands beside it
 };

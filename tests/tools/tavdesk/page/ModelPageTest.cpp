@@ -2,10 +2,12 @@
 
 #include "FactsForm.h"
 #include "ITavAccessControlMgr.h"
+#include "ITavAuthInfoMgr.h"
 #include "ITavHostInfoMgr.h"
 #include "ITavNetControlMgr.h"
 #include "ITavOneReinforceMgr.h"
 #include "ITavProtectMgr.h"
+#include "ITavSystemConfigMgr.h"
 #include "KnownKeys.h"
 #include "PrintQString.h"
 #include "TavCall.h"
@@ -178,18 +180,22 @@ TEST_F(ModelPageWindow, ShowsARecordAsAForm)
     EXPECT_EQ(fact("secure boot")->text(), "-") << "an absent field of a message";
 }
 
-TEST_F(ModelPageWindow, LeavesEachColumnOfFactsItsPlaceBesideALongWord)
+TEST_F(ModelPageWindow, LeavesEachColumnOfFactsItsPlaceBesideLongWords)
 {
-    Tav::Base::CommandStateAsr answer;
-    answer.set_message(std::string(4000, 'w'));
-    manager<ITavAccessControlMgr>().setState(answer);
-    open(Types::SubFunc_PrincipalSettings);
+    const std::string word(4000, 'w');
+    Tav::SystemConfig::SystemServerInfo server;
+    server.set_address(word);
+    manager<ITavSystemConfigMgr>().setServerInfo(server);
+    Tav::SystemConfig::PasswdChangeAsr change;
+    change.set_user_name(word);
+    manager<ITavAuthInfoMgr>().setPwdChange(change);
+    open(Types::SubFunc_serverResourceInfo);
     const auto *const area = page->findChild<QScrollArea *>();
     const auto forms = page->findChildren<FactsForm *>();
     ASSERT_TRUE(QTest::qWaitFor([&] { return forms.last()->isVisible(); }));
     EXPECT_GT(forms.last()->mapTo(area, QPoint()).x(), 0) << "there is more than one column";
     EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0);
-    EXPECT_LT(fact("message")->height(), 100);
+    EXPECT_LT(fact("user name")->height(), 100);
 }
 
 TEST_F(ModelPageWindow, BringsTheFirstListThatHoldsAnythingToTheFront)
