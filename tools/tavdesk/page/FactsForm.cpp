@@ -65,6 +65,14 @@ void FactsForm::paintEvent(QPaintEvent *event)
     }
 }
 
+// Qt's layout remembers the heights of its rows for the width that it was asked about last, which may be another one.
+void FactsForm::resizeEvent(QResizeEvent *event)
+{
+    QWidget::resizeEvent(event);
+    layout()->invalidate();
+    layout()->activate();
+}
+
 void FactsForm::update()
 {
     for (int column = 0; column < m_values.size(); ++column) {

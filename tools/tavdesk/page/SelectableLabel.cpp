@@ -2,8 +2,6 @@
 
 #include <QStylePainter>
 
-#include <algorithm>
-
 SelectableLabel::SelectableLabel(QWidget *parent) : QLabel(parent)
 {
     setTextFormat(Qt::PlainText);
@@ -11,19 +9,13 @@ SelectableLabel::SelectableLabel(QWidget *parent) : QLabel(parent)
 
 QSize SelectableLabel::sizeHint() const
 {
-    const int width = widthWithin(24, fontMetrics().horizontalAdvance(text()));
-    return {width, heightForWidth(width)};
+    return minimumSizeHint();
 }
 
 QSize SelectableLabel::minimumSizeHint() const
 {
-    const QSize own = QLabel::minimumSizeHint();
-    return {widthWithin(10, own.width()), own.height()};
-}
-
-int SelectableLabel::widthWithin(int letters, int width) const
-{
-    return std::min(width, fontMetrics().averageCharWidth() * letters);
+    constexpr int letters = 10;
+    return QLabel::minimumSizeHint().boundedTo({fontMetrics().averageCharWidth() * letters, QWIDGETSIZE_MAX});
 }
 
 void SelectableLabel::paintEvent(QPaintEvent *event)

@@ -12,13 +12,11 @@ class SelectableLabel : public QLabel
 public:
     explicit SelectableLabel(QWidget *parent = nullptr);
 
+    /// Both are small, whatever the text: its length takes no room from what stands beside it.
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
 protected:
     void paintEvent(QPaintEvent *event) override;
     void enterEvent(QEvent *event) override;
-
-private:
-    int widthWithin(int letters, int width) const; ///< a long word takes no room from what stands beside it
 };

@@ -10,6 +10,7 @@
 #include "ITavSystemConfigMgr.h"
 #include "KnownKeys.h"
 #include "PrintQString.h"
+#include "SelectableLabel.h"
 #include "TavCall.h"
 #include "TavPluginHost.h"
 #include "ValueModel.h"
@@ -196,6 +197,27 @@ TEST_F(ModelPageWindow, LeavesEachColumnOfFactsItsPlaceBesideLongWords)
     EXPECT_GT(forms.last()->mapTo(area, QPoint()).x(), 0) << "there is more than one column";
     EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0);
     EXPECT_LT(fact("user name")->height(), 100);
+}
+
+TEST_F(ModelPageWindow, LeavesEachFactAllLinesThatItTakes)
+{
+    open(Types::SubFunc_serverResourceInfo);
+    ASSERT_TRUE(QTest::qWaitFor([&] { return fact("password days left")->isVisible(); }));
+    for (const int width : {850, 900, 950, 1000, 1050, 1100}) {
+        page->resize(width, 700);
+        Tav::SystemConfig::PasswdChangeAsr change;
+        change.set_result(4);
+        change.set_user_name("root");
+        change.set_change_time(1'700'000'000 + width);
+        change.set_password_days_left(-1);
+        manager<ITavAuthInfoMgr>().setPwdChange(change);
+        QTest::qWait(500);
+        const auto labels = page->findChildren<SelectableLabel *>();
+        for (const QLabel *const label : labels) {
+            EXPECT_GE(label->height(), label->heightForWidth(label->width()))
+                << width << ' ' << label->accessibleName().toStdString() << ": " << label->text().toStdString();
+        }
+    }
 }
 
 TEST_F(ModelPageWindow, BringsTheFirstListThatHoldsAnythingToTheFront)
