@@ -127,6 +127,7 @@ TEST(Docks, KeysHaveNoEffectInOnesWithoutTheFocus)
     TestWindow client;
     client.navigation().setFocus();
     QTest::keyClick(&client.navigation(), Qt::Key_P, Qt::AltModifier);
+    QTest::qWait(300); // a button is seen to be pressed before it has its effect
     EXPECT_FALSE(client.window->findChild<QFileDialog *>()) << "Append… of the pictures, which lie under the calls";
     client.window->findChild<QDockWidget *>("call")->raise();
     client.navigation().setFocus();

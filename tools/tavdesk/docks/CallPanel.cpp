@@ -139,9 +139,6 @@ QWidget *CallPanel::newCall()
     auto *const scroll = new FocusScrollArea(m_form);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_held = new QPushButton(tr("F&ill In What Is Held"));
-    QSizePolicy policy = m_held->sizePolicy();
-    policy.setRetainSizeWhenHidden(true); // or the columns would take another width with each operation
-    m_held->setSizePolicy(policy);
     m_call = new QPushButton(tr("&Call"));
     m_call->setToolTip(tr("Call the operation (Ctrl+Return)."));
     auto *const key = new QAction(this);
