@@ -1,20 +1,25 @@
 #include "WorkStatus.h"
 
 #include "AgentFeeder.h"
+#include "AgentReport.h"
 #include "BusyBar.h"
 #include "CellText.h"
+#include "NotesDialog.h"
 #include "Recording.h"
 #include "ScenarioPlay.h"
+#include "SymbolIcon.h"
 
 #include <QFileInfo>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QPushButton>
 
 WorkStatus::WorkStatus(AgentFeeder &feeder, ScenarioPlay &play, Recording &recording, QWidget *parent)
     : QWidget(parent)
     , m_feeder(feeder)
     , m_play(play)
     , m_recording(recording)
+    , m_notesButton(new QPushButton)
     , m_playText(new QLabel)
     , m_recordingText(new QLabel)
     , m_busy(new BusyBar)
@@ -22,6 +27,7 @@ WorkStatus::WorkStatus(AgentFeeder &feeder, ScenarioPlay &play, Recording &recor
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(6, 0, 6, 0);
     layout->setSpacing(18);
+    layout->addWidget(m_notesButton);
     layout->addWidget(m_playText);
     layout->addWidget(m_recordingText);
     layout->addStretch();
@@ -29,6 +35,16 @@ WorkStatus::WorkStatus(AgentFeeder &feeder, ScenarioPlay &play, Recording &recor
     for (QLabel *const label : {m_playText, m_recordingText}) {
         label->setTextFormat(Qt::PlainText);
     }
+    m_notesButton->setFlat(true);
+    m_notesButton->setIcon(symbolIcon(Symbol::Warning));
+    m_notesButton->setToolTip(tr("Show what the agent could not read, and why."));
+    m_notesButton->hide();
+    connect(m_notesButton, &QPushButton::clicked, this, [this] {
+        auto *const dialog = new NotesDialog(m_notes, window());
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->open();
+    });
+    connect(&m_feeder, &AgentFeeder::fed, this, &WorkStatus::showNotes);
     connect(&m_feeder, &AgentFeeder::stateChanged, this, &WorkStatus::showFeeding);
     connect(&m_play, &ScenarioPlay::stateChanged, this, &WorkStatus::showPlay);
     connect(&m_play, &ScenarioPlay::positionChanged, this, &WorkStatus::showPlay);
@@ -43,6 +59,16 @@ void WorkStatus::showFeeding()
     } else {
         m_busy->end(&m_feeder);
     }
+}
+
+void WorkStatus::showNotes(const AgentReport &report)
+{
+    m_notes.clear();
+    for (const AgentReading &reading : report.readings) {
+        m_notes += reading.notes;
+    }
+    m_notesButton->setText(tr("%n source(s) could not be read", nullptr, m_notes.size()));
+    m_notesButton->setVisible(!m_notes.isEmpty());
 }
 
 void WorkStatus::showPlay()

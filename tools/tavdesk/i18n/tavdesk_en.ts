@@ -54,5 +54,12 @@
             <numerusform>Recording %1: %n calls, %2</numerusform>
         </translation>
     </message>
+    <message numerus="yes">
+        <source>%n source(s) could not be read</source>
+        <translation>
+            <numerusform>%n source could not be read</numerusform>
+            <numerusform>%n sources could not be read</numerusform>
+        </translation>
+    </message>
 </context>
 </TS>

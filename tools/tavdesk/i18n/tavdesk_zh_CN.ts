@@ -583,6 +583,25 @@
     </message>
 </context>
 <context>
+    <name>NotesDialog</name>
+    <message>
+        <source>Not Read</source>
+        <translation>未能读取</translation>
+    </message>
+    <message>
+        <source>Sources that could not be read</source>
+        <translation>未能读取的来源</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>来源</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>原因</translation>
+    </message>
+</context>
+<context>
     <name>PageArea</name>
     <message>
         <source>The page cannot be shown</source>
@@ -1365,6 +1384,16 @@
         <source>Recording %1: %n call(s), %2</source>
         <translation>
             <numerusform>正在录制 %1：%n 次调用，%2</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Show what the agent could not read, and why.</source>
+        <translation>显示代理未能读取的内容及原因。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n source(s) could not be read</source>
+        <translation>
+            <numerusform>%n 个来源未能读取</numerusform>
         </translation>
     </message>
 </context>
