@@ -76,14 +76,15 @@ void WorkStatus::showPlay()
     using State = ScenarioPlay::State;
     const ScenarioSurvey &survey = m_play.survey();
     const QString name = survey.title.isEmpty() ? QFileInfo(survey.file).fileName() : survey.title;
-    m_playText->setText(
-        survey.file.isEmpty()
-            ? QString()
-            : tr("%1: %2 of %n call(s)", nullptr, int(survey.lines)).arg(name, QString::number(m_play.linesPlayed())));
+    const QString calls
+        = tr("%1: %2 of %n call(s)", nullptr, int(survey.lines)).arg(name, QString::number(m_play.linesPlayed()));
+    m_playText->setText(survey.file.isEmpty()   ? QString()
+                            : m_play.turn() > 1 ? tr("%1, turn %2").arg(calls).arg(m_play.turn())
+                                                : calls);
     if (m_play.state() == State::Opening) {
         m_busy->begin(&m_play, tr("Reading the scenario"), [this] { m_play.stop(); });
     } else if (m_play.state() == State::Stopping) {
-        m_busy->begin(&m_play, tr("Waiting for the calls under way"), {});
+        m_busy->begin(&m_play, tr("Waiting for the calls under way"), [this] { m_play.leave(); });
     } else {
         m_busy->end(&m_play);
     }
@@ -99,7 +100,7 @@ void WorkStatus::showRecording()
                                             CellText::ofKind(TavFields::Kind::Size, progress.bytes))
                                  : QString());
     if (m_recording.state() == State::Beginning || m_recording.state() == State::Ending) {
-        m_busy->begin(&m_recording, tr("Writing the recording"), {});
+        m_busy->begin(&m_recording, tr("Writing the recording"), [this] { m_recording.leave(); });
     } else {
         m_busy->end(&m_recording);
     }

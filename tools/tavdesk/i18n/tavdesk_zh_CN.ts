@@ -1396,5 +1396,9 @@
             <numerusform>%n 个来源未能读取</numerusform>
         </translation>
     </message>
+    <message>
+        <source>%1, turn %2</source>
+        <translation>%1，第 %2 轮</translation>
+    </message>
 </context>
 </TS>
