@@ -269,7 +269,8 @@ TEST(Translation, KnowsEveryFieldAndCodeThatPagesShow)
     const auto pages = QMetaEnum::fromType<CTavSubFuncTypeHeader::TavSubFuncTypeHeader_>();
     for (int i = 0; i < pages.keyCount(); ++i) {
         for (const PageValue &value : valuesOf(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_(pages.value(i)))) {
-            const QVector<PartTable> parts = value.read();
+            const QVector<PartTable> parts
+                = value.readKeysFrom ? value.readKeysFrom(window.session.host().registry(), {}) : value.read();
             for (const PartTable &part : parts) {
                 names += part.part.isEmpty() ? QString() : ValueColumn{part.part, {}}.title();
                 for (const ValueColumn &column : part.table->columns()) {
@@ -294,6 +295,22 @@ TEST(Translation, KnowsEveryUnit)
     EXPECT_FALSE(CellText::ofKind(TavFields::Kind::Size, 0).contains("bytes"));
     const RecordForm form("info", *recordTypeOf("STResourceInfoAsr"));
     EXPECT_FALSE(labelTexts(form).contains("bytes"));
+}
+
+TEST(Translation, ReachesWhatIsWrongWithAPlugin)
+{
+    setInterfaceLanguage(QLocale(QLocale::Chinese, QLocale::China));
+    for (const QString &file : {QStringLiteral("/nonexistent/plugin.so"), QStringLiteral("/"),
+                                QStringLiteral(TAV_SOURCE_DIR "/README.md"), QStringLiteral(TAV_OTHER_PLUGIN_FILE)}) {
+        try {
+            const TavPluginHost host(file);
+            ADD_FAILURE() << file.toStdString() << " is taken";
+        } catch (const TavPluginError &error) {
+            for (const QString &text : {error.problem(), error.effect(), error.advice()}) {
+                EXPECT_TRUE(text.contains(QRegularExpression("\\p{Han}"))) << text.toStdString();
+            }
+        }
+    }
 }
 
 TEST(Translation, ReachesEveryTextOfTheWindow)

@@ -957,6 +957,10 @@
         <source>Entries</source>
         <translation>条目</translation>
     </message>
+    <message>
+        <source>Object counts</source>
+        <translation>客体计数</translation>
+    </message>
 </context>
 <context>
     <name>PictureModel</name>

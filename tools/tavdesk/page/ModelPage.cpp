@@ -63,8 +63,10 @@ PageReading readPage(ModelPage::Page page, ITavObjectMgr &registry, const QVecto
         const QVector<QJsonArray> keys
             = value.readKeyFrom ? keysOf(value.manager, value.getter) : QVector<QJsonArray>();
         const QJsonArray key = views.value(reading.parts.size()).arrangement.key;
-        const QVector<PartTable> tables
-            = keys.contains(key) ? value.readKeyFrom(registry, key) : value.readFrom(registry);
+        const QVector<PartTable> tables = value.readKeysFrom
+            ? value.readKeysFrom(registry, keysOf(value.manager, value.getter))
+            : keys.contains(key) ? value.readKeyFrom(registry, key)
+                                 : value.readFrom(registry);
         for (const PartTable &table : tables) {
             const View view = views.value(reading.parts.size());
             reading.parts.append(

@@ -412,6 +412,20 @@ TEST_F(ModelPageWindow, StopsALongEditAndSaysHowFarItCame)
     EXPECT_TRUE(QTest::qWaitFor([&] { return hasLabel(QString("Stopped after %1 of 1000 calls.").arg(calls)); }));
 }
 
+TEST_F(ModelPageWindow, CountsObjectsUnderTheKeysThatWereSet)
+{
+    auto &access = manager<ITavAccessControlMgr>();
+    open(Types::SubFunc_ObjectSetting);
+    QTableView *const counts = table("Object counts");
+    EXPECT_EQ(counts->model()->rowCount(), 0);
+    access.setObjectCount(8, true, 3);
+    keys.note("ITavAccessControlMgr", "setObjectCount", QJsonArray{8, true, 3});
+    ASSERT_TRUE(QTest::qWaitFor([counts] { return counts->model()->rowCount() == 1; }));
+    EXPECT_EQ(counts->model()->index(0, 0).data(), "yes");
+    EXPECT_EQ(counts->model()->index(0, 1).data(), "3");
+    EXPECT_EQ(counts->model()->index(0, 2).data(), "8");
+}
+
 TEST_F(ModelPageWindow, ChecksTheCurrentLevelAloneWhenSeveralAreSelected)
 {
     auto &access = manager<ITavAccessControlMgr>();
