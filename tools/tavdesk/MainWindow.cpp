@@ -95,6 +95,7 @@ MainWindow::MainWindow(ClientSession &session)
 
     connect(m_pages, &PageArea::workBegun, &m_status->busy(), &BusyBar::begin);
     connect(m_pages, &PageArea::workEnded, &m_status->busy(), &BusyBar::end);
+    connect(m_pages, &PageArea::pageFailed, this, &MainWindow::problemShown);
     connect(m_pages, &PageArea::pageChosen, &m_session, &ClientSession::select);
     connect(m_navigation, &NavigationView::pageChosen, &m_session, &ClientSession::select);
     connect(&m_session, &ClientSession::pageChanged, this, [this](ClientSession::Page page) {

@@ -53,19 +53,38 @@ TEST(Pictures, AreSavedOfEachPageEachDockAndTheWindow)
     }
 }
 
-TEST(Pictures, AreTakenOfAWindowOnADisplay)
+/// On a display of its own; skipped where there is none to be had.
+class OnDisplay : public testing::Test
 {
-    for (const QString &program : {QStringLiteral("xvfb-run"), QStringLiteral("xauth")}) {
-        if (QStandardPaths::findExecutable(program).isEmpty()) {
-            GTEST_SKIP() << "there is no " << program.toStdString() << ": the window is not tried on a display";
+protected:
+    void SetUp() override
+    {
+        for (const QString &program : {QStringLiteral("xvfb-run"), QStringLiteral("xauth")}) {
+            if (QStandardPaths::findExecutable(program).isEmpty()) {
+                GTEST_SKIP() << "there is no " << program.toStdString() << ": the window is not tried on a display";
+            }
         }
     }
+
     const QTemporaryDir directory;
-    const Program desk = runDesk(onDemo + played + QStringList{"--pictures", directory.path()},
-                                 {"xvfb-run", "-a", "-s", "-screen 0 1600x1200x24", "env", "QT_QPA_PLATFORM=xcb"});
+    const QStringList display{"xvfb-run", "-a", "-s", "-screen 0 1600x1200x24", "env", "QT_QPA_PLATFORM=xcb"};
+};
+
+TEST_F(OnDisplay, PicturesAreTakenOfTheWindow)
+{
+    const Program desk = runDesk(onDemo + played + QStringList{"--pictures", directory.path()}, display);
     EXPECT_EQ(desk.exitCode, 0) << desk.errors.toStdString();
     const QImage window(directory.filePath("window.png"));
     EXPECT_EQ(window.size(), QSize(1280, 860));
+}
+
+TEST_F(OnDisplay, TheWindowOpensAndTheProgramEndsWhenItIsClosed)
+{
+    const QString settings = directory.filePath("tavsec/tavdesk.conf");
+    const Program desk = runDesk(onDemo + played + QStringList{"--page", TAV_CLOSING_PAGE_FILE},
+                                 display + QStringList{"XDG_CONFIG_HOME=" + directory.path()});
+    EXPECT_EQ(desk.exitCode, 0) << desk.errors.toStdString();
+    EXPECT_TRUE(contentOf(settings).contains("place=")) << "where the window was is kept for the next start";
 }
 
 TEST(Pictures, AreTakenByTwoProgramsAtOnceThatShareTheirSettings)
@@ -131,6 +150,16 @@ TEST(Pictures, GoOnWhenAPageThrowsAndEndWithTwo)
         = runDesk(onDemo + QStringList{"--page", TAV_THROWING_WIDGET_FILE, "--pictures", directory.path()});
     EXPECT_EQ(desk.exitCode, 2);
     EXPECT_TRUE(desk.errors.contains("ThrowingWidget threw: no light today")) << desk.errors.toStdString();
+    EXPECT_TRUE(QFile::exists(directory.filePath("window.png")));
+}
+
+TEST(Pictures, GoOnWhenAPageCannotBeMadeAndEndWithTwo)
+{
+    const QTemporaryDir directory;
+    const Program desk
+        = runDesk(onDemo + QStringList{"--page", TAV_THROWING_PAGE_FILE, "--pictures", directory.path()});
+    EXPECT_EQ(desk.exitCode, 2);
+    EXPECT_TRUE(desk.errors.contains("The page cannot be shown: ")) << desk.errors.toStdString();
     EXPECT_TRUE(QFile::exists(directory.filePath("window.png")));
 }
 
