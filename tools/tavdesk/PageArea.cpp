@@ -97,9 +97,8 @@ QWidget *PageArea::newContent(const TavSubFuncTypeData_ &page)
         [&session = m_session](const QString &manager, const QString &getter) {
             return session.calls().keys().of(manager, getter);
         });
-    connect(content, &ModelPage::begun, this, [this, content](const QString &text, bool canBeStopped) {
-        emit workBegun(content, text, canBeStopped ? [content] { content->stop(); } : std::function<void()>());
-    });
+    connect(content, &ModelPage::begun, this,
+            [this, content](const QString &text) { emit workBegun(content, text, [content] { content->stop(); }); });
     connect(content, &ModelPage::ended, this, [this, content] { emit workEnded(content); });
     return content;
 }

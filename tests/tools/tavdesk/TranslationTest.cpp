@@ -1,6 +1,7 @@
 #include "CatalogueProblem.h"
 #include "CellText.h"
 #include "FactsForm.h"
+#include "FindingsDialog.h"
 #include "InterfaceLanguage.h"
 #include "PageValues.h"
 #include "PrintQString.h"
@@ -332,6 +333,8 @@ TEST(Translation, ReachesEveryTextOfTheWindow)
         };
         lookAtAll(client, look);
         showCatalogueFindings(client.window.get());
+        look(*client.window);
+        ASSERT_TRUE(waitUntil([&] { return client.window->findChild<FindingsDialog *>() != nullptr; }));
         look(*client.window);
         const QTemporaryDir root;
         TavGlobalInfoMgr::getInstance()->setSystemRoot(root.path());

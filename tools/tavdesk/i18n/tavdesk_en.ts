@@ -29,6 +29,16 @@
     </message>
 </context>
 <context>
+    <name>MainWindow</name>
+    <message numerus="yes">
+        <source>%1 was written without %n refused call(s).</source>
+        <translation>
+            <numerusform>%1 was written without the refused call.</numerusform>
+            <numerusform>%1 was written without the %n refused calls.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>Recording</name>
     <message numerus="yes">
         <source>%n call(s) are missing in it</source>

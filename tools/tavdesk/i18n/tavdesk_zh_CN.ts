@@ -175,6 +175,10 @@
         <source>Returned, of which the first %L1 of %L2 letters are shown:</source>
         <translation>已返回，显示 %L2 个字符中的前 %L1 个：</translation>
     </message>
+    <message>
+        <source>The call goes on, and the next one begins behind it. What it returns is not shown.</source>
+        <translation>调用仍在进行，下一个调用在其后开始。其返回值不再显示。</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueProblem</name>
@@ -221,6 +225,14 @@
     <message>
         <source>%1: nothing was found.</source>
         <translation>%1：未发现问题。</translation>
+    </message>
+    <message>
+        <source>Checking the catalogue</source>
+        <translation>正在检查导航目录</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
     </message>
 </context>
 <context>
@@ -538,6 +550,12 @@
         <source>%1.</source>
         <comment>a sentence</comment>
         <translation>%1。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 was written without %n refused call(s).</source>
+        <translation>
+            <numerusform>已写入 %1，不含被拒绝的 %n 次调用。</numerusform>
+        </translation>
     </message>
 </context>
 <context>
