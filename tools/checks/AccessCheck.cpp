@@ -1,17 +1,25 @@
 #include "AccessCheck.h"
 
+#include "InstallationPaths.h"
 #include "RootedPath.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QSet>
 
+#include <algorithm>
+#include <cstring>
+#include <grp.h>
+#include <initializer_list>
+#include <pwd.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace
 {
-bool isStatusOf(const RootedPath &path, struct stat &status)
+bool isStatusOf(const QString &file, struct stat &status)
 {
-    return stat(QFile::encodeName(path.file()).constData(), &status) == 0;
+    return stat(QFile::encodeName(file).constData(), &status) == 0;
 }
 
 /// What a file or directory is there for.
@@ -19,6 +27,17 @@ enum class Use {
     Read, ///< what is in it counts: what somebody puts into such a directory is taken
     PassedThrough, ///< one known name is looked up in it
 };
+
+/// Whether the group is the one that is made for the owner alone: it has his number or his name.
+bool isGroupOfOwner(const struct stat &status)
+{
+    if (status.st_gid == status.st_uid) {
+        return true;
+    }
+    const passwd *const owner = getpwuid(status.st_uid);
+    const group *const owners = getgrgid(status.st_gid);
+    return owner && owners && std::strcmp(owner->pw_name, owners->gr_name) == 0;
+}
 
 /// Who may write it besides its owner; empty for nobody.
 QString otherWriters(const struct stat &status, Use use)
@@ -29,26 +48,25 @@ QString otherWriters(const struct stat &status, Use use)
     if (status.st_mode & S_IWOTH) {
         return "everybody";
     }
-    // A group with the number of the owner is the one that is made for him alone.
-    const bool isSharedGroup = status.st_mode & S_IWGRP && status.st_gid != status.st_uid;
-    return isSharedGroup ? QString("the group %1").arg(status.st_gid) : QString();
+    return status.st_mode & S_IWGRP && !isGroupOfOwner(status) ? QString("the group %1").arg(status.st_gid) : QString();
 }
 
-Findings findingsOn(const RootedPath &path, Use use, uid_t rootOwner)
+/// What is found at @p file, whose owner has to be the administrator or one of @p owners.
+Findings findingsOn(const QString &file, Use use, std::initializer_list<uid_t> owners)
 {
     struct stat status = {};
-    if (!isStatusOf(path, status)) {
+    if (!isStatusOf(file, status)) {
         return {};
     }
     Findings findings;
     const QString writers = otherWriters(status, use);
     if (!writers.isEmpty()) {
-        findings.append(Finding::ofFile(FindingCode::WritableByOthers, path.file(), writers + " may write it",
+        findings.append(Finding::ofFile(FindingCode::WritableByOthers, file, writers + " may write it",
                                         "others than its owner decide what the client shows and the agent runs",
                                         R"(take the right away with "chmod go-w")"));
     }
-    if (status.st_uid != 0 && status.st_uid != rootOwner) {
-        findings.append(Finding::ofFile(FindingCode::OwnedByStranger, path.file(),
+    if (status.st_uid != 0 && std::find(owners.begin(), owners.end(), status.st_uid) == owners.end()) {
+        findings.append(Finding::ofFile(FindingCode::OwnedByStranger, file,
                                         QString("belongs to the user %1").arg(status.st_uid),
                                         "this user decides what the client shows and the agent runs",
                                         R"(give it to the administrator with "chown root")"));
@@ -60,13 +78,13 @@ Findings findingsOn(const RootedPath &path, Use use, uid_t rootOwner)
 Findings checkAccess(const QStringList &paths)
 {
     struct stat root = {};
-    isStatusOf(RootedPath(), root);
+    isStatusOf(RootedPath().file(), root);
     Findings findings;
     QSet<QString> checked;
     const auto check = [&](const QString &path, Use use) {
         if (!checked.contains(path)) {
             checked.insert(path);
-            findings += findingsOn(RootedPath{path}, use, root.st_uid);
+            findings += findingsOn(RootedPath{path}.file(), use, {root.st_uid});
         }
     };
     QStringList passedThrough;
@@ -81,6 +99,18 @@ Findings checkAccess(const QStringList &paths)
         check(directory, Use::PassedThrough);
     }
     return findings;
+}
+
+Findings checkFileAccess(const QString &file)
+{
+    const QString root = InstallationPaths::rootOf(file);
+    struct stat around = {};
+    if (!root.isEmpty()) {
+        isStatusOf(root, around);
+        return findingsOn(file, Use::Read, {around.st_uid});
+    }
+    isStatusOf(QFileInfo(QFileInfo(file).canonicalFilePath()).path(), around);
+    return findingsOn(file, Use::Read, {around.st_uid, getuid()});
 }
 
 Findings checkProcessFiles()

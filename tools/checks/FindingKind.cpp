@@ -299,11 +299,13 @@ const std::vector<FindingKind> &findingKinds()
         {Code::WritableByOthers, Severity::Error, "writable by others",
          "Somebody else than the owner may change the file, or put another in its place. The client shows it, or the "
          "agent runs it with its own rights. A group that is the owner's alone is not meant, nor is a directory in "
-         "which each may change but his own, unless the client takes all that lies in it.",
+         "which each may change but his own, unless the client takes all that lies in it. Some pipelines check their "
+         "files out like that: there it can be left out with --ignore.",
          "-rwxrwxrwx check.sh", "-rwxr-xr-x check.sh"},
         {Code::OwnedByStranger, Severity::Error, "owned by a stranger",
-         "The owner is neither the administrator nor the owner of the whole system root.", "-rw-r--r-- guest",
-         "-rw-r--r-- root"},
+         "The owner is neither the administrator nor the owner of the whole system root. A configuration file that is "
+         "not installed may also belong to whoever checks it, and to the owner of the directory that it lies in.",
+         "-rw-r--r-- guest", "-rw-r--r-- root"},
         {Code::NoProcessFiles, Severity::Error, "no files of processes",
          "/proc is not mounted on the machine that is checked. What pages show of it is read there.", "/proc/",
          "/proc/, with \"mount -t proc proc /proc\""},

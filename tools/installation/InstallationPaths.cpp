@@ -66,8 +66,12 @@ QString InstallationPaths::plugin()
 QString InstallationPaths::rootOf(const QString &file)
 {
     const QString path = QFileInfo(file).canonicalFilePath();
-    const QString root = path.endsWith(baseline()) ? path.chopped(baseline().size()) : QString();
-    return root.isEmpty() ? "/" : root;
+    for (const QString &installed : {catalogue(), baseline()}) {
+        if (path.endsWith(installed)) {
+            return path == installed ? "/" : path.chopped(installed.size());
+        }
+    }
+    return {};
 }
 
 QString InstallationPaths::pluginBesideProgram()

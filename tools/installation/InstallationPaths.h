@@ -15,7 +15,7 @@ QString plugin();
 
 QString plugins(); ///< directory of the client's plugins: the data plugin, and those of pages
 
-/// The system root in which @p file is the list of check items; "/" for any other file.
+/// The system root in which @p file is the catalogue or the list of check items; empty for any other file.
 QString rootOf(const QString &file);
 
 /// Where the plugin lies beside this program, in its build tree or its installation; outside of the system root.

@@ -87,7 +87,8 @@ ExitCode checkBaselineFiles(const BaselineCheckOptions &options)
     FileFixing fixing(options.fixing, options.files);
     QStringList roots;
     for (const QString &file : options.files) {
-        const QString root = options.root.isEmpty() ? InstallationPaths::rootOf(file) : options.root;
+        const QString own = options.root.isEmpty() ? InstallationPaths::rootOf(file) : options.root;
+        const QString root = own.isEmpty() ? "/" : own;
         TavGlobalInfoMgr::getInstance()->setSystemRoot(root);
         fixing.check(file, checkBaseline, report);
         roots.append(root);

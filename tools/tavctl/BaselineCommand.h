@@ -16,7 +16,7 @@ ExitCode showBaseline(const BaselineShowOptions &options);
 struct BaselineCheckOptions {
     QStringList files;
     Fixing fixing = Fixing::None;
-    QString root; ///< directory taken for "/", below which the scripts lie; empty for that which holds the file
+    QString root; ///< directory taken for "/", below which the scripts lie; empty for that in which the file is installed, or "/"
     FindingOptions findings;
 };
 

@@ -1,5 +1,6 @@
 #include "FileFixing.h"
 
+#include "AccessCheck.h"
 #include "FileFix.h"
 #include "Presentation.h"
 #include "TextTable.h"
@@ -75,7 +76,7 @@ void FileFixing::mendAndCheck(const QString &file, Check check, FindingReport &r
             content = fixed.content;
         }
     }
-    report.add(check(file, content), directory);
+    report.add(check(file, content) + (file == "-" ? Findings() : checkFileAccess(file)), directory);
 }
 
 QString FileFixing::summary() const
