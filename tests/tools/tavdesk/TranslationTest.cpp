@@ -264,7 +264,7 @@ TEST(Translation, KnowsEveryTextOfTheSources)
 
 TEST(Translation, KnowsEveryFieldAndCodeThatPagesShow)
 {
-    const TestWindow window;
+    TestWindow window;
     QStringList names;
     QStringList meanings;
     const auto pages = QMetaEnum::fromType<CTavSubFuncTypeHeader::TavSubFuncTypeHeader_>();
