@@ -81,7 +81,7 @@ PROOFS = {
     "docs": Proof("./dev docs", {"warnings": says("no warning")}),
     "races": Proof("./dev races", {"tests": tests}),
     "release": Proof("./dev test release", {"tests": tests}),
-    "soak": Proof("./dev soak 2", {"table": lines(r"(?:days|selections|  ?\w|\w+ ).* \d+")}),
+    "soak": Proof("./dev soak 2", {"table": lines(r"[ a-z,]+(?:\(KiB\))? {2,}-?\d+")}),
     "window": Proof(WINDOW, {"table": lines(r"(?:ms of own|idle|a page|[\d,]+ calls).*")}),
     "bench": Proof("./dev bench", {"table": lines(r"  .*ratio.*|  .* +\d+\.\d{3}( .*)?|[a-z][a-z ,]+")}),
     "asan": Proof("./dev test --all asan", {"tests": tests}),
