@@ -317,8 +317,7 @@ Findings inBase64(Findings findings, const QByteArray &base64, const TavJsonText
     Base64Places places(base64);
     for (Finding &finding : findings) {
         finding.inText = finding.place;
-        finding.place
-            = places.at(qMax(0, text.error().isEmpty() ? text.rangeOf(finding.path).offset : text.errorOffset()));
+        finding.place = places.at(qMax(0, text.error().isEmpty() ? finding.range.offset : text.errorOffset()));
     }
     return findings;
 }

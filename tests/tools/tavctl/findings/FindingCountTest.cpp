@@ -8,11 +8,14 @@
 
 namespace
 {
+/// Of memory for a finding, with the text that it is found in.
+constexpr double mostKibOfEach = 1.0;
+
 class FindingCount : public TestFiles
 {
 protected:
-    /// What becomes of a list of @p count items with a mistake each.
-    Tavctl checked(int count)
+    /// What becomes of a list of @p count items with a mistake each, printed in @p format.
+    Tavctl checked(int count, const QString &format = "text")
     {
         QByteArray text = "{\"enableConfig\": [\n";
         for (int i = 0; i < count; ++i) {
@@ -22,9 +25,10 @@ protected:
                 + '\n';
         }
         text.chop(2);
-        const Tavctl run({"baseline", "check", "--root", brokenRoot, put("list", text + "]}")});
-        EXPECT_TRUE(run.output.endsWith(QString(", %1 findings: %1 warnings\n").arg(count)))
+        const Tavctl run({"baseline", "check", "--root", brokenRoot, "--format", format, put("list", text + "]}")});
+        EXPECT_TRUE(run.output.contains(QString(", %1 findings: %1 warnings").arg(count)))
             << run.output.right(200).toStdString();
+        EXPECT_EQ(run.output.count("TAV111"), count + (format == "sarif" ? 1 : 0)) << "each is told; SARIF lists rules";
         return run;
     }
 };
@@ -34,10 +38,14 @@ TEST_F(FindingCount, TakesTimeAndMemoryInProportion)
 {
     const Tavctl few = checked(2'000);
     const Tavctl many = checked(20'000);
+    const double kibOfEach = double(many.peakMiB - few.peakMiB) * 1024 / 18'000;
     std::cout << few.processorSeconds << " s and " << few.peakMiB << " MiB, " << many.processorSeconds << " s and "
-              << many.peakMiB << " MiB\n";
+              << many.peakMiB << " MiB, " << kibOfEach << " KiB for each more\n";
     EXPECT_LT(many.processorSeconds / few.processorSeconds, 20) << "ten times as many";
     if (!memoryIsInstrumented) {
-        EXPECT_LT(many.peakMiB, 100);
+        EXPECT_LT(kibOfEach, mostKibOfEach);
+        for (const char *const format : {"json", "jsonl", "sarif", "github"}) {
+            EXPECT_LT(double(checked(20'000, format).peakMiB - few.peakMiB) * 1024 / 18'000, mostKibOfEach) << format;
+        }
     }
 }
