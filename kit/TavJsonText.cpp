@@ -160,7 +160,8 @@ private:
     {
         const bool isObject = isAt('{');
         const int start = m_position;
-        const bool isWanted = m_wanted.contains(path);
+        const auto wanted = m_wanted.constFind(path);
+        const bool isWanted = wanted != m_wanted.constEnd();
         const TextPlace place = isWanted ? m_counter.at(start) : TextPlace();
         if (isObject) {
             readMembers(path);
@@ -178,8 +179,8 @@ private:
                 ++m_position;
             }
         }
-        if (isWanted) {
-            values.insert(path, {place, {start, m_position - start}, key});
+        if (isWanted) { // its path is shared with whoever wants it
+            values.insert(*wanted, {place, {start, m_position - start}, key});
         }
     }
 

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 namespace
 {
@@ -50,6 +51,7 @@ Finding Finding::ofValue(FindingCode code, const QString &path, const QString &p
 {
     Finding finding = made(code, problem, effect, advice);
     finding.path = path;
+    finding.path.squeeze(); // put together from parts, it has room for more
     return finding;
 }
 
@@ -87,7 +89,7 @@ Findings located(Findings findings, const QString &file, const TavJsonText &text
                                          "the plugin's reader takes it, but other readers refuse the whole file",
                                          "write a digit on both sides of the point"));
     }
-    return placed(findings, file, text);
+    return placed(std::move(findings), file, text);
 }
 
 Findings placed(Findings findings, const QString &file, const TavJsonText &text)
