@@ -485,10 +485,10 @@ void addCommands(CLI::App &app, Action &action)
     CLI::App &scenario
         = *app.add_subcommand("scenario", "check, show or sum up a scenario; print lines that check its end");
     scenario.require_subcommand(1);
-    Command<ScenarioOptions>(scenario, "check", "report the mistakes in the file")
-        .file()
-        .json()
-        .looks(checkScenario, action);
+    Command<ScenarioCheckOptions>(scenario, "check", "report the mistakes in the files")
+        .files()
+        .findings()
+        .looks(checkScenarioFiles, action);
     Command<ScenarioOptions>(scenario, "show", "show the lines of the file").file().json().looks(showScenario, action);
     Command<ScenarioOptions>(scenario, "info", "show how long it is, and what it calls how often")
         .file()
