@@ -37,6 +37,13 @@ int coloursInside(const QImage &picture)
 
 const QStringList onDemo{"--root", TAV_SOURCE_DIR "/share/demo"};
 const QStringList played{"--play", TAV_SOURCE_DIR "/share/scenarios/access-control.jsonl"};
+const QStringList onDisplay{"xvfb-run", "-a", "-s", "-screen 0 1600x1200x24", "env", "QT_QPA_PLATFORM=xcb"};
+
+/// Whether a program can be given a display of its own.
+bool hasDisplay()
+{
+    return !QStandardPaths::findExecutable("xvfb-run").isEmpty() && !QStandardPaths::findExecutable("xauth").isEmpty();
+}
 
 /// @brief The program while it takes its pictures.
 class Tour
@@ -90,7 +97,7 @@ struct Tours {
     const QStringList sharing{"env", "XDG_CONFIG_HOME=" + config.path()};
     const ScenarioFile broken{"{\"at\": -1}\n"};
     const Tour plain{{}};
-    const Tour onDisplay{played, {"xvfb-run", "-a", "-s", "-screen 0 1600x1200x24", "env", "QT_QPA_PLATFORM=xcb"}};
+    const Tour onDisplay{played, ::onDisplay};
     const Tour first{played, sharing};
     const Tour second{played, sharing};
     const Tour unwritable{{}, {}, "/proc/no/such"};
@@ -98,6 +105,7 @@ struct Tours {
     const Tour withoutPage{{"--page", "/nonexistent.so"}};
     const Tour withBrokenScenario{{"--play", broken.path()}};
     const Tour withThrowingPage{{"--page", TAV_THROWING_WIDGET_FILE}};
+    const Tour withoutWidget{{"--page", TAV_THROWING_PAGE_FILE}};
 };
 
 class Pictures : public testing::Test
@@ -138,10 +146,8 @@ TEST_F(Pictures, AreSavedOfEachPageEachDockAndTheWindow)
 
 TEST_F(Pictures, AreTakenOfAWindowOnADisplay)
 {
-    for (const QString &program : {QStringLiteral("xvfb-run"), QStringLiteral("xauth")}) {
-        if (QStandardPaths::findExecutable(program).isEmpty()) {
-            GTEST_SKIP() << "there is no " << program.toStdString() << ": the window is not tried on a display";
-        }
+    if (!hasDisplay()) {
+        GTEST_SKIP() << "there is no xvfb-run: the window is not tried on a display";
     }
     const Tour &tour = tours->onDisplay;
     EXPECT_EQ(tour.ended().exitCode, 0) << tour.ended().errors.toStdString();
@@ -182,6 +188,25 @@ TEST_F(Pictures, GoOnWhenAPageThrowsAndEndWithTwo)
 {
     expectProblem(tours->withThrowingPage, "ThrowingWidget threw: no light today");
     EXPECT_TRUE(tours->withThrowingPage.files().contains("window.png"));
+}
+
+TEST_F(Pictures, GoOnWhenAPageCannotBeMadeAndEndWithTwo)
+{
+    expectProblem(tours->withoutWidget, "The page cannot be shown: ");
+    EXPECT_TRUE(tours->withoutWidget.files().contains("window.png"));
+}
+
+TEST(Window, OpensOnADisplayAndEndsTheProgramWhenItIsClosed)
+{
+    if (!hasDisplay()) {
+        GTEST_SKIP() << "there is no xvfb-run: the window is not tried on a display";
+    }
+    const QTemporaryDir config;
+    const Program desk = runDesk(onDemo + played + QStringList{"--page", TAV_CLOSING_PAGE_FILE},
+                                 onDisplay + QStringList{"XDG_CONFIG_HOME=" + config.path()});
+    EXPECT_EQ(desk.exitCode, 0) << desk.errors.toStdString();
+    EXPECT_TRUE(contentOf(config.filePath("tavsec/tavdesk.conf")).contains("place="))
+        << "where the window was is kept for the next start";
 }
 
 TEST(CommandLine, IsExplainedAndMistakesAreNamed)

@@ -1,6 +1,7 @@
 #include "CatalogueProblem.h"
 #include "CellText.h"
 #include "FactsForm.h"
+#include "FindingsDialog.h"
 #include "InterfaceLanguage.h"
 #include "PageValues.h"
 #include "PrintQString.h"
@@ -264,13 +265,14 @@ TEST(Translation, KnowsEveryTextOfTheSources)
 
 TEST(Translation, KnowsEveryFieldAndCodeThatPagesShow)
 {
-    const TestWindow window;
+    TestWindow window;
     QStringList names;
     QStringList meanings;
     const auto pages = QMetaEnum::fromType<CTavSubFuncTypeHeader::TavSubFuncTypeHeader_>();
     for (int i = 0; i < pages.keyCount(); ++i) {
         for (const PageValue &value : valuesOf(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_(pages.value(i)))) {
-            const QVector<PartTable> parts = value.read();
+            const QVector<PartTable> parts
+                = value.readKeysFrom ? value.readKeysFrom(window.session.host().registry(), {}) : value.read();
             for (const PartTable &part : parts) {
                 names += part.part.isEmpty() ? QString() : ValueColumn{part.part, {}}.title();
                 for (const ValueColumn &column : part.table->columns()) {
@@ -297,6 +299,22 @@ TEST(Translation, KnowsEveryUnit)
     EXPECT_FALSE(labelTexts(form).contains("bytes"));
 }
 
+TEST(Translation, ReachesWhatIsWrongWithAPlugin)
+{
+    setInterfaceLanguage(QLocale(QLocale::Chinese, QLocale::China));
+    for (const QString &file : {QStringLiteral("/nonexistent/plugin.so"), QStringLiteral("/"),
+                                QStringLiteral(TAV_SOURCE_DIR "/README.md"), QStringLiteral(TAV_OTHER_PLUGIN_FILE)}) {
+        try {
+            const TavPluginHost host(file);
+            ADD_FAILURE() << file.toStdString() << " is taken";
+        } catch (const TavPluginError &error) {
+            for (const QString &text : {error.problem(), error.effect(), error.advice()}) {
+                EXPECT_TRUE(text.contains(QRegularExpression("\\p{Han}"))) << text.toStdString();
+            }
+        }
+    }
+}
+
 TEST(Translation, ReachesEveryTextOfTheWindow)
 {
     MarkingTranslator marking;
@@ -316,6 +334,8 @@ TEST(Translation, ReachesEveryTextOfTheWindow)
         };
         lookAtAll(client, look);
         showCatalogueFindings(client.window.get());
+        look(*client.window);
+        ASSERT_TRUE(waitUntil([&] { return client.window->findChild<FindingsDialog *>() != nullptr; }));
         look(*client.window);
         const QTemporaryDir root;
         TavGlobalInfoMgr::getInstance()->setSystemRoot(root.path());

@@ -13,6 +13,19 @@ struct CheckedLevel {
     int level; ///< -1 for none
 };
 
+/// @brief How many objects a manager counts under a key, which is not part of what its getter returns.
+struct ObjectCount {
+    bool flag;
+    int key;
+    int count;
+};
+
+template<>
+struct TavFields::Table<ObjectCount> {
+    static constexpr auto list = std::tuple{field<&ObjectCount::flag>("flag"), field<&ObjectCount::key>("key"),
+                                            field<&ObjectCount::count>("count")};
+};
+
 template<>
 struct TavFields::Table<CheckedLevel> {
     static constexpr auto list = std::tuple{field<&CheckedLevel::level>("level")};
@@ -123,6 +136,30 @@ QVector<PartTable> readBaselineItems(ITavObjectMgr &registry)
     return tablesOf(items);
 }
 
+QVector<PartTable> readObjectCounts(ITavObjectMgr &registry, const QVector<QJsonArray> &keys)
+{
+    auto *const manager = managerIn<ITavAccessControlMgr>(registry);
+    if (!manager) {
+        return {};
+    }
+    QVector<ObjectCount> counts;
+    for (const QJsonArray &set : keys) {
+        const bool flag = set[0].toBool();
+        const int key = set[1].toInt();
+        counts.append({flag, key, manager->getObjectCount(flag, key)});
+    }
+    return tablesOf(counts);
+}
+
+/// Counts that can be asked for key by key only: who knows no keys sees none.
+PageValue objectCounts(const char *title)
+{
+    PageValue counts{title, qobject_interface_iid<ITavAccessControlMgr *>(), "getObjectCount",
+                     [](ITavObjectMgr &) { return QVector<PartTable>(); }};
+    counts.readKeysFrom = readObjectCounts;
+    return counts;
+}
+
 using Page = CTavSubFuncTypeHeader;
 using Access = ITavAccessControlMgr;
 using Audit = ITavAuditMgr;
@@ -205,6 +242,7 @@ QHash<int, QVector<PageValue>> allPages()
             keyedValue<overload<QVector<STObjectDetailAsr>()>(&Access::getObjectDetail),
                        overload<QVector<STObjectDetailAsr>(int, bool)>(&Access::getObjectDetail)>(
                 QT_TRANSLATE_NOOP("PageValues", "Object details")),
+            objectCounts(QT_TRANSLATE_NOOP("PageValues", "Object counts")),
             value<&Access::getUIObjectData>(QT_TRANSLATE_NOOP("PageValues", "Object levels")).exclusive(),
             value<&Access::getCheckObjectLevel>(QT_TRANSLATE_NOOP("PageValues", "Checked object level")),
         }},

@@ -336,6 +336,10 @@
         <translation>可修复</translation>
     </message>
     <message>
+        <source>flag</source>
+        <translation>标志</translation>
+    </message>
+    <message>
         <source>forward policy</source>
         <translation>转发策略</translation>
     </message>
