@@ -127,7 +127,121 @@ TextPlace placeAt(const QByteArray &text, int offset)
     return PlaceCounter(text).at(offset);
 }
 
-TavJsonText::TavJsonText(const QByteArray &text) : m_text(text), m_counter(text)
+namespace
+{
+/// @brief Goes through a text that is JSON. Its end ends every loop all the same.
+class TextWalk
+{
+public:
+    /// Notes the values at @p wanted.
+    explicit TextWalk(const QByteArray &text, const QSet<QString> &wanted = {})
+        : m_text(text), m_wanted(wanted), m_counter(text)
+    {
+        m_position = startOf(text);
+        readValue(QString());
+    }
+
+    QHash<QString, TavJsonText::Value> values; ///< by path
+    QSet<QString> doubledKeys;
+    QSet<QString> lenientStrings;
+    QSet<QString> lenientNumbers;
+
+private:
+    /// Whether the next character that is no space is @p character.
+    bool isAt(char character)
+    {
+        while (m_position < m_text.size() && std::strchr(" \t\r\n", m_text[m_position])) {
+            ++m_position;
+        }
+        return m_position >= m_text.size() || m_text[m_position] == character;
+    }
+
+    void readValue(const QString &path, const TextRange &key = {})
+    {
+        const bool isObject = isAt('{');
+        const int start = m_position;
+        const auto wanted = m_wanted.constFind(path);
+        const bool isWanted = wanted != m_wanted.constEnd();
+        const TextPlace place = isWanted ? m_counter.at(start) : TextPlace();
+        if (isObject) {
+            readMembers(path);
+        } else if (isAt('[')) {
+            readElements(path);
+        } else {
+            if (isAt('"') && !isStrict(readString())) {
+                lenientStrings.insert(path);
+            }
+            while (m_position < m_text.size() && !std::strchr(",]} \t\r\n", m_text[m_position])) {
+                if (m_text[m_position] == '.'
+                    && !(isDigitAt(m_text, m_position - 1) && isDigitAt(m_text, m_position + 1))) {
+                    lenientNumbers.insert(path);
+                }
+                ++m_position;
+            }
+        }
+        if (isWanted) { // its path is shared with whoever wants it
+            values.insert(*wanted, {place, {start, m_position - start}, key});
+        }
+    }
+
+    void readMembers(const QString &path)
+    {
+        ++m_position;
+        QSet<QString> keys;
+        while (!isAt('}')) {
+            const int start = m_position;
+            const QByteArray quoted = readString();
+            const bool isStrictKey = isStrict(quoted);
+            const QString key = QJsonDocument::fromJson('[' + quoted + ']').array().first().toString();
+            const QString member = TavJson::memberPath(path, key);
+            if (keys.contains(key)) {
+                doubledKeys.insert(member);
+            }
+            keys.insert(key);
+            if (!isStrictKey) {
+                lenientStrings.insert(member);
+            }
+            if (isAt(':')) {
+                ++m_position;
+            }
+            readValue(member, {start, quoted.size()});
+            if (isAt(',')) {
+                ++m_position;
+            }
+        }
+        ++m_position;
+    }
+
+    void readElements(const QString &path)
+    {
+        ++m_position;
+        for (int index = 0; !isAt(']'); ++index) {
+            readValue(TavJson::elementPath(path, index));
+            if (isAt(',')) {
+                ++m_position;
+            }
+        }
+        ++m_position;
+    }
+
+    /// Goes past a string and returns it with its quotes.
+    QByteArray readString()
+    {
+        const int start = m_position++;
+        while (m_position < m_text.size() && m_text[m_position] != '"') {
+            m_position += m_text[m_position] == '\\' ? 2 : 1;
+        }
+        return m_text.mid(start, ++m_position - start);
+    }
+
+    const QByteArray m_text;
+    const QSet<QString> m_wanted;
+    PlaceCounter m_counter;
+    int m_position = 0;
+};
+}
+
+TavJsonText::TavJsonText(const QByteArray &text) : m_text(text)
 {
     QJsonParseError error;
     const QJsonDocument document = QJsonDocument::fromJson(text, &error);
@@ -139,91 +253,13 @@ TavJsonText::TavJsonText(const QByteArray &text) : m_text(text), m_counter(text)
         return;
     }
     m_document = document.isArray() ? QJsonValue(document.array()) : QJsonValue(document.object());
-    m_position = startOf(text);
-    readValue(QString());
+    const TextWalk walk(text);
+    m_doubledKeys = walk.doubledKeys;
+    m_lenientStrings = walk.lenientStrings;
+    m_lenientNumbers = walk.lenientNumbers;
 }
 
-// The reading below relies on the text being JSON. The end of the text ends every loop all the same.
-
-/// Whether the next character that is no space is @p character.
-bool TavJsonText::isAt(char character)
+QHash<QString, TavJsonText::Value> TavJsonText::valuesAt(const QSet<QString> &paths) const
 {
-    while (m_position < m_text.size() && std::strchr(" \t\r\n", m_text[m_position])) {
-        ++m_position;
-    }
-    return m_position >= m_text.size() || m_text[m_position] == character;
-}
-
-void TavJsonText::readValue(const QString &path, const TextRange &key)
-{
-    const bool isObject = isAt('{');
-    const int start = m_position;
-    const TextPlace place = m_counter.at(start);
-    if (isObject) {
-        readMembers(path);
-    } else if (isAt('[')) {
-        readElements(path);
-    } else {
-        if (isAt('"') && !isStrict(readString())) {
-            m_lenientStrings.insert(path);
-        }
-        while (m_position < m_text.size() && !std::strchr(",]} \t\r\n", m_text[m_position])) {
-            if (m_text[m_position] == '.'
-                && !(isDigitAt(m_text, m_position - 1) && isDigitAt(m_text, m_position + 1))) {
-                m_lenientNumbers.insert(path);
-            }
-            ++m_position;
-        }
-    }
-    m_values.insert(path, {place, {start, m_position - start}, key});
-}
-
-void TavJsonText::readMembers(const QString &path)
-{
-    ++m_position;
-    QSet<QString> keys;
-    while (!isAt('}')) {
-        const int start = m_position;
-        const QByteArray quoted = readString();
-        const bool isStrictKey = isStrict(quoted);
-        const QString key = QJsonDocument::fromJson('[' + quoted + ']').array().first().toString();
-        const QString member = TavJson::memberPath(path, key);
-        if (keys.contains(key)) {
-            m_doubledKeys.insert(member);
-        }
-        keys.insert(key);
-        if (!isStrictKey) {
-            m_lenientStrings.insert(member);
-        }
-        if (isAt(':')) {
-            ++m_position;
-        }
-        readValue(member, {start, quoted.size()});
-        if (isAt(',')) {
-            ++m_position;
-        }
-    }
-    ++m_position;
-}
-
-void TavJsonText::readElements(const QString &path)
-{
-    ++m_position;
-    for (int index = 0; !isAt(']'); ++index) {
-        readValue(TavJson::elementPath(path, index));
-        if (isAt(',')) {
-            ++m_position;
-        }
-    }
-    ++m_position;
-}
-
-/// Goes past a string and returns it with its quotes.
-QByteArray TavJsonText::readString()
-{
-    const int start = m_position++;
-    while (m_position < m_text.size() && m_text[m_position] != '"') {
-        m_position += m_text[m_position] == '\\' ? 2 : 1;
-    }
-    return m_text.mid(start, ++m_position - start);
+    return m_error.isEmpty() && !paths.isEmpty() ? TextWalk(m_text, paths).values : QHash<QString, Value>();
 }

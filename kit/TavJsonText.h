@@ -39,10 +39,17 @@ TextPlace placeAt(const QByteArray &text, int offset);
 /// Whether a text that begins with plain letters is UTF-16: it has a mark, or every other byte is 0.
 bool isUtf16(const QByteArray &text);
 
-/// @brief A JSON text as the plugin's own reader takes it, with the places of its values.
+/// @brief A JSON text as the plugin's own reader takes it.
 class TavJsonText
 {
 public:
+    /// @brief Where a value stands; none of the members for a value that there is not.
+    struct Value {
+        TextPlace place; ///< where it begins
+        TextRange range; ///< what it takes of the text
+        TextRange key; ///< what its key takes of the text, with its quotes; none when it is no member
+    };
+
     explicit TavJsonText(const QByteArray &text);
 
     /// Why the text is not JSON; empty when it is.
@@ -69,23 +76,9 @@ public:
         return m_document;
     }
 
-    /// Where the value at this JSON pointer (TavJsonPath.h) begins; none when there is no such value.
-    TextPlace placeOf(const QString &path) const
-    {
-        return m_values.value(path).place;
-    }
-
-    /// What the value at this JSON pointer takes of the text; none when there is no such value.
-    TextRange rangeOf(const QString &path) const
-    {
-        return m_values.value(path).range;
-    }
-
-    /// What the key of the member at this JSON pointer takes of the text, with its quotes; none when it is no member.
-    TextRange keyRangeOf(const QString &path) const
-    {
-        return m_values.value(path).key;
-    }
+    /// The values at these JSON pointers (TavJsonPath.h), by them, as far as there are such. Goes through the whole
+    /// text.
+    QHash<QString, Value> valuesAt(const QSet<QString> &paths) const;
 
     /// Paths of the members whose key stands more than once in one object.
     QSet<QString> doubledKeys() const
@@ -112,26 +105,11 @@ public:
     }
 
 private:
-    struct Value {
-        TextPlace place;
-        TextRange range;
-        TextRange key;
-    };
-
-    bool isAt(char character);
-    void readValue(const QString &path, const TextRange &key = {});
-    void readMembers(const QString &path);
-    void readElements(const QString &path);
-    QByteArray readString();
-
     QByteArray m_text;
-    PlaceCounter m_counter;
     QString m_error;
     TextPlace m_errorPlace;
     int m_errorOffset = -1;
     QJsonValue m_document;
-    int m_position = 0; // in m_text, while its values are read
-    QHash<QString, Value> m_values; // by path
     QSet<QString> m_doubledKeys;
     QSet<QString> m_lenientStrings;
     QSet<QString> m_lenientNumbers;

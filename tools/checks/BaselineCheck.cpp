@@ -9,6 +9,7 @@
 #include "SchemaCheck.h"
 #include "TavCommonUtils.h"
 
+#include <QFileInfo>
 #include <QHash>
 #include <QJsonArray>
 #include <QJsonObject>
@@ -16,6 +17,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <utility>
 
 namespace
 {
@@ -108,14 +110,16 @@ QString effectOf(ScriptFlaw::Kind kind)
 Findings checkScripts(const QJsonArray &items, const QSet<QString> &wrongPaths)
 {
     const RootedPath directory = followInRoot(InstallationPaths::scripts());
-    if (directory.error != 0 && !items.isEmpty()) {
+    const bool isDirectory = directory.error == 0 && QFileInfo(directory.file()).isDir();
+    if (!isDirectory && !items.isEmpty()) {
         const bool isHidden = directory.error == EACCES;
-        return {
-            Finding::ofValue(isHidden ? FindingCode::NotReadable : FindingCode::NoScriptDirectory, "/enableConfig",
-                             QString(R"(the script directory "%1" %2)")
-                                 .arg(TavCommonUtils::pathInSystemRoot(InstallationPaths::scripts()),
-                                      isHidden ? "cannot be seen; " + ownerText(directory.file()) : "does not exist"),
-                             "no item can be checked", "put it there, or name another system root with --root")};
+        const QString flaw = isHidden ? "cannot be seen; " + ownerText(directory.file())
+            : directory.error == 0    ? QString("is no directory")
+                                      : QString("does not exist");
+        return {Finding::ofValue(isHidden ? FindingCode::NotReadable : FindingCode::NoScriptDirectory, "/enableConfig",
+                                 QString(R"(the script directory "%1" %2)")
+                                     .arg(TavCommonUtils::pathInSystemRoot(InstallationPaths::scripts()), flaw),
+                                 "no item can be checked", "put it there, or name another system root with --root")};
     }
     Findings findings;
     QHash<QString, QVector<ScriptFlaw>> flawsOf;
@@ -153,10 +157,12 @@ Findings checkBaseline(const QString &file, const QByteArray &content)
         return {Finding::ofNoJson(file, content, text, "the plugin loads no check item")};
     }
     const QJsonArray items = BaselineList::itemsOf(text.document().toObject());
-    const Findings ofSchema = checkAgainstSchema("baseline.schema.json", text.document());
+    Findings findings = checkAgainstSchema("baseline.schema.json", text.document());
     QSet<QString> wrongPaths;
-    for (const Finding &finding : ofSchema) {
+    for (const Finding &finding : qAsConst(findings)) {
         wrongPaths.insert(finding.path);
     }
-    return located(ofSchema + checkIds(items) + checkScripts(items, wrongPaths), file, text);
+    findings += checkIds(items);
+    findings += checkScripts(items, wrongPaths);
+    return located(std::move(findings), file, text);
 }

@@ -16,6 +16,7 @@
 #include <QSet>
 
 #include <algorithm>
+#include <utility>
 
 namespace
 {
@@ -247,7 +248,8 @@ Findings checkText(const QString &file, const QByteArray &json, const TavJsonTex
     EntryCheck entries;
     entries.checkFunctions(text.document().toArray(), QString());
     entries.checkParents();
-    Findings findings = checkAgainstSchema("funcTypeConfig.schema.json", text.document()) + entries.findings();
+    Findings findings = checkAgainstSchema("funcTypeConfig.schema.json", text.document());
+    findings += entries.findings();
     const bool isBroken = std::any_of(findings.begin(), findings.end(), [](const Finding &finding) {
         return finding.kind().severity == Severity::Error;
     });
@@ -255,7 +257,7 @@ Findings checkText(const QString &file, const QByteArray &json, const TavJsonTex
         findings.append(Finding::ofValue(FindingCode::NoVisiblePage, {}, "no entry has a page that is not disabled",
                                          "there is nothing to open", "add a page, or enable one"));
     }
-    return located(findings, file, text);
+    return located(std::move(findings), file, text);
 }
 
 /// The icons of the functions that are none of @p names: of all that the plugin reads, nested ones included.
@@ -317,8 +319,7 @@ Findings inBase64(Findings findings, const QByteArray &base64, const TavJsonText
     Base64Places places(base64);
     for (Finding &finding : findings) {
         finding.inText = finding.place;
-        finding.place
-            = places.at(qMax(0, text.error().isEmpty() ? text.rangeOf(finding.path).offset : text.errorOffset()));
+        finding.place = places.at(qMax(0, text.error().isEmpty() ? finding.range.offset : text.errorOffset()));
     }
     return findings;
 }
@@ -329,8 +330,11 @@ Findings checkCatalogue(const QString &file, const QByteArray &content)
     const QByteArray json = Base64Text::decoded(content);
     const TavJsonText text(json);
     const bool isRead = text.error().isEmpty();
-    const Findings findings = checkBase64(file, content, isRead);
-    return !isRead && !findings.isEmpty() ? findings : findings + inBase64(checkText(file, json, text), content, text);
+    Findings findings = checkBase64(file, content, isRead);
+    if (isRead || findings.isEmpty()) {
+        findings += inBase64(checkText(file, json, text), content, text);
+    }
+    return findings;
 }
 
 Findings checkCatalogueOrText(const QString &file, const QByteArray &content)

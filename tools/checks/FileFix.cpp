@@ -120,7 +120,7 @@ public:
             m_types.insert(finding.fix);
         }
         const bool isOfKey = finding.code == FindingCode::MistypedKey;
-        m_edits.append({isOfKey ? m_text.keyRangeOf(finding.path) : m_text.rangeOf(finding.path), inJson(finding.fix)});
+        m_edits.append({isOfKey ? finding.key : finding.range, inJson(finding.fix)});
         return true;
     }
 

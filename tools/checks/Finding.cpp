@@ -2,6 +2,58 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
+
+namespace
+{
+/// A finding that shares its effect and advice with the last one of its code where they are the same: of thousands of
+/// findings few are unlike that.
+Finding made(FindingCode code, const QString &problem, const QString &effect, const QString &advice)
+{
+    struct Texts {
+        QString effect;
+        QString advice;
+    };
+    thread_local QHash<int, Texts> last;
+    Texts &texts = last[int(code)];
+    if (texts.effect != effect) {
+        texts.effect = effect;
+    }
+    if (texts.advice != advice) {
+        texts.advice = advice;
+    }
+    Finding finding{};
+    finding.code = code;
+    finding.problem = problem;
+    finding.effect = texts.effect;
+    finding.advice = texts.advice;
+    return finding;
+}
+}
+
+Finding Finding::ofFile(FindingCode code, const QString &file, const QString &problem, const QString &effect,
+                        const QString &advice)
+{
+    return atPlace(code, file, {}, problem, effect, advice);
+}
+
+Finding Finding::atPlace(FindingCode code, const QString &file, const TextPlace &place, const QString &problem,
+                         const QString &effect, const QString &advice)
+{
+    Finding finding = made(code, problem, effect, advice);
+    finding.file = file;
+    finding.place = place;
+    return finding;
+}
+
+Finding Finding::ofValue(FindingCode code, const QString &path, const QString &problem, const QString &effect,
+                         const QString &advice)
+{
+    Finding finding = made(code, problem, effect, advice);
+    finding.path = path;
+    finding.path.squeeze(); // put together from parts, it has room for more
+    return finding;
+}
 
 Finding Finding::ofNoJson(const QString &file, const QByteArray &content, const TavJsonText &text,
                           const QString &effect)
@@ -37,14 +89,22 @@ Findings located(Findings findings, const QString &file, const TavJsonText &text
                                          "the plugin's reader takes it, but other readers refuse the whole file",
                                          "write a digit on both sides of the point"));
     }
-    return placed(findings, file, text);
+    return placed(std::move(findings), file, text);
 }
 
 Findings placed(Findings findings, const QString &file, const TavJsonText &text)
 {
+    QSet<QString> paths;
+    for (const Finding &finding : qAsConst(findings)) {
+        paths.insert(finding.path);
+    }
+    const QHash<QString, TavJsonText::Value> values = text.valuesAt(paths);
     for (Finding &finding : findings) {
+        const TavJsonText::Value value = values.value(finding.path);
         finding.file = file;
-        finding.place = text.placeOf(finding.path);
+        finding.place = value.place;
+        finding.range = value.range;
+        finding.key = value.key;
     }
     std::stable_sort(findings.begin(), findings.end(), [](const Finding &one, const Finding &other) {
         return std::tie(one.place.line, one.place.column) < std::tie(other.place.line, other.place.column);

@@ -106,6 +106,17 @@ enum class FindingCode {
     WritableByOthers,
     OwnedByStranger,
     NoProcessFiles,
+
+    NoScenario = 801, // 8xx: the scenarios
+    ScenarioLine,
+    ScenarioLineCut,
+    ScenarioKey,
+    NoSuchCall,
+    ScenarioArguments,
+    ScenarioTime,
+    ScenarioThread,
+    ScenarioReturns,
+    ScenarioIndeterminate,
 };
 
 /// @brief What all findings with one code have in common. docs/findings.md is made of it.

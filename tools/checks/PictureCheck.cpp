@@ -235,8 +235,10 @@ void checkContent(const PictureFile &picture, Findings &findings)
         found(FindingCode::PictureOfOtherFormat, "is no PNG picture, but " + QString::fromLatin1(format),
               "the plugin holds it where a decoder for that is installed", "put a PNG picture in its place");
     }
-    if (picture.name.trimmed() != picture.name) {
-        found(FindingCode::BlankInPictureName, "a blank at the edge of the name",
+    const bool isAmongBlanks = picture.name.trimmed() != picture.name;
+    if (isAmongBlanks || picture.directory.trimmed() != picture.directory) {
+        found(FindingCode::BlankInPictureName,
+              isAmongBlanks ? "a blank at the edge of the name" : "a blank at the edge of its directory's name",
               QString("the plugin holds it under the key \"%1\", blank included").arg(picture.key()), "rename it");
     }
 }
@@ -313,12 +315,22 @@ Findings checkStrayPictures(const QString &path)
     Findings findings;
     const QVector<Entry> entries = entriesOf(path);
     for (const Entry &entry : entries) {
-        if (entry.isTaken() && !entry.target.isDir()) {
-            findings.append(Finding::ofFile(
-                FindingCode::PictureOutside, entry.file, "a picture outside of every picture directory",
-                QString("the plugin holds it only for a client that loads %1 itself, under the key %2/%3")
-                    .arg(path, QDir(path).dirName().toUpper(), entry.itself.baseName().toUpper()),
-                "move it into a picture directory"));
+        const auto found = [&](FindingCode code, const QString &problem, const QString &effect, const QString &advice) {
+            findings.append(Finding::ofFile(code, entry.file, problem, effect, advice));
+        };
+        const bool isDirectory = entry.target.isDir();
+        if (entry.itself.isSymLink() && !entry.target.exists()) {
+            found(FindingCode::PictureLinkDangling, "a link to nothing: " + entry.itself.symLinkTarget(),
+                  "the client has no pictures from there", "put the picture directory there, or remove the link");
+        } else if (isDirectory && entry.itself.isHidden()
+                   && QDirIterator(entry.target.filePath(), {pattern}, QDir::Files).hasNext()) {
+            found(FindingCode::PictureHidden, "a hidden picture directory", "the client passes over it",
+                  "give it a name without a dot before it, or remove it");
+        } else if (entry.isTaken() && !isDirectory) {
+            found(FindingCode::PictureOutside, "a picture outside of every picture directory",
+                  QString("the plugin holds it only for a client that loads %1 itself, under the key %2/%3")
+                      .arg(path, QDir(path).dirName().toUpper(), entry.itself.baseName().toUpper()),
+                  "move it into a picture directory");
         }
     }
     return findings;

@@ -43,5 +43,5 @@ bool differInCaseAlone(const QString &one, const QString &other);
 
 Findings checkPictures(const PictureFiles &pictures);
 
-/// The pictures that lie in @p path itself, beside the picture directories in it.
+/// What lies in @p path itself, beside the picture directories in it, and is meant for pictures.
 Findings checkStrayPictures(const QString &path);

@@ -4,6 +4,7 @@
 #include "InstallationPaths.h"
 #include "RootedPath.h"
 
+#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 
@@ -69,8 +70,13 @@ QVector<ScriptFlaw> scriptFlaws(const QString &path)
         return {
             {ScriptFlaw::NotReadable, "cannot be seen: " + qt_error_string(EACCES) + "; " + ownerText(script.file())}};
     }
+    if (script.error == ELOOP) {
+        return {{ScriptFlaw::Missing, "is a link that leads to itself"}};
+    }
     if (script.error != 0) {
-        return {{ScriptFlaw::Missing, "does not exist"}};
+        const bool isBehindLink = !QDir::cleanPath(path).startsWith(script.path);
+        return {{ScriptFlaw::Missing,
+                 "does not exist" + (isBehindLink ? ": a link leads away, and " + script.path + " is missing" : "")}};
     }
     QFile file(script.file());
     if (!QFileInfo(file).isFile()) {

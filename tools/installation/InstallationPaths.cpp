@@ -5,7 +5,11 @@
 
 #include <QCoreApplication>
 #include <QDir>
+#include <QFile>
 #include <QFileInfo>
+
+#include <algorithm>
+#include <sys/stat.h>
 
 namespace
 {
@@ -54,13 +58,14 @@ QString InstallationPaths::plugin()
             }
         }
     }
-    for (const QString &file : qAsConst(files)) {
-        const RootedPath at = followInRoot(file);
-        if (at.error == 0 && QFileInfo(at.file()).isFile()) {
-            return file;
-        }
-    }
-    return {};
+    // What has the name is the plugin of the installation, be it a link to nothing: no other takes its place.
+    const auto installed = std::find_if(files.begin(), files.end(), [](const QString &file) {
+        const RootedPath directory = followInRoot(QFileInfo(file).path());
+        struct stat status = {};
+        return directory.error == 0
+            && lstat(QFile::encodeName(directory.file() + '/' + QFileInfo(file).fileName()).constData(), &status) == 0;
+    });
+    return installed == files.end() ? QString() : *installed;
 }
 
 QString InstallationPaths::rootOf(const QString &file)

@@ -94,10 +94,10 @@ ExitCode checkBaselineFiles(const BaselineCheckOptions &options)
         roots.append(root);
     }
     roots.removeDuplicates();
-    if (fixing.checked() > 0) {
-        report.print(
-            QString("%1 checked with the scripts below %2").arg(countedText(fixing.checked(), "file"), roots.join(", "))
-            + fixing.summary());
+    if (fixing.files().count() > 0) {
+        report.print(QString("%1 checked with the scripts below %2")
+                         .arg(countedText(fixing.files().count(), "file"), roots.join(", "))
+                     + fixing.summary());
     }
-    return fixing.exitCode(report);
+    return fixing.files().exitCode(report);
 }

@@ -48,10 +48,10 @@ ExitCode checkCatalogueFiles(const CatalogueCheckOptions &options)
     for (const QString &file : options.files) {
         fixing.check(file, checkCatalogueOrText, report);
     }
-    if (fixing.checked() > 0) {
-        report.print(countedText(fixing.checked(), "file") + " checked" + fixing.summary());
+    if (fixing.files().count() > 0) {
+        report.print(countedText(fixing.files().count(), "file") + " checked" + fixing.summary());
     }
-    return fixing.exitCode(report);
+    return fixing.files().exitCode(report);
 }
 
 ExitCode encodeCatalogue(const CatalogueEncodeOptions &options)

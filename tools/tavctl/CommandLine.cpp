@@ -11,6 +11,7 @@
 #include "PicturesCommand.h"
 #include "PlayCommand.h"
 #include "RecordCommand.h"
+#include "Refusal.h"
 #include "RunCommand.h"
 #include "ScenarioCommand.h"
 #include "TavCommit.h"
@@ -22,7 +23,6 @@
 #include <QFileInfo>
 
 #include <iostream>
-#include <limits>
 #include <map>
 
 namespace
@@ -54,7 +54,17 @@ const std::map<std::string, FindingFormat> &formats()
 template<class Value>
 CLI::Validator nameIn(const std::map<std::string, Value> &values)
 {
-    return CLI::IsMember(&values).description("");
+    return {[&values](const std::string &name) {
+                QStringList names;
+                for (const auto &value : values) {
+                    names.append(QString::fromStdString(value.first));
+                }
+                const QString given = QString::fromStdString(name);
+                return names.contains(given)
+                    ? std::string()
+                    : QString("\"%1\" is not known (%2)").arg(given, nearestOrAll(given, names)).toStdString();
+            },
+            ""};
 }
 
 CLI::Validator findingCode()
@@ -70,10 +80,40 @@ CLI::Validator findingCode()
 /// A time such as 60, 60s, 500ms, 2m or 1h: in seconds.
 CLI::Validator duration()
 {
-    return CLI::Validator(
-               CLI::AsNumberWithUnit(std::map<std::string, double>{{"ms", 0.001}, {"s", 1}, {"m", 60}, {"h", 3600}},
-                                     CLI::AsNumberWithUnit::CASE_SENSITIVE))
-        .description("");
+    const CLI::AsNumberWithUnit number(std::map<std::string, double>{{"ms", 0.001}, {"s", 1}, {"m", 60}, {"h", 3600}},
+                                       CLI::AsNumberWithUnit::CASE_SENSITIVE);
+    return {[number](std::string &time) -> std::string {
+                const std::string given = time;
+                try {
+                    if (number(time).empty()) {
+                        return {};
+                    }
+                } catch (const CLI::ValidationError &) {
+                    // told below
+                }
+                return "expected a time such as 500ms, 60s, 2m or 1h, not \"" + given + '"';
+            },
+            ""};
+}
+
+/// Refuses what is no number of characters.
+CLI::Validator length()
+{
+    return {[](const std::string &given) {
+                bool isNumber = false;
+                const int number = QString::fromStdString(given).toInt(&isNumber);
+                return isNumber && number >= 0 ? std::string() : "expected 0 or a whole number, not \"" + given + '"';
+            },
+            ""};
+}
+
+CLI::Validator directory()
+{
+    return {[](const std::string &name) {
+                return QFileInfo(QString::fromStdString(name)).isDir() ? std::string()
+                                                                       : "there is no directory \"" + name + '"';
+            },
+            ""};
 }
 
 /// Refuses a time that does not go on: @p isZeroRefused, or backwards.
@@ -196,7 +236,7 @@ public:
         m_command.add_option("--wrap", m_options->wrap, "characters in a line; 0 for one line that is not ended")
             ->capture_default_str()
             ->type_name("N")
-            ->check(CLI::Range(0, std::numeric_limits<int>::max()));
+            ->check(length());
         return *this;
     }
 
@@ -208,9 +248,7 @@ public:
 
     Command &root(const std::string &description = "directory to take for \"/\"")
     {
-        text("--root", m_options->root, description)
-            ->type_name("DIR")
-            ->check(CLI::Validator(CLI::ExistingDirectory).description("")); // or its own would follow "DIR"
+        text("--root", m_options->root, description)->type_name("DIR")->check(directory());
         return *this;
     }
 
@@ -447,10 +485,10 @@ void addCommands(CLI::App &app, Action &action)
     CLI::App &scenario
         = *app.add_subcommand("scenario", "check, show or sum up a scenario; print lines that check its end");
     scenario.require_subcommand(1);
-    Command<ScenarioOptions>(scenario, "check", "report the mistakes in the file")
-        .file()
-        .json()
-        .looks(checkScenario, action);
+    Command<ScenarioCheckOptions>(scenario, "check", "report the mistakes in the files")
+        .files()
+        .findings()
+        .looks(checkScenarioFiles, action);
     Command<ScenarioOptions>(scenario, "show", "show the lines of the file").file().json().looks(showScenario, action);
     Command<ScenarioOptions>(scenario, "info", "show how long it is, and what it calls how often")
         .file()
@@ -566,30 +604,6 @@ void addHelp(CLI::App &app, Action &action)
         };
     });
 }
-
-/// What is said of a command line that is not understood for @p reason: of its @p words, the first that stands where a
-/// command is expected and is none is a better one.
-std::string refusal(const CLI::App &app, const QStringList &words, std::string reason)
-{
-    const CLI::App *at = &app;
-    QString path = "tavctl";
-    for (const QString &word : words) {
-        QStringList names;
-        for (const CLI::App *const command : at->get_subcommands([](const CLI::App *) { return true; })) {
-            names.append(QString::fromStdString(command->get_name()));
-        }
-        if (names.contains(word)) {
-            at = at->get_subcommand(word.toStdString());
-            path += ' ' + word;
-        } else if (names.isEmpty()) {
-            break; // what follows are arguments
-        } else if (!word.startsWith('-')) {
-            reason = QString("there is no command \"%1\" (%2)").arg(word, nearestOrAll(word, names)).toStdString();
-            break;
-        }
-    }
-    return "tavctl: " + reason + "; \"" + path.toStdString() + " --help\" tells what there is\n";
-}
 }
 
 Action actionOf(int argc, char **argv)
@@ -605,7 +619,7 @@ Action actionOf(int argc, char **argv)
         if (words.value(0) == "help") {
             words.removeFirst();
         }
-        return refusal(app, words, error.what());
+        return refusalOf(app, words, error);
     });
     Action action;
     addCommands(app, action);

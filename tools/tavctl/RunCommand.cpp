@@ -1,5 +1,6 @@
 #include "RunCommand.h"
 
+#include "AccessCheck.h"
 #include "Backend.h"
 #include "InstallationPaths.h"
 #include "ITavFuncTypeMgr.h"
@@ -47,6 +48,10 @@ QVector<PageDelivery> deliverPageChanges()
 
 AgentReport feedManagers()
 {
+    const Findings findings = checkProcessFiles();
+    for (const Finding &finding : findings) { // without them much is 0 that is not
+        printError(finding.file + ' ' + QStringList{finding.problem, finding.effect, finding.advice}.join("; "));
+    }
     AgentReport report = feedFromThisMachine();
     if (!report.complete) {
         throw ToolError(ExitCode::BackendTooSlow,

@@ -1,22 +1,24 @@
 #include "ScenarioCommand.h"
 
 #include "CellText.h"
+#include "CheckedFiles.h"
 #include "EndState.h"
 #include "InputFile.h"
 #include "PlayCommand.h"
 #include "PluginView.h"
 #include "Presentation.h"
+#include "ScenarioCheck.h"
 #include "TavCountedText.h"
 #include "TavScenario.h"
 #include "TextTable.h"
 
+#include <QFileInfo>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QMutex>
 
 #include <functional>
 #include <map>
-#include <optional>
 
 namespace
 {
@@ -36,28 +38,6 @@ QJsonObject readAll(const QString &name, const std::function<void(const TavScena
     }
 }
 
-QVector<TavScenarioError> mistakesIn(const QString &name)
-{
-    QFile file;
-    InputFile::open(file, name);
-    QVector<TavScenarioError> mistakes;
-    std::optional<TavScenarioReader> reader;
-    bool isAtEnd = false;
-    while (!isAtEnd) {
-        try {
-            if (!reader) {
-                reader.emplace(file);
-            }
-            TavScenario::Line line;
-            isAtEnd = !reader->next(line);
-        } catch (const TavScenarioError &error) {
-            mistakes.append(error);
-            isAtEnd = !reader; // without its first line it is no scenario
-        }
-    }
-    return mistakes;
-}
-
 /// @brief The lines that do one thing.
 struct Share {
     qint64 lines = 0;
@@ -65,25 +45,21 @@ struct Share {
 };
 }
 
-ExitCode checkScenario(const ScenarioOptions &options)
+ExitCode checkScenarioFiles(const ScenarioCheckOptions &options)
 {
-    const QVector<TavScenarioError> mistakes = mistakesIn(options.file);
-    QJsonArray findings;
-    for (const TavScenarioError &mistake : mistakes) {
-        if (options.json) {
-            findings.append(
-                QJsonObject{{"line", mistake.line()}, {"path", mistake.path()}, {"problem", mistake.problem()}});
-        } else {
-            printLine(printable(options.file + ": " + mistake.what()));
-        }
+    FindingReport report(options.findings);
+    CheckedFiles files;
+    for (const QString &name : options.files) {
+        files.look([&] {
+            QFile file;
+            InputFile::open(file, name);
+            report.add(checkScenario(name, file), QFileInfo(name).path());
+        });
     }
-    if (options.json) {
-        printJson({{"findings", findings}});
-    } else {
-        printLine(printable(options.file) + ": "
-                  + (mistakes.isEmpty() ? "no findings" : countedText(mistakes.size(), "finding")));
+    if (files.count() > 0) {
+        report.print(countedText(files.count(), "file") + " checked");
     }
-    return mistakes.isEmpty() ? ExitCode::Success : ExitCode::Findings;
+    return files.exitCode(report);
 }
 
 ExitCode showScenario(const ScenarioOptions &options)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "FindingReport.h"
 #include "InstallationPaths.h"
 #include "ToolError.h"
 
@@ -8,8 +9,13 @@ struct ScenarioOptions {
     bool json = false;
 };
 
-/// Reports what is wrong with the lines of a scenario, without playing it. Throws ToolError.
-ExitCode checkScenario(const ScenarioOptions &options);
+struct ScenarioCheckOptions {
+    QStringList files; ///< "-" for standard input
+    FindingOptions findings;
+};
+
+/// Reports the mistakes in the lines of the scenarios, without playing them. Throws ToolError.
+ExitCode checkScenarioFiles(const ScenarioCheckOptions &options);
 
 /// Prints the lines of a scenario as a table. Throws ToolError.
 ExitCode showScenario(const ScenarioOptions &options);

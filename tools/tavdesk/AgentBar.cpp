@@ -55,6 +55,7 @@ void AgentBar::addRecording(Recording &recording)
     record->setToolTip(tr("Record all calls into a file."));
     connect(&recording, &Recording::stateChanged, record, [record, &recording] {
         record->setChecked(recording.state() != Recording::State::Off);
+        record->setText(record->isChecked() ? tr("Stop &Recording") : tr("&Record…"));
         record->setEnabled(recording.state() == Recording::State::Off || recording.state() == Recording::State::On);
     });
     connect(record, &QAction::triggered, this, [this, record, &recording] {

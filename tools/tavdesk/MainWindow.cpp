@@ -42,7 +42,7 @@ const QString docksSetting = QStringLiteral("window/docks");
 QString scenarioIn(const QMimeData &data)
 {
     const QString file = data.urls().value(0).toLocalFile();
-    return file.endsWith(QLatin1String(".jsonl")) ? file : QString();
+    return file.endsWith(QLatin1String(".jsonl"), Qt::CaseInsensitive) ? file : QString();
 }
 
 /// The text without its mnemonic, which some languages put behind it in brackets.
@@ -60,13 +60,17 @@ void announce(Panel &panel, BusyBar &busy)
     QObject::connect(&panel, &Panel::ended, &busy, [&panel, &busy] { busy.end(&panel); });
 }
 
-/// Adds the buttons of @p bar to @p menu; its fields have their places in the bar alone.
+/// Adds the buttons of @p bar to @p menu, where alone their mnemonics have an effect and are shown; its fields have
+/// their places in the bar alone.
 void addButtons(QMenu &menu, const QToolBar &bar)
 {
     const QList<QAction *> actions = bar.actions();
     for (QAction *const action : actions) {
         if (!qobject_cast<QWidgetAction *>(action)) {
             menu.addAction(action);
+            const auto showText = [action] { action->setIconText(withoutMnemonic(action->text())); };
+            showText();
+            QObject::connect(action, &QAction::changed, action, showText);
         }
     }
 }
@@ -84,6 +88,7 @@ MainWindow::MainWindow(ClientSession &session)
 {
     setWindowTitle(tr("Security Client for Development"));
     setAcceptDrops(true);
+    qApp->installEventFilter(this);
     resize(1280, 860);
 
     setCentralWidget(m_pages);
@@ -92,6 +97,7 @@ MainWindow::MainWindow(ClientSession &session)
     addDocks();
     addMenus();
     statusBar()->addWidget(m_status, 1);
+    m_navigation->setFocus();
 
     connect(m_pages, &PageArea::workBegun, &m_status->busy(), &BusyBar::begin);
     connect(m_pages, &PageArea::workEnded, &m_status->busy(), &BusyBar::end);
@@ -135,6 +141,17 @@ void MainWindow::closeEvent(QCloseEvent *event)
     settings.setValue(placeSetting, saveGeometry());
     settings.setValue(docksSetting, saveState());
     QMainWindow::closeEvent(event);
+}
+
+// A scenario is played wherever it is dropped: a field for text would take its name.
+bool MainWindow::eventFilter(QObject *watched, QEvent *event)
+{
+    if (event->type() == QEvent::DragEnter && watched != this && isAncestorOf(qobject_cast<QWidget *>(watched))
+        && !scenarioIn(*static_cast<QDragEnterEvent *>(event)->mimeData()).isEmpty()) {
+        event->ignore(); // goes on to the window
+        return true;
+    }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)
@@ -188,7 +205,7 @@ void MainWindow::addDocks()
     below[1]->raise();
     setCorner(Qt::BottomLeftCorner, Qt::BottomDockWidgetArea);
     resizeDocks({m_docks.first()}, {250}, Qt::Horizontal);
-    resizeDocks({below.first()}, {240}, Qt::Vertical);
+    resizeDocks({below.first()}, {270}, Qt::Vertical);
 }
 
 QDockWidget *MainWindow::addDock(const QString &name, const QString &title, QWidget *content, Qt::DockWidgetArea area)
@@ -196,6 +213,11 @@ QDockWidget *MainWindow::addDock(const QString &name, const QString &title, QWid
     auto *const dock = new QDockWidget(withoutMnemonic(title), this);
     dock->setObjectName(name); // under which its place is kept
     dock->setWidget(content);
+    // A dock that lies under another is moved off the screen only: its keys and its focus would still have an effect.
+    connect(dock, &QDockWidget::visibilityChanged, content, &QWidget::setVisible);
+    QSizePolicy policy = content->sizePolicy();
+    policy.setRetainSizeWhenHidden(true); // or the docks would jump to the size of the one in front
+    content->setSizePolicy(policy);
     addDockWidget(area, dock);
     m_docks.append(dock);
     // The key is no shortcut of the entry, but shown with it: it brings the dock to the front, which a dock that lies

@@ -24,8 +24,13 @@ void NavigationView::setOpenPage(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ pa
 {
     const QModelIndex index = m_model->indexOf(page);
     if (index.isValid()) {
-        setCurrentIndex(index);
+        selectionModel()->setCurrentIndex(index, QItemSelectionModel::ClearAndSelect);
     }
+}
+
+QItemSelectionModel::SelectionFlags NavigationView::selectionCommand(const QModelIndex &, const QEvent *) const
+{
+    return QItemSelectionModel::NoUpdate;
 }
 
 void NavigationView::keyPressEvent(QKeyEvent *event)

@@ -27,6 +27,9 @@ protected:
     void mousePressEvent(QMouseEvent *event) override;
     void mouseReleaseEvent(QMouseEvent *event) override;
 
+    /// Nothing is selected by mouse or keys: the selection is the mark of the open page.
+    QItemSelectionModel::SelectionFlags selectionCommand(const QModelIndex &index, const QEvent *event) const override;
+
 private:
     void choose(const QModelIndex &index);
 

@@ -10,9 +10,12 @@
 #include "ProblemView.h"
 #include "QuietLabel.h"
 
+#include <algorithm>
+
 namespace
 {
-/// The pages that buttons of @p page lead to: the one that it is reached from, and those reached from it.
+/// The pages that buttons of @p page lead to: the one that it is reached from, and those reached from it. Each once:
+/// the manager lists the pages again whenever it has read its catalogue again.
 QVector<TavSubFuncTypeData_> waysFrom(const TavSubFuncTypeData_ &page, ITavFuncTypeMgr &catalogue)
 {
     QVector<TavSubFuncTypeData_> ways;
@@ -20,7 +23,10 @@ QVector<TavSubFuncTypeData_> waysFrom(const TavSubFuncTypeData_ &page, ITavFuncT
     for (const TavSubFuncTypeData_ &other : all) {
         const bool isAbove = !page.subFuncHasParent && other.subFuncType == page.realParentType;
         const bool isBelow = !other.subFuncHasParent && other.realParentType == page.subFuncType;
-        if ((isAbove || isBelow) && other.subFuncType != page.subFuncType) {
+        const bool isKnown = std::any_of(ways.cbegin(), ways.cend(), [&other](const TavSubFuncTypeData_ &way) {
+            return way.subFuncType == other.subFuncType;
+        });
+        if ((isAbove || isBelow) && !isKnown && other.subFuncType != page.subFuncType) {
             ways.append(other);
         }
     }

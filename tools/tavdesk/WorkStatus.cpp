@@ -76,11 +76,12 @@ void WorkStatus::showPlay()
     using State = ScenarioPlay::State;
     const ScenarioSurvey &survey = m_play.survey();
     const QString name = survey.title.isEmpty() ? QFileInfo(survey.file).fileName() : survey.title;
-    const QString calls
-        = tr("%1: %2 of %n call(s)", nullptr, int(survey.lines)).arg(name, QString::number(m_play.linesPlayed()));
-    m_playText->setText(survey.file.isEmpty()   ? QString()
-                            : m_play.turn() > 1 ? tr("%1, turn %2").arg(calls).arg(m_play.turn())
-                                                : calls);
+    QString text;
+    if (!survey.file.isEmpty() && m_play.state() != State::Opening) {
+        text = tr("%1: %2 of %n call(s)", nullptr, int(survey.lines)).arg(name, QString::number(m_play.linesPlayed()));
+        text = m_play.turn() > 1 ? tr("%1, turn %2").arg(text).arg(m_play.turn()) : text;
+    }
+    m_playText->setText(text);
     if (m_play.state() == State::Opening) {
         m_busy->begin(&m_play, tr("Reading the scenario"), [this] { m_play.stop(); });
     } else if (m_play.state() == State::Stopping) {

@@ -53,15 +53,57 @@ TEST_F(CommandLine, EndsWithTwoAndOneLineWhenItCannotRun)
              + "/baseline/no-items.json: the plugin loads no check item from it; \"tavctl baseline check\" says why"},
         {{"baseline", "show", item, "--plugin", "/nowhere"},
          "/nowhere: there is no such file; install the plugin, or name its file with --plugin"},
-        {{"catalogue"}, "A subcommand is required; \"tavctl catalogue --help\" tells what there is"},
-        {{"pictures"}, "DIR is required; \"tavctl pictures --help\" tells what there is"},
-        {{"doctor", "--root", "/nowhere"},
-         "--root: Directory does not exist: /nowhere; \"tavctl doctor --help\" tells what there is"},
     };
     for (const auto &row : rows) {
         const Tavctl run(row.arguments);
         EXPECT_EQ(run.exitCode, 2) << row.arguments.join(' ').toStdString();
         EXPECT_EQ(run.errors, "tavctl: " + row.error + '\n');
+        EXPECT_EQ(run.output, "");
+    }
+}
+
+TEST_F(CommandLine, SaysWhatToWriteInPlaceOfWhatItDoesNotTake)
+{
+    struct {
+        QStringList arguments;
+        QString error;
+        QString command; // whose help tells more
+    } const rows[] = {
+        {{},
+         "a command is missing (there are: run, registry, operations, call, record, play, scenario, catalogue, "
+         "baseline, pictures, doctor, new-page, explain, help), as in \"tavctl run\"",
+         ""},
+        {{"scenario"},
+         "a command is missing (there are: check, show, info, end), as in \"tavctl scenario check FILE\"",
+         "scenario"},
+        {{"--quick"}, "there is no option \"--quick\" (there are: --help, --version)", ""},
+        {{"pictures"}, "DIR is missing, as in \"tavctl pictures DIR\"", "pictures"},
+        {{"call", "ITavAuditMgr"}, "OPERATION is missing, as in \"tavctl call MANAGER OPERATION\"", "call"},
+        {{"new-page", "A"}, "--page is missing, as in \"tavctl new-page NAME --page KEY\"", "new-page"},
+        {{"doctor", "--rot", "/"}, "there is no option \"--rot\" (nearest: --root)", "doctor"},
+        {{"catalogue", "check", "--fail-onn=note"},
+         "there is no option \"--fail-onn=note\" (nearest: --fail-on)",
+         "catalogue check"},
+        {{"doctor", "here"}, "\"here\" is one word too many for \"tavctl doctor\"", "doctor"},
+        {{"doctor", "--root"}, "a value is missing, as in \"--root DIR\"", "doctor"},
+        {{"doctor", "--root", "/", "--root", "/tmp"}, "--root stands there more than once", "doctor"},
+        {{"doctor", "--root", "/nowhere"}, "--root: there is no directory \"/nowhere\"", "doctor"},
+        {{"doctor", "--fail-on", "bad"}, "--fail-on: \"bad\" is not known (there are: error, note, warning)", "doctor"},
+        {{"doctor", "--format", "sarf"}, "--format: \"sarf\" is not known (nearest: sarif)", "doctor"},
+        {{"doctor", "--format", "jsonl", "--json"}, "--format and --json exclude each other", "doctor"},
+        {{"catalogue", "check", "a", "--dry-run"}, "--dry-run is taken together with --fix alone", "catalogue check"},
+        {{"catalogue", "encode", "a", "--wrap", "-1"},
+         "--wrap: expected 0 or a whole number, not \"-1\"",
+         "catalogue encode"},
+        {{"record", "a", "--for", "long"},
+         "--for: expected a time such as 500ms, 60s, 2m or 1h, not \"long\"",
+         "record"},
+    };
+    for (const auto &row : rows) {
+        const Tavctl run(row.arguments);
+        EXPECT_EQ(run.exitCode, 2) << row.arguments.join(' ').toStdString();
+        const QString help = QString("tavctl %1 --help").arg(row.command).simplified();
+        EXPECT_EQ(run.errors, QString("tavctl: %1; \"%2\" tells what there is\n").arg(row.error, help));
         EXPECT_EQ(run.output, "");
     }
 }

@@ -1,3 +1,4 @@
+#include "BrokenPlugins.h"
 #include "FindingLines.h"
 #include "PrintQString.h"
 #include "RootMistakes.h"
@@ -43,7 +44,7 @@ TEST_F(DoctorCommand, NamesEveryPlantedMistakeAndNoOther)
     }
     const Tavctl text({"doctor", "--root", brokenRoot});
     EXPECT_EQ(text.exitCode, 1);
-    const QString summary = "5 parts checked, 51 findings: 40 errors, 11 warnings";
+    const QString summary = "5 parts checked, 65 findings: 48 errors, 16 warnings, 1 note";
     EXPECT_EQ(text.output.section("\nFindings\n", 1).split('\n'), expected + QStringList({summary, ""}));
     const Tavctl json({"doctor", "--root", brokenRoot, "--json"});
     EXPECT_EQ(json.exitCode, 1);
@@ -53,14 +54,14 @@ TEST_F(DoctorCommand, NamesEveryPlantedMistakeAndNoOther)
     for (const QJsonValue &part : json.json()["parts"].toArray()) {
         counts.append(part["findings"].toInt());
     }
-    EXPECT_EQ(counts, QVector<int>({0, 14, 29, 8, 0})) << "plugin, catalogue, baseline, pictures, permissions";
+    EXPECT_EQ(counts, QVector<int>({0, 21, 32, 12, 0})) << "plugin, catalogue, baseline, pictures, permissions";
     const QJsonObject ignoring = Tavctl({"doctor", "--root", brokenRoot, "--json", "--ignore", "TAV211,TAV301"}).json();
     int shown = 0;
     for (const QJsonValue &part : ignoring["parts"].toArray()) {
         shown += part["findings"].toInt();
     }
     EXPECT_EQ(shown, ignoring["findings"].toArray().size());
-    EXPECT_LT(shown, 51);
+    EXPECT_LT(shown, 65);
 }
 
 TEST_F(DoctorCommand, MissesWhatAnEmptyInstallationLacks)
@@ -136,16 +137,8 @@ TEST_F(DoctorCommand, NamesPicturesThatLieBesideThePictureDirectories)
 
 TEST_F(DoctorCommand, SaysWhatIsWrongWithAPluginFile)
 {
-    const QByteArray plugin = contentOf(TAV_PLUGIN_FILE);
-    QByteArray ofNewerQt = plugin;
-    ofNewerQt[plugin.indexOf("QTMETADATA !") + 14] = 99; // behind the mark: format, major version, minor version
-    QByteArray forOtherMachine = plugin;
-    const bool isArm = plugin[18] == char(183);
-    forOtherMachine[18] = char(isArm ? 62 : 183);
-    QByteArray ofOtherWordSize = plugin;
-    ofOtherWordSize[4] = 1;
-    const QString own = isArm ? "AArch64" : "x86-64";
-    const QString other = isArm ? "x86-64" : "AArch64";
+    const QString own = isPluginForArm() ? "AArch64" : "x86-64";
+    const QString other = isPluginForArm() ? "x86-64" : "AArch64";
     const QString noManagers = "; the client has none of the managers; ";
     const QString name = "name libTavDataPlugin.so with --plugin";
     const QString qt = QString(qVersion()).section('.', 0, 1);
@@ -161,26 +154,23 @@ TEST_F(DoctorCommand, SaysWhatIsWrongWithAPluginFile)
          ": error: TAV608: another plugin: its identifier is \"org.example.OtherPlugin\" and not "
          "\"Tav_ORG_ITavDtaPlugin\""
              + noManagers + name},
-        {put("newer.so", ofNewerQt),
+        {put("newer.so", pluginOfNewerQt()),
          QString(": error: TAV609: built with Qt 5.99, but this is Qt %1; Qt refuses to load it: it takes plugins of "
                  "its own or an "
                  "earlier minor version; build the plugin with Qt %2")
              .arg(qVersion(), qt)},
-        {put("machine.so", forOtherMachine),
+        {put("machine.so", pluginForOtherMachine()),
          QString(": error: TAV605: built for %1, but this program for %2; no client for %2 can load it; install the "
                  "plugin for %2")
              .arg(other, own)},
-        {put("incomplete.so",
-             QByteArray(plugin)
-                 .replace("libTavCommon.so.1", "libTavComm0n.so.1")
-                 .replace("libstdc++.so.6", "libstdc--.so.6")),
+        {put("incomplete.so", pluginWithoutLibraries()),
          ": error: TAV610: cannot be loaded: it lacks libTavComm0n.so.1, libstdc--.so.6" + noManagers
              + "install what it lacks"},
         {"/tmp", ": error: TAV602: not a regular file" + noManagers + name},
-        {put("cut.so", plugin.left(plugin.size() - 1)),
+        {put("cut.so", pluginCutOff()),
          ": error: TAV604: cut off: it ends before what its headers announce" + noManagers
              + "install the plugin again"},
-        {put("words.so", ofOtherWordSize),
+        {put("words.so", pluginOfOtherWordSize()),
          ": error: TAV606: built for words of 32 bits, but this program for 64; no client for " + own
              + " can load it; install the plugin for " + own},
         {TAV_UNDEFINED_SYMBOL_PLUGIN_FILE,
@@ -202,8 +192,7 @@ TEST_F(DoctorCommand, SaysWhatIsWrongWithAPluginFile)
 
 TEST_F(DoctorCommand, PassesOnAnyOtherReasonOfTheLoader)
 {
-    const QString file
-        = put("version.so", contentOf(TAV_PLUGIN_FILE).replace(QByteArray("\0Qt_5\0", 6), QByteArray("\0Qt_9\0", 6)));
+    const QString file = put("version.so", pluginOfUnknownSymbolVersion());
     const QStringList lines = findingLines(Tavctl({"doctor", "--root", demoRoot, "--json", "--plugin", file}));
     EXPECT_TRUE(lines.value(0).startsWith(file + ": error: TAV612: cannot be loaded: "))
         << lines.value(0).toStdString();
@@ -535,13 +524,11 @@ TEST_F(DoctorOnACopy, NamesThePluginThatHasAnotherName)
 
 TEST_F(DoctorOnACopy, TakesNoOffenceAtAnImageForAnotherMachine)
 {
-    QByteArray plugin = contentOf(TAV_PLUGIN_FILE);
-    const bool isArm = plugin[18] == char(183);
-    plugin[18] = char(isArm ? 62 : 183);
-    writeFile(root + "/opt/tavsec/plugins/libTavDataPlugin.so", plugin);
+    const bool isArm = isPluginForArm();
+    writeFile(root + "/opt/tavsec/plugins/libTavDataPlugin.so", pluginForOtherMachine());
     const QString file = "@/opt/tavsec/plugins/libTavDataPlugin.so";
     EXPECT_TRUE(findings().value(0).startsWith(file + ": error: TAV605: ")) << "no word of what the image is for";
-    writeFile(root + "/bin/sh", plugin);
+    writeFile(root + "/bin/sh", pluginForOtherMachine());
     ASSERT_EQ(Program({"chmod", "0755", root + "/bin/sh"}).exitCode, 0) << "it is what runs the scripts";
     EXPECT_EQ(findings(),
               QStringList{file
@@ -549,23 +536,85 @@ TEST_F(DoctorOnACopy, TakesNoOffenceAtAnImageForAnotherMachine)
                                     "whether it can be loaded there and registers its managers is not known; check it "
                                     "on such a machine")
                                 .arg(isArm ? "x86-64" : "AArch64", isArm ? "AArch64" : "x86-64")});
-    plugin[18] = char(isArm ? 183 : 62);
-    writeFile(root + "/bin/sh", plugin);
+    writeFile(root + "/bin/sh", contentOf(TAV_PLUGIN_FILE));
     EXPECT_TRUE(findings().value(0).startsWith(file + ": error: TAV605: "));
 }
 
 TEST_F(DoctorCommand, SaysThatTheFilesOfProcessesAreNotThere)
 {
-    const QStringList without{"unshare", "--mount", "sh", "-c", "umount -l /proc && exec \"$@\"", "sh"};
-    if (Program(without + QStringList{"true"}).exitCode != 0) {
+    if (Program(withoutProcessFiles + QStringList{"true"}).exitCode != 0) {
         GTEST_SKIP() << "only the administrator can take them away";
     }
     const QString finding = "/proc: error: TAV704: is not mounted; nothing is known of processes, memory and devices, "
                             "which is not to say that there are none; mount it with \"mount -t proc proc /proc\"";
-    EXPECT_TRUE(findingLines(Tavctl({"doctor", "--json"}, "/dev/null", without)).contains(finding));
+    EXPECT_TRUE(findingLines(Tavctl({"doctor", "--json"}, "/dev/null", withoutProcessFiles)).contains(finding));
     EXPECT_FALSE(findingLines(Tavctl({"doctor", "--json"})).contains(finding));
-    EXPECT_FALSE(findingLines(Tavctl({"doctor", "--root", demoRoot, "--json"}, "/dev/null", without)).contains(finding))
+    EXPECT_FALSE(findingLines(Tavctl({"doctor", "--root", demoRoot, "--json"}, "/dev/null", withoutProcessFiles))
+                     .contains(finding))
         << "an image has none";
+}
+
+TEST_F(DoctorOnACopy, TakesWhatHasThePluginsNameForThePlugin)
+{
+    const QString file = root + "/opt/tavsec/plugins/libTavDataPlugin.so";
+    ASSERT_TRUE(QDir().mkpath(QFileInfo(file).path()));
+    ASSERT_TRUE(QFile::link("gone.so", file));
+    const QStringList dangling = findings();
+    ASSERT_EQ(dangling.size(), 1) << dangling.join('\n').toStdString();
+    EXPECT_TRUE(dangling[0].startsWith("@/opt/tavsec/plugins/gone.so: error: TAV601: there is no such file; "))
+        << dangling[0].toStdString();
+    ASSERT_TRUE(QFile::remove(file) && QDir().mkdir(file));
+    const QStringList directory = findings();
+    ASSERT_EQ(directory.size(), 1) << directory.join('\n').toStdString();
+    EXPECT_TRUE(
+        directory[0].startsWith("@/opt/tavsec/plugins/libTavDataPlugin.so: error: TAV602: not a regular file; "))
+        << directory[0].toStdString();
+}
+
+TEST_F(DoctorOnACopy, NamesTheScriptDirectoryOnceThatIsNone)
+{
+    ASSERT_TRUE(QDir(scripts).removeRecursively());
+    writeFile(scripts, "");
+    const QStringList found = findings();
+    ASSERT_EQ(found.size(), 1) << found.join('\n').toStdString();
+    EXPECT_TRUE(found[0].contains(": error: TAV412: /enableConfig: the script directory "
+                                  "\"@/opt/tavsec/script/baselineScript\" is no directory; "))
+        << found[0].toStdString();
+}
+
+TEST_F(DoctorOnACopy, SaysWhereTheLinkOfAScriptLeads)
+{
+    const QString script = scripts + "/file-umask.sh";
+    ASSERT_TRUE(QDir(root).mkpath("usr/lib") && QFile::remove(script) && QFile::link("/usr/lib/umask.sh", script));
+    EXPECT_EQ(findings()
+                  .filter(": error: TAV403: ")
+                  .filter("does not exist: a link leads away, and /usr/lib/umask.sh is missing; ")
+                  .size(),
+              1);
+    ASSERT_TRUE(QFile::remove(script) && QFile::link("file-umask.sh", script));
+    EXPECT_EQ(findings().filter(": error: TAV403: ").filter("is a link that leads to itself; ").size(), 1);
+}
+
+TEST_F(DoctorOnACopy, NamesDirectoriesThatAreMeantForPicturesAndPassedOver)
+{
+    const QByteArray png = contentOf(pictures + "/navigation/hostIcon.png");
+    ASSERT_TRUE(QDir(pictures).mkpath(".git") && QDir(pictures).mkpath(".old") && QDir(pictures).mkpath("extra "));
+    writeFile(pictures + "/.old/icon.png", png);
+    writeFile(pictures + "/.git/index", "no picture");
+    writeFile(pictures + "/extra /icon.png", png);
+    ASSERT_TRUE(QFile::link("/usr/share/gone", pictures + "/linked"));
+    const QStringList found = findings();
+    ASSERT_EQ(found.size(), 3) << found.join('\n').toStdString();
+    EXPECT_EQ(
+        found[0],
+        "@/opt/tavsec/pictures/extra /icon.png: warning: TAV512: a blank at the edge of its directory's name; the "
+        "plugin holds it under the key \"EXTRA /ICON\", blank included; rename it");
+    EXPECT_EQ(
+        found[1],
+        "@/opt/tavsec/pictures/.old: warning: TAV509: a hidden picture directory; the client passes over it; give "
+        "it a name without a dot before it, or remove it");
+    EXPECT_TRUE(found[2].startsWith("@/opt/tavsec/pictures/linked: error: TAV510: a link to nothing: "))
+        << found[2].toStdString();
 }
 
 TEST_F(DoctorOnACopy, FollowsAbsoluteLinksInsideTheRoot)

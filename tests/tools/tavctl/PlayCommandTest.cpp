@@ -198,33 +198,6 @@ TEST(CallCommand, AsksForAnIndeterminateValueOnlyBehindItsSetter)
     EXPECT_EQ(Tavctl(call + QStringList{"-"}, with.path()).exitCode, 0) << "read once";
 }
 
-TEST(ScenarioCommand, ReportsEveryMistakenLine)
-{
-    const ScenarioFile file("{\"at\": -1}\n" + soundLines + "{\"page\": 1}\n{\"page\"");
-    const Tavctl run({"scenario", "check", file.path()});
-    EXPECT_EQ(run.exitCode, 1);
-    EXPECT_EQ(run.output,
-              file.path() + ": line 2: /at: expected seconds from 0 to 1000000000, not the number -1\n" + file.path()
-                  + ": line 6: /page: expected a text, not the number 1\n" + file.path()
-                  + ": line 7: cut: the file ends within this line; what stands before it can be played as a partial "
-                    "scenario\n"
-                  + file.path() + ": 3 findings\n");
-    const QJsonArray findings = Tavctl({"scenario", "check", file.path(), "--json"}).json()["findings"].toArray();
-    ASSERT_EQ(findings.size(), 3);
-    EXPECT_EQ(
-        findings[0].toObject(),
-        QJsonObject(
-            {{"line", 2}, {"path", "/at"}, {"problem", "expected seconds from 0 to 1000000000, not the number -1"}}));
-}
-
-TEST(ScenarioCommand, FindsNothingInASoundFile)
-{
-    const ScenarioFile file(soundLines);
-    const Tavctl run({"scenario", "check", file.path()});
-    EXPECT_EQ(run.exitCode, 0);
-    EXPECT_EQ(run.output, file.path() + ": no findings\n");
-}
-
 TEST(ScenarioCommand, ShowsTheLines)
 {
     const ScenarioFile file(soundLines);

@@ -261,3 +261,21 @@ TEST_F(RunCommand, ACatalogueWithoutPagesIsNamed)
     EXPECT_EQ(run.errors,
               "tavctl: " + file + ": holds no page; it must be the Base64 text of a JSON array of functions\n");
 }
+
+TEST_F(RunCommand, ShowsWhatItCanWithoutTheFilesOfProcessesAndSaysSo)
+{
+    if (Program(withoutProcessFiles + QStringList{"true"}).exitCode != 0) {
+        GTEST_SKIP() << "only the administrator can take them away";
+    }
+    const QString line
+        = "tavctl: /proc is not mounted; nothing is known of processes, memory and devices, which is not "
+          "to say that there are none; mount it with \"mount -t proc proc /proc\"\n";
+    const QStringList command{"run", "--root", demoRoot};
+    for (const QStringList &more : {QStringList{"--json"}, QStringList{"--json", "--page", "SubFunc_BaselineScan"}}) {
+        const Tavctl run(command + more, "/dev/null", withoutProcessFiles);
+        EXPECT_EQ(run.exitCode, 0);
+        EXPECT_EQ(run.errors, line);
+        EXPECT_GE(run.json()["pages"].toArray().size(), 1) << "what lies elsewhere";
+    }
+    EXPECT_EQ(Tavctl(command).errors, "");
+}

@@ -13,6 +13,9 @@ inline QStringList tavctlCommand(const QStringList &arguments)
     return QString(TAV_EMULATOR).split(' ', Qt::SkipEmptyParts) + QStringList{TAV_TAVCTL_FILE} + arguments;
 }
 
+/// What runs the command behind it on a machine whose /proc is not mounted; only the administrator can.
+const QStringList withoutProcessFiles{"unshare", "--mount", "sh", "-c", "umount -l /proc && exec \"$@\"", "sh"};
+
 /// @brief The tool tavctl, run once with the arguments given; what it printed and how it ended.
 struct Tavctl {
     /// @p before stands before the command, to run it in another way.

@@ -1,6 +1,8 @@
 #include "TestWindow.h"
 
+#include "ArgumentForm.h"
 #include "CallPanel.h"
+#include "FieldEdit.h"
 #include "ITavAccessControlMgr.h"
 #include "ITavHostInfoMgr.h"
 #include "ITavOneReinforceMgr.h"
@@ -174,11 +176,69 @@ TEST(CallPanel, ShowsTheBeginningOfALargeResult)
     client.session.host().manager<ITavOneReinforceMgr>()->setStateInfo({{QString(3 << 20, 'x'), "1"}});
     client.choose("ITavOneReinforceMgr", "getStateInfo(");
     EXPECT_NEAR(client.resultAfterCall().size(), 1 << 20, 1000) << "a long line is broken, which takes some letters";
-    EXPECT_TRUE(labelTexts(*client.window).contains("of which the first 1,048,576 of 3,1")) << "and says so";
+    EXPECT_TRUE(labelTexts(*client.window).contains("getStateInfo has returned 3,1")) << "and says so";
     client.choose("ITavOneReinforceMgr", "setStateInfo(");
     QTest::mouseClick(client.button("Fill In What Is Held"), Qt::LeftButton);
     auto *const result = client.named<QPlainTextEdit>("Result");
     EXPECT_TRUE(waitUntil([result] { return result->toPlainText().contains("too many to be edited"); }));
+}
+
+TEST(CallPanel, ForgetsAResultWhenAnotherOperationIsChosen)
+{
+    TestCalls client;
+    client.choose("ITavNetControlMgr", "getState(");
+    EXPECT_NE(client.resultAfterCall(), "");
+    EXPECT_TRUE(labelTexts(*client.window).contains("getState has returned:"));
+    client.choose("ITavNetControlMgr", "setState(");
+    EXPECT_EQ(client.named<QPlainTextEdit>("Result")->toPlainText(), "");
+    EXPECT_TRUE(labelTexts(*client.window).contains("setState returns void"));
+    client.resultAfterCall();
+    client.named<QComboBox>("Manager")->setCurrentText("ITavAuditMgr");
+    EXPECT_EQ(client.named<QPlainTextEdit>("Result")->toPlainText(), "");
+}
+
+TEST(CallPanel, KeepsItsColumnsWhateverOperationIsChosen)
+{
+    TestCalls client;
+    auto *const list = client.named<QListWidget>("Operations");
+    const QRect result = client.named<QPlainTextEdit>("Result")->rect();
+    const int left = list->width();
+    auto *const managers = client.named<QComboBox>("Manager");
+    for (int manager = 0; manager < managers->count(); ++manager) {
+        managers->setCurrentIndex(manager);
+        for (int row = 0; row < list->count(); ++row) {
+            list->setCurrentRow(row);
+            QTest::qWait(0);
+            const std::string what = list->item(row)->text().toStdString();
+            EXPECT_EQ(list->width(), left) << what;
+            EXPECT_EQ(client.named<QPlainTextEdit>("Result")->width(), result.width()) << what;
+        }
+    }
+}
+
+TEST(CallPanel, ShowsEachArgumentInItsWidthAndTheFirstInItsHeight)
+{
+    TestCalls client;
+    auto *const list = client.named<QListWidget>("Operations");
+    auto *const managers = client.named<QComboBox>("Manager");
+    const auto *const form = client.window->findChild<ArgumentForm *>();
+    for (int manager = 0; manager < managers->count(); ++manager) {
+        managers->setCurrentIndex(manager);
+        for (int row = 0; row < list->count(); ++row) {
+            list->setCurrentRow(row);
+            QTest::qWait(0);
+            const std::string what = list->item(row)->text().toStdString();
+            EXPECT_LE(form->minimumSizeHint().width(), form->parentWidget()->width()) << what;
+            QWidget *field = form->focusProxy();
+            if (const auto *const record = qobject_cast<RecordEdit *>(field)) {
+                field = record->findChild<FieldEdit *>();
+            }
+            const auto isSeen = [field] {
+                return !field || field->visibleRegion().boundingRect().height() >= field->fontMetrics().height();
+            };
+            EXPECT_TRUE(QTest::qWaitFor(isSeen, 1000)) << what;
+        }
+    }
 }
 
 TEST(CallPanel, CallsNothingWhenAnOperationIsChosen)

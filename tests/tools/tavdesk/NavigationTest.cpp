@@ -1,5 +1,6 @@
 #include "TestWindow.h"
 
+#include "ITavFuncTypeMgr.h"
 #include "ITavSelectFuncMgr.h"
 #include "TavEvents.h"
 
@@ -47,6 +48,23 @@ TEST(Navigation, OpensAndMarksAPageThatSomebodyElseHasSelected)
     EXPECT_EQ(client.navigation().currentIndex(), client.entry(Pages::SubFunc_LogAudit));
 }
 
+TEST(Navigation, MarksTheOpenPageWhateverElseIsClickedOrReachedWithTheKeyboard)
+{
+    TestWindow client;
+    client.click(Pages::SubFunc_BaselineScan);
+    ASSERT_TRUE(client.waitForPage(Pages::SubFunc_BaselineScan));
+    NavigationView &view = client.navigation();
+    const QModelIndexList open{client.entry(Pages::SubFunc_BaselineScan)};
+    EXPECT_EQ(view.selectionModel()->selectedIndexes(), open);
+    const QModelIndex function = view.model()->index(0, 0);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, view.visualRect(function).center());
+    EXPECT_EQ(view.selectionModel()->selectedIndexes(), open);
+    EXPECT_EQ(view.currentIndex(), function) << "from which the keys go on";
+    QTest::keyClick(&view, Qt::Key_Down);
+    EXPECT_NE(view.currentIndex(), function);
+    EXPECT_EQ(view.selectionModel()->selectedIndexes(), open);
+}
+
 TEST(Navigation, ChoosesThePageWithTheKeyboard)
 {
     TestWindow client;
@@ -73,6 +91,17 @@ TEST(Navigation, LeadsToAPageThatStandsAloneAndBack)
     ASSERT_TRUE(client.waitForPage(Pages::SubFunc_PrincipalAdd));
     pressFirst();
     EXPECT_TRUE(client.waitForPage(Pages::SubFunc_PrincipalSettings));
+}
+
+TEST(Navigation, LeadsToEachPageOnceWhenTheCatalogueHasBeenReadAgain)
+{
+    TestWindow client;
+    ITavFuncTypeMgr &catalogue = *client.session.host().manager<ITavFuncTypeMgr>();
+    catalogue.loadConfig();
+    client.session.select(catalogue.getSubFuncInfo(Pages::SubFunc_PrincipalAdd));
+    ASSERT_TRUE(client.waitForPage(Pages::SubFunc_PrincipalAdd));
+    const QWidget &frame = *client.window->pages().currentWidget();
+    EXPECT_EQ(frame.findChildren<QPushButton *>(QString(), Qt::FindDirectChildrenOnly).size(), 1);
 }
 
 TEST(Navigation, NotesEveryDeliveryWithItsLatency)

@@ -4,11 +4,14 @@
 #include "ITavNetControlMgr.h"
 #include "ScenarioPlay.h"
 
+#include <QDockWidget>
 #include <QDropEvent>
+#include <QLineEdit>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QRegularExpression>
 #include <QSlider>
+#include <QStatusBar>
 
 namespace
 {
@@ -74,6 +77,49 @@ TEST(Play, PlaysAScenarioThatIsDroppedOnTheWindow)
     QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
     QApplication::sendEvent(client.window.get(), &drop);
     EXPECT_TRUE(waitUntil([&] { return client.window->play().state() == State::Ready; }));
+}
+
+TEST(Play, PlaysAScenarioThatIsDroppedOnAField)
+{
+    const TestWindow client;
+    const QTemporaryDir directory;
+    const QString file = directory.filePath("LOUD.JSONL");
+    writeFile(file, "{\"tavScenario\": 1}\n");
+    client.window->findChild<QDockWidget *>("calls")->raise();
+    auto *const filter = client.named<QLineEdit>("Filter of Calls");
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(file)});
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(filter, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(filter, &drop); // the target of the drag is the widget that has accepted it
+    EXPECT_EQ(filter->text(), "");
+    EXPECT_TRUE(waitUntil([&] { return client.window->play().state() == State::Ready; }));
+}
+
+TEST(Play, LeavesAFieldTheTextThatIsDroppedOnIt)
+{
+    const TestWindow client;
+    auto *const filter = client.named<QLineEdit>("Filter of Calls");
+    QMimeData data;
+    data.setText("setState");
+    QDragEnterEvent enter({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(filter, &enter);
+    QDropEvent drop({10, 10}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(filter, &drop);
+    EXPECT_EQ(filter->text(), "setState");
+}
+
+TEST(Play, CountsNoCallsBeforeItHasReadTheScenario)
+{
+    const TestWindow client;
+    const ScenarioFile file(threeStates);
+    client.window->play().open(file.path());
+    ASSERT_EQ(client.window->play().state(), State::Opening);
+    EXPECT_FALSE(labelTexts(*client.window->statusBar()).contains("0 of 0"));
+    ASSERT_TRUE(waitUntil([&] { return client.window->play().state() == State::Ready; }));
+    EXPECT_TRUE(labelTexts(*client.window->statusBar()).contains("0 of 3"));
 }
 
 TEST(Play, MakesTheCallsAndNotesThemInTheLog)

@@ -145,6 +145,25 @@ TEST(Problems, TheFindingsOfACatalogueWithPagesStandInTheMenu)
     EXPECT_GT(dialog->findChild<QTreeWidget *>()->topLevelItemCount(), 0);
 }
 
+TEST(Problems, EachFindingCanBeReadAsAWhole)
+{
+    const QString sentence = "A sentence that is so long that a line of its column has no room for it at all.";
+    FindingsDialog dialog("heading", {Finding::ofFile({}, "/etc/catalogue.json", sentence, sentence, sentence)});
+    dialog.show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&dialog));
+    const auto &table = *dialog.findChild<QTreeWidget *>();
+    for (const int width : {1200, 700}) {
+        dialog.resize(width, 420);
+        const QModelIndex problem = table.model()->index(0, 1);
+        const auto needed = [&] {
+            const QRect line(0, 0, table.columnWidth(1), 10'000);
+            return table.fontMetrics().boundingRect(line, Qt::TextWordWrap, sentence).height();
+        };
+        EXPECT_TRUE(waitUntil([&] { return table.visualRect(problem).height() >= needed(); })) << width;
+        EXPECT_TRUE(problem.data(Qt::ToolTipRole).toString().contains(sentence));
+    }
+}
+
 TEST(Problems, ACatalogueWithoutFindingsIsSaidToHaveNone)
 {
     const TestWindow client;

@@ -29,8 +29,9 @@ TEST(Recording, WritesTheCallsOfAgentAndWindowAsAScenarioThatPlays)
         client.action("Feed")->trigger();
         ASSERT_TRUE(waitUntil([&] { return !client.window->feeder().isFeeding(); }));
         client.session.call("ITavNetControlMgr", "setState", QJsonArray{QJsonObject{{"state", 42}}});
-        client.action("Record…")->trigger();
+        client.action("Stop Recording")->trigger();
         ASSERT_TRUE(waitForState(recording, State::Off));
+        EXPECT_TRUE(client.action("Record…"));
         EXPECT_FALSE(client.window->findChild<QMessageBox *>());
     }
     TavPluginHost host(TAV_PLUGIN_FILE);

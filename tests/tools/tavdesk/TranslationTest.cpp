@@ -25,6 +25,8 @@
 #include <QSet>
 #include <QTableWidget>
 #include <QTabWidget>
+#include <QToolBar>
+#include <QToolButton>
 #include <QTranslator>
 #include <QVBoxLayout>
 #include <QXmlStreamReader>
@@ -111,9 +113,8 @@ QVector<ShownText> textsOf(const QWidget &window)
 /// of the catalogue, which is Chinese.
 bool isData(const QString &text)
 {
-    static const QRegularExpression data(
-        R"(^((ITav|SubFunc_)\w+(::\w+)?|[a-z][\w.]*|JSON|/.*|.*\(.*\) returns .*|.*\p{Han}.*)$)",
-        QRegularExpression::UseUnicodePropertiesOption);
+    static const QRegularExpression data(R"(^((ITav|SubFunc_)\w+(::\w+)?|[a-z][\w.]*|JSON|/.*|.*\p{Han}.*)$)",
+                                         QRegularExpression::UseUnicodePropertiesOption);
     return data.match(text).hasMatch();
 }
 
@@ -382,6 +383,25 @@ TEST(Translation, IsNotCutOff)
     ASSERT_TRUE(box);
     EXPECT_TRUE(box->text().startsWith(QStringLiteral("无法播放 /"))) << box->text().toStdString();
     EXPECT_EQ(cutTexts(*box), QStringList());
+}
+
+TEST(Translation, ButtonsOfToolBarsShowNoMnemonic)
+{
+    for (const QLocale::Language language : {QLocale::English, QLocale::Chinese}) {
+        setInterfaceLanguage(language);
+        const TestWindow client;
+        int shown = 0;
+        const QList<QToolBar *> bars = client.window->findChildren<QToolBar *>();
+        for (const QToolBar *const bar : bars) {
+            const QList<QToolButton *> buttons = bar->findChildren<QToolButton *>();
+            for (const QToolButton *const button : buttons) {
+                shown += button->text().isEmpty() ? 0 : 1;
+                EXPECT_FALSE(button->text().contains('&') || button->text().contains('('))
+                    << button->text().toStdString();
+            }
+        }
+        EXPECT_GE(shown, 8);
+    }
 }
 
 TEST(Translation, KeepsEachLetterWithAltForOnePlace)

@@ -10,6 +10,7 @@
 #include <QFileInfo>
 
 #include <unistd.h>
+#include <utility>
 
 namespace
 {
@@ -48,18 +49,7 @@ FileFixing::FileFixing(Fixing fixing, const QStringList &files) : m_fixing(fixin
 
 void FileFixing::check(const QString &file, Check check, FindingReport &report)
 {
-    try {
-        mendAndCheck(file, check, report);
-        ++m_checked;
-    } catch (const ToolError &error) {
-        printError(QString::fromUtf8(error.what()));
-        m_isAnyLeftOut = true;
-    }
-}
-
-ExitCode FileFixing::exitCode(const FindingReport &report) const
-{
-    return m_isAnyLeftOut ? ExitCode::Usage : report.exitCode();
+    m_files.look([&] { mendAndCheck(file, check, report); });
 }
 
 void FileFixing::mendAndCheck(const QString &file, Check check, FindingReport &report)
@@ -76,7 +66,11 @@ void FileFixing::mendAndCheck(const QString &file, Check check, FindingReport &r
             content = fixed.content;
         }
     }
-    report.add(check(file, content) + (file == "-" ? Findings() : checkFileAccess(file)), directory);
+    Findings findings = check(file, content);
+    if (file != "-") {
+        findings += checkFileAccess(file);
+    }
+    report.add(std::move(findings), directory);
 }
 
 QString FileFixing::summary() const

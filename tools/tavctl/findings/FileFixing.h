@@ -1,6 +1,6 @@
 #pragma once
 
-#include "FindingReport.h"
+#include "CheckedFiles.h"
 
 /// @brief Whether a check also mends the files.
 enum class Fixing {
@@ -22,14 +22,10 @@ public:
     /// standard error.
     void check(const QString &file, Check check, FindingReport &report);
 
-    /// The number of files that were checked.
-    int checked() const
+    const CheckedFiles &files() const
     {
-        return m_checked;
+        return m_files;
     }
-
-    /// That of @p report, unless a file could not be checked.
-    ExitCode exitCode(const FindingReport &report) const;
 
     /// Behind the number of files in the last line: ", 2 fixed"; empty for none.
     QString summary() const;
@@ -38,7 +34,6 @@ private:
     void mendAndCheck(const QString &file, Check check, FindingReport &report);
 
     const Fixing m_fixing;
+    CheckedFiles m_files;
     int m_fixed = 0;
-    int m_checked = 0;
-    bool m_isAnyLeftOut = false;
 };

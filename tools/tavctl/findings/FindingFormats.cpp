@@ -56,6 +56,25 @@ QJsonObject jsonOf(const Finding &finding)
             {"advice", finding.advice}};
 }
 
+/// Prints @p document, and in its list @p key, which is empty there, a row for each of @p findings. One at a time: as
+/// one document they would take several times the memory of the findings.
+void printWithRows(const QJsonObject &document, const QByteArray &key, const Findings &findings,
+                   QJsonObject (*rowOf)(const Finding &))
+{
+    const QByteArray text = QJsonDocument(document).toJson();
+    const QByteArray start = '"' + key + "\": [\n"; // in a text its quotes would be escaped
+    const int inList = text.indexOf(start) + start.size();
+    const QByteArray indent(text.indexOf(']', inList) - inList + 4, ' ');
+    std::cout << text.left(inList).constData();
+    const char *separator = "";
+    for (const Finding &finding : findings) {
+        const QByteArray row = indent + QJsonDocument(rowOf(finding)).toJson().trimmed().replace('\n', '\n' + indent);
+        std::cout << separator << row.constData();
+        separator = ",\n";
+    }
+    std::cout << (findings.isEmpty() ? "" : "\n") << text.mid(inList).constData();
+}
+
 void printCompact(const QJsonObject &object)
 {
     std::cout << QJsonDocument(object).toJson(QJsonDocument::Compact).constData() << '\n';
@@ -134,15 +153,11 @@ void FindingFormats::printText(const Findings &findings)
 
 void FindingFormats::printJson(const Findings &findings, const QString &summary, const QJsonObject &others)
 {
-    QJsonArray rows;
-    for (const Finding &finding : findings) {
-        rows.append(jsonOf(finding));
-    }
     QJsonObject document = others;
     document.insert("tavFindings", version);
-    document.insert("findings", rows);
+    document.insert("findings", QJsonArray());
     document.insert("summary", summary);
-    ::printJson(document);
+    printWithRows(document, "findings", findings, jsonOf);
 }
 
 void FindingFormats::printJsonLines(const Findings &findings, const QString &summary)
@@ -155,18 +170,15 @@ void FindingFormats::printJsonLines(const Findings &findings, const QString &sum
 
 void FindingFormats::printSarif(const Findings &findings, const QString &summary)
 {
-    QJsonArray results;
-    for (const Finding &finding : findings) {
-        results.append(sarifResult(finding));
-    }
     const QJsonObject driver{{"name", "tavctl"}, {"version", TAV_VERSION}, {"rules", sarifRules()}};
-    ::printJson({{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},
-                 {"version", "2.1.0"},
-                 {"runs",
-                  QJsonArray{QJsonObject{{"tool", QJsonObject{{"driver", driver}}},
-                                         {"columnKind", "unicodeCodePoints"},
-                                         {"results", results},
-                                         {"properties", QJsonObject{{"summary", summary}}}}}}});
+    const QJsonObject run{{"tool", QJsonObject{{"driver", driver}}},
+                          {"columnKind", "unicodeCodePoints"},
+                          {"results", QJsonArray()},
+                          {"properties", QJsonObject{{"summary", summary}}}};
+    printWithRows({{"$schema", "https://json.schemastore.org/sarif-2.1.0.json"},
+                   {"version", "2.1.0"},
+                   {"runs", QJsonArray({run})}},
+                  "results", findings, sarifResult);
 }
 
 void FindingFormats::printGithub(const Findings &findings)

@@ -12,16 +12,16 @@ FindingReport::FindingReport(FindingOptions options) : m_options(std::move(optio
 {
 }
 
-Findings FindingReport::add(const Findings &findings, const QString &directory)
+Findings FindingReport::add(Findings findings, const QString &directory)
 {
     const std::set<FindingCode> ignored = ignoredIn(directory);
-    Findings taken = findings;
-    taken.erase(std::remove_if(taken.begin(), taken.end(),
-                               [&ignored](const Finding &finding) { return ignored.count(finding.code) > 0; }),
-                taken.end());
-    m_ignored += findings.size() - taken.size();
-    m_findings += taken;
-    return taken;
+    const int all = findings.size();
+    findings.erase(std::remove_if(findings.begin(), findings.end(),
+                                  [&ignored](const Finding &finding) { return ignored.count(finding.code) > 0; }),
+                   findings.end());
+    m_ignored += all - findings.size();
+    m_findings += findings;
+    return findings;
 }
 
 std::set<FindingCode> FindingReport::ignoredIn(const QString &directory) const

@@ -31,7 +31,7 @@ public:
 
     /// Takes @p findings but for what is ignored: by the options, or by the file tavctl.json in @p directory. Returns
     /// those that it takes. Throws ToolError for a mistake in that file.
-    Findings add(const Findings &findings, const QString &directory);
+    Findings add(Findings findings, const QString &directory);
 
     /// What add() leaves out for this directory. Throws ToolError for a mistake in its file.
     std::set<FindingCode> ignoredIn(const QString &directory) const;

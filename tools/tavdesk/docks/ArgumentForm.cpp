@@ -6,6 +6,7 @@
 #include <QFormLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QRegularExpression>
 
 namespace
 {
@@ -23,6 +24,11 @@ QString beginningOf(const TavCall::Argument &argument)
     }
     const bool isText = argument.type == QLatin1String("QString") || argument.type == QLatin1String("QByteArray");
     return isText ? QStringLiteral("\"\"") : QStringLiteral("0");
+}
+
+QString withoutScopes(QString type)
+{
+    return type.remove(QRegularExpression(QStringLiteral("\\w+::")));
 }
 }
 
@@ -43,8 +49,9 @@ void ArgumentForm::setArguments(const QVector<TavCall::Argument> &arguments)
     for (const TavCall::Argument &argument : arguments) {
         const Field field = newField(argument);
         QWidget *const widget = field.record ? static_cast<QWidget *>(field.record) : field.json;
-        auto *const label = new QLabel(tr("%1 (%2)").arg(argument.name, argument.type));
+        auto *const label = new QLabel(tr("%1 (%2)").arg(argument.name, withoutScopes(argument.type)));
         label->setTextFormat(Qt::PlainText);
+        label->setToolTip(argument.type.toHtmlEscaped());
         m_layout->addRow(label, widget);
         m_fields.append(field);
         if (m_fields.size() == 1) {

@@ -2,17 +2,19 @@
 
 #include "ArgumentForm.h"
 #include "ClientSession.h"
+#include "FocusScrollArea.h"
 #include "ITavPicResourceMgr.h"
 #include "ValueText.h"
 #include "WaitCursor.h"
 
+#include <QAction>
 #include <QComboBox>
+#include <QFocusEvent>
 #include <QFontDatabase>
 #include <QLabel>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QScrollArea>
 #include <QSplitter>
 #include <QVBoxLayout>
 
@@ -98,10 +100,11 @@ CallPanel::CallPanel(ClientSession &session, QWidget *parent)
     splitter->addWidget(newChoice());
     splitter->addWidget(newCall());
     splitter->addWidget(newResult());
-    splitter->setStretchFactor(0, 2);
-    splitter->setStretchFactor(1, 2);
-    splitter->setStretchFactor(2, 3);
+    splitter->setStretchFactor(0, 5);
+    splitter->setStretchFactor(1, 8);
+    splitter->setStretchFactor(2, 8);
     splitter->setChildrenCollapsible(false);
+    splitter->setSizes({300, 480, 480}); // whatever stands in them at first
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(splitter);
@@ -116,7 +119,6 @@ QWidget *CallPanel::newChoice()
     m_managers->addItems(TavCall::managers());
     m_list = new QListWidget;
     m_list->setAccessibleName(tr("Operations"));
-    setFocusProxy(m_list);
     m_list->setAlternatingRowColors(true);
     m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     auto *const layout = newColumn(widget);
@@ -134,24 +136,25 @@ QWidget *CallPanel::newChoice()
 QWidget *CallPanel::newCall()
 {
     auto *const widget = new QWidget;
-    m_signature = new QLabel;
-    m_signature->setTextFormat(Qt::PlainText);
-    m_signature->setWordWrap(true);
     m_form = new ArgumentForm;
-    auto *const scroll = new QScrollArea;
-    scroll->setWidget(m_form);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
+    auto *const scroll = new FocusScrollArea(m_form);
+    scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_held = new QPushButton(tr("F&ill In What Is Held"));
+    QSizePolicy policy = m_held->sizePolicy();
+    policy.setRetainSizeWhenHidden(true); // or the columns would take another width with each operation
+    m_held->setSizePolicy(policy);
     m_call = new QPushButton(tr("&Call"));
-    m_call->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Return));
     m_call->setToolTip(tr("Call the operation (Ctrl+Return)."));
+    auto *const key = new QAction(this);
+    key->setShortcut(QKeySequence(Qt::CTRL + Qt::Key_Return));
+    key->setShortcutContext(Qt::WidgetWithChildrenShortcut);
+    addAction(key);
+    connect(key, &QAction::triggered, m_call, &QPushButton::click);
     auto *const buttons = new QHBoxLayout;
     buttons->addWidget(m_held);
     buttons->addStretch();
     buttons->addWidget(m_call);
     auto *const layout = newColumn(widget);
-    layout->addWidget(m_signature);
     layout->addWidget(scroll, 1);
     layout->addLayout(buttons);
     connect(m_form, &ArgumentForm::refused, this, &CallPanel::showProblem);
@@ -163,9 +166,10 @@ QWidget *CallPanel::newCall()
 QWidget *CallPanel::newResult()
 {
     auto *const widget = new QWidget;
-    m_outcome = new QLabel(tr("Result"));
+    m_outcome = new QLabel;
     m_outcome->setTextFormat(Qt::PlainText);
     m_outcome->setWordWrap(true);
+    m_outcome->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred); // a long name makes no column wider
     m_result = new QPlainTextEdit;
     m_result->setAccessibleName(tr("Result"));
     m_result->setReadOnly(true);
@@ -177,13 +181,18 @@ QWidget *CallPanel::newResult()
     return widget;
 }
 
+void CallPanel::focusInEvent(QFocusEvent *event)
+{
+    m_list->setFocus(event->reason());
+}
+
 void CallPanel::showOperations()
 {
     m_operations = TavCall::operationsOf(m_managers->currentText());
     m_list->clear();
     for (const TavCall::Operation &operation : qAsConst(m_operations)) {
         auto *const item = new QListWidgetItem(operation.signature(), m_list);
-        item->setToolTip(operation.signature());
+        item->setToolTip(tr("%1 returns %2").arg(operation.signature(), operation.result).toHtmlEscaped());
     }
     m_list->setCurrentRow(0);
 }
@@ -196,9 +205,10 @@ void CallPanel::showArguments()
         return;
     }
     const TavCall::Operation &operation = m_operations[row];
-    m_signature->setText(tr("%1 returns %2").arg(operation.signature(), operation.result));
     m_form->setArguments(operation.arguments);
     m_held->setVisible(heldBy(operation) != nullptr);
+    m_outcome->setText(tr("%1 returns %2").arg(operation.name, operation.result));
+    m_result->clear();
 }
 
 void CallPanel::fillInHeld()
@@ -224,8 +234,9 @@ void CallPanel::makeCall()
         return;
     }
     try {
-        call(m_operations[m_list->currentRow()].name, m_form->values(),
-             [this](const Outcome &outcome) { showResult(outcome); });
+        const QString operation = m_operations[m_list->currentRow()].name;
+        call(operation, m_form->values(),
+             [this, operation](const Outcome &outcome) { showResult(operation, outcome); });
     } catch (const std::runtime_error &error) {
         showProblem(QString::fromUtf8(error.what()));
     }
@@ -269,12 +280,15 @@ void CallPanel::stop()
     emit ended();
 }
 
-void CallPanel::showResult(const Outcome &outcome)
+void CallPanel::showResult(const QString &operation, const Outcome &outcome)
 {
-    m_outcome->setText(
-        outcome.letters > mostLetters
-            ? tr("Returned, of which the first %L1 of %L2 letters are shown:").arg(mostLetters).arg(outcome.letters)
-            : tr("Returned:"));
+    // By its name: when this comes, another one may be chosen.
+    m_outcome->setText(outcome.letters > mostLetters
+                           ? tr("%1 has returned %L2 letters, of which the first %L3 are shown:")
+                                 .arg(operation)
+                                 .arg(outcome.letters)
+                                 .arg(mostLetters)
+                           : tr("%1 has returned:").arg(operation));
     m_result->setPlainText(outcome.text);
 }
 

@@ -31,6 +31,10 @@ signals:
     void begun(const QString &text);
     void ended();
 
+protected:
+    /// To the operations; with a proxy for that, the tabulator would pass the managers by.
+    void focusInEvent(QFocusEvent *event) override;
+
 private:
     QWidget *newChoice();
     QWidget *newCall();
@@ -46,14 +50,13 @@ private:
     /// @p done what came of it, or shows why nothing did.
     void call(const QString &operation, const std::function<QJsonArray()> &arguments,
               std::function<void(const Outcome &)> done);
-    void showResult(const Outcome &outcome);
+    void showResult(const QString &operation, const Outcome &outcome);
     void showProblem(const QString &problem);
 
     ClientSession &m_session;
     QVector<TavCall::Operation> m_operations; ///< of the manager that is chosen
     QComboBox *m_managers = nullptr;
     QListWidget *m_list = nullptr;
-    QLabel *m_signature = nullptr;
     ArgumentForm *m_form = nullptr;
     QPushButton *m_held = nullptr;
     QPushButton *m_call = nullptr;

@@ -6,6 +6,7 @@
 #include "TableLook.h"
 
 #include <QAction>
+#include <QFocusEvent>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QScrollBar>
@@ -34,7 +35,6 @@ LogPanel::LogPanel(LogTable *model, const QString &name, int widest, const QVect
     m_view = new QTableView;
     m_view->setModel(m_model);
     m_view->setAccessibleName(name);
-    setFocusProxy(m_view);
     setTableLook(*m_view);
     setColumnWidths(*m_view, widest, widths);
 
@@ -87,6 +87,11 @@ void LogPanel::update()
         bar.setValue(bar.value() + m_view->visualRect(top).top() - before);
     }
     showCount();
+}
+
+void LogPanel::focusInEvent(QFocusEvent *event)
+{
+    m_view->setFocus(event->reason());
 }
 
 void LogPanel::showEvent(QShowEvent *event)

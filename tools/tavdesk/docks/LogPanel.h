@@ -35,6 +35,8 @@ signals:
     void selectionChanged();
 
 protected:
+    /// To the table; with a proxy for that, the tabulator would pass the filter by.
+    void focusInEvent(QFocusEvent *event) override;
     void showEvent(QShowEvent *event) override;
     void hideEvent(QHideEvent *event) override;
 

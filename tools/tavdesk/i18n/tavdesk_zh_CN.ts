@@ -47,6 +47,10 @@
         <source>Scenarios (*.jsonl)</source>
         <translation>场景 (*.jsonl)</translation>
     </message>
+    <message>
+        <source>Stop &amp;Recording</source>
+        <translation>停止录制(&amp;R)</translation>
+    </message>
 </context>
 <context>
     <name>ArgumentForm</name>
@@ -152,10 +156,6 @@
         <translation>%1 返回 %2</translation>
     </message>
     <message>
-        <source>Returned:</source>
-        <translation>返回：</translation>
-    </message>
-    <message>
         <source>Refused:</source>
         <translation>被拒绝：</translation>
     </message>
@@ -172,8 +172,12 @@
         <translation>正在调用 %1</translation>
     </message>
     <message>
-        <source>Returned, of which the first %L1 of %L2 letters are shown:</source>
-        <translation>已返回，显示 %L2 个字符中的前 %L1 个：</translation>
+        <source>%1 has returned %L2 letters, of which the first %L3 are shown:</source>
+        <translation>%1 返回了 %L2 个字符，仅显示前 %L3 个：</translation>
+    </message>
+    <message>
+        <source>%1 has returned:</source>
+        <translation>%1 返回了：</translation>
     </message>
     <message>
         <source>The call goes on, and the next one begins behind it. What it returns is not shown.</source>

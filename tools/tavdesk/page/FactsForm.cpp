@@ -29,7 +29,9 @@ FactsForm::FactsForm(const QString &title, const ValueModel &model, QWidget *par
     for (int column = 0; column < model.columnCount(); ++column) {
         auto *const name = new QuietLabel(model.headerData(column, Qt::Horizontal).toString());
         name->setToolTip(model.headerData(column, Qt::Horizontal, Qt::ToolTipRole).toString());
+        name->setAlignment(Qt::AlignRight | Qt::AlignTop); // beside the first line of its value
         auto *const value = new SelectableLabel;
+        value->setAlignment(Qt::AlignLeft | Qt::AlignTop);
         value->setAccessibleName(name->text());
         value->setAutoFillBackground(true);
         value->setWordWrap(true);
@@ -69,7 +71,7 @@ void FactsForm::update()
         QLabel &value = *m_values[column];
         const QModelIndex index = m_model.index(0, column);
         const QString text = index.data().toString();
-        value.setText(text.isEmpty() ? QStringLiteral("–") : text);
+        value.setText(text.isEmpty() ? QStringLiteral("-") : text);
         value.setEnabled(!text.isEmpty());
         value.setToolTip(index.data(Qt::ToolTipRole).toString());
         const QVariant mark = index.data(Qt::BackgroundRole);

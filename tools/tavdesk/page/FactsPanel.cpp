@@ -9,7 +9,7 @@
 
 namespace
 {
-constexpr int columnWidth = 42; // letters at least
+constexpr int columnWidth = 28; // letters at least
 }
 
 FactsPanel::FactsPanel(QWidget *parent) : QWidget(parent), m_layout(new QHBoxLayout(this))

@@ -2,6 +2,7 @@
 
 #include "FactsForm.h"
 #include "FactsPanel.h"
+#include "FocusScrollArea.h"
 #include "QuietLabel.h"
 #include "TavCallError.h"
 #include "ValueList.h"
@@ -11,7 +12,6 @@
 #include <QClipboard>
 #include <QElapsedTimer>
 #include <QLabel>
-#include <QScrollArea>
 #include <QSplitter>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -183,6 +183,9 @@ void ModelPage::take(const PageReading &reading)
             }
         }
         showCounts();
+        if (!m_isListChosen) {
+            showFirstList();
+        }
         takeKeys(reading.parts);
         m_worker.post([gone = std::move(gone)] {}); // long lists die there
     }
@@ -226,13 +229,11 @@ void ModelPage::make(const QVector<PartReading> &parts)
         m_parts.append(part);
     }
     showCounts();
-    const auto first = std::find_if(m_parts.cbegin(), m_parts.cend(), [](const Part &part) {
-        return part.tab >= 0 && part.model->rowCount() > 0; // holds anything
+    showFirstList();
+    connect(m_lists, &QTabWidget::currentChanged, this, [this](int tab) {
+        m_isListChosen = true;
+        makeList(tab);
     });
-    if (first != m_parts.cend()) {
-        m_lists->setCurrentIndex(first->tab);
-    }
-    connect(m_lists, &QTabWidget::currentChanged, this, &ModelPage::makeList);
     QMetaObject::invokeMethod(this, &ModelPage::arrange, Qt::QueuedConnection);
 }
 
@@ -240,17 +241,13 @@ void ModelPage::arrange()
 {
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
-    auto *const scroll = new QScrollArea;
-    scroll->setWidget(m_facts);
-    scroll->setWidgetResizable(true);
-    scroll->setFrameShape(QFrame::NoFrame);
-
+    auto *const scroll = new FocusScrollArea(m_facts);
     auto *const splitter = new QSplitter(Qt::Vertical);
     splitter->addWidget(scroll);
     splitter->addWidget(m_lists);
     splitter->setStretchFactor(1, 1);
     splitter->setChildrenCollapsible(false);
-    const int factsHeight = std::min(m_facts->heightFor(width()), height() / 2);
+    const int factsHeight = std::min(m_facts->heightFor(width()), height() / 3);
     splitter->setSizes({factsHeight, height() - factsHeight});
     scroll->setVisible(!m_facts->isEmpty()); // now that it has a parent: it would be a window without one
     m_lists->setVisible(m_lists->count() > 0);
@@ -300,6 +297,17 @@ void ModelPage::makeList(int tab)
     connect(part->list, &ValueList::copyRequested, this,
             [this, model = part->model](const QVector<int> &rows) { copy(model->rows().table, rows); });
     m_lists->widget(tab)->layout()->addWidget(part->list);
+}
+
+void ModelPage::showFirstList()
+{
+    const auto first = std::find_if(m_parts.cbegin(), m_parts.cend(), [](const Part &part) {
+        return part.tab >= 0 && part.model->rowCount() > 0; // holds anything
+    });
+    if (first != m_parts.cend()) {
+        m_lists->setCurrentIndex(first->tab);
+        m_isListChosen = true;
+    }
 }
 
 // When all changes have been applied: a list whose key is gone wants another reading, of what is then shown.

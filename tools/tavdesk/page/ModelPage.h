@@ -71,6 +71,7 @@ private:
     void make(const QVector<PartReading> &parts);
     void arrange();
     void makeList(int tab);
+    void showFirstList();
     void showNothing();
     void showCounts();
     void takeKeys(const QVector<PartReading> &parts);
@@ -85,6 +86,7 @@ private:
     QVector<Part> m_parts; ///< in the order of reading
     FactsPanel *m_facts = nullptr;
     QTabWidget *m_lists = nullptr;
+    bool m_isListChosen = false; ///< by a person, or since it was the first to hold anything
     QLabel *m_problem = nullptr;
     QTimer m_next; ///< until the next reading
     bool m_isReading = false;

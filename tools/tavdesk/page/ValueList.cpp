@@ -68,17 +68,16 @@ ValueList::ValueList(const PageValue &value, const QString &part, ValueModel &mo
         connect(action, &QAction::triggered, this, slot);
         m_view->addAction(action);
     };
-    addKey(QKeySequence::Copy, [this] { emit copyRequested(selectedRows()); });
+    addKey(QKeySequence::Copy, [this] { emit copyRequested(rowsForKeys()); });
     addKey(Qt::Key_Space, [this] { toggleOrCheckSelected(); });
     addKey(Qt::CTRL + Qt::SHIFT + Qt::Key_S, [this] { sortByCurrentColumn(); });
 
     connect(&model, &ValueModel::checkRequested, this,
             [this](int row, bool checked) { check({m_model.rows().order[row]}, checked); });
-    connect(&model, &ValueModel::rowsInserted, this, &ValueList::updateCount);
+    connect(&model, &ValueModel::applied, this, &ValueList::updateCount);
     if (model.rowCount() == 0) { // the widths fit the titles alone
         m_widthsOfTitles = connect(&model, &ValueModel::rowsInserted, this, &ValueList::fitFirstRows);
     }
-    connect(&model, &ValueModel::rowsRemoved, this, &ValueList::updateCount);
     updateCount();
     setColumnWidths();
     connect(m_view->horizontalHeader(), &QHeaderView::sectionResized, this, [this](int column) {
@@ -195,7 +194,7 @@ void ValueList::toggle(const QVector<int> &rows)
 
 void ValueList::toggleOrCheckSelected()
 {
-    const QVector<int> rows = selectedRows();
+    const QVector<int> rows = rowsForKeys();
     if (m_isToggled) {
         toggle(rows);
         return;
@@ -209,6 +208,13 @@ void ValueList::toggleOrCheckSelected()
                   mark.data(Qt::CheckStateRole).toInt() != Qt::Checked);
         }
     }
+}
+
+QVector<int> ValueList::rowsForKeys() const
+{
+    const QVector<int> rows = selectedRows();
+    const int current = m_view->currentIndex().row(); // a table that the tabulator has led to has selected nothing yet
+    return rows.isEmpty() && current >= 0 ? QVector<int>{m_model.rows().order[current]} : rows;
 }
 
 QVector<int> ValueList::selectedRows() const

@@ -19,9 +19,9 @@ class ValueModel;
  * |---|---|
  * | the standard key for finding | to the filter |
  * | Escape in the filter | empties it |
- * | Space on a row | its check mark, or its state, is set the other way; of all selected rows |
+ * | Space | the check mark, or the state, of the selected rows is set the other way; of the current row when none is |
  * | Ctrl+Shift+S | sorts by the current column: ascending, descending, not at all |
- * | the standard key for copying | the selected rows as text, a tabulator between the cells |
+ * | the standard key for copying | the same rows as text, a tabulator between the cells |
  */
 class ValueList : public QWidget
 {
@@ -53,6 +53,7 @@ private:
     void toggleOrCheckSelected();
     void sortByCurrentColumn();
     void fitFirstRows();
+    QVector<int> rowsForKeys() const; ///< the selected ones, or the current one where none is
     QVector<int> selectedRows() const; ///< of the table of values, in the order in which they are shown
 
     const PageValue &m_value;

@@ -38,6 +38,7 @@ ShownRows ValueModel::apply(const RowChange &change)
         beginResetModel();
         m_rows = change.rows;
         endResetModel();
+        emit applied();
         return before;
     }
     move(change.toStaying, change.staying);
@@ -61,6 +62,7 @@ ShownRows ValueModel::apply(const RowChange &change)
         m_fading.start();
         emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
     }
+    emit applied();
     return before;
 }
 

@@ -57,6 +57,7 @@ public:
 
 signals:
     void arrangementChanged();
+    void applied(); ///< rows() is another one as a whole: its table, too, which rowsRemoved() comes too early for
     void checkRequested(int row, bool checked); ///< a row of the model
 
 private:

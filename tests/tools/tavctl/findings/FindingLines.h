@@ -45,7 +45,8 @@ inline QString lineFor(const Mistake &mistake, const QString &file)
     if (*mistake.path) {
         line += QString(mistake.path) + ": ";
     }
-    return line + QString(mistake.problem).replace('@', brokenRoot) + "; " + mistake.effect + "; " + mistake.advice;
+    QString said = QString(mistake.problem) + "; " + mistake.effect + "; " + mistake.advice;
+    return line + said.replace('@', brokenRoot);
 }
 
 /// A finding of a JSON document as the line that stands for it in text.

@@ -97,6 +97,9 @@ TEST_F(FindingReport, ItsJsonConformsToTheSchema)
     const QJsonObject document = check({"--json"}).json();
     EXPECT_TRUE(conforms(schema, document));
     EXPECT_EQ(check({"--format", "json"}).json(), document);
+    EXPECT_EQ(check({"--json"}).bytes, QJsonDocument(document).toJson()) << "though it is written row by row";
+    const Tavctl none = check({"--json", "--ignore", "TAV110,TAV111"});
+    EXPECT_EQ(none.bytes, QJsonDocument(none.json()).toJson());
     for (const QStringList &command :
          {QStringList{"doctor", "--root", brokenRoot}, QStringList{"pictures", broken + "/pictures/same-key"},
           QStringList{"catalogue", "check", broken + "/catalogue/syntax.json"}}) {
@@ -126,7 +129,9 @@ TEST_F(FindingReport, SarifIsWhatScannersRead)
     const QJsonObject schema = schemaIn("tests/data/sarif-subset.schema.json");
     const QJsonObject document = check({"--format", "sarif"}).json();
     EXPECT_TRUE(conforms(schema, document));
-    EXPECT_TRUE(conforms(schema, Tavctl({"doctor", "--root", brokenRoot, "--format", "sarif"}).json()));
+    const Tavctl ofRoot({"doctor", "--root", brokenRoot, "--format", "sarif"});
+    EXPECT_TRUE(conforms(schema, ofRoot.json()));
+    EXPECT_EQ(ofRoot.bytes, QJsonDocument(ofRoot.json()).toJson());
     const QJsonValue result = document["runs"][0]["results"][0];
     EXPECT_EQ(result["ruleId"].toString(), "TAV110");
     EXPECT_EQ(result["level"].toString(), "error");

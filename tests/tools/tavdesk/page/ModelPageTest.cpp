@@ -1,10 +1,13 @@
 #include "ModelPage.h"
 
+#include "FactsForm.h"
 #include "ITavAccessControlMgr.h"
+#include "ITavAuthInfoMgr.h"
 #include "ITavHostInfoMgr.h"
 #include "ITavNetControlMgr.h"
 #include "ITavOneReinforceMgr.h"
 #include "ITavProtectMgr.h"
+#include "ITavSystemConfigMgr.h"
 #include "KnownKeys.h"
 #include "PrintQString.h"
 #include "TavCall.h"
@@ -18,6 +21,8 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSemaphore>
 #include <QTableView>
 #include <QTabWidget>
@@ -173,13 +178,62 @@ TEST_F(ModelPageWindow, ShowsARecordAsAForm)
     manager<ITavHostInfoMgr>().setResourceInfo(info);
     EXPECT_TRUE(QTest::qWaitFor([&] { return fact("memory total")->text() == "1.00 MiB"; }));
     EXPECT_EQ(fact("memory total")->toolTip(), "memoryTotal: 1048576 bytes");
-    EXPECT_EQ(fact("secure boot")->text(), "–") << "an absent field of a message";
+    EXPECT_EQ(fact("secure boot")->text(), "-") << "an absent field of a message";
+}
+
+TEST_F(ModelPageWindow, LeavesEachColumnOfFactsItsPlaceBesideLongWords)
+{
+    const std::string word(4000, 'w');
+    Tav::SystemConfig::SystemServerInfo server;
+    server.set_address(word);
+    manager<ITavSystemConfigMgr>().setServerInfo(server);
+    Tav::SystemConfig::PasswdChangeAsr change;
+    change.set_user_name(word);
+    manager<ITavAuthInfoMgr>().setPwdChange(change);
+    open(Types::SubFunc_serverResourceInfo);
+    const auto *const area = page->findChild<QScrollArea *>();
+    const auto forms = page->findChildren<FactsForm *>();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return forms.last()->isVisible(); }));
+    EXPECT_GT(forms.last()->mapTo(area, QPoint()).x(), 0) << "there is more than one column";
+    EXPECT_EQ(area->horizontalScrollBar()->maximum(), 0);
+    EXPECT_LT(fact("user name")->height(), 100);
+}
+
+TEST_F(ModelPageWindow, BringsTheFirstListThatHoldsAnythingToTheFront)
+{
+    open(Types::SubFunc_serverResourceInfo);
+    auto &lists = *page->findChild<QTabWidget *>();
+    EXPECT_EQ(lists.currentIndex(), 0);
+    manager<ITavNetControlMgr>().setUIData({{false, 0, "a"}});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return lists.tabText(lists.currentIndex()) == "Network rows (1)"; }));
+    manager<ITavNetControlMgr>().setUIData({});
+    QTest::qWait(500);
+    EXPECT_EQ(lists.tabText(lists.currentIndex()), "Network rows (0)") << "once, and no more";
+}
+
+TEST_F(ModelPageWindow, LeavesTheListInFrontThatSomebodyHasChosen)
+{
+    open(Types::SubFunc_serverResourceInfo);
+    auto &lists = *page->findChild<QTabWidget *>();
+    lists.setCurrentIndex(1);
+    manager<ITavNetControlMgr>().setUIData({{false, 0, "a"}});
+    const auto isShown = [&] { return lists.tabText(lists.count() - 1) == "Network rows (1)"; };
+    ASSERT_TRUE(QTest::qWaitFor(isShown));
+    EXPECT_EQ(lists.currentIndex(), 1);
+}
+
+TEST_F(ModelPageWindow, LeavesTheListsMostOfTheHeight)
+{
+    open(Types::SubFunc_serverResourceInfo);
+    const auto *const lists = page->findChild<QTabWidget *>();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return 2 * page->height() < 3 * lists->height() + 30; })) << lists->height();
 }
 
 TEST_F(ModelPageWindow, LetsAFactBeSelectedUnderTheMouse)
 {
     open(Types::SubFunc_serverResourceInfo);
     QLabel *const value = fact("memory total");
+    ASSERT_TRUE(QTest::qWaitFor([value] { return value->isVisible(); }));
     QEvent entered(QEvent::Enter);
     QApplication::sendEvent(value, &entered);
     QTest::mouseDClick(value, Qt::LeftButton, {}, QPoint(2, value->height() / 2));
@@ -231,6 +285,32 @@ TEST_F(ModelPageWindow, SortsAndFiltersByMouseAndKeyboard)
     EXPECT_EQ(in<QLabel>(states)->text(), "2 of 3 row(s)");
     QTest::keyClick(filter, Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([&] { return states->model()->rowCount() == 3; }));
+}
+
+TEST_F(ModelPageWindow, CountsTheRowsAsTheyAreNow)
+{
+    auto &states = manager<ITavOneReinforceMgr>();
+    states.setStateInfo({{"a", "1"}, {"b", "1"}, {"c", "2"}});
+    open(Types::SubFunc_OneClickReinforcement);
+    QTableView *const view = table("States");
+    const auto *const count = in<QLabel>(view);
+    states.setStateInfo({{"a", "1"}, {"b", "1"}});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view->model()->rowCount() == 2; }));
+    EXPECT_EQ(count->text(), "2 row(s)");
+    in<QLineEdit>(view)->setText("1");
+    states.setStateInfo({{"a", "1"}, {"b", "1"}, {"c", "2"}, {"d", "2"}});
+    EXPECT_TRUE(QTest::qWaitFor([&] { return count->text() == "2 of 4 row(s)"; })) << count->text().toStdString();
+}
+
+TEST_F(ModelPageWindow, ChecksTheRowThatTheTabulatorHasLedTo)
+{
+    manager<ITavProtectMgr>().setProtectUIData({protection("one"), protection("two")});
+    open(Types::SubFunc_SelfProtect);
+    QTableView *const rows = table("Protections");
+    ASSERT_FALSE(rows->selectionModel()->hasSelection());
+    QTest::keyClick(rows, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return manager<ITavProtectMgr>().getProtectUIData()[0].isChecked; }));
+    EXPECT_FALSE(manager<ITavProtectMgr>().getProtectUIData()[1].isChecked);
 }
 
 TEST_F(ModelPageWindow, ChecksARowByItsKeyAndReadsItBack)

@@ -93,12 +93,34 @@ int membersIn(const QJsonValue &value)
     return members;
 }
 
-/// The doubled keys' place is only looked for in lines whose places fit into memory well.
-[[noreturn]] void refuseDoubledKey(int number, const QByteArray &text)
+/// Whether places in a line are looked for: in long ones they would take much memory.
+bool hasPlaces(const QByteArray &text)
 {
     constexpr int mostBytes = 1 << 20;
-    const QString path = text.size() <= mostBytes ? TavJsonText(text).doubledKeys().values().value(0) : QString();
-    throw TavScenarioError(number, path, "the key stands more than once in its object");
+    return text.size() <= mostBytes;
+}
+
+/// What is mistaken when something is at @p path, a JSON pointer into the line.
+TavScenarioError::Kind kindAt(const QString &path)
+{
+    using Kind = TavScenarioError::Kind;
+    static const QHash<QString, Kind> kinds{
+        {"manager", Kind::Call}, {"operation", Kind::Call}, {"page", Kind::Call},      {"arguments", Kind::Arguments},
+        {"at", Kind::Time},      {"thread", Kind::Thread},  {"returns", Kind::Returns}};
+    return kinds.value(path.section('/', 1, 1), Kind::Key);
+}
+
+/// The call of a line. Throws TavCallError with a path into the line.
+TavCall::Prepared callOf(const TavScenario::Line &line)
+{
+    try {
+        return TavCall::preparedCall(line.manager, line.operation, line.arguments, "/arguments");
+    } catch (const TavCallError &error) {
+        if (!error.path().isEmpty()) {
+            throw;
+        }
+        throw TavCallError(TavCall::managers().contains(line.manager) ? "/operation" : "/manager", error.problem());
+    }
 }
 
 QString textOf(const QJsonObject &object, const QString &key)
@@ -170,9 +192,11 @@ QString readable(const QString &message)
     return cut(message, 2000);
 }
 
-QString lineText(int line, const QString &path, const QString &problem)
+QString lineText(int line, const QString &path, const QString &problem, int column)
 {
-    return line > 0 ? QString("line %1: %2").arg(line).arg(path.isEmpty() ? problem : path + ": " + problem) : problem;
+    const QString place = path.isEmpty() && column > 0 ? QString(" (character %1)").arg(column) : QString();
+    return line > 0 ? QString("line %1: ").arg(line) + (path.isEmpty() ? problem : path + ": " + problem) + place
+                    : problem;
 }
 }
 
@@ -242,25 +266,28 @@ bool TavScenario::isAsExpected(const QJsonValue &expected, const QJsonValue &act
     return false;
 }
 
-TavScenarioError::TavScenarioError(int line, const QString &path, const QString &problem)
-    : std::runtime_error(lineText(line, readable(path), readable(problem)).toStdString())
+TavScenarioError::TavScenarioError(int line, const QString &path, const QString &problem, Kind kind, int column)
+    : std::runtime_error(lineText(line, readable(path), readable(problem), column).toStdString())
     , m_line(line)
     , m_path(readable(path))
     , m_problem(readable(problem))
+    , m_kind(kind)
+    , m_column(column)
 {
 }
 
 TavScenarioReader::TavScenarioReader(QIODevice &device, CutLine cutLine) : m_device(device), m_cut(cutLine)
 {
+    using Kind = TavScenarioError::Kind;
     if (!readObject(m_header)) {
-        throw TavScenarioError(1, {}, R"(the file has no whole line; the first is {"tavScenario": 1})");
+        refuse(Kind::Header, {}, R"(the file has no whole line; the first is {"tavScenario": 1})");
     }
     if (!m_header.contains("tavScenario")) {
-        throw TavScenarioError(1, {}, R"(no scenario: its first line has the key "tavScenario")");
+        refuse(Kind::Header, {}, R"(no scenario: its first line has the key "tavScenario")");
     }
     if (m_header["tavScenario"] != 1) {
-        throw TavScenarioError(1, "/tavScenario",
-                               "the version must be 1, not " + TavJson::described(m_header["tavScenario"]));
+        refuse(Kind::Header, "/tavScenario",
+               "the version must be 1, not " + TavJson::described(m_header["tavScenario"]));
     }
 }
 
@@ -273,9 +300,21 @@ bool TavScenarioReader::next(TavScenario::Line &line)
     try {
         line = lineOf(object);
     } catch (const TavCallError &error) {
-        throw TavScenarioError(m_number, error.path(), error.problem());
+        refuse(kindAt(error.path()), error.path(), error.problem());
     }
     return true;
+}
+
+void TavScenarioReader::refuse(TavScenarioError::Kind kind, const QString &path, const QString &problem) const
+{
+    const int column
+        = !path.isEmpty() && hasPlaces(m_text) ? TavJsonText(m_text).valuesAt({path})[path].place.column : 0;
+    throw TavScenarioError(m_number, path, problem, kind, column);
+}
+
+void TavScenarioReader::refuseCharacter(const QString &problem, int column) const
+{
+    throw TavScenarioError(m_number, {}, problem, TavScenarioError::Kind::Line, column);
 }
 
 /// The next line with its end; of one that is too long the beginning, which is still too long, and its end.
@@ -297,51 +336,50 @@ QByteArray TavScenarioReader::readLine()
 /// Reads the object in the next line; false at the end.
 bool TavScenarioReader::readObject(QJsonObject &object)
 {
+    using Kind = TavScenarioError::Kind;
     ++m_number;
-    QByteArray text = readLine();
-    if (text.isEmpty()) {
+    m_text = readLine();
+    if (m_text.isEmpty()) {
         const auto *const file = qobject_cast<QFileDevice *>(&m_device);
         if (file && file->error() != QFileDevice::NoError) {
-            throw TavScenarioError(m_number, {}, "cannot be read: " + file->errorString());
+            refuse(Kind::Line, {}, "cannot be read: " + file->errorString());
         }
         return false;
     }
-    const bool isEnded = text.endsWith('\n');
+    const bool isEnded = m_text.endsWith('\n');
     if (isEnded) {
-        text.chop(1);
+        m_text.chop(1);
     }
-    m_bytes = text.size();
-    if (m_bytes > longestLine) {
-        throw TavScenarioError(m_number, {}, QString("longer than %1 MiB").arg(longestLine >> 20));
+    if (m_text.size() > longestLine) {
+        refuse(Kind::Line, {}, QString("longer than %1 MiB").arg(longestLine >> 20));
     }
     QJsonParseError parsing;
-    const QJsonDocument document = QJsonDocument::fromJson(text, &parsing);
-    const TextScan scan(text);
+    const QJsonDocument document = QJsonDocument::fromJson(m_text, &parsing);
+    const TextScan scan(m_text);
     // No beginning of an object is JSON itself, so a last line that is JSON is whole.
-    if (!isEnded && parsing.error != QJsonParseError::NoError && !scan.mistake && isBeginning(text, scan.openTextAt)) {
+    if (!isEnded && parsing.error != QJsonParseError::NoError && !scan.mistake
+        && isBeginning(m_text, scan.openTextAt)) {
         if (m_cut == CutLine::Refuse) {
-            throw TavScenarioError(m_number, {},
-                                   "cut: the file ends within this line; what stands before it can be played as a "
-                                   "partial scenario");
+            refuse(Kind::Cut, {},
+                   "cut: the file ends within this line; what stands before it can be played as a partial scenario");
         }
         m_cutLine = m_number;
         return false;
     }
     if (scan.mistake) {
-        throw TavScenarioError(
-            m_number, {}, QString("%1 (character %2)").arg(scan.mistake).arg(placeAt(text, scan.mistakeAt).column));
+        refuseCharacter(scan.mistake, placeAt(m_text, scan.mistakeAt).column);
     }
     if (parsing.error != QJsonParseError::NoError) {
-        const TavJsonText mistaken(text);
-        throw TavScenarioError(m_number, {},
-                               QString("%1 (character %2)").arg(mistaken.error()).arg(mistaken.errorPlace().column));
+        const TavJsonText mistaken(m_text);
+        refuseCharacter(mistaken.error(), mistaken.errorPlace().column);
     }
     if (!document.isObject()) {
-        throw TavScenarioError(m_number, {}, "an object is expected, not an array");
+        refuse(Kind::Line, {}, "an object is expected, not an array");
     }
     object = document.object();
     if (membersIn(object) != scan.members) {
-        refuseDoubledKey(m_number, text);
+        const QString path = hasPlaces(m_text) ? TavJsonText(m_text).doubledKeys().values().value(0) : QString();
+        refuse(Kind::Key, path, "the key stands more than once in its object");
     }
     return true;
 }
@@ -356,7 +394,7 @@ TavScenario::Line TavScenarioReader::lineOf(const QJsonObject &object)
                : QStringList{"at", "thread", "manager", "operation", "arguments", "returns", "page"});
     TavScenario::Line line;
     line.number = m_number;
-    line.bytes = m_bytes;
+    line.bytes = m_text.size();
     if (object.contains("at")) {
         const double seconds = object["at"].toDouble(-1);
         if (!(seconds >= 0) || seconds > latestTime) {
@@ -392,8 +430,7 @@ TavScenario::Line TavScenarioReader::lineOf(const QJsonObject &object)
                            "expected an array by position or an object by name, not "
                                + TavJson::described(line.arguments));
     }
-    const TavCall::Prepared prepared
-        = TavCall::preparedCall(line.manager, line.operation, line.arguments, "/arguments");
+    const TavCall::Prepared prepared = callOf(line);
     line.call = [call = prepared.call, name = line.manager](const TavScenario::Managers &managers) {
         return call(managers.value(name));
     };
@@ -401,7 +438,8 @@ TavScenario::Line TavScenarioReader::lineOf(const QJsonObject &object)
         throw TavCallError("/thread", R"(ITavPicResourceMgr is called on the thread "gui" only)");
     }
     if (prepared.operation->isIndeterminateAtFirst && !m_determined.contains(line.manager + line.operation)) {
-        throw TavCallError({}, line.operation + " returns whatever the memory holds until its setter has been called");
+        refuse(TavScenarioError::Kind::Indeterminate, {},
+               line.operation + " returns whatever the memory holds until its setter has been called");
     }
     m_determined.insert(line.manager + TavCall::setValueOf(line.manager, line.operation, line.arguments).getter);
     if (object.contains("returns")) {

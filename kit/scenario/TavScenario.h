@@ -78,13 +78,40 @@ bool isAsExpected(const QJsonValue &expected, const QJsonValue &actual, Differen
 class TavScenarioError : public std::runtime_error
 {
 public:
-    /// Says that @p problem is what is wrong at @p path, a JSON pointer, of line @p line; line 0: of the whole file.
-    TavScenarioError(int line, const QString &path, const QString &problem);
+    /// What is mistaken.
+    enum class Kind {
+        Header, ///< the first line, which is not that of a scenario
+        Line, ///< the line, which is no JSON object or cannot be read
+        Cut, ///< the last line, within which the file ends
+        Key, ///< a key of the line: it is unknown, missing, or stands there twice
+        Call, ///< what is called: there is no such manager, operation or page
+        Arguments,
+        Time,
+        Thread,
+        Returns, ///< what must be returned, which never can be
+        Indeterminate, ///< the call, which returns whatever the memory holds until a setter has been called
+        Play, ///< nothing in the text: the call was refused, or has returned something else
+    };
+
+    /// Says that @p problem is what is wrong at @p path, a JSON pointer, of line @p line; line 0: of the whole file. It
+    /// begins with the character @p column of the line; 0 for no certain one.
+    TavScenarioError(int line, const QString &path, const QString &problem, Kind kind = Kind::Play, int column = 0);
+
+    Kind kind() const
+    {
+        return m_kind;
+    }
 
     /// The line's number, from 1; 0 for the whole file.
     int line() const
     {
         return m_line;
+    }
+
+    /// The character of the line, from 1; 0 for the whole line, and in lines beyond 1 MiB.
+    int column() const
+    {
+        return m_column;
     }
 
     /// JSON pointer of the place in the line; empty for the whole line.
@@ -103,6 +130,8 @@ private:
     int m_line;
     QString m_path;
     QString m_problem;
+    Kind m_kind;
+    int m_column;
 };
 
 /**
@@ -141,13 +170,15 @@ public:
 private:
     QByteArray readLine();
     bool readObject(QJsonObject &object);
+    [[noreturn]] void refuse(TavScenarioError::Kind kind, const QString &path, const QString &problem) const;
+    [[noreturn]] void refuseCharacter(const QString &problem, int column) const;
     TavScenario::Line lineOf(const QJsonObject &object);
 
     QIODevice &m_device;
     const CutLine m_cut;
     QJsonObject m_header;
     int m_number = 0; // of the line that was read last
-    qint64 m_bytes = 0; // its length
+    QByteArray m_text; // it, without its end
     qint64 m_at = 0; // its time, in microseconds
     int m_cutLine = 0;
     QSet<QString> m_determined; // getters whose setter an earlier line has called
