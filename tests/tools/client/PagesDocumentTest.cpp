@@ -59,6 +59,9 @@ QString settersOf(const PageValue &value)
     if (!value.keyNames.isEmpty()) {
         return code(operationOf(value.manager, "update" + value.getter.mid(3)).signature());
     }
+    if (value.readKeysFrom) {
+        return code(operationOf(value.manager, "set" + value.getter.mid(3)).signature());
+    }
     return {};
 }
 

@@ -55,4 +55,6 @@ TEST(BusyBar, SaysNothingOfWhatTakesShort)
         EXPECT_TRUE(visibleButtons(bar).isEmpty()) << "each is a piece of work of its own";
         bar.end(&work);
     }
+    bar.begin(&work, "Reading", [] {});
+    EXPECT_TRUE(waitUntil([&bar] { return !visibleButtons(bar).isEmpty(); })) << "this time it takes long";
 }

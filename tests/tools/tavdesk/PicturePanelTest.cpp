@@ -67,7 +67,7 @@ TEST(PicturePanel, ShowsWhatAnybodyAppends)
     EXPECT_EQ(test.files().toStdString(), "b.png d.png");
     test.append("two/icons");
     auto *const directories = test.panel->findChild<QListWidget *>();
-    EXPECT_TRUE(waitUntil([&] { return directories->count() == 2; }));
+    ASSERT_TRUE(waitUntil([&] { return directories->count() == 2; }));
     EXPECT_EQ(directories->item(1)->toolTip(), test.directory.filePath("two/icons"));
     EXPECT_EQ(test.files().toStdString(), "a.png b.png c.png d.png e.png");
 }
@@ -78,7 +78,7 @@ TEST(PicturePanel, KeepsTheSelectionWhenADirectoryIsAppended)
     const QAbstractItemModelTester tester(test.view().model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
     test.view().selectRow(1);
     test.append("two/icons");
-    EXPECT_TRUE(waitUntil([&] { return test.view().model()->rowCount() == 5; }));
+    ASSERT_TRUE(waitUntil([&] { return test.view().model()->rowCount() == 5; }));
     const QModelIndexList selected = test.view().selectionModel()->selectedRows(PictureModel::File);
     ASSERT_EQ(selected.size(), 1);
     EXPECT_TRUE(selected.first().data().toString().endsWith("d.png"));
