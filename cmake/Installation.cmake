@@ -29,8 +29,9 @@ install(FILES "${CMAKE_CURRENT_BINARY_DIR}/tav-data-plugin.cdx.json"
 
 # What page authors read and copy: they have the packages, not these sources.
 set(devDocDir "${CMAKE_INSTALL_DATADIR}/doc/tav-data-plugin-dev")
-install(FILES docs/page-plugin-guide.md docs/compatibility.md docs/architecture.md docs/scenarios.md
+install(FILES docs/page-plugin-guide.md docs/pages.md docs/compatibility.md docs/architecture.md docs/scenarios.md
     DESTINATION ${devDocDir} COMPONENT dev)
+install(DIRECTORY share/sanitizers DESTINATION ${CMAKE_INSTALL_DATADIR}/tavsec COMPONENT dev)
 install(DIRECTORY examples/page-plugin DESTINATION ${devDocDir}/examples COMPONENT dev
     PATTERN build EXCLUDE)
 

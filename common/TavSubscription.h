@@ -44,7 +44,7 @@ public:
     /// Subscribes @p callback, which takes the signal's value, for as long as this object and @p receiver live. The
     /// receiver must not be null, its thread must run an event loop, and the callback must not be empty.
     template<class T, class Callback>
-    TavSubscription(TavSignal<T> &signal, QObject *receiver, Callback callback)
+    [[nodiscard]] TavSubscription(TavSignal<T> &signal, QObject *receiver, Callback callback)
     {
         const auto link = std::make_shared<Link<T>>(signal);
         const auto deliver = [receiver = QPointer<QObject>(receiver), held = std::weak_ptr<Link<T>>(link),

@@ -17,8 +17,8 @@
  * @brief What the access-control pages show and edit.
  *
  * Any thread may call any operation. Results are copies. Editing a row changes the first that matches and never
- * appends one. The keys and flags of the keyed tables are the page controllers' own: a flag chooses one of two
- * independent tables, a key is any int. Reading an unknown key leaves it behind in its table, and that is kept.
+ * appends one. The keys and flags of the keyed tables are the page controllers' own (those of the development client:
+ * TavAccessObjects): a flag chooses one of two tables, a key is any int. Reading an unknown key inserts it, and is kept.
  *
  * The orders of arguments differ between operations (count, flag, key; flag, key; key, flag) and are kept: the
  * compiler does not tell them apart.

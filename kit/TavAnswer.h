@@ -15,7 +15,7 @@
 
 /// The message that @p bytes are, whole; nothing when they are not one.
 template<class Message>
-std::optional<Message> tavMessage(const QByteArray &bytes)
+[[nodiscard]] std::optional<Message> tavMessage(const QByteArray &bytes)
 {
     std::optional<Message> message(std::in_place);
     if (!message->ParseFromArray(bytes.constData(), bytes.size())) {
@@ -27,7 +27,7 @@ std::optional<Message> tavMessage(const QByteArray &bytes)
 /// The records that @p bytes are, one behind the other; nothing when the last one is not whole. For records without
 /// texts of Qt: those that end in `Asr`, whose layout the header fixes.
 template<class Record>
-std::optional<QVector<Record>> tavRecords(const QByteArray &bytes)
+[[nodiscard]] std::optional<QVector<Record>> tavRecords(const QByteArray &bytes)
 {
     static_assert(std::is_trivially_copyable_v<Record>, "only records of plain bytes are sent as they lie in memory");
     if (bytes.size() % int(sizeof(Record)) != 0) {
@@ -40,7 +40,7 @@ std::optional<QVector<Record>> tavRecords(const QByteArray &bytes)
 
 /// The text in a record's buffer: UTF-8 up to the NUL, or to the buffer's end where there is none.
 template<int size>
-QString tavText(const char (&buffer)[size])
+[[nodiscard]] QString tavText(const char (&buffer)[size])
 {
     return QString::fromUtf8(buffer, int(qstrnlen(buffer, size)));
 }

@@ -1,6 +1,7 @@
 #include "TavPluginError.h"
 
 #include "ElfFile.h"
+#include "PluginText.h"
 
 #include <QVersionNumber>
 
@@ -11,34 +12,35 @@ QString adviceFor(TavPluginError::Kind kind, TavPluginError::Role role)
     using Kind = TavPluginError::Kind;
     switch (kind) {
     case Kind::NoSuchFile:
-        return "install the plugin, or name its file";
+        return PluginText::tr("install the plugin, or name its file");
     case Kind::NotAFile:
     case Kind::NotALibrary:
     case Kind::NotAPlugin:
     case Kind::OtherPlugin:
     case Kind::NoInterface:
     case Kind::NoPages:
-        return role == TavPluginError::Role::DataPlugin ? "name libTavDataPlugin.so" : "name a page plugin";
+        return role == TavPluginError::Role::DataPlugin ? PluginText::tr("name libTavDataPlugin.so")
+                                                        : PluginText::tr("name a page plugin");
     case Kind::NotReadable:
-        return "let this user read it";
+        return PluginText::tr("let this user read it");
     case Kind::CutOff:
-        return "install the plugin again";
+        return PluginText::tr("install the plugin again");
     case Kind::OtherMachine:
     case Kind::OtherWordSize:
-        return "install the plugin for " + ElfFile::ownMachine().name();
+        return PluginText::tr("install the plugin for %1").arg(ElfFile::ownMachine().name());
     case Kind::OtherQt: {
         const QVersionNumber running = QVersionNumber::fromString(qVersion());
-        return QString("build the plugin with Qt %1.%2").arg(running.majorVersion()).arg(running.minorVersion());
+        return PluginText::tr("build the plugin with Qt %1.%2").arg(running.majorVersion()).arg(running.minorVersion());
     }
     case Kind::MissingLibrary:
     case Kind::NotLoadable:
-        return "install what it lacks";
+        return PluginText::tr("install what it lacks");
     case Kind::UndefinedSymbol:
-        return "install the libraries that it was built with";
+        return PluginText::tr("install the libraries that it was built with");
     case Kind::Exception:
-        return "mend the plugin, or leave it out";
+        return PluginText::tr("mend the plugin, or leave it out");
     case Kind::WrongManagers:
-        return "install the plugin that belongs to this client";
+        return PluginText::tr("install the plugin that belongs to this client");
     }
     Q_UNREACHABLE();
 }
@@ -63,13 +65,14 @@ QString TavPluginError::effect() const
     switch (m_kind) {
     case Kind::OtherMachine:
     case Kind::OtherWordSize:
-        return QString("no client for %1 can load it").arg(ElfFile::ownMachine().name());
+        return PluginText::tr("no client for %1 can load it").arg(ElfFile::ownMachine().name());
     case Kind::OtherQt:
-        return "Qt refuses to load it: it takes plugins of its own or an earlier minor version";
+        return PluginText::tr("Qt refuses to load it: it takes plugins of its own or an earlier minor version");
     case Kind::WrongManagers:
-        return "pages do not find what they look up";
+        return PluginText::tr("pages do not find what they look up");
     default:
-        return m_role == Role::DataPlugin ? "the client has none of the managers" : "the client has none of its pages";
+        return m_role == Role::DataPlugin ? PluginText::tr("the client has none of the managers")
+                                          : PluginText::tr("the client has none of its pages");
     }
 }
 

@@ -3,6 +3,7 @@
 #include "ElfFile.h"
 #include "ITavDataPlugin.h"
 #include "NeededLibraries.h"
+#include "PluginText.h"
 #include "TavOperations.h"
 
 #include <QElapsedTimer>
@@ -31,35 +32,35 @@ void checkFile(const QString &file)
     if (stat(QFile::encodeName(file).constData(), &status) != 0) {
         const int error = errno;
         throw error == ENOENT || error == ENOTDIR
-            ? TavPluginError(Kind::NoSuchFile, file, "there is no such file")
-            : TavPluginError(Kind::NotReadable, file, "cannot be read: " + qt_error_string(error));
+            ? TavPluginError(Kind::NoSuchFile, file, PluginText::tr("there is no such file"))
+            : TavPluginError(Kind::NotReadable, file, PluginText::tr("cannot be read: %1").arg(qt_error_string(error)));
     }
     if (!S_ISREG(status.st_mode)) {
-        throw TavPluginError(Kind::NotAFile, file, "not a regular file");
+        throw TavPluginError(Kind::NotAFile, file, PluginText::tr("not a regular file"));
     }
     const ElfFile library(file);
     if (!library.isReadable()) {
-        throw TavPluginError(Kind::NotReadable, file, "cannot be read: " + library.errorString());
+        throw TavPluginError(Kind::NotReadable, file, PluginText::tr("cannot be read: %1").arg(library.errorString()));
     }
     if (!library.hasMark()) {
-        throw TavPluginError(Kind::NotALibrary, file, "not a shared library");
+        throw TavPluginError(Kind::NotALibrary, file, PluginText::tr("not a shared library"));
     }
     if (library.isCutOff()) {
-        throw TavPluginError(Kind::CutOff, file, "cut off: it ends before what its headers announce");
+        throw TavPluginError(Kind::CutOff, file, PluginText::tr("cut off: it ends before what its headers announce"));
     }
     const ElfFile::Machine machine = library.machine();
     const ElfFile::Machine own = ElfFile::ownMachine();
     if (machine.number != own.number || machine.isBigEndian != own.isBigEndian) {
         throw TavPluginError(Kind::OtherMachine, file,
-                             QString("built for %1, but this program for %2").arg(machine.name(), own.name()));
+                             PluginText::tr("built for %1, but this program for %2").arg(machine.name(), own.name()));
     }
     if (machine.bits != own.bits) {
         throw TavPluginError(
             Kind::OtherWordSize, file,
-            QString("built for words of %1 bits, but this program for %2").arg(machine.bits).arg(own.bits));
+            PluginText::tr("built for words of %1 bits, but this program for %2").arg(machine.bits).arg(own.bits));
     }
     if (!library.isSharedLibrary()) {
-        throw TavPluginError(Kind::NotALibrary, file, "not a shared library");
+        throw TavPluginError(Kind::NotALibrary, file, PluginText::tr("not a shared library"));
     }
 }
 
@@ -76,18 +77,19 @@ void checkMetaData(const QString &file, const QJsonObject &metaData)
     const QString identifier = metaData["IID"].toString();
     const QString expected = qobject_interface_iid<ITavDataPlugin *>();
     if (identifier.isEmpty()) {
-        throw TavPluginError(Kind::NotAPlugin, file, "not a Qt plugin");
+        throw TavPluginError(Kind::NotAPlugin, file, PluginText::tr("not a Qt plugin"));
     }
     if (identifier != expected) {
         throw TavPluginError(
             Kind::OtherPlugin, file,
-            QString(R"(another plugin: its identifier is "%1" and not "%2")").arg(identifier, expected));
+            PluginText::tr("another plugin: its identifier is \"%1\" and not \"%2\"").arg(identifier, expected));
     }
     const QVersionNumber built = qtVersionIn(metaData);
     const QVersionNumber running = QVersionNumber::fromString(qVersion());
     if (built.majorVersion() != running.majorVersion() || built.minorVersion() > running.minorVersion()) {
-        throw TavPluginError(Kind::OtherQt, file,
-                             QString("built with Qt %1, but this is Qt %2").arg(built.toString(), running.toString()));
+        throw TavPluginError(
+            Kind::OtherQt, file,
+            PluginText::tr("built with Qt %1, but this is Qt %2").arg(built.toString(), running.toString()));
     }
 }
 
@@ -113,14 +115,16 @@ void loadLibrary(const QString &file, const QString &path)
     const QString reason = QString::fromLocal8Bit(dlerror()); // NOLINT(concurrency-mt-unsafe): glibc's is the thread's
     const QString symbol = reason.section(": undefined symbol: ", 1).section(',', 0, 0);
     if (!symbol.isEmpty()) {
-        throw TavPluginError(Kind::UndefinedSymbol, file, "cannot be loaded: it lacks the symbol " + demangled(symbol));
+        throw TavPluginError(Kind::UndefinedSymbol, file,
+                             PluginText::tr("cannot be loaded: it lacks the symbol %1").arg(demangled(symbol)));
     }
     // The linker names the first library that is missing, and no other.
     const QStringList missing = missingLibraries(path);
     if (!missing.isEmpty()) {
-        throw TavPluginError(Kind::MissingLibrary, file, "cannot be loaded: it lacks " + missing.join(", "));
+        throw TavPluginError(Kind::MissingLibrary, file,
+                             PluginText::tr("cannot be loaded: it lacks %1").arg(missing.join(", ")));
     }
-    throw TavPluginError(Kind::NotLoadable, file, "cannot be loaded: " + reason);
+    throw TavPluginError(Kind::NotLoadable, file, PluginText::tr("cannot be loaded: %1").arg(reason));
 }
 
 /// @brief The current registry for as long as it lives: notes what is registered and passes it on.
@@ -185,11 +189,10 @@ ITavDataPlugin &load(const QString &file)
     QObject *const root = loader.instance();
     auto *const plugin = qobject_cast<ITavDataPlugin *>(root);
     if (!plugin) {
-        throw TavPluginError(
-            Kind::NoInterface, file,
-            root
-                ? QString("its root object, a %1, has no interface ITavDataPlugin").arg(root->metaObject()->className())
-                : "it has no root object");
+        throw TavPluginError(Kind::NoInterface, file,
+                             root ? PluginText::tr("its root object, a %1, has no interface ITavDataPlugin")
+                                        .arg(root->metaObject()->className())
+                                  : PluginText::tr("it has no root object"));
     }
     return *plugin;
 }
@@ -200,9 +203,11 @@ QVector<TavRegistration> registerObjects(const QString &file, ITavDataPlugin &pl
     try {
         plugin.registerObj();
     } catch (const std::exception &error) {
-        throw TavPluginError(Kind::Exception, file, QString("its registerObj() throws: ") + error.what());
+        throw TavPluginError(Kind::Exception, file,
+                             PluginText::tr("its registerObj() throws: %1").arg(QString::fromUtf8(error.what())));
     } catch (...) {
-        throw TavPluginError(Kind::Exception, file, "its registerObj() throws what is no std::exception");
+        throw TavPluginError(Kind::Exception, file,
+                             PluginText::tr("its registerObj() throws what is no std::exception"));
     }
     return recorder.registrations();
 }
@@ -220,9 +225,10 @@ QStringList mistakesIn(TavObjectMgr &registry)
     for (const char *const name : TavOperations::interfaceNames()) {
         QObject *const object = registry.getObject(tavManagerKey(name));
         if (!object) {
-            mistakes.append(QString("%1 is missing").arg(name));
+            mistakes.append(PluginText::tr("%1 is missing").arg(name));
         } else if (!object->qt_metacast(name)) {
-            mistakes.append(QString("%1 is a %2 without that interface").arg(name, object->metaObject()->className()));
+            mistakes.append(
+                PluginText::tr("%1 is a %2 without that interface").arg(name, object->metaObject()->className()));
         }
     }
     return mistakes;
@@ -237,7 +243,7 @@ QStringList unknownKeys(TavObjectMgr &registry)
     }
     QStringList texts;
     for (const STObjectKey &key : qAsConst(keys)) {
-        texts.append(QString("\"%1\" with the number %2 is none of them").arg(key.name).arg(key.id));
+        texts.append(PluginText::tr("\"%1\" with the number %2 is none of them").arg(key.name).arg(key.id));
     }
     return texts;
 }
@@ -248,12 +254,11 @@ void checkManagers(const QString &file, TavObjectMgr &registry)
     if (mistakes.isEmpty()) {
         return;
     }
-    throw TavPluginError(
-        Kind::WrongManagers, file,
-        registry.getObjectKeys().isEmpty()
-            ? QString("registers no managers")
-            : QString("registers other managers than the %1: ").arg(TavOperations::interfaceNames().size())
-                + (mistakes + unknownKeys(registry)).join(", "));
+    throw TavPluginError(Kind::WrongManagers, file,
+                         registry.getObjectKeys().isEmpty() ? PluginText::tr("registers no managers")
+                                                            : PluginText::tr("registers other managers than the %1: %2")
+                                                                  .arg(TavOperations::interfaceNames().size())
+                                                                  .arg((mistakes + unknownKeys(registry)).join(", ")));
 }
 
 /// @brief The registries of the hosts that are there, the newest at the end. Any thread.
@@ -312,7 +317,8 @@ QVector<TavRegistration> TavPluginHost::loadPages(const QString &file)
         const QVector<TavRegistration> registered = registerObjects(file, load(file), m_registry);
         if (std::all_of(registered.begin(), registered.end(), [](const auto &row) { return isManagerKey(row.key); })) {
             throw TavPluginError(Kind::NoPages, file,
-                                 registered.isEmpty() ? "registers nothing" : "registers managers and no controller");
+                                 registered.isEmpty() ? PluginText::tr("registers nothing")
+                                                      : PluginText::tr("registers managers and no controller"));
         }
         return registered;
     } catch (const TavPluginError &error) {

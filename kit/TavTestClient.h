@@ -51,7 +51,7 @@ public:
     /// A new page of the controller with this interface; null when there is none, or it is no ITavPage. It is to end
     /// before end() is called. Include QWidget: the kit itself does without Qt Widgets.
     template<class Widget = QWidget>
-    std::unique_ptr<Widget> createPage(const char *controllerName)
+    [[nodiscard]] std::unique_ptr<Widget> createPage(const char *controllerName)
     {
         auto *const controller = qobject_cast<ITavPage *>(object(controllerName));
         std::unique_ptr<Widget> page(controller ? controller->createPage(nullptr) : nullptr);
@@ -63,15 +63,15 @@ public:
     static TavPlayOptions checkedAtOnce();
 
     /// Plays a scenario of these lines, without its first, while the event loop runs. Returns the first mistake.
-    QString play(const QList<QByteArray> &lines, const TavPlayOptions &options = checkedAtOnce());
+    [[nodiscard]] QString play(const QList<QByteArray> &lines, const TavPlayOptions &options = checkedAtOnce());
 
     /// The same with the scenario in @p file.
-    QString playFile(const QString &file, const TavPlayOptions &options = checkedAtOnce());
+    [[nodiscard]] QString playFile(const QString &file, const TavPlayOptions &options = checkedAtOnce());
 
     /// Runs the event loop until @p condition holds. Returns that it has not within @p limit, with @p what, which says
     /// what was waited for: "the list shows both devices".
-    static QString waitFor(const std::function<bool()> &condition, const QString &what,
-                           std::chrono::milliseconds limit = std::chrono::seconds(5));
+    [[nodiscard]] static QString waitFor(const std::function<bool()> &condition, const QString &what,
+                                         std::chrono::milliseconds limit = std::chrono::seconds(5));
 
     /// The pages whose selection was delivered to this thread so far, by their keys, in order.
     const QStringList &pageChanges() const

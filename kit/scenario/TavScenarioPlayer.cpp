@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <chrono>
 #include <deque>
 
@@ -33,6 +34,7 @@ struct TavScenarioPlayer::State {
         , m_options(options)
         , m_managers(TavScenario::managersOf(host))
         , m_clock(options.speed, options.isPaused)
+        , m_isLooped(options.isLooped)
     {
         m_conductor.reset(QThread::create([this] { conduct(); }));
         m_conductor->setObjectName("scenario");
@@ -76,6 +78,11 @@ struct TavScenarioPlayer::State {
         const QMutexLocker lock(&m_mutex);
         m_clock.setSpeed(speed);
         wakeAll();
+    }
+
+    void setLooped(bool isLooped)
+    {
+        m_isLooped = isLooped;
     }
 
     /// From now on no line is begun. The mutex is held.
@@ -154,7 +161,7 @@ struct TavScenarioPlayer::State {
     void conduct()
     {
         try {
-            while (conductRound() && m_options.isLooped && rewind()) { }
+            while (conductRound() && m_isLooped && rewind()) { }
         } catch (const TavScenarioError &error) {
             waitUntilAllEnded(); // one of the lines before it may fail
             const QMutexLocker lock(&m_mutex);
@@ -352,6 +359,7 @@ struct TavScenarioPlayer::State {
     qint64 m_waitingBytes = 0;
     TavPlayReport m_report;
     ScenarioClock m_clock;
+    std::atomic<bool> m_isLooped; ///< asked at the end of each round, without the mutex
     int m_steps = 0; ///< so many lines may begin although it is paused; 0 when it is not
     int m_linesToStep = 0; ///< handed out and not begun, without those before the beginning
     bool m_isGuiCalled = false; ///< performOnGui() is on its way
@@ -396,6 +404,11 @@ void TavScenarioPlayer::step()
 void TavScenarioPlayer::setSpeed(double speed)
 {
     m_state->setSpeed(speed);
+}
+
+void TavScenarioPlayer::setLooped(bool isLooped)
+{
+    m_state->setLooped(isLooped);
 }
 
 void TavScenarioPlayer::stop()

@@ -26,7 +26,7 @@ struct TavPlayOptions {
     double speed = 1; ///< scenario seconds in a second
     qint64 from = 0; ///< microseconds of the scenario; the lines before are played at once
     qint64 until = std::numeric_limits<qint64>::max(); ///< the lines after are not played
-    bool isLooped = false; ///< begins again behind its last line, on the same managers, until stop(); a file only
+    bool isLooped = false; ///< begins again behind its last line, on the same managers; a file only
     bool isChecked = false; ///< ends at the first call that does not return what its line says
     bool isPaused = false; ///< begins as if pause() had been called before the first line that is not before `from`
     TavScenarioReader::CutLine cutLine = TavScenarioReader::CutLine::Refuse; ///< what becomes of a cut last line
@@ -68,6 +68,7 @@ struct TavPlayReport {
  * | resume() | nothing | goes on from the time at which it stands |
  * | step() | nothing | one more line begins, the next in the file, and the time is that line's |
  * | setSpeed() | the time goes on from where it is | it will, at that speed |
+ * | setLooped() | its last line is or is no longer its end | the same |
  * | stop() | no further line begins; the play ends | the same |
  *
  * Needs an application object. Made, waited for and ended in one thread; everything else on any.
@@ -97,6 +98,9 @@ public:
 
     /// @p speed as in TavPlayOptions.
     void setSpeed(double speed);
+
+    /// @p isLooped as in TavPlayOptions.
+    void setLooped(bool isLooped);
 
     /// Makes no further call; the play then ends.
     void stop();

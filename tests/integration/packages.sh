@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# usage: packages.sh PACKAGES_DIR [ROOT]      as root
+# usage: packages.sh PACKAGES_DIR ARCHITECTURE [ROOT]      as root
 #
 # Tries the packages of PACKAGES_DIR on a bare system: installs them with apt, runs tavctl, copies the example page
-# plugin from the installed documentation, builds it as its author would and runs its test. ROOT is a bare Debian to do
-# it in: a tarball, which is unpacked and thrown away again, or a directory, which is used and left as it is then.
-# Without ROOT one is made with mmdebstrap from this machine's own apt sources.
+# plugin from the installed documentation, builds it as its author would and runs its test. Another ARCHITECTURE than
+# this machine's is emulated. ROOT is a bare Debian to do it in: a tarball, which is unpacked and thrown away again, or a
+# directory, which is used and left as it is then. Without ROOT one is made with mmdebstrap from this machine's own apt
+# sources.
 set -euo pipefail
 
 fail() {
@@ -12,13 +13,20 @@ fail() {
     exit 1
 }
 
-[[ $# -ge 1 && $# -le 2 ]] || { sed -n '2,7p' "$0" | sed 's/^# \{0,1\}//'; exit 2; }
+[[ $# -ge 2 && $# -le 3 ]] || { sed -n '2,8p' "$0" | sed 's/^# \{0,1\}//'; exit 2; }
 [[ $(id -u) -eq 0 ]] || fail "takes root's rights"
 packages_dir=$(cd "$1" && pwd)
 tests=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
-architecture=$(dpkg --print-architecture)
+architecture=$2
 packages=("$packages_dir"/*_"$architecture".deb "$packages_dir"/*_all.deb)
 [[ -f ${packages[0]} ]] || fail "$packages_dir holds no package for $architecture; build them with ./dev package"
+
+# Programs of another architecture run in the bare system as its own do.
+if [[ $architecture == arm64 && $(dpkg --print-architecture) != arm64 ]]; then
+    binfmt=/proc/sys/fs/binfmt_misc
+    [[ -f $binfmt/register ]] || mount -t binfmt_misc binfmt_misc "$binfmt"
+    [[ -f $binfmt/qemu-aarch64 ]] || tail -n 1 /usr/lib/binfmt.d/qemu-aarch64.conf >"$binfmt/register"
+fi
 
 work=$(mktemp -d)
 root=$work/root
@@ -32,11 +40,11 @@ finish() {
 }
 trap finish EXIT
 
-if [[ -d ${2:-} ]]; then
-    root=$(cd "$2" && pwd)
-elif [[ -n ${2:-} ]]; then
+if [[ -d ${3:-} ]]; then
+    root=$(cd "$3" && pwd)
+elif [[ -n ${3:-} ]]; then
     mkdir "$root"
-    tar -C "$root" --exclude='./dev/*' -xf "$2"
+    tar -C "$root" --exclude='./dev/*' -xf "$3"
 else
     command -v mmdebstrap >/dev/null || fail "mmdebstrap is not installed"
     release=$(sed -n 's/^VERSION_CODENAME=//p' /etc/os-release)
@@ -46,7 +54,7 @@ else
             sources+=("$file")
         fi
     done
-    mmdebstrap --quiet --variant=minbase --include=ca-certificates --aptopt='APT::Install-Recommends "false"' \
+    mmdebstrap --quiet --variant=minbase "--architectures=$architecture" --include=ca-certificates --aptopt='APT::Install-Recommends "false"' \
         "$release" "$root" "${sources[@]}"
 fi
 # The way to the mirrors is this machine's.

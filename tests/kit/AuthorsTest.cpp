@@ -3,6 +3,7 @@
 #include "STImaContentAsr.h"
 #include "TavAccessObjects.h"
 #include "TavAnswer.h"
+#include "TavPackedField.h"
 #include "TavPluginHost.h"
 #include "TavWorker.h"
 
@@ -82,8 +83,8 @@ TEST(AccessObjects, KeepEachKeyInEachTableApart)
     const TavPluginHost host(TAV_PLUGIN_FILE);
     auto &manager = *tavObject<ITavAccessControlMgr>();
     using Objects = TavAccessObjects;
-    const Objects one(manager, Objects::Table::True, Objects::Key(0));
-    const Objects other(manager, Objects::Table::False, Objects::Key(1));
+    const Objects one(manager, Objects::Table::Files, Objects::Key(0));
+    const Objects other(manager, Objects::Table::Others, Objects::Key(1));
     one.setCount(7);
     other.setCount(8);
     one.setDetails(QVector<STObjectDetailAsr>(2));
@@ -94,6 +95,18 @@ TEST(AccessObjects, KeepEachKeyInEachTableApart)
     EXPECT_EQ(one.details().size(), 2);
     EXPECT_TRUE(other.details().isEmpty());
     EXPECT_EQ(manager.getObjectDetail(0, true).size(), 2);
+}
+
+TEST(PackedField, IsCopiedAndSetWithoutAReference)
+{
+    STPriAddUIData row;
+    tavSetField(row, &STPriAddUIData::userName, QStringLiteral("daemon"));
+    tavSetField(row, &STPriAddUIData::userName, QStringLiteral("root"));
+    tavSetField(row, &STPriAddUIData::userNumber, 7);
+    const QVector<STPriAddUIData> rows(2, row);
+    EXPECT_EQ(tavField(rows.at(1), &STPriAddUIData::userName).toStdString(), "root");
+    EXPECT_EQ(tavField(rows.at(1), &STPriAddUIData::userNumber), 7);
+    EXPECT_TRUE(tavField(rows.at(1), &STPriAddUIData::userText).isNull());
 }
 
 TEST(Worker, DoesWorkInOrderOnItsOwnThreadAndReportsBackInOurs)

@@ -130,6 +130,7 @@ TEST(TestClient, LogsThePageChangesThatWereDelivered)
     EXPECT_EQ(client.end(), "");
 }
 
+//! A controller is registered under a wrong name | `createPage`, which makes none | the catalogue's name
 TEST(TestClient, MakesThePagesOfControllersThatHaveSome)
 {
     TavTestClient client(pluginFile, pages);
@@ -141,6 +142,7 @@ TEST(TestClient, MakesThePagesOfControllersThatHaveSome)
     EXPECT_EQ(client.end(), "");
 }
 
+//! A page is left when its controller ends | `TavTestClient::end` | end it before
 TEST(TestClient, NamesAPageThatOutlivesItsController)
 {
     TavTestClient client(pluginFile, pages);
@@ -155,6 +157,8 @@ TEST(TestClient, DoesNotNameAPageThatIsToEndLater)
     EXPECT_EQ(client.end(), "");
 }
 
+//! A controller is registered and not handed over | `TavTestClient::end` | `registerObject(…, true)`
+//! What `subscribe` began is never ended | `TavTestClient::end` | `TavSubscription`
 TEST(TestClient, NamesWhatAPagePluginLeavesBehindAndOnlyThat)
 {
     TavTestClient client(pluginFile, {TAV_FIXTURE_DIR "/libLeavingPagePlugin.so"});

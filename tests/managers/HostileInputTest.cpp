@@ -4,6 +4,7 @@
 #include "GlobalStateGuard.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavLineScanMgr.h"
+#include "ProofSize.h"
 #include "SpecialFile.h"
 #include "TavPluginHost.h"
 #include "TextFile.h"
@@ -118,7 +119,7 @@ QByteArray filled(const QByteArray &entry, int size)
     return all;
 }
 
-constexpr int hundredMegabytes = 100 * 1000 * 1000;
+const int largest = proofSize(8, 100) * 1000 * 1000; // bytes of a configuration
 }
 
 TEST_F(HostileInput, TenThousandLevelsOfNestingLoadNothing)
@@ -161,25 +162,25 @@ TEST_F(HostileInput, ItemsWithDeeplyNestedValuesLoadWithTheirDefaults)
     EXPECT_TRUE(baseline.getItemConfig(1).name.isEmpty());
 }
 
-TEST_F(HostileInput, CatalogueOfAHundredMegabytesLoadsInBoundedMemory)
+TEST_F(HostileInput, LargeCatalogueLoadsInBoundedMemory)
 {
     // The file, its text in UTF-16, the text's bytes and the JSON in them stand in memory together, then the parsed
     // document and the lists.
     const QByteArray func = R"({"funcType":"Func_HostInfo","funcTitle":"主机信息","funcIcon":"hostIcon","subFunList":[)"
                             R"({"subFuncType":"SubFunc_LogAudit","subFuncTitile":"审计日志","subFuncClassName":"I"}]})";
-    writeFile(cataloguePath(), ('[' + filled(func, hundredMegabytes / 4 * 3) + ']').toBase64());
+    writeFile(cataloguePath(), ('[' + filled(func, largest / 4 * 3) + ']').toBase64());
     expectPeak("catalogue", cataloguePath(), 8, [&] {
         EXPECT_FALSE(catalogue.loadConfig());
-        EXPECT_EQ(catalogue.getFuncInfos().size(), hundredMegabytes / 4 * 3 / (func.size() + 1) + 1);
+        EXPECT_EQ(catalogue.getFuncInfos().size(), largest / 4 * 3 / (func.size() + 1) + 1);
         EXPECT_EQ(catalogue.getSubFuncInfo().size(), catalogue.getFuncInfos().size());
     });
 }
 
-TEST_F(HostileInput, BaselineOfAHundredMegabytesLoadsInBoundedMemory)
+TEST_F(HostileInput, LargeBaselineLoadsInBoundedMemory)
 {
     const QByteArray item = R"({"itemId":1,"name":"口令最短长度","standardValue":"8","desc":"口令过短，易被猜出。",)"
                             R"("checkValueScript":"/a.sh","type":3,"btntext":"查看详情"})";
-    writeFile(baselinePath(), "{\"enableConfig\":[" + filled(item, hundredMegabytes) + "]}");
+    writeFile(baselinePath(), "{\"enableConfig\":[" + filled(item, largest) + "]}");
     expectPeak("baseline", baselinePath(), 8, [&] {
         EXPECT_TRUE(baseline.loadJsonConfig());
         EXPECT_EQ(baseline.getItemConfig(1).btntext, QStringLiteral("查看详情"));
@@ -305,7 +306,7 @@ TEST_F(HostileInput, FilesThatChangeWhileTheyAreReadLoadWholeOrNotAtAll)
     });
     int held = whole;
     int loads = 0;
-    for (const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(3);
+    for (const auto end = std::chrono::steady_clock::now() + std::chrono::seconds(proofSize(1, 3));
          std::chrono::steady_clock::now() < end && held < 500 * whole;) {
         catalogue.loadConfig();
         const int now = catalogue.getFuncInfos().size();

@@ -3,6 +3,7 @@
 
 #include "GlobalStateGuard.h"
 #include "ITavPicResourceMgr.h"
+#include "ProofSize.h"
 #include "TavPluginHost.h"
 
 #include <QDir>
@@ -197,9 +198,10 @@ TEST(PictureScan, FindsWhatThePlainScanFindsInTreesWithLinks)
 {
     const GlobalStateGuard guard;
     const QString before = QDir::currentPath();
-    int compared = 0;
-    int withPictures = 0;
-    for (unsigned seed = 0; seed < 60; ++seed) {
+    unsigned compared = 0;
+    unsigned withPictures = 0;
+    const unsigned trees = proofSize(12, 60);
+    for (unsigned seed = 0; seed < trees; ++seed) {
         const Tree tree(seed);
         ASSERT_TRUE(QDir::setCurrent(tree.root()));
         for (const QString &way : tree.waysIn()) {
@@ -217,6 +219,6 @@ TEST(PictureScan, FindsWhatThePlainScanFindsInTreesWithLinks)
         }
         QDir::setCurrent(before);
     }
-    EXPECT_GT(compared, 400);
-    EXPECT_GT(withPictures, 200);
+    EXPECT_GT(compared, 8 * trees);
+    EXPECT_GT(withPictures, 4 * trees);
 }

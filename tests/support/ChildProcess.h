@@ -52,11 +52,11 @@ inline ChildOutcome runInChild(const std::function<void()> &body, unsigned secon
     if (pipe(toParent) != 0) {
         return outcome;
     }
+    malloc_trim(0); // what has been freed would be used again, unseen, or be the child's most at its start
     const auto start = std::chrono::steady_clock::now();
     const pid_t child = fork();
     if (child == 0) {
         alarm(secondsAllowed);
-        malloc_trim(0); // what the parent has freed would be used again, unseen
         const double before = mebibytes("VmRSS:");
         body();
         const double peak = mebibytes("VmHWM:") - before;

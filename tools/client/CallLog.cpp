@@ -21,6 +21,7 @@ void CallLog::note(const LoggedCall &call)
 {
     if (call.error.isEmpty()) {
         m_keys.note(call.manager, call.operation, call.arguments);
+        m_pictureDirectories.note(call.manager, call.operation, call.arguments);
     }
     std::shared_ptr<TavScenarioRecorder> recorder;
     {

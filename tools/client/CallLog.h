@@ -2,6 +2,7 @@
 
 #include "BoundedLog.h"
 #include "KnownKeys.h"
+#include "PictureDirectories.h"
 
 #include <QDateTime>
 #include <QJsonValue>
@@ -41,11 +42,18 @@ public:
         return m_keys;
     }
 
+    /// The picture directories that the calls noted so far have appended, also those that the log has forgotten.
+    const PictureDirectories &pictureDirectories() const
+    {
+        return m_pictureDirectories;
+    }
+
     /// Has every call noted from now on told to @p recorder, too; null ends that. Calls that were refused are not told.
     void setRecorder(std::shared_ptr<TavScenarioRecorder> recorder);
 
 private:
     KnownKeys m_keys;
+    PictureDirectories m_pictureDirectories;
     QMutex m_recorderMutex;
     std::shared_ptr<TavScenarioRecorder> m_recorder;
 };

@@ -24,25 +24,35 @@ QString threadOf(const LoggedCall &call)
 }
 }
 
-QString saveAsScenario(const QString &file, QVector<LoggedCall> calls)
+SavedCalls saveAsScenario(const QString &file, QVector<LoggedCall> calls, const std::atomic<bool> &isStopped)
 {
-    calls.erase(
-        std::remove_if(calls.begin(), calls.end(), [](const LoggedCall &call) { return !call.error.isEmpty(); }),
-        calls.end());
+    SavedCalls saved;
+    const auto refused
+        = std::remove_if(calls.begin(), calls.end(), [](const LoggedCall &call) { return !call.error.isEmpty(); });
+    saved.leftOut = int(calls.end() - refused);
+    calls.erase(refused, calls.end());
     // They were noted at their ends, and are made again at their beginnings.
     std::stable_sort(calls.begin(), calls.end(),
                      [](const LoggedCall &one, const LoggedCall &other) { return one.time < other.time; });
     QSaveFile output(file);
     if (!output.open(QIODevice::WriteOnly)) {
-        return output.errorString();
+        saved.error = output.errorString();
+        return saved;
     }
     output.write(lineOf({{"tavScenario", 1}, {"title", "selected calls"}}));
     for (const LoggedCall &call : qAsConst(calls)) {
+        if (isStopped) {
+            saved.isStopped = true; // and what was written goes with the output, which is not committed
+            return saved;
+        }
         output.write(lineOf({{"at", double(calls.first().time.msecsTo(call.time)) / 1000},
                              {"thread", threadOf(call)},
                              {"manager", call.manager},
                              {"operation", call.operation},
                              {"arguments", call.arguments}}));
     }
-    return output.commit() ? QString() : output.errorString();
+    if (!output.commit()) {
+        saved.error = output.errorString();
+    }
+    return saved;
 }

@@ -54,7 +54,11 @@ void Recording::begin(const QString &file)
     m_file = file;
     setState(State::Beginning);
     m_worker.post([file] { return beginFile(file); },
-                  [this](const Beginning &beginning) {
+                  [this, file, number = ++m_begun](Beginning beginning) {
+                      if (number != m_begun) {
+                          m_worker.post([recorder = std::move(beginning.recorder)] {}); // it ends there: it may wait
+                          return;
+                      }
                       m_recorder = beginning.recorder;
                       if (!m_recorder) {
                           setState(State::Off);
@@ -80,14 +84,24 @@ void Recording::end()
             recorder->finish();
             return recorder->progress();
         },
-        [this](const TavRecordProgress &progress) {
-            setState(State::Off);
+        [this, file = m_file, number = ++m_begun](const TavRecordProgress &progress) {
+            if (number == m_begun) {
+                setState(State::Off);
+            }
             if (!progress.error.isEmpty()) {
-                emit failed(m_file, tr("cannot be written any further: %1").arg(progress.error));
+                emit failed(file, tr("cannot be written any further: %1").arg(progress.error));
             } else if (progress.lost > 0) {
-                emit failed(m_file, tr("%n call(s) are missing in it", nullptr, int(progress.lost)));
+                emit failed(file, tr("%n call(s) are missing in it", nullptr, int(progress.lost)));
             }
         });
+}
+
+void Recording::leave()
+{
+    if (m_state == State::Beginning || m_state == State::Ending) {
+        ++m_begun;
+        setState(State::Off);
+    }
 }
 
 TavRecordProgress Recording::progress() const

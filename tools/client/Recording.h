@@ -34,6 +34,10 @@ public:
     /// Ends the file.
     void end();
 
+    /// Waits no longer for the file's beginning or end, which nothing can break off while the disk holds it up. A file
+    /// that has begun only then is ended at once.
+    void leave();
+
     State state() const
     {
         return m_state;
@@ -57,6 +61,7 @@ private:
 
     ClientSession &m_session;
     State m_state = State::Off;
+    int m_begun = 0; ///< number of the beginning or end that is waited for, or was last
     QString m_file;
     std::shared_ptr<TavScenarioRecorder> m_recorder;
     QTimer m_watch;

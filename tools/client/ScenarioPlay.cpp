@@ -99,6 +99,15 @@ void ScenarioPlay::stop()
     }
 }
 
+void ScenarioPlay::leave()
+{
+    if (m_state == State::Stopping) {
+        m_afterStop = nullptr;
+        m_left.push_back({std::move(m_file), std::move(m_player)});
+        setState(State::Ready);
+    }
+}
+
 void ScenarioPlay::seek(qint64 position)
 {
     m_sought = position;
@@ -126,6 +135,9 @@ void ScenarioPlay::setSpeed(double speed)
 void ScenarioPlay::setLooped(bool isLooped)
 {
     m_isLooped = isLooped;
+    if (m_player) {
+        m_player->setLooped(isLooped);
+    }
 }
 
 qint64 ScenarioPlay::position() const
@@ -135,7 +147,13 @@ qint64 ScenarioPlay::position() const
 
 qint64 ScenarioPlay::linesPlayed() const
 {
-    return m_lines;
+    return m_lines - (turn() - 1) * m_survey.lines;
+}
+
+qint64 ScenarioPlay::turn() const
+{
+    const bool hasTurned = m_survey.lines > 0 && m_lines > m_survey.lines;
+    return hasTurned ? (m_lines - 1) / m_survey.lines + 1 : 1;
 }
 
 void ScenarioPlay::begin(bool isPaused)
@@ -155,16 +173,22 @@ void ScenarioPlay::begin(bool isPaused)
     options.isPaused = isPaused;
     options.observer = [this](const TavPlayedCall &call) { noteCall(call); };
     m_player = std::make_unique<TavScenarioPlayer>(m_session.host(), *m_file, options);
-    m_isPlayLooped = m_isLooped;
     setState(isPaused ? State::Paused : State::Playing);
     m_watch.start();
 }
 
 void ScenarioPlay::watch()
 {
+    m_left.remove_if([](const Played &played) { return played.player->isAtEnd(); });
+    if (!m_player) {
+        if (m_left.empty()) {
+            m_watch.stop();
+        }
+        return;
+    }
     const TavPlayReport report = m_player->progress();
-    m_position = m_isPlayLooped ? report.at : qMax(report.at, m_position);
     m_lines = report.lines;
+    m_position = turn() > 1 ? report.at : qMax(report.at, m_position); // the lines before a beginning lie behind it
     emit positionChanged();
     if (m_player->isAtEnd()) {
         finish();
@@ -173,7 +197,6 @@ void ScenarioPlay::watch()
 
 void ScenarioPlay::finish()
 {
-    m_watch.stop();
     const TavPlayReport report = m_player->progress();
     const QString file = m_survey.file;
     m_player.reset();

@@ -8,6 +8,8 @@
 #include <QObject>
 #include <QTimer>
 
+#include <list>
+
 class ClientSession;
 
 /**
@@ -20,6 +22,7 @@ class ClientSession;
  * | step() | - | - | begins, paused, with one line | - | one line | - |
  * | pause() | - | - | - | Paused | - | - |
  * | stop() | - | gives up | - | Stopping | Stopping | - |
+ * | leave() | - | - | - | - | - | Ready |
  * | seek() | - | - | moves | goes on there | begins there, paused | goes on there instead, if that was to come |
  *
  * Stopping ends by itself, once the calls under way have ended; nothing here waits. GUI thread.
@@ -44,11 +47,14 @@ public:
     void pause();
     void step();
     void stop();
+    /// Waits no longer for the last calls of a play that was stopped, which nothing can break off. Whatever was to come
+    /// after them does not.
+    void leave();
     /// @p position is in microseconds. Goes back by beginning anew: the lines before it are played at once.
     void seek(qint64 position);
     /// As TavPlayOptions::speed.
     void setSpeed(double speed);
-    /// From the next beginning on.
+    /// Whether it begins again at its end, also the play under way.
     void setLooped(bool isLooped);
 
     State state() const
@@ -63,7 +69,8 @@ public:
     }
 
     qint64 position() const; ///< microseconds of the scenario
-    qint64 linesPlayed() const;
+    qint64 linesPlayed() const; ///< in this turn
+    qint64 turn() const; ///< 1 until a play in a loop has begun again
 
 signals:
     void stateChanged();
@@ -85,14 +92,20 @@ private:
     ScenarioSurvey m_survey;
     double m_speed = 1;
     bool m_isLooped = false;
-    bool m_isPlayLooped = false; ///< the play under way
     qint64 m_position = 0;
     bool m_hasEnded = false; ///< at its end by itself: the next play begins at the beginning
     qint64 m_sought = 0; ///< the position that was asked for last
-    qint64 m_lines = 0;
+    qint64 m_lines = 0; ///< played in all turns
     std::function<void()> m_afterStop; ///< what was asked for while a play had to end first
     std::shared_ptr<std::atomic<bool>> m_isCancelled; ///< the reading of the file that is being opened
     QTimer m_watch;
+    /// @brief A file with its player.
+    struct Played {
+        std::unique_ptr<QFile> file;
+        std::unique_ptr<TavScenarioPlayer> player;
+    };
+
+    std::list<Played> m_left; ///< those that are at their end, but for calls that nobody waits for
     std::unique_ptr<QFile> m_file;
     std::unique_ptr<TavScenarioPlayer> m_player; ///< none unless playing, paused or stopping
     TavWorker m_reader;

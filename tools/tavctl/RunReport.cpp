@@ -23,11 +23,7 @@ QJsonValue pixels(int count)
 
 QString cellText(const ValueTable &table, int row, int column)
 {
-    const ValueColumn &described = table.columns()[column];
-    const QVariant cell = table.cell(row, column);
-    const QString text = CellText::ofKind(described.kind, cell);
-    const QString meaning = cell.isValid() ? described.meanings.value(cell.toLongLong()) : QString();
-    return meaning.isEmpty() ? text : text + " (" + meaning + ')';
+    return CellText::of(table.columns()[column], table.cell(row, column));
 }
 
 /// In one line where there is room for it, otherwise one below the other.

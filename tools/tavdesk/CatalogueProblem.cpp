@@ -9,6 +9,10 @@
 #include <QAction>
 #include <QCoreApplication>
 #include <QFile>
+#include <QPointer>
+#include <QProgressDialog>
+#include <QThreadPool>
+#include <QTimer>
 
 namespace
 {
@@ -31,6 +35,17 @@ Catalogue readCatalogue()
         return {file.fileName(), {}, file.errorString()};
     }
     return {file.fileName(), file.readAll(), {}};
+}
+
+void openFindings(const Catalogue &catalogue, const Findings &findings, QWidget *window)
+{
+    const QString heading = !catalogue.error.isEmpty()
+        ? CatalogueProblem::tr("%1: %2").arg(catalogue.path, catalogue.error)
+        : findings.isEmpty() ? CatalogueProblem::tr("%1: nothing was found.").arg(catalogue.path)
+                             : catalogue.path;
+    auto *const dialog = new FindingsDialog(heading, findings, window);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->open();
 }
 }
 
@@ -63,13 +78,20 @@ ProblemView *newCatalogueProblem(QWidget *parent)
 
 void showCatalogueFindings(QWidget *window)
 {
-    const Catalogue catalogue = readCatalogue();
-    const bool isRead = catalogue.error.isEmpty();
-    const Findings findings = isRead ? checkCatalogue(catalogue.path, catalogue.content) : Findings();
-    const QString heading = !isRead ? CatalogueProblem::tr("%1: %2").arg(catalogue.path, catalogue.error)
-        : findings.isEmpty()        ? CatalogueProblem::tr("%1: nothing was found.").arg(catalogue.path)
-                                    : catalogue.path;
-    auto *const dialog = new FindingsDialog(heading, findings, window);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->open();
+    auto *const waiting = new QProgressDialog(CatalogueProblem::tr("Checking the catalogue"),
+                                              CatalogueProblem::tr("Stop"), 0, 0, window);
+    QTimer::singleShot(1000, waiting, &QWidget::show);
+    QObject::connect(waiting, &QProgressDialog::canceled, waiting, &QObject::deleteLater);
+    // Nothing breaks a check off: whoever stops it does not wait for it any longer.
+    QThreadPool::globalInstance()->start([waiting = QPointer<QProgressDialog>(waiting)] {
+        const Catalogue catalogue = readCatalogue();
+        const bool isRead = catalogue.error.isEmpty();
+        const Findings findings = isRead ? checkCatalogue(catalogue.path, catalogue.content) : Findings();
+        QMetaObject::invokeMethod(qApp, [waiting, catalogue, findings] {
+            if (waiting) {
+                openFindings(catalogue, findings, waiting->parentWidget());
+                waiting->deleteLater();
+            }
+        });
+    });
 }

@@ -22,7 +22,7 @@ void printError(const QString &text)
 
 QString sentence(const QString &text)
 {
-    return text.isEmpty() ? text : text.at(0).toUpper() + text.mid(1) + QChar(u'.');
+    return text.isEmpty() ? text : MainWindow::tr("%1.", "a sentence").arg(text.at(0).toUpper() + text.mid(1));
 }
 }
 

@@ -51,12 +51,12 @@ QString withoutMnemonic(QString text)
     return text.remove(QRegularExpression(QStringLiteral("\\(&.\\)"))).remove(QLatin1Char('&'));
 }
 
-/// Shows what @p panel does when it takes long; it cannot be stopped.
+/// Shows what @p panel does when it takes long.
 template<class Panel>
-void announce(const Panel &panel, BusyBar &busy)
+void announce(Panel &panel, BusyBar &busy)
 {
     QObject::connect(&panel, &Panel::begun, &busy,
-                     [&panel, &busy](const QString &text) { busy.begin(&panel, text, {}); });
+                     [&panel, &busy](const QString &text) { busy.begin(&panel, text, [&panel] { panel.stop(); }); });
     QObject::connect(&panel, &Panel::ended, &busy, [&panel, &busy] { busy.end(&panel); });
 }
 
@@ -95,6 +95,7 @@ MainWindow::MainWindow(ClientSession &session)
 
     connect(m_pages, &PageArea::workBegun, &m_status->busy(), &BusyBar::begin);
     connect(m_pages, &PageArea::workEnded, &m_status->busy(), &BusyBar::end);
+    connect(m_pages, &PageArea::pageFailed, this, &MainWindow::problemShown);
     connect(m_pages, &PageArea::pageChosen, &m_session, &ClientSession::select);
     connect(m_navigation, &NavigationView::pageChosen, &m_session, &ClientSession::select);
     connect(&m_session, &ClientSession::pageChanged, this, [this](ClientSession::Page page) {
@@ -159,12 +160,15 @@ void MainWindow::addDocks()
     addDock(QStringLiteral("navigation"), tr("&Navigation"), m_navigation, Qt::LeftDockWidgetArea);
 
     auto *const calls = new CallLogPanel(m_session.calls());
-    connect(calls, &CallLogPanel::saved, this, [this](const QString &file, const QString &error) {
-        if (error.isEmpty()) {
-            statusBar()->showMessage(tr("%1 was written.").arg(file), 5000);
-        } else {
+    connect(calls, &CallLogPanel::saved, this, [this](const QString &file, const QString &error, int leftOut) {
+        if (!error.isEmpty()) {
             showProblem(tr("%1 cannot be written").arg(file), error);
+            return;
         }
+        statusBar()->showMessage(leftOut > 0
+                                     ? tr("%1 was written without %n refused call(s).", nullptr, leftOut).arg(file)
+                                     : tr("%1 was written.").arg(file),
+                                 5000);
     });
     auto *const call = new CallPanel(m_session);
     announce(*calls, m_status->busy());

@@ -26,24 +26,6 @@ QVector<TavSubFuncTypeData_> waysFrom(const TavSubFuncTypeData_ &page, ITavFuncT
     }
     return ways;
 }
-
-/// The page's own widget; null when its controller makes none.
-QWidget *newOwnPage(ITavPage &controller, const TavSubFuncTypeData_ &page)
-{
-    const QString title = PageArea::tr("The page cannot be shown");
-    const QString advice = PageArea::tr("See createPage() of the page's controller.");
-    try {
-        QWidget *const widget = controller.createPage(nullptr);
-        return widget ? widget
-                      : new ProblemView(title, PageArea::tr("%1 made no widget.").arg(page.subFuncClassName), advice);
-    } catch (const std::exception &error) {
-        const QString problem
-            = PageArea::tr("%1 threw: %2").arg(page.subFuncClassName, QString::fromUtf8(error.what()));
-        return new ProblemView(title, problem, advice);
-    } catch (...) {
-        return new ProblemView(title, PageArea::tr("%1 threw.").arg(page.subFuncClassName), advice);
-    }
-}
 }
 
 PageArea::PageArea(ClientSession &session, QWidget *parent) : QStackedWidget(parent), m_session(session)
@@ -82,12 +64,30 @@ QWidget *PageArea::newPage(Page type)
     return frame;
 }
 
+QWidget *PageArea::newOwnPage(ITavPage &controller, const QString &name)
+{
+    QString problem;
+    try {
+        if (QWidget *const widget = controller.createPage(nullptr)) {
+            return widget;
+        }
+        problem = tr("%1 made no widget.").arg(name);
+    } catch (const std::exception &error) {
+        problem = tr("%1 threw: %2").arg(name, QString::fromUtf8(error.what()));
+    } catch (...) {
+        problem = tr("%1 threw.").arg(name);
+    }
+    const QString title = tr("The page cannot be shown");
+    emit pageFailed(title, problem);
+    return new ProblemView(title, problem, tr("See createPage() of the page's controller."));
+}
+
 QWidget *PageArea::newContent(const TavSubFuncTypeData_ &page)
 {
     const QByteArray controllerName = page.subFuncClassName.toUtf8();
     QObject *const object = m_session.host().managerObject(controllerName.constData());
     if (auto *const controller = qobject_cast<ITavPage *>(object)) {
-        return newOwnPage(*controller, page);
+        return newOwnPage(*controller, page.subFuncClassName);
     }
     auto *const content = new ModelPage(
         page.subFuncType, m_session.host().registry(),
@@ -97,9 +97,8 @@ QWidget *PageArea::newContent(const TavSubFuncTypeData_ &page)
         [&session = m_session](const QString &manager, const QString &getter) {
             return session.calls().keys().of(manager, getter);
         });
-    connect(content, &ModelPage::begun, this, [this, content](const QString &text, bool canBeStopped) {
-        emit workBegun(content, text, canBeStopped ? [content] { content->stop(); } : std::function<void()>());
-    });
+    connect(content, &ModelPage::begun, this,
+            [this, content](const QString &text) { emit workBegun(content, text, [content] { content->stop(); }); });
     connect(content, &ModelPage::ended, this, [this, content] { emit workEnded(content); });
     return content;
 }

@@ -8,6 +8,7 @@
 #include <functional>
 
 class ClientSession;
+class ITavPage;
 
 /**
  * @brief The pages that have been opened, of which it shows the newest.
@@ -37,12 +38,16 @@ signals:
     /// A page that stands alone, or the one above it, has been asked for.
     void pageChosen(const TavSubFuncTypeData_ &page);
 
+    /// A page's controller has made no widget, which is shown in the page's place.
+    void pageFailed(const QString &what, const QString &problem);
+
     /// As BusyBar::begin() and BusyBar::end() take it, of any page.
     void workBegun(const QObject *what, const QString &text, const std::function<void()> &stop);
     void workEnded(const QObject *what);
 
 private:
     QWidget *newPage(Page page);
+    QWidget *newOwnPage(ITavPage &controller, const QString &name);
     QWidget *newContent(const TavSubFuncTypeData_ &page);
 
     ClientSession &m_session;

@@ -4,10 +4,12 @@
 #include "ClientSession.h"
 #include "ITavFuncTypeMgr.h"
 #include "MainWindow.h"
+#include "ModelPage.h"
 #include "NavigationTree.h"
 #include "PageArea.h"
 #include "ScenarioPlay.h"
 
+#include <QCoreApplication>
 #include <QDeadlineTimer>
 #include <QDir>
 #include <QDockWidget>
@@ -20,13 +22,15 @@
 
 namespace
 {
-constexpr int settleTime = 400; // milliseconds in which a page reads what it shows
+constexpr int settleTime = 400; // milliseconds in which a page or dock reads what it shows
+constexpr int arrangeTime = 50; // in which a page arranges what it has read
 
 void runLoop(int milliseconds)
 {
     QEventLoop loop;
     QTimer::singleShot(milliseconds, &loop, &QEventLoop::quit);
     loop.exec();
+    QCoreApplication::sendPostedEvents(); // on a busy machine the timer may come before all that was due
 }
 
 /// Runs the event loop until @p sender emits @p signal.
@@ -94,7 +98,13 @@ void PictureTour::open(const TavSubFuncTypeData_ &page)
     if (m_window.pages().openPage() != page.subFuncType) {
         waitFor(m_session, &ClientSession::pageChanged);
     }
-    runLoop(settleTime);
+    // What the managers hold is there when it has been read, which takes as long as it takes; another page knows.
+    if (const auto *const content = m_window.pages().currentWidget()->findChild<ModelPage *>()) {
+        waitFor(*content, &ModelPage::ended);
+        runLoop(arrangeTime);
+    } else {
+        runLoop(settleTime);
+    }
 }
 
 void PictureTour::saveDocks()

@@ -1,10 +1,14 @@
 #pragma once
 
+#include "ReadingNote.h"
+
 #include <QWidget>
 
 class AgentFeeder;
+struct AgentReport;
 class BusyBar;
 class QLabel;
+class QPushButton;
 class Recording;
 class ScenarioPlay;
 
@@ -24,12 +28,15 @@ public:
 
 private:
     void showFeeding();
+    void showNotes(const AgentReport &report);
     void showPlay();
     void showRecording();
 
     AgentFeeder &m_feeder;
     ScenarioPlay &m_play;
     Recording &m_recording;
+    ReadingNotes m_notes; ///< of the last feeding
+    QPushButton *const m_notesButton;
     QLabel *const m_playText;
     QLabel *const m_recordingText;
     BusyBar *const m_busy;

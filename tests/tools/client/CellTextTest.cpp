@@ -40,3 +40,14 @@ TEST(CellText, ShowsAValueByWhatItMeans)
         EXPECT_EQ(CellText::ofKind(row.kind, row.value), row.text);
     }
 }
+
+TEST(CellText, ShowsWhatACodeMeans)
+{
+    const ValueColumn state = ValueColumn::of("Tav.SystemConfig.CommdOnlineState", "state", Kind::Number);
+    EXPECT_EQ(CellText::of(state, 1), "1 (online)");
+    EXPECT_EQ(CellText::of(state, 7), "7") << "a code that nothing documents";
+    EXPECT_EQ(CellText::of(state, QVariant()), "") << "an absent field";
+    const ValueColumn time = ValueColumn::of("Tav.SystemConfig.CommdOnlineState", "round_trip_time", Kind::Number);
+    EXPECT_EQ(CellText::of(time, -1), "-1 (unknown)");
+    EXPECT_EQ(CellText::of(time, 12), "12");
+}

@@ -2,8 +2,10 @@
 
 #include "CellText.h"
 #include "ExtremeValue.h"
+#include "GlobalStateGuard.h"
 #include "ITavAccessControlMgr.h"
 #include "ITavHostInfoMgr.h"
+#include "ITavLineScanMgr.h"
 #include "JsonSchema.h"
 #include "PrintQString.h"
 #include "TavCall.h"
@@ -59,6 +61,7 @@ const ValueTable &tableOf(const QVector<PageValue> &values, const QString &gette
 class PageValues : public testing::Test
 {
 protected:
+    GlobalStateGuard guard;
     TavPluginHost host{TAV_PLUGIN_FILE};
 };
 }
@@ -171,6 +174,17 @@ TEST_F(PageValues, ShowWhatAKeyedTableHoldsUnderOneKey)
             EXPECT_EQ(value.readKeyFrom(host.registry(), {5, false}).constFirst().table->rowCount(), 2);
         }
     }
+}
+
+TEST_F(PageValues, HaveNoCheckItemsBeforeTheManagerHasReadThem)
+{
+    TavGlobalInfoMgr::getInstance()->setSystemRoot(TAV_SOURCE_DIR "/share/demo");
+    const QVector<PageValue> &values = valuesOf(CTavSubFuncTypeHeader::SubFunc_BaselineScan);
+    EXPECT_EQ(tableOf(values, "getItemConfig").rowCount(), 0);
+    host.manager<ITavLineScanMgr>()->loadJsonConfig();
+    const ValueTable &items = tableOf(values, "getItemConfig");
+    EXPECT_GT(items.rowCount(), 0);
+    EXPECT_FALSE(items.cell(0, items.column("name")).toString().isEmpty());
 }
 
 TEST_F(PageValues, ShowTheListsOfAMessageAsTablesOfTheirOwn)

@@ -1,5 +1,6 @@
 #include "ValueTable.h"
 
+#include "Base.pb.h"
 #include "MessageTable.h"
 #include "PrintQString.h"
 #include "RecordTable.h"
@@ -132,4 +133,17 @@ TEST(ValueTable, GivesARowAsOperationsTakeIt)
     const RecordTable<STProtoDataContainer> table(
         QVector<STProtoDataContainer>{STProtoDataContainer{true, 7, "payload"}});
     EXPECT_EQ(TavJson::fromJson<STProtoDataContainer>(table.argument(0)).protoData, "payload");
+}
+
+TEST(ValueTable, TellsTextsApartThatAreNotUtf8WithoutAWord)
+{
+    const auto fingerprintOf = [](const std::string &text) {
+        const auto message = std::make_shared<Tav::Base::CommandStateAsr>();
+        message->set_message(text);
+        return MessageTable(message).fingerprint(0);
+    };
+    testing::internal::CaptureStderr();
+    EXPECT_NE(fingerprintOf("\xff"), fingerprintOf("\xfe"));
+    EXPECT_NE(fingerprintOf(""), MessageTable(std::make_shared<Tav::Base::CommandStateAsr>()).fingerprint(0));
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), "");
 }

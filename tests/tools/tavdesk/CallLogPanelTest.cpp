@@ -1,6 +1,8 @@
 #include "TestWindow.h"
 
 #include "CallLogPanel.h"
+
+#include "CallScenario.h"
 #include "TavScenarioPlayer.h"
 
 #include <QAbstractItemModelTester>
@@ -216,4 +218,30 @@ TEST(CallLogPanel, SaysWhyTheSelectionCannotBeSaved)
                      [&error](const QString &, const QString &told) { error = told; });
     test.panel.save("/proc/no/such/folder.jsonl", test.panel.selectedCalls());
     EXPECT_TRUE(waitUntil([&] { return !error.isEmpty(); }));
+}
+
+TEST(CallLogPanel, SaysHowManyRefusedCallsAreNotSaved)
+{
+    TestPanel test;
+    test.note("getState");
+    LoggedCall refused;
+    refused.error = "out of range";
+    test.log.note(refused);
+    EXPECT_EQ(test.rows(), 2);
+    test.view().selectAll();
+    const QTemporaryDir directory;
+    int told = -1;
+    QObject::connect(&test.panel, &CallLogPanel::saved, &test.panel,
+                     [&told](const QString &, const QString &, int leftOut) { told = leftOut; });
+    test.panel.save(directory.filePath("saved.jsonl"), test.panel.selectedCalls());
+    ASSERT_TRUE(waitUntil([&] { return told >= 0; }));
+    EXPECT_EQ(told, 1);
+}
+
+TEST(CallLogPanel, LeavesNoFileWhenTheWritingIsStopped)
+{
+    const QTemporaryDir directory;
+    const QString file = directory.filePath("saved.jsonl");
+    EXPECT_TRUE(saveAsScenario(file, {LoggedCall()}, true).isStopped);
+    EXPECT_FALSE(QFile::exists(file));
 }

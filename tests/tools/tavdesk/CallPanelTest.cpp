@@ -1,5 +1,6 @@
 #include "TestWindow.h"
 
+#include "CallPanel.h"
 #include "ITavAccessControlMgr.h"
 #include "ITavHostInfoMgr.h"
 #include "ITavOneReinforceMgr.h"
@@ -238,4 +239,19 @@ TEST(PicturePanel, ListsThePicturesOfTheInstallationByTheirKeys)
     EXPECT_EQ(model.rowCount(), 36);
     EXPECT_EQ(model.index(0, 0).data().toString(), "NAVIGATION/ACCESSICON");
     EXPECT_EQ(model.index(0, 1).data().toString(), "48×48");
+}
+
+TEST(CallPanel, DoesNotShowWhatACallReturnsThatNobodyWaitsForAnyMore)
+{
+    TestCalls client;
+    client.choose("ITavNetControlMgr", "getState(");
+    auto *const result = client.named<QPlainTextEdit>("Result");
+    QTest::mouseClick(client.button("Call"), Qt::LeftButton);
+    EXPECT_FALSE(client.button("Call")->isEnabled());
+    client.window->findChild<CallPanel *>()->stop();
+    EXPECT_TRUE(client.button("Call")->isEnabled());
+    EXPECT_TRUE(waitUntil([&client] { return !client.session.calls().from(0).entries.isEmpty(); }));
+    QTest::qWait(50);
+    EXPECT_EQ(result->toPlainText(), "");
+    EXPECT_TRUE(client.resultAfterCall().contains("{")) << "the next one is shown";
 }

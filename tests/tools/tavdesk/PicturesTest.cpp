@@ -12,7 +12,7 @@
 #include <gtest/gtest.h>
 
 #include <future>
-#include <vector>
+#include <memory>
 
 namespace
 {
@@ -37,101 +37,176 @@ int coloursInside(const QImage &picture)
 
 const QStringList onDemo{"--root", TAV_SOURCE_DIR "/share/demo"};
 const QStringList played{"--play", TAV_SOURCE_DIR "/share/scenarios/access-control.jsonl"};
+const QStringList onDisplay{"xvfb-run", "-a", "-s", "-screen 0 1600x1200x24", "env", "QT_QPA_PLATFORM=xcb"};
+
+/// Whether a program can be given a display of its own.
+bool hasDisplay()
+{
+    return !QStandardPaths::findExecutable("xvfb-run").isEmpty() && !QStandardPaths::findExecutable("xauth").isEmpty();
 }
 
-TEST(Pictures, AreSavedOfEachPageEachDockAndTheWindow)
+/// @brief The program while it takes its pictures.
+class Tour
 {
-    const QTemporaryDir directory;
-    const Program desk = runDesk(onDemo + QStringList{"--pictures", directory.path()});
-    EXPECT_EQ(desk.exitCode, 0) << desk.errors.toStdString();
-    const QStringList files = QDir(directory.path()).entryList(QDir::Files);
+public:
+    explicit Tour(const QStringList &arguments, const QStringList &runner = {}, const QString &directory = {})
+        : m_directory(directory.isEmpty() ? m_ownDirectory.path() : directory)
+        , m_desk(std::async(std::launch::async, runDesk,
+                            onDemo + arguments + QStringList{"--pictures", m_directory.path()}, runner)
+                     .share())
+    {
+    }
+
+    /// How it ended; waits for that.
+    const Program &ended() const
+    {
+        return m_desk.get();
+    }
+
+    const QDir &directory() const
+    {
+        return m_directory;
+    }
+
+    QStringList files() const
+    {
+        return m_directory.entryList(QDir::Files);
+    }
+
+private:
+    const QTemporaryDir m_ownDirectory;
+    const QDir m_directory;
+    const std::shared_future<Program> m_desk;
+};
+
+const QByteArray keptSettings = "[window]\ndocks=@ByteArray(kept)\n";
+
+/// The file with the window's settings, written.
+QString withSettings(const QTemporaryDir &config)
+{
+    const QString file = config.filePath("tavsec/tavdesk.conf");
+    writeFile(file, keptSettings);
+    return file;
+}
+
+/// @brief What the tests look at. A tour takes ten seconds, most of which it waits for its pages to be read: all of
+/// them are under way at once.
+struct Tours {
+    const QTemporaryDir config;
+    const QString settings = withSettings(config);
+    const QStringList sharing{"env", "XDG_CONFIG_HOME=" + config.path()};
+    const ScenarioFile broken{"{\"at\": -1}\n"};
+    const Tour plain{{}};
+    const Tour onDisplay{played, ::onDisplay};
+    const Tour first{played, sharing};
+    const Tour second{played, sharing};
+    const Tour unwritable{{}, {}, "/proc/no/such"};
+    const Tour withoutPlugin{{"--plugin", "/nonexistent.so"}};
+    const Tour withoutPage{{"--page", "/nonexistent.so"}};
+    const Tour withBrokenScenario{{"--play", broken.path()}};
+    const Tour withThrowingPage{{"--page", TAV_THROWING_WIDGET_FILE}};
+    const Tour withoutWidget{{"--page", TAV_THROWING_PAGE_FILE}};
+};
+
+class Pictures : public testing::Test
+{
+protected:
+    static void SetUpTestSuite()
+    {
+        tours = std::make_unique<Tours>();
+    }
+
+    static void TearDownTestSuite()
+    {
+        tours.reset();
+    }
+
+    static void expectProblem(const Tour &tour, const char *problem)
+    {
+        EXPECT_EQ(tour.ended().exitCode, 2);
+        EXPECT_TRUE(tour.ended().errors.contains(problem)) << tour.ended().errors.toStdString();
+    }
+
+    static inline std::unique_ptr<Tours> tours;
+};
+}
+
+TEST_F(Pictures, AreSavedOfEachPageEachDockAndTheWindow)
+{
+    const Tour &tour = tours->plain;
+    EXPECT_EQ(tour.ended().exitCode, 0) << tour.ended().errors.toStdString();
+    const QStringList files = tour.files();
     EXPECT_EQ(files.filter("page-").size(), 14) << files.join(' ').toStdString();
     EXPECT_EQ(files.filter("dock-").size(), 7) << files.join(' ').toStdString();
-    EXPECT_EQ(QImage(directory.filePath("window.png")).size(), QSize(1280, 860));
+    EXPECT_EQ(QImage(tour.directory().filePath("window.png")).size(), QSize(1280, 860));
     for (const QString &file : files) {
-        EXPECT_GT(coloursInside(QImage(directory.filePath(file))), 1) << file.toStdString();
+        EXPECT_GT(coloursInside(QImage(tour.directory().filePath(file))), 1) << file.toStdString();
     }
 }
 
-TEST(Pictures, AreTakenOfAWindowOnADisplay)
+TEST_F(Pictures, AreTakenOfAWindowOnADisplay)
 {
-    for (const QString &program : {QStringLiteral("xvfb-run"), QStringLiteral("xauth")}) {
-        if (QStandardPaths::findExecutable(program).isEmpty()) {
-            GTEST_SKIP() << "there is no " << program.toStdString() << ": the window is not tried on a display";
-        }
+    if (!hasDisplay()) {
+        GTEST_SKIP() << "there is no xvfb-run: the window is not tried on a display";
     }
-    const QTemporaryDir directory;
-    const Program desk = runDesk(onDemo + played + QStringList{"--pictures", directory.path()},
-                                 {"xvfb-run", "-a", "-s", "-screen 0 1600x1200x24", "env", "QT_QPA_PLATFORM=xcb"});
+    const Tour &tour = tours->onDisplay;
+    EXPECT_EQ(tour.ended().exitCode, 0) << tour.ended().errors.toStdString();
+    EXPECT_EQ(QImage(tour.directory().filePath("window.png")).size(), QSize(1280, 860));
+}
+
+TEST_F(Pictures, AreTakenByTwoProgramsAtOnceThatShareTheirSettings)
+{
+    for (const Tour *const tour : {&tours->first, &tours->second}) {
+        EXPECT_EQ(tour->ended().exitCode, 0) << tour->ended().errors.toStdString();
+    }
+    EXPECT_EQ(tours->first.files().size(), 22);
+    EXPECT_EQ(tours->first.files(), tours->second.files());
+    EXPECT_EQ(contentOf(tours->settings), keptSettings) << "nobody has moved a window";
+}
+
+TEST_F(Pictures, EndWithTwoWhenTheyCannotBeWritten)
+{
+    expectProblem(tours->unwritable, "cannot be written");
+}
+
+TEST_F(Pictures, EndWithTwoWhenThereIsNoPlugin)
+{
+    expectProblem(tours->withoutPlugin, "/nonexistent.so");
+}
+
+TEST_F(Pictures, EndWithTwoWhenAPageIsRefused)
+{
+    expectProblem(tours->withoutPage, "/nonexistent.so is not shown");
+}
+
+TEST_F(Pictures, EndWithTwoWhenTheScenarioIsBroken)
+{
+    expectProblem(tours->withBrokenScenario, "line 2: /at");
+}
+
+TEST_F(Pictures, GoOnWhenAPageThrowsAndEndWithTwo)
+{
+    expectProblem(tours->withThrowingPage, "ThrowingWidget threw: no light today");
+    EXPECT_TRUE(tours->withThrowingPage.files().contains("window.png"));
+}
+
+TEST_F(Pictures, GoOnWhenAPageCannotBeMadeAndEndWithTwo)
+{
+    expectProblem(tours->withoutWidget, "The page cannot be shown: ");
+    EXPECT_TRUE(tours->withoutWidget.files().contains("window.png"));
+}
+
+TEST(Window, OpensOnADisplayAndEndsTheProgramWhenItIsClosed)
+{
+    if (!hasDisplay()) {
+        GTEST_SKIP() << "there is no xvfb-run: the window is not tried on a display";
+    }
+    const QTemporaryDir config;
+    const Program desk = runDesk(onDemo + played + QStringList{"--page", TAV_CLOSING_PAGE_FILE},
+                                 onDisplay + QStringList{"XDG_CONFIG_HOME=" + config.path()});
     EXPECT_EQ(desk.exitCode, 0) << desk.errors.toStdString();
-    const QImage window(directory.filePath("window.png"));
-    EXPECT_EQ(window.size(), QSize(1280, 860));
-}
-
-TEST(Pictures, AreTakenByTwoProgramsAtOnceThatShareTheirSettings)
-{
-    const QTemporaryDir directory;
-    const QString settings = directory.filePath("config/tavsec/tavdesk.conf");
-    const QByteArray kept = "[window]\ndocks=@ByteArray(kept)\n";
-    writeFile(settings, kept);
-    std::vector<std::future<Program>> desks;
-    for (const QString &name : {QStringLiteral("first"), QStringLiteral("second")}) {
-        desks.push_back(std::async(std::launch::async, [&directory, name] {
-            return runDesk(onDemo + played + QStringList{"--pictures", directory.filePath(name)},
-                           {"env", "XDG_CONFIG_HOME=" + directory.filePath("config")});
-        }));
-    }
-    for (auto &desk : desks) {
-        const Program ended = desk.get();
-        EXPECT_EQ(ended.exitCode, 0) << ended.errors.toStdString();
-    }
-    const auto filesOf
-        = [&directory](const QString &name) { return QDir(directory.filePath(name)).entryList(QDir::Files); };
-    EXPECT_EQ(filesOf("first").size(), 22);
-    EXPECT_EQ(filesOf("first"), filesOf("second"));
-    EXPECT_EQ(contentOf(settings), kept) << "nobody has moved a window";
-}
-
-TEST(Pictures, EndWithTwoWhenTheyCannotBeWritten)
-{
-    const Program desk = runDesk(onDemo + QStringList{"--pictures", "/proc/no/such"});
-    EXPECT_EQ(desk.exitCode, 2);
-    EXPECT_TRUE(desk.errors.contains("cannot be written")) << desk.errors.toStdString();
-}
-
-TEST(Pictures, EndWithTwoWhenThereIsNoPlugin)
-{
-    const QTemporaryDir directory;
-    const Program desk = runDesk(onDemo + QStringList{"--plugin", "/nonexistent.so", "--pictures", directory.path()});
-    EXPECT_EQ(desk.exitCode, 2);
-    EXPECT_TRUE(desk.errors.contains("/nonexistent.so")) << desk.errors.toStdString();
-}
-
-TEST(Pictures, EndWithTwoWhenAPageIsRefused)
-{
-    const QTemporaryDir directory;
-    const Program desk = runDesk(onDemo + QStringList{"--page", "/nonexistent.so", "--pictures", directory.path()});
-    EXPECT_EQ(desk.exitCode, 2);
-    EXPECT_TRUE(desk.errors.contains("/nonexistent.so is not shown")) << desk.errors.toStdString();
-}
-
-TEST(Pictures, EndWithTwoWhenTheScenarioIsBroken)
-{
-    const QTemporaryDir directory;
-    const ScenarioFile broken("{\"at\": -1}\n");
-    const Program desk = runDesk(onDemo + QStringList{"--play", broken.path(), "--pictures", directory.path()});
-    EXPECT_EQ(desk.exitCode, 2);
-    EXPECT_TRUE(desk.errors.contains("line 2: /at")) << desk.errors.toStdString();
-}
-
-TEST(Pictures, GoOnWhenAPageThrowsAndEndWithTwo)
-{
-    const QTemporaryDir directory;
-    const Program desk
-        = runDesk(onDemo + QStringList{"--page", TAV_THROWING_WIDGET_FILE, "--pictures", directory.path()});
-    EXPECT_EQ(desk.exitCode, 2);
-    EXPECT_TRUE(desk.errors.contains("ThrowingWidget threw: no light today")) << desk.errors.toStdString();
-    EXPECT_TRUE(QFile::exists(directory.filePath("window.png")));
+    EXPECT_TRUE(contentOf(config.filePath("tavsec/tavdesk.conf")).contains("place="))
+        << "where the window was is kept for the next start";
 }
 
 TEST(CommandLine, IsExplainedAndMistakesAreNamed)

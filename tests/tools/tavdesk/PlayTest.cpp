@@ -7,6 +7,7 @@
 #include <QDropEvent>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QRegularExpression>
 #include <QSlider>
 
 namespace
@@ -146,15 +147,30 @@ TEST(Play, GoesToTheLastOfThePlacesThatWereAskedForAtOnce)
     EXPECT_EQ(test.play().position(), hour + 1);
 }
 
-TEST(Play, BeginsAgainAtItsEndFromTheNextBeginningOnOnly)
+TEST(Play, DoesNotFallBackToTheCallThatWasMadeLast)
 {
     TestPlay test(distantStates);
+    test.play().setLooped(true);
     test.play().seek(hour + 1);
     test.play().play();
     EXPECT_TRUE(waitUntil([&] { return test.heldState() == 2; }));
-    test.play().setLooped(true);
     QTest::qWait(200);
-    EXPECT_EQ(test.play().position(), hour + 1) << "it does not fall back to the call that was made last";
+    EXPECT_EQ(test.play().position(), hour + 1);
+}
+
+TEST(Play, BeginsAgainAtItsEndWhenThatIsAskedForWhileItPlays)
+{
+    TestPlay test;
+    test.play().setSpeed(10);
+    test.action("Play")->trigger();
+    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 1; }));
+    test.action("Loop")->trigger();
+    EXPECT_TRUE(waitUntil([&] { return test.play().turn() == 3; }));
+    EXPECT_TRUE(labelTexts(*test.window).contains(QRegularExpression(": [0-3] of 3 call.*, turn 3\n")))
+        << labelTexts(*test.window).toStdString();
+    test.action("Loop")->trigger();
+    EXPECT_TRUE(test.waitForState(State::Ready)) << "it ends with the turn under way";
+    EXPECT_EQ(test.play().linesPlayed(), 3);
 }
 
 TEST(Play, StopsAndBeginsAgain)
@@ -214,4 +230,18 @@ TEST(Play, SaysWhichLineHasEndedThePlay)
     QMessageBox *box = nullptr;
     ASSERT_TRUE(waitUntil([&] { return (box = test.window->findChild<QMessageBox *>()) != nullptr; }));
     EXPECT_TRUE(box->informativeText().contains("line 2"));
+}
+
+TEST(Play, IsReadyAgainAtOnceWhenNobodyWaitsForItsLastCalls)
+{
+    TestPlay test;
+    test.play().play();
+    test.play().stop();
+    EXPECT_EQ(test.play().state(), State::Stopping);
+    test.play().leave();
+    EXPECT_EQ(test.play().state(), State::Ready);
+    test.play().setSpeed(TavPlayOptions::fastest);
+    test.play().play();
+    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 3; }));
+    EXPECT_TRUE(test.waitForState(State::Ready));
 }

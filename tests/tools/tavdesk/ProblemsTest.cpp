@@ -36,6 +36,13 @@ DeskOptions optionsFor(const QString &plugin)
     return options;
 }
 
+/// The findings of the catalogue, once they are there; null when they do not come.
+FindingsDialog *findingsOf(const TestWindow &client)
+{
+    waitUntil([&client] { return client.window->findChild<FindingsDialog *>() != nullptr; });
+    return client.window->findChild<FindingsDialog *>();
+}
+
 /// The one top-level widget of this class; null when there is none.
 template<class Widget>
 Widget *topLevel()
@@ -105,7 +112,7 @@ TEST(Problems, TheCatalogueIsBrokenAndTheFindingsStandBehindAButton)
     auto *const button = client.window->pages().findChild<QPushButton *>();
     ASSERT_TRUE(button);
     QTest::mouseClick(button, Qt::LeftButton);
-    auto *const dialog = client.window->findChild<FindingsDialog *>();
+    FindingsDialog *const dialog = findingsOf(client);
     ASSERT_TRUE(dialog);
     EXPECT_TRUE(dialog->isVisible());
     EXPECT_GT(dialog->findChild<QTreeWidget *>()->topLevelItemCount(), 0);
@@ -133,7 +140,7 @@ TEST(Problems, TheFindingsOfACatalogueWithPagesStandInTheMenu)
     const TestWindow client(root.path());
     EXPECT_TRUE(client.entry(CTavSubFuncTypeHeader::SubFunc_LogAudit).isValid());
     client.action("Findings in the Catalogue…")->trigger();
-    auto *const dialog = client.window->findChild<FindingsDialog *>();
+    FindingsDialog *const dialog = findingsOf(client);
     ASSERT_TRUE(dialog);
     EXPECT_GT(dialog->findChild<QTreeWidget *>()->topLevelItemCount(), 0);
 }
@@ -142,7 +149,7 @@ TEST(Problems, ACatalogueWithoutFindingsIsSaidToHaveNone)
 {
     const TestWindow client;
     client.action("Findings in the Catalogue…")->trigger();
-    auto *const dialog = client.window->findChild<FindingsDialog *>();
+    FindingsDialog *const dialog = findingsOf(client);
     ASSERT_TRUE(dialog);
     EXPECT_TRUE(labelTexts(*dialog).contains("nothing was found")) << labelTexts(*dialog).toStdString();
     EXPECT_EQ(dialog->findChild<QTreeWidget *>()->topLevelItemCount(), 0);

@@ -54,6 +54,22 @@ TEST(Recording, SaysWhenTheFileCannotBeWritten)
     EXPECT_EQ(client.window->recording().state(), State::Off);
 }
 
+TEST(Recording, IsNotOnWhenNobodyHasWaitedForItsBeginning)
+{
+    const TestWindow client;
+    const QTemporaryDir directory;
+    Recording &recording = client.window->recording();
+    recording.begin(directory.filePath("left.jsonl"));
+    recording.leave();
+    EXPECT_EQ(recording.state(), State::Off);
+    recording.begin(directory.filePath("next.jsonl"));
+    EXPECT_TRUE(waitUntil([&recording] { return recording.state() == State::On; }));
+    EXPECT_TRUE(recording.file().endsWith("next.jsonl"));
+    recording.end();
+    recording.leave();
+    EXPECT_EQ(recording.state(), State::Off) << "the file is ended by itself";
+}
+
 TEST(Feeding, BeginsWithItsKeyWhereverTheFocusIs)
 {
     const TestWindow client;

@@ -1,11 +1,14 @@
 #include "CatalogueProblem.h"
 #include "CellText.h"
 #include "FactsForm.h"
+#include "FindingsDialog.h"
 #include "InterfaceLanguage.h"
 #include "PageValues.h"
 #include "PrintQString.h"
 #include "ProblemView.h"
 #include "Program.h"
+#include "RecordForm.h"
+#include "ScenarioPlay.h"
 #include "TavEvents.h"
 #include "TestWindow.h"
 #include "TextFile.h"
@@ -15,6 +18,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QMetaEnum>
 #include <QPushButton>
 #include <QRegularExpression>
@@ -144,6 +148,18 @@ void lookAtAll(const TestWindow &client, Look look)
     }
 }
 
+/// The box that says that a scenario cannot be played.
+QMessageBox *newProblemBox(const TestWindow &client)
+{
+    client.window->play().open(QStringLiteral("/nonexistent/with-a-long-name/and-a-longer-one/scenario.jsonl"));
+    QMessageBox *box = nullptr;
+    EXPECT_TRUE(waitUntil([&] {
+        box = client.window->findChild<QMessageBox *>();
+        return box && box->isVisible();
+    }));
+    return box;
+}
+
 /// Whether the whole text has room in the widget that shows it.
 bool isWhole(const QLabel &label)
 {
@@ -197,18 +213,34 @@ QKeySequence mnemonicOf(const QWidget &widget)
     return label && label->buddy() ? QKeySequence::mnemonic(label->text()) : QKeySequence();
 }
 
-/// The names of fields that have a translation, in words.
-QStringList translatedFields()
+/// The texts of the tables that have a translation in this context.
+QStringList translatedTexts(const QString &context)
 {
     QFile file(catalogues + "fields_zh_CN.ts");
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
-    QStringList names;
+    QStringList texts;
+    QString inContext;
     for (QXmlStreamReader reader(&file); !reader.atEnd();) {
-        if (reader.readNextStartElement() && reader.name() == QLatin1String("source")) {
-            names.append(reader.readElementText());
+        if (!reader.readNextStartElement()) {
+            continue;
+        }
+        if (reader.name() == QLatin1String("name")) {
+            inContext = reader.readElementText();
+        } else if (reader.name() == QLatin1String("source") && inContext == context) {
+            texts.append(reader.readElementText());
         }
     }
-    return names;
+    return texts;
+}
+
+void expectTranslated(const QStringList &texts, const QString &context)
+{
+    const QStringList translated = translatedTexts(context);
+    const QSet<QString> shown(texts.begin(), texts.end());
+    const QSet<QString> known(translated.begin(), translated.end());
+    EXPECT_EQ((shown - known).values(), QStringList()) << "shown without a translation";
+    EXPECT_EQ((known - shown).values(), QStringList()) << "translated and never shown";
+    EXPECT_EQ(known.size(), translated.size()) << "translated twice";
 }
 }
 
@@ -230,29 +262,28 @@ TEST(Translation, KnowsEveryTextOfTheSources)
     }
 }
 
-TEST(Translation, KnowsEveryFieldThatPagesShow)
+TEST(Translation, KnowsEveryFieldAndCodeThatPagesShow)
 {
-    const TestWindow window;
+    TestWindow window;
     QStringList names;
+    QStringList meanings;
     const auto pages = QMetaEnum::fromType<CTavSubFuncTypeHeader::TavSubFuncTypeHeader_>();
     for (int i = 0; i < pages.keyCount(); ++i) {
         for (const PageValue &value : valuesOf(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_(pages.value(i)))) {
-            const QVector<PartTable> parts = value.read();
+            const QVector<PartTable> parts
+                = value.readKeysFrom ? value.readKeysFrom(window.session.host().registry(), {}) : value.read();
             for (const PartTable &part : parts) {
                 names += part.part.isEmpty() ? QString() : ValueColumn{part.part, {}}.title();
                 for (const ValueColumn &column : part.table->columns()) {
                     names += column.title().split(QStringLiteral(": "));
+                    meanings += column.meanings.values();
                 }
             }
         }
     }
     names.removeAll(QString());
-    const QStringList translated = translatedFields();
-    const QSet<QString> shown(names.begin(), names.end());
-    const QSet<QString> known(translated.begin(), translated.end());
-    EXPECT_EQ((shown - known).values(), QStringList()) << "shown without a translation";
-    EXPECT_EQ((known - shown).values(), QStringList()) << "translated and never shown";
-    EXPECT_EQ(known.size(), translated.size()) << "translated twice";
+    expectTranslated(names, "Fields");
+    expectTranslated(meanings, "CodeMeanings");
 }
 
 TEST(Translation, KnowsEveryUnit)
@@ -263,6 +294,24 @@ TEST(Translation, KnowsEveryUnit)
         EXPECT_FALSE(unit.contains(QRegularExpression("[a-z]"))) << unit.toStdString();
     }
     EXPECT_FALSE(CellText::ofKind(TavFields::Kind::Size, 0).contains("bytes"));
+    const RecordForm form("info", *recordTypeOf("STResourceInfoAsr"));
+    EXPECT_FALSE(labelTexts(form).contains("bytes"));
+}
+
+TEST(Translation, ReachesWhatIsWrongWithAPlugin)
+{
+    setInterfaceLanguage(QLocale(QLocale::Chinese, QLocale::China));
+    for (const QString &file : {QStringLiteral("/nonexistent/plugin.so"), QStringLiteral("/"),
+                                QStringLiteral(TAV_SOURCE_DIR "/README.md"), QStringLiteral(TAV_OTHER_PLUGIN_FILE)}) {
+        try {
+            const TavPluginHost host(file);
+            ADD_FAILURE() << file.toStdString() << " is taken";
+        } catch (const TavPluginError &error) {
+            for (const QString &text : {error.problem(), error.effect(), error.advice()}) {
+                EXPECT_TRUE(text.contains(QRegularExpression("\\p{Han}"))) << text.toStdString();
+            }
+        }
+    }
 }
 
 TEST(Translation, ReachesEveryTextOfTheWindow)
@@ -285,10 +334,17 @@ TEST(Translation, ReachesEveryTextOfTheWindow)
         lookAtAll(client, look);
         showCatalogueFindings(client.window.get());
         look(*client.window);
+        ASSERT_TRUE(waitUntil([&] { return client.window->findChild<FindingsDialog *>() != nullptr; }));
+        look(*client.window);
         const QTemporaryDir root;
         TavGlobalInfoMgr::getInstance()->setSystemRoot(root.path());
         const std::unique_ptr<QWidget> problem(newCatalogueProblem(nullptr));
         look(*problem);
+        QMessageBox *const box = newProblemBox(client);
+        ASSERT_TRUE(box);
+        box->setInformativeText({}); // the scenario's own problem, as tavctl tells it
+        QTest::qWait(0);
+        look(*box);
     }
     QCoreApplication::removeTranslator(&marking);
 }
@@ -322,6 +378,10 @@ TEST(Translation, IsNotCutOff)
         cut.unite(QSet<QString>(texts.begin(), texts.end()));
     });
     EXPECT_EQ(cut.values(), QStringList());
+    const QMessageBox *const box = newProblemBox(client);
+    ASSERT_TRUE(box);
+    EXPECT_TRUE(box->text().startsWith(QStringLiteral("无法播放 /"))) << box->text().toStdString();
+    EXPECT_EQ(cutTexts(*box), QStringList());
 }
 
 TEST(Translation, KeepsEachLetterWithAltForOnePlace)

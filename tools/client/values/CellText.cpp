@@ -83,6 +83,15 @@ QString CellText::ofKind(TavFields::Kind kind, const QVariant &value)
     return value.toString();
 }
 
+QString CellText::of(const ValueColumn &column, const QVariant &value)
+{
+    const QString text = ofKind(column.kind, value);
+    const QString meaning = value.isValid() ? column.meanings.value(value.toLongLong()) : QString();
+    return meaning.isEmpty()
+        ? text
+        : QString("%1 (%2)").arg(text, QCoreApplication::translate("CodeMeanings", meaning.toUtf8().constData()));
+}
+
 QString CellText::unitOf(TavFields::Kind kind)
 {
     // Named here for the translation.

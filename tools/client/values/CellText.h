@@ -1,15 +1,15 @@
 #pragma once
 
-#include "TavFields.h"
-
-#include <QString>
-#include <QVariant>
+#include "ValueTable.h"
 
 /// Values as the tables of a page show them, in the language of the interface.
 namespace CellText
 {
 /// A field's value, by what it means; nothing for one that is absent.
 QString ofKind(TavFields::Kind kind, const QVariant &value);
+
+/// A cell of @p column: as ofKind(), and behind a code what it means, "1 (online)".
+QString of(const ValueColumn &column, const QVariant &value);
 
 /// The unit of a field's raw values; empty for one without.
 QString unitOf(TavFields::Kind kind);

@@ -39,34 +39,65 @@ bool isMessageList(const FieldDescriptor *field)
     return field->is_repeated() && field->cpp_type() == FieldDescriptor::CPPTYPE_MESSAGE;
 }
 
-/// The value of a field; @p index tells the entry of a list and is -1 for a single field.
-QVariant valueOf(const Message &message, const FieldDescriptor *field, int index)
+/// What @p take makes of the value of a field; @p index tells the entry of a list and is -1 for a single field.
+template<class Take>
+auto valueOf(const Message &message, const FieldDescriptor *field, int index, Take take)
 {
     const auto &reflection = *message.GetReflection();
     const bool isEntry = index >= 0;
     switch (field->cpp_type()) {
     case FieldDescriptor::CPPTYPE_INT32:
-        return isEntry ? reflection.GetRepeatedInt32(message, field, index) : reflection.GetInt32(message, field);
+        return take(isEntry ? reflection.GetRepeatedInt32(message, field, index) : reflection.GetInt32(message, field));
     case FieldDescriptor::CPPTYPE_INT64:
-        return qint64(isEntry ? reflection.GetRepeatedInt64(message, field, index)
-                              : reflection.GetInt64(message, field));
+        return take(
+            qint64(isEntry ? reflection.GetRepeatedInt64(message, field, index) : reflection.GetInt64(message, field)));
     case FieldDescriptor::CPPTYPE_UINT32:
-        return isEntry ? reflection.GetRepeatedUInt32(message, field, index) : reflection.GetUInt32(message, field);
+        return take(isEntry ? reflection.GetRepeatedUInt32(message, field, index)
+                            : reflection.GetUInt32(message, field));
     case FieldDescriptor::CPPTYPE_UINT64:
-        return quint64(isEntry ? reflection.GetRepeatedUInt64(message, field, index)
-                               : reflection.GetUInt64(message, field));
+        return take(quint64(isEntry ? reflection.GetRepeatedUInt64(message, field, index)
+                                    : reflection.GetUInt64(message, field)));
     case FieldDescriptor::CPPTYPE_BOOL:
-        return isEntry ? reflection.GetRepeatedBool(message, field, index) : reflection.GetBool(message, field);
+        return take(isEntry ? reflection.GetRepeatedBool(message, field, index) : reflection.GetBool(message, field));
     case FieldDescriptor::CPPTYPE_STRING: {
         std::string scratch;
-        return QString::fromStdString(isEntry ? reflection.GetRepeatedStringReference(message, field, index, &scratch)
-                                              : reflection.GetStringReference(message, field, &scratch));
+        return take(isEntry ? reflection.GetRepeatedStringReference(message, field, index, &scratch)
+                            : reflection.GetStringReference(message, field, &scratch));
     }
     default:
-        return QString::fromStdString(
+        return take(
             (isEntry ? reflection.GetRepeatedMessage(message, field, index) : reflection.GetMessage(message, field))
                 .ShortDebugString());
     }
+}
+
+QVariant variantOf(const Message &message, const FieldDescriptor *field, int index)
+{
+    return valueOf(message, field, index, [](const auto &value) -> QVariant {
+        if constexpr (std::is_same_v<std::decay_t<decltype(value)>, std::string>) {
+            return QString::fromStdString(value);
+        } else {
+            return value;
+        }
+    });
+}
+
+template<class Number>
+void append(std::string &bytes, Number number)
+{
+    bytes.append(reinterpret_cast<const char *>(&number), sizeof number);
+}
+
+void appendValue(std::string &bytes, const Message &message, const FieldDescriptor *field, int index)
+{
+    valueOf(message, field, index, [&bytes](const auto &value) {
+        if constexpr (std::is_same_v<std::decay_t<decltype(value)>, std::string>) {
+            append(bytes, value.size()); // so that its end is not taken for the beginning of the next
+            bytes.append(value);
+        } else {
+            append(bytes, value);
+        }
+    });
 }
 
 template<class Path>
@@ -149,28 +180,53 @@ int MessageTable::rowCount() const
     return static_cast<int>(m_rows.size());
 }
 
-QVariant MessageTable::cell(int row, int column) const
+const MessageTable::Message &MessageTable::holderOf(const Path &path, int row) const
 {
     const Message *message = m_rows[std::size_t(row)];
-    const Path &path = m_paths[std::size_t(column)];
     for (std::size_t i = 0; i + 1 < path.size(); ++i) {
         message = &message->GetReflection()->GetMessage(*message, path[i]);
     }
+    return *message;
+}
+
+QVariant MessageTable::cell(int row, int column) const
+{
+    const Path &path = m_paths[std::size_t(column)];
+    const Message &message = holderOf(path, row);
     const Field *const field = path.back();
     if (!field->is_repeated()) {
-        return message->GetReflection()->HasField(*message, field) ? valueOf(*message, field, -1) : QVariant();
+        return message.GetReflection()->HasField(message, field) ? variantOf(message, field, -1) : QVariant();
     }
     QVariantList entries;
-    for (int i = 0; i < message->GetReflection()->FieldSize(*message, field); ++i) {
-        entries.append(valueOf(*message, field, i));
+    for (int i = 0; i < message.GetReflection()->FieldSize(message, field); ++i) {
+        entries.append(variantOf(message, field, i));
     }
     return entries;
 }
 
 quint64 MessageTable::fingerprint(int row) const
 {
-    // Our messages hold no maps, so equal ones have the same bytes.
-    return std::hash<std::string>()(m_rows[std::size_t(row)]->SerializeAsString());
+    // Not of the serialised row: protobuf complains on standard error of each text in it that is not UTF-8.
+    std::string bytes;
+    for (const Path &path : m_paths) {
+        const Message &message = holderOf(path, row);
+        const Field *const field = path.back();
+        const auto &reflection = *message.GetReflection();
+        if (field->is_repeated()) {
+            const int size = reflection.FieldSize(message, field);
+            append(bytes, size);
+            for (int i = 0; i < size; ++i) {
+                appendValue(bytes, message, field, i);
+            }
+            continue;
+        }
+        const bool isThere = reflection.HasField(message, field);
+        append(bytes, isThere);
+        if (isThere) {
+            appendValue(bytes, message, field, -1);
+        }
+    }
+    return std::hash<std::string>()(bytes);
 }
 
 QJsonObject MessageTable::argument(int row) const

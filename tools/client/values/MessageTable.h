@@ -30,6 +30,7 @@ private:
     using Path = std::vector<const Field *>;
 
     MessageTable(std::shared_ptr<const Message> whole, const Field *list, const std::vector<Path> &paths);
+    const Message &holderOf(const Path &path, int row) const; ///< the message that has the field at the path's end
     static std::vector<Path> pathsIn(const google::protobuf::Descriptor *type);
 
     const std::shared_ptr<const Message> m_whole;

@@ -13,6 +13,19 @@ struct CheckedLevel {
     int level; ///< -1 for none
 };
 
+/// @brief How many objects a manager counts under a key, which is not part of what its getter returns.
+struct ObjectCount {
+    bool flag;
+    int key;
+    int count;
+};
+
+template<>
+struct TavFields::Table<ObjectCount> {
+    static constexpr auto list = std::tuple{field<&ObjectCount::flag>("flag"), field<&ObjectCount::key>("key"),
+                                            field<&ObjectCount::count>("count")};
+};
+
 template<>
 struct TavFields::Table<CheckedLevel> {
     static constexpr auto list = std::tuple{field<&CheckedLevel::level>("level")};
@@ -116,9 +129,35 @@ QVector<PartTable> readBaselineItems(ITavObjectMgr &registry)
     QVector<STBLEnableConfig> items;
     const QVector<int> ids = BaselineList::idsOf(BaselineList::read());
     for (const int id : ids) {
-        items.append(manager->getItemConfig(id));
+        if (const STBLEnableConfig item = manager->getItemConfig(id); item.itemId == id) {
+            items.append(item); // otherwise the manager has none yet and has answered with an empty one
+        }
     }
     return tablesOf(items);
+}
+
+QVector<PartTable> readObjectCounts(ITavObjectMgr &registry, const QVector<QJsonArray> &keys)
+{
+    auto *const manager = managerIn<ITavAccessControlMgr>(registry);
+    if (!manager) {
+        return {};
+    }
+    QVector<ObjectCount> counts;
+    for (const QJsonArray &set : keys) {
+        const bool flag = set[0].toBool();
+        const int key = set[1].toInt();
+        counts.append({flag, key, manager->getObjectCount(flag, key)});
+    }
+    return tablesOf(counts);
+}
+
+/// Counts that can be asked for key by key only: who knows no keys sees none.
+PageValue objectCounts(const char *title)
+{
+    PageValue counts{title, qobject_interface_iid<ITavAccessControlMgr *>(), "getObjectCount",
+                     [](ITavObjectMgr &) { return QVector<PartTable>(); }};
+    counts.readKeysFrom = readObjectCounts;
+    return counts;
 }
 
 using Page = CTavSubFuncTypeHeader;
@@ -203,6 +242,7 @@ QHash<int, QVector<PageValue>> allPages()
             keyedValue<overload<QVector<STObjectDetailAsr>()>(&Access::getObjectDetail),
                        overload<QVector<STObjectDetailAsr>(int, bool)>(&Access::getObjectDetail)>(
                 QT_TRANSLATE_NOOP("PageValues", "Object details")),
+            objectCounts(QT_TRANSLATE_NOOP("PageValues", "Object counts")),
             value<&Access::getUIObjectData>(QT_TRANSLATE_NOOP("PageValues", "Object levels")).exclusive(),
             value<&Access::getCheckObjectLevel>(QT_TRANSLATE_NOOP("PageValues", "Checked object level")),
         }},

@@ -31,6 +31,10 @@ struct PageValue {
     /// Calls the getter for one key, which must be one that was set: the manager would insert any other.
     QVector<PartTable> (*readKeyFrom)(ITavObjectMgr &registry, const QJsonArray &key) = nullptr;
 
+    /// Calls the getter for each of these keys, which must have been set, in place of readFrom: of a manager that can
+    /// be asked for one key only.
+    QVector<PartTable> (*readKeysFrom)(ITavObjectMgr &registry, const QVector<QJsonArray> &keys) = nullptr;
+
     /// From the client's current registry.
     QVector<PartTable> read() const
     {

@@ -7,8 +7,7 @@ using TavOperations::overload;
 
 namespace
 {
-/// The manager keeps two tables of objects and tells them by a flag: true for files, false for all other objects.
-constexpr bool filesTable = true;
+constexpr bool filesTable = bool(TavAccessObjects::Table::Files);
 constexpr qint32 fileType = 1;
 
 QVector<STPriAddUIData> rowsOf(const QVector<UserReader::User> &users)

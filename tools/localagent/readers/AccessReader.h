@@ -5,20 +5,17 @@
 #include "STAccessSetUIData.h"
 #include "STObjectDetailAsr.h"
 #include "STPriDetailAsr.h"
+#include "TavAccessObjects.h"
 #include "UserReader.h"
 
 #include <QString>
 #include <QVector>
 
-/**
- * @brief Sorts the host's users and key files into access levels by what the system itself lets them do.
- *
- * Principals: 3: the superuser, 2: in a group of administrators, 1: may log in, 0: all others. Objects: 3: for the
- * owner alone, 2: the group may read, 1: everybody may read, 0: everybody may write.
- */
+/// @brief Sorts the host's users and key files into the access levels of TavAccessObjects, by what the system itself
+/// lets them do.
 namespace AccessReader
 {
-constexpr int maxLevel = 3; ///< the lowest is 0
+constexpr int maxLevel = int(TavAccessObjects::Key::Highest); ///< the lowest is 0
 
 int principalLevel(const UserReader::User &user);
 

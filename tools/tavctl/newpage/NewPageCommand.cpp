@@ -174,6 +174,7 @@ ExitCode writeNewPage(const NewPageOptions &options)
 
     const QHash<QString, QString> files{
         {"CMakeLists.txt", "CMakeLists.txt.in"},
+        {".clang-tidy", "clang-tidy.in"},
         {".gitignore", "gitignore.in"},
         {options.name + "Controller.cpp", "Controller.cpp.in"},
         {options.name + "Controller.h", "Controller.h.in"},

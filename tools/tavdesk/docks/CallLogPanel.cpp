@@ -77,9 +77,17 @@ QVector<LoggedCall> CallLogPanel::selectedCalls() const
 void CallLogPanel::save(const QString &file, const QVector<LoggedCall> &calls)
 {
     emit begun(tr("Writing the calls"));
-    m_writer.post([file, calls] { return saveAsScenario(file, calls); },
-                  [this, file](const QString &error) {
+    m_isStopped = std::make_shared<std::atomic<bool>>(false);
+    m_writer.post([file, calls, isStopped = m_isStopped] { return saveAsScenario(file, calls, *isStopped); },
+                  [this, file](const SavedCalls &calls) {
                       emit ended();
-                      emit saved(file, error);
+                      if (!calls.isStopped) {
+                          emit saved(file, calls.error, calls.leftOut);
+                      }
                   });
+}
+
+void CallLogPanel::stop()
+{
+    *m_isStopped = true;
 }

@@ -4,6 +4,7 @@
 #include "ClientSession.h"
 #include "ITavPicResourceMgr.h"
 #include "ValueText.h"
+#include "WaitCursor.h"
 
 #include <QComboBox>
 #include <QFontDatabase>
@@ -234,7 +235,10 @@ void CallPanel::call(const QString &operation, const std::function<QJsonArray()>
                      std::function<void(const Outcome &)> done)
 {
     const QString manager = m_managers->currentText();
-    const auto finish = [this, done = std::move(done)](const Outcome &outcome) {
+    const auto finish = [this, number = ++m_begun, done = std::move(done)](const Outcome &outcome) {
+        if (number != m_begun) {
+            return; // nobody waits for it any more
+        }
         m_call->setEnabled(true);
         emit ended();
         if (outcome.problem.isEmpty()) {
@@ -247,12 +251,22 @@ void CallPanel::call(const QString &operation, const std::function<QJsonArray()>
         return outcomeOf<Outcome>(session, manager, operation, arguments);
     };
     if (manager == QLatin1String(qobject_interface_iid<ITavPicResourceMgr *>())) {
+        const WaitCursor waiting;
         finish(make()); // this manager alone belongs to the GUI thread
         return;
     }
     m_call->setEnabled(false);
     emit begun(tr("Calling %1").arg(operation));
     m_caller.post(make, finish);
+}
+
+void CallPanel::stop()
+{
+    ++m_begun;
+    m_call->setEnabled(true);
+    m_outcome->setText(tr("The call goes on, and the next one begins behind it. What it returns is not shown."));
+    m_result->clear();
+    emit ended();
 }
 
 void CallPanel::showResult(const Outcome &outcome)

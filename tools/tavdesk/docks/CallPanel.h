@@ -23,6 +23,10 @@ public:
     /// @p session outlives the panel.
     explicit CallPanel(ClientSession &session, QWidget *parent = nullptr);
 
+    /// Waits no longer for the call under way, which nothing can break off: the manager ends it, and what it returns is
+    /// not shown.
+    void stop();
+
 signals:
     void begun(const QString &text);
     void ended();
@@ -55,5 +59,6 @@ private:
     QPushButton *m_call = nullptr;
     QLabel *m_outcome = nullptr;
     QPlainTextEdit *m_result = nullptr;
+    int m_begun = 0; ///< number of the call that is waited for, or was last
     TavWorker m_caller;
 };

@@ -5,24 +5,40 @@
 #include "PictureCheck.h"
 
 #include <QGuiApplication>
-#include <QJsonArray>
 
 PictureModel::PictureModel(ClientSession &session, QObject *parent) : QAbstractTableModel(parent), m_session(session)
 {
 }
 
-void PictureModel::append(const QStringList &directories)
+// A directory may add pictures, and take the place of others, anywhere in the order of the keys.
+void PictureModel::update()
 {
-    for (const QString &directory : directories) {
-        m_session.call(QLatin1String(qobject_interface_iid<ITavPicResourceMgr *>()),
-                       QStringLiteral("appendPicResourcePath"), QJsonArray{directory});
-        m_directories.removeAll(directory);
-        m_directories.append(directory);
-    }
     const QVector<Row> rows = readRows();
-    beginResetModel(); // a directory may take the place of pictures anywhere
-    m_rows = rows;
-    endResetModel();
+    int row = 0;
+    for (const Row &wanted : rows) {
+        while (row < m_rows.size() && m_rows[row].key < wanted.key) {
+            remove(row);
+        }
+        if (row == m_rows.size() || m_rows[row].key != wanted.key) {
+            beginInsertRows({}, row, row);
+            m_rows.insert(row, wanted);
+            endInsertRows();
+        } else if (!(m_rows[row] == wanted)) {
+            m_rows[row] = wanted;
+            emit dataChanged(index(row, 0), index(row, ColumnCount - 1));
+        }
+        ++row;
+    }
+    while (row < m_rows.size()) {
+        remove(row);
+    }
+}
+
+void PictureModel::remove(int row)
+{
+    beginRemoveRows({}, row, row);
+    m_rows.removeAt(row);
+    endRemoveRows();
 }
 
 int PictureModel::rowCount(const QModelIndex &parent) const
@@ -73,13 +89,13 @@ QVector<PictureModel::Row> PictureModel::readRows() const
     const int largest = qRound(largestThumbnail * ratio);
     ITavPicResourceMgr &pictures = *m_session.host().manager<ITavPicResourceMgr>();
     QMap<QString, Row> rows; // of several files with one key, the last one is held
-    const QVector<PictureFile> files = listPictures(m_directories).files;
+    const QVector<PictureFile> files = listPictures(m_session.calls().pictureDirectories().all()).files;
     for (const PictureFile &file : files) {
         const std::shared_ptr<QImage> image = pictures.getImageRef(file.directory, file.name);
         if (!image) {
             continue; // came after the directory was loaded
         }
-        Row row{file.key(), file.file, image->size(), {}};
+        Row row{file.key(), file.file, image->size(), image->cacheKey(), {}};
         if (!image->isNull()) {
             const bool isLarge = image->width() > largestThumbnail || image->height() > largestThumbnail;
             row.thumbnail = QPixmap::fromImage(

@@ -6,7 +6,8 @@
 
 class ClientSession;
 
-/// @brief The pictures that the picture manager holds of the directories that were appended. GUI thread.
+/// @brief The pictures that the picture manager holds of the directories that were appended, whoever did so. GUI
+/// thread.
 class PictureModel : public QAbstractTableModel
 {
     Q_OBJECT
@@ -18,14 +19,8 @@ public:
     /// @p session outlives the model.
     explicit PictureModel(ClientSession &session, QObject *parent = nullptr);
 
-    /// Has the manager load the directories, and shows their pictures; once more, with what it holds by then.
-    void append(const QStringList &directories);
-
-    /// The directories that were appended, each once.
-    const QStringList &directories() const
-    {
-        return m_directories;
-    }
+    /// Shows what the manager holds by now.
+    void update();
 
     int rowCount(const QModelIndex &parent = {}) const override;
     int columnCount(const QModelIndex &parent = {}) const override;
@@ -37,12 +32,18 @@ private:
         QString key;
         QString file;
         QSize size; ///< empty for a file that is no picture
+        qint64 image; ///< which picture it is
         QPixmap thumbnail;
+
+        bool operator==(const Row &other) const
+        {
+            return key == other.key && file == other.file && image == other.image;
+        }
     };
 
     QVector<Row> readRows() const;
+    void remove(int row);
 
     ClientSession &m_session;
-    QStringList m_directories;
-    QVector<Row> m_rows;
+    QVector<Row> m_rows; ///< in the order of their keys
 };

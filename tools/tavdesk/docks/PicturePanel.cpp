@@ -1,20 +1,25 @@
 #include "PicturePanel.h"
 
+#include "ClientSession.h"
+#include "ITavPicResourceMgr.h"
 #include "PictureModel.h"
 #include "SymbolIcon.h"
 #include "TableLook.h"
+#include "WaitCursor.h"
 
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QJsonArray>
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QSplitter>
 #include <QTableView>
+#include <QTimer>
 #include <QVBoxLayout>
 
 PicturePanel::PicturePanel(ClientSession &session, const QStringList &directories, QWidget *parent)
-    : QWidget(parent), m_model(new PictureModel(session, this)), m_directories(new QListWidget)
+    : QWidget(parent), m_session(session), m_model(new PictureModel(session, this)), m_directories(new QListWidget)
 {
     auto *const view = new QTableView;
     view->setModel(m_model);
@@ -51,13 +56,36 @@ PicturePanel::PicturePanel(ClientSession &session, const QStringList &directorie
     layout->setContentsMargins(6, 6, 6, 6);
     layout->addWidget(splitter);
     append(directories);
+    // Anybody may append one: a scenario, or the panel for calls.
+    auto *const look = new QTimer(this);
+    connect(look, &QTimer::timeout, this, [this] {
+        if (isVisible() && m_session.calls().pictureDirectories().count() != m_shown) {
+            update();
+        }
+    });
+    look->start(500);
 }
 
 void PicturePanel::append(const QStringList &directories)
 {
-    m_model->append(directories);
+    const WaitCursor waiting;
+    for (const QString &directory : directories) {
+        m_session.call(QLatin1String(qobject_interface_iid<ITavPicResourceMgr *>()),
+                       QStringLiteral("appendPicResourcePath"), QJsonArray{directory});
+    }
+    update();
+}
+
+void PicturePanel::update()
+{
+    const WaitCursor waiting;
+    m_shown = m_session.calls().pictureDirectories().count();
+    m_model->update();
     m_directories->clear();
-    m_directories->addItems(m_model->directories());
+    const QStringList directories = m_session.calls().pictureDirectories().all();
+    for (const QString &directory : directories) {
+        (new QListWidgetItem(directory, m_directories))->setToolTip(directory);
+    }
 }
 
 void PicturePanel::chooseDirectory()

@@ -16,8 +16,11 @@ public:
 
 private:
     void append(const QStringList &directories);
+    void update();
     void chooseDirectory();
 
+    ClientSession &m_session;
+    int m_shown = 0; ///< so many appended directories have been taken over
     PictureModel *const m_model;
     QListWidget *m_directories;
 };

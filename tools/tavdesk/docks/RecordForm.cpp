@@ -1,5 +1,6 @@
 #include "RecordForm.h"
 
+#include "CellText.h"
 #include "FieldEdit.h"
 #include "TavCallError.h"
 
@@ -17,7 +18,7 @@ RecordForm::RecordForm(const QString &name, const RecordType &type, QWidget *par
     layout->setVerticalSpacing(4);
     for (const RecordField &field : type.fields) {
         auto *const edit = new FieldEdit(name + QLatin1Char('.') + field.name, field);
-        const QString unit = QString::fromLatin1(TavFields::unitOf(field.kind));
+        const QString unit = CellText::unitOf(field.kind);
         auto *const label = new QLabel(unit.isEmpty() ? field.name : tr("%1 (%2)").arg(field.name, unit));
         label->setTextFormat(Qt::PlainText);
         layout->addRow(label, edit);

@@ -336,6 +336,10 @@
         <translation>可修复</translation>
     </message>
     <message>
+        <source>flag</source>
+        <translation>标志</translation>
+    </message>
+    <message>
         <source>forward policy</source>
         <translation>转发策略</translation>
     </message>
@@ -1082,6 +1086,657 @@
     <message>
         <source>year</source>
         <translation>年</translation>
+    </message>
+</context>
+<context>
+    <name>CodeMeanings</name>
+    <message>
+        <source>accept</source>
+        <translation>接受</translation>
+    </message>
+    <message>
+        <source>accepted</source>
+        <translation>已接受</translation>
+    </message>
+    <message>
+        <source>access control</source>
+        <translation>访问控制</translation>
+    </message>
+    <message>
+        <source>account missing</source>
+        <translation>账户缺失</translation>
+    </message>
+    <message>
+        <source>added</source>
+        <translation>新增</translation>
+    </message>
+    <message>
+        <source>allow</source>
+        <translation>允许</translation>
+    </message>
+    <message>
+        <source>allowed</source>
+        <translation>已允许</translation>
+    </message>
+    <message>
+        <source>allowed by the administrator</source>
+        <translation>管理员已允许</translation>
+    </message>
+    <message>
+        <source>already in place</source>
+        <translation>已符合</translation>
+    </message>
+    <message>
+        <source>any</source>
+        <translation>任意</translation>
+    </message>
+    <message>
+        <source>applied</source>
+        <translation>已应用</translation>
+    </message>
+    <message>
+        <source>audit administrator</source>
+        <translation>审计管理员</translation>
+    </message>
+    <message>
+        <source>basic</source>
+        <translation>基础</translation>
+    </message>
+    <message>
+        <source>blocked</source>
+        <translation>已阻止</translation>
+    </message>
+    <message>
+        <source>blocked module</source>
+        <translation>被阻止的模块</translation>
+    </message>
+    <message>
+        <source>Bluetooth</source>
+        <translation>蓝牙</translation>
+    </message>
+    <message>
+        <source>boot loader</source>
+        <translation>引导程序</translation>
+    </message>
+    <message>
+        <source>both</source>
+        <translation>双向或两者</translation>
+    </message>
+    <message>
+        <source>by hand</source>
+        <translation>手动</translation>
+    </message>
+    <message>
+        <source>camera</source>
+        <translation>摄像头</translation>
+    </message>
+    <message>
+        <source>card reader</source>
+        <translation>读卡器</translation>
+    </message>
+    <message>
+        <source>changed</source>
+        <translation>已改变</translation>
+    </message>
+    <message>
+        <source>confidentiality</source>
+        <translation>机密性</translation>
+    </message>
+    <message>
+        <source>configuration</source>
+        <translation>配置</translation>
+    </message>
+    <message>
+        <source>connecting</source>
+        <translation>正在连接</translation>
+    </message>
+    <message>
+        <source>deny</source>
+        <translation>拒绝</translation>
+    </message>
+    <message>
+        <source>destroyed</source>
+        <translation>已销毁</translation>
+    </message>
+    <message>
+        <source>device</source>
+        <translation>设备</translation>
+    </message>
+    <message>
+        <source>differences found</source>
+        <translation>发现差异</translation>
+    </message>
+    <message>
+        <source>digest differs</source>
+        <translation>摘要不符</translation>
+    </message>
+    <message>
+        <source>directory</source>
+        <translation>目录</translation>
+    </message>
+    <message>
+        <source>done</source>
+        <translation>完成</translation>
+    </message>
+    <message>
+        <source>done or nothing pending</source>
+        <translation>已完成或无待办</translation>
+    </message>
+    <message>
+        <source>dormant</source>
+        <translation>休眠</translation>
+    </message>
+    <message>
+        <source>down</source>
+        <translation>断开</translation>
+    </message>
+    <message>
+        <source>drop</source>
+        <translation>丢弃</translation>
+    </message>
+    <message>
+        <source>enforced</source>
+        <translation>强制</translation>
+    </message>
+    <message>
+        <source>error</source>
+        <translation>错误</translation>
+    </message>
+    <message>
+        <source>Ethernet</source>
+        <translation>以太网</translation>
+    </message>
+    <message>
+        <source>expired</source>
+        <translation>已过期</translation>
+    </message>
+    <message>
+        <source>failed</source>
+        <translation>失败</translation>
+    </message>
+    <message>
+        <source>file</source>
+        <translation>文件</translation>
+    </message>
+    <message>
+        <source>finished</source>
+        <translation>已结束</translation>
+    </message>
+    <message>
+        <source>finished with failures</source>
+        <translation>已结束，有失败</translation>
+    </message>
+    <message>
+        <source>full</source>
+        <translation>全双工</translation>
+    </message>
+    <message>
+        <source>good</source>
+        <translation>良好</translation>
+    </message>
+    <message>
+        <source>half</source>
+        <translation>半双工</translation>
+    </message>
+    <message>
+        <source>high</source>
+        <translation>高</translation>
+    </message>
+    <message>
+        <source>ICMP</source>
+        <translation>ICMP</translation>
+    </message>
+    <message>
+        <source>id given twice</source>
+        <translation>标识重复</translation>
+    </message>
+    <message>
+        <source>idle</source>
+        <translation>空闲</translation>
+    </message>
+    <message>
+        <source>incoming</source>
+        <translation>入站</translation>
+    </message>
+    <message>
+        <source>initial ram disk</source>
+        <translation>初始内存盘</translation>
+    </message>
+    <message>
+        <source>injected code</source>
+        <translation>注入的代码</translation>
+    </message>
+    <message>
+        <source>installed software</source>
+        <translation>已安装软件</translation>
+    </message>
+    <message>
+        <source>integrity</source>
+        <translation>完整性</translation>
+    </message>
+    <message>
+        <source>IPv4</source>
+        <translation>IPv4</translation>
+    </message>
+    <message>
+        <source>IPv6</source>
+        <translation>IPv6</translation>
+    </message>
+    <message>
+        <source>kept up by the backend</source>
+        <translation>由后端保持</translation>
+    </message>
+    <message>
+        <source>kernel</source>
+        <translation>内核</translation>
+    </message>
+    <message>
+        <source>kernel module</source>
+        <translation>内核模块</translation>
+    </message>
+    <message>
+        <source>key missing</source>
+        <translation>缺少键</translation>
+    </message>
+    <message>
+        <source>key not trusted</source>
+        <translation>密钥不受信任</translation>
+    </message>
+    <message>
+        <source>learning</source>
+        <translation>学习</translation>
+    </message>
+    <message>
+        <source>locked</source>
+        <translation>已锁定</translation>
+    </message>
+    <message>
+        <source>log only</source>
+        <translation>仅记录</translation>
+    </message>
+    <message>
+        <source>login</source>
+        <translation>登录</translation>
+    </message>
+    <message>
+        <source>loopback</source>
+        <translation>回环</translation>
+    </message>
+    <message>
+        <source>low</source>
+        <translation>低</translation>
+    </message>
+    <message>
+        <source>may be used</source>
+        <translation>可以使用</translation>
+    </message>
+    <message>
+        <source>measure</source>
+        <translation>度量</translation>
+    </message>
+    <message>
+        <source>measure and log differences</source>
+        <translation>度量并记录差异</translation>
+    </message>
+    <message>
+        <source>measure and refuse what differs</source>
+        <translation>度量并拒绝不符者</translation>
+    </message>
+    <message>
+        <source>middle</source>
+        <translation>中</translation>
+    </message>
+    <message>
+        <source>missing</source>
+        <translation>缺失</translation>
+    </message>
+    <message>
+        <source>module</source>
+        <translation>模块</translation>
+    </message>
+    <message>
+        <source>network</source>
+        <translation>网络</translation>
+    </message>
+    <message>
+        <source>never</source>
+        <translation>从未</translation>
+    </message>
+    <message>
+        <source>never run</source>
+        <translation>从未运行</translation>
+    </message>
+    <message>
+        <source>no limit</source>
+        <translation>不限</translation>
+    </message>
+    <message>
+        <source>none</source>
+        <translation>无</translation>
+    </message>
+    <message>
+        <source>none yet</source>
+        <translation>尚无</translation>
+    </message>
+    <message>
+        <source>not allowed</source>
+        <translation>不允许</translation>
+    </message>
+    <message>
+        <source>not applicable</source>
+        <translation>不适用</translation>
+    </message>
+    <message>
+        <source>not begun</source>
+        <translation>未开始</translation>
+    </message>
+    <message>
+        <source>not checked</source>
+        <translation>未检查</translation>
+    </message>
+    <message>
+        <source>not in this kernel</source>
+        <translation>此内核没有</translation>
+    </message>
+    <message>
+        <source>not judged</source>
+        <translation>未评判</translation>
+    </message>
+    <message>
+        <source>not known yet</source>
+        <translation>尚不知道</translation>
+    </message>
+    <message>
+        <source>not limited</source>
+        <translation>不限</translation>
+    </message>
+    <message>
+        <source>not locked</source>
+        <translation>未锁定</translation>
+    </message>
+    <message>
+        <source>not protected</source>
+        <translation>未保护</translation>
+    </message>
+    <message>
+        <source>not readable</source>
+        <translation>不可读</translation>
+    </message>
+    <message>
+        <source>not running</source>
+        <translation>未运行</translation>
+    </message>
+    <message>
+        <source>not set up</source>
+        <translation>未设置</translation>
+    </message>
+    <message>
+        <source>not tainted</source>
+        <translation>未污染</translation>
+    </message>
+    <message>
+        <source>not verified</source>
+        <translation>未验证</translation>
+    </message>
+    <message>
+        <source>nothing to add</source>
+        <translation>无补充</translation>
+    </message>
+    <message>
+        <source>off</source>
+        <translation>关闭</translation>
+    </message>
+    <message>
+        <source>offline</source>
+        <translation>离线</translation>
+    </message>
+    <message>
+        <source>old one wrong</source>
+        <translation>旧密码错误</translation>
+    </message>
+    <message>
+        <source>on</source>
+        <translation>开启</translation>
+    </message>
+    <message>
+        <source>online</source>
+        <translation>在线</translation>
+    </message>
+    <message>
+        <source>open</source>
+        <translation>待处理</translation>
+    </message>
+    <message>
+        <source>optical drive</source>
+        <translation>光驱</translation>
+    </message>
+    <message>
+        <source>other</source>
+        <translation>其他</translation>
+    </message>
+    <message>
+        <source>outgoing</source>
+        <translation>出站</translation>
+    </message>
+    <message>
+        <source>passed</source>
+        <translation>通过</translation>
+    </message>
+    <message>
+        <source>passing through</source>
+        <translation>转发</translation>
+    </message>
+    <message>
+        <source>printer</source>
+        <translation>打印机</translation>
+    </message>
+    <message>
+        <source>privilege raised</source>
+        <translation>权限提升</translation>
+    </message>
+    <message>
+        <source>process</source>
+        <translation>进程</translation>
+    </message>
+    <message>
+        <source>process ended</source>
+        <translation>进程已结束</translation>
+    </message>
+    <message>
+        <source>protected</source>
+        <translation>已保护</translation>
+    </message>
+    <message>
+        <source>protected and not running</source>
+        <translation>已保护，未运行</translation>
+    </message>
+    <message>
+        <source>protected and running</source>
+        <translation>已保护，运行中</translation>
+    </message>
+    <message>
+        <source>protection</source>
+        <translation>防护</translation>
+    </message>
+    <message>
+        <source>raised</source>
+        <translation>加强</translation>
+    </message>
+    <message>
+        <source>read-only</source>
+        <translation>只读</translation>
+    </message>
+    <message>
+        <source>reject with an answer</source>
+        <translation>拒绝并答复</translation>
+    </message>
+    <message>
+        <source>running</source>
+        <translation>运行中</translation>
+    </message>
+    <message>
+        <source>script missing</source>
+        <translation>脚本缺失</translation>
+    </message>
+    <message>
+        <source>script not executable</source>
+        <translation>脚本不可执行</translation>
+    </message>
+    <message>
+        <source>security</source>
+        <translation>安全</translation>
+    </message>
+    <message>
+        <source>self</source>
+        <translation>自身</translation>
+    </message>
+    <message>
+        <source>serial port</source>
+        <translation>串口</translation>
+    </message>
+    <message>
+        <source>set up</source>
+        <translation>已设置</translation>
+    </message>
+    <message>
+        <source>setup mode</source>
+        <translation>设置模式</translation>
+    </message>
+    <message>
+        <source>signature bad</source>
+        <translation>签名错误</translation>
+    </message>
+    <message>
+        <source>signature good</source>
+        <translation>签名正确</translation>
+    </message>
+    <message>
+        <source>skipped</source>
+        <translation>已跳过</translation>
+    </message>
+    <message>
+        <source>sound</source>
+        <translation>声音</translation>
+    </message>
+    <message>
+        <source>stopped</source>
+        <translation>已停止</translation>
+    </message>
+    <message>
+        <source>stopped by the user</source>
+        <translation>由用户停止</translation>
+    </message>
+    <message>
+        <source>strict</source>
+        <translation>严格</translation>
+    </message>
+    <message>
+        <source>system</source>
+        <translation>系统</translation>
+    </message>
+    <message>
+        <source>tampered</source>
+        <translation>被篡改</translation>
+    </message>
+    <message>
+        <source>tampered with</source>
+        <translation>被篡改</translation>
+    </message>
+    <message>
+        <source>TCP</source>
+        <translation>TCP</translation>
+    </message>
+    <message>
+        <source>the file as a whole</source>
+        <translation>整个文件</translation>
+    </message>
+    <message>
+        <source>the firmware has none</source>
+        <translation>固件没有</translation>
+    </message>
+    <message>
+        <source>told by each interface</source>
+        <translation>由各接口说明</translation>
+    </message>
+    <message>
+        <source>too weak</source>
+        <translation>太弱</translation>
+    </message>
+    <message>
+        <source>trusted</source>
+        <translation>可信</translation>
+    </message>
+    <message>
+        <source>UDP</source>
+        <translation>UDP</translation>
+    </message>
+    <message>
+        <source>unknown</source>
+        <translation>未知</translation>
+    </message>
+    <message>
+        <source>unknown file</source>
+        <translation>未知文件</translation>
+    </message>
+    <message>
+        <source>unknown or no link</source>
+        <translation>未知或无连接</translation>
+    </message>
+    <message>
+        <source>unknown program</source>
+        <translation>未知程序</translation>
+    </message>
+    <message>
+        <source>unsigned</source>
+        <translation>未签名</translation>
+    </message>
+    <message>
+        <source>up</source>
+        <translation>连通</translation>
+    </message>
+    <message>
+        <source>USB input</source>
+        <translation>USB 输入设备</translation>
+    </message>
+    <message>
+        <source>USB storage</source>
+        <translation>USB 存储</translation>
+    </message>
+    <message>
+        <source>used before</source>
+        <translation>曾经用过</translation>
+    </message>
+    <message>
+        <source>violation</source>
+        <translation>违规</translation>
+    </message>
+    <message>
+        <source>waiting</source>
+        <translation>等待中</translation>
+    </message>
+    <message>
+        <source>whole</source>
+        <translation>完整</translation>
+    </message>
+    <message>
+        <source>wireless network</source>
+        <translation>无线网络</translation>
+    </message>
+    <message>
+        <source>with a button</source>
+        <translation>带按钮</translation>
+    </message>
+    <message>
+        <source>with failures</source>
+        <translation>有失败</translation>
+    </message>
+    <message>
+        <source>wrong name or password</source>
+        <translation>用户名或密码错误</translation>
+    </message>
+    <message>
+        <source>wrong type</source>
+        <translation>类型错误</translation>
     </message>
 </context>
 </TS>

@@ -29,6 +29,16 @@
     </message>
 </context>
 <context>
+    <name>MainWindow</name>
+    <message numerus="yes">
+        <source>%1 was written without %n refused call(s).</source>
+        <translation>
+            <numerusform>%1 was written without the refused call.</numerusform>
+            <numerusform>%1 was written without the %n refused calls.</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>Recording</name>
     <message numerus="yes">
         <source>%n call(s) are missing in it</source>
@@ -52,6 +62,13 @@
         <translation>
             <numerusform>Recording %1: %n call, %2</numerusform>
             <numerusform>Recording %1: %n calls, %2</numerusform>
+        </translation>
+    </message>
+    <message numerus="yes">
+        <source>%n source(s) could not be read</source>
+        <translation>
+            <numerusform>%n source could not be read</numerusform>
+            <numerusform>%n sources could not be read</numerusform>
         </translation>
     </message>
 </context>

@@ -175,6 +175,10 @@
         <source>Returned, of which the first %L1 of %L2 letters are shown:</source>
         <translation>已返回，显示 %L2 个字符中的前 %L1 个：</translation>
     </message>
+    <message>
+        <source>The call goes on, and the next one begins behind it. What it returns is not shown.</source>
+        <translation>调用仍在进行，下一个调用在其后开始。其返回值不再显示。</translation>
+    </message>
 </context>
 <context>
     <name>CatalogueProblem</name>
@@ -221,6 +225,14 @@
     <message>
         <source>%1: nothing was found.</source>
         <translation>%1：未发现问题。</translation>
+    </message>
+    <message>
+        <source>Checking the catalogue</source>
+        <translation>正在检查导航目录</translation>
+    </message>
+    <message>
+        <source>Stop</source>
+        <translation>停止</translation>
     </message>
 </context>
 <context>
@@ -534,6 +546,17 @@
         <source>&amp;Findings in the Catalogue…</source>
         <translation>目录检查结果(&amp;F)…</translation>
     </message>
+    <message>
+        <source>%1.</source>
+        <comment>a sentence</comment>
+        <translation>%1。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%1 was written without %n refused call(s).</source>
+        <translation>
+            <numerusform>已写入 %1，不含被拒绝的 %n 次调用。</numerusform>
+        </translation>
+    </message>
 </context>
 <context>
     <name>ModelPage</name>
@@ -575,6 +598,25 @@
     <message>
         <source>Navigation</source>
         <translation>导航</translation>
+    </message>
+</context>
+<context>
+    <name>NotesDialog</name>
+    <message>
+        <source>Not Read</source>
+        <translation>未能读取</translation>
+    </message>
+    <message>
+        <source>Sources that could not be read</source>
+        <translation>未能读取的来源</translation>
+    </message>
+    <message>
+        <source>Source</source>
+        <translation>来源</translation>
+    </message>
+    <message>
+        <source>Reason</source>
+        <translation>原因</translation>
     </message>
 </context>
 <context>
@@ -933,6 +975,10 @@
         <source>Entries</source>
         <translation>条目</translation>
     </message>
+    <message>
+        <source>Object counts</source>
+        <translation>客体计数</translation>
+    </message>
 </context>
 <context>
     <name>PictureModel</name>
@@ -1109,6 +1155,169 @@
     </message>
 </context>
 <context>
+    <name>TavPluginError</name>
+    <message>
+        <source>install the plugin, or name its file</source>
+        <translation>请安装插件，或指定其文件</translation>
+    </message>
+    <message>
+        <source>name libTavDataPlugin.so</source>
+        <translation>请指定 libTavDataPlugin.so</translation>
+    </message>
+    <message>
+        <source>name a page plugin</source>
+        <translation>请指定页面插件</translation>
+    </message>
+    <message>
+        <source>let this user read it</source>
+        <translation>请允许此用户读取它</translation>
+    </message>
+    <message>
+        <source>install the plugin again</source>
+        <translation>请重新安装插件</translation>
+    </message>
+    <message>
+        <source>install the plugin for %1</source>
+        <translation>请安装适用于 %1 的插件</translation>
+    </message>
+    <message>
+        <source>build the plugin with Qt %1.%2</source>
+        <translation>请用 Qt %1.%2 构建插件</translation>
+    </message>
+    <message>
+        <source>install what it lacks</source>
+        <translation>请安装它所缺少的内容</translation>
+    </message>
+    <message>
+        <source>install the libraries that it was built with</source>
+        <translation>请安装构建它时所用的库</translation>
+    </message>
+    <message>
+        <source>mend the plugin, or leave it out</source>
+        <translation>请修正该插件，或不使用它</translation>
+    </message>
+    <message>
+        <source>install the plugin that belongs to this client</source>
+        <translation>请安装与此客户端配套的插件</translation>
+    </message>
+    <message>
+        <source>no client for %1 can load it</source>
+        <translation>%1 的客户端都无法加载它</translation>
+    </message>
+    <message>
+        <source>Qt refuses to load it: it takes plugins of its own or an earlier minor version</source>
+        <translation>Qt 拒绝加载它：只接受相同或更早次版本的插件</translation>
+    </message>
+    <message>
+        <source>pages do not find what they look up</source>
+        <translation>页面找不到所需的对象</translation>
+    </message>
+    <message>
+        <source>the client has none of the managers</source>
+        <translation>客户端没有任何管理器</translation>
+    </message>
+    <message>
+        <source>the client has none of its pages</source>
+        <translation>客户端没有它的任何页面</translation>
+    </message>
+    <message>
+        <source>there is no such file</source>
+        <translation>没有此文件</translation>
+    </message>
+    <message>
+        <source>cannot be read: %1</source>
+        <translation>无法读取：%1</translation>
+    </message>
+    <message>
+        <source>not a regular file</source>
+        <translation>不是普通文件</translation>
+    </message>
+    <message>
+        <source>not a shared library</source>
+        <translation>不是共享库</translation>
+    </message>
+    <message>
+        <source>cut off: it ends before what its headers announce</source>
+        <translation>不完整：文件在其头部所述内容之前结束</translation>
+    </message>
+    <message>
+        <source>built for %1, but this program for %2</source>
+        <translation>为 %1 构建，而本程序为 %2 构建</translation>
+    </message>
+    <message>
+        <source>built for words of %1 bits, but this program for %2</source>
+        <translation>为 %1 位字长构建，而本程序为 %2 位</translation>
+    </message>
+    <message>
+        <source>not a Qt plugin</source>
+        <translation>不是 Qt 插件</translation>
+    </message>
+    <message>
+        <source>another plugin: its identifier is &quot;%1&quot; and not &quot;%2&quot;</source>
+        <translation>是另一种插件：其标识为“%1”，而非“%2”</translation>
+    </message>
+    <message>
+        <source>built with Qt %1, but this is Qt %2</source>
+        <translation>用 Qt %1 构建，而这里是 Qt %2</translation>
+    </message>
+    <message>
+        <source>cannot be loaded: it lacks the symbol %1</source>
+        <translation>无法加载：缺少符号 %1</translation>
+    </message>
+    <message>
+        <source>cannot be loaded: it lacks %1</source>
+        <translation>无法加载：缺少 %1</translation>
+    </message>
+    <message>
+        <source>cannot be loaded: %1</source>
+        <translation>无法加载：%1</translation>
+    </message>
+    <message>
+        <source>its root object, a %1, has no interface ITavDataPlugin</source>
+        <translation>其根对象（%1）没有接口 ITavDataPlugin</translation>
+    </message>
+    <message>
+        <source>it has no root object</source>
+        <translation>它没有根对象</translation>
+    </message>
+    <message>
+        <source>its registerObj() throws: %1</source>
+        <translation>其 registerObj() 抛出异常：%1</translation>
+    </message>
+    <message>
+        <source>its registerObj() throws what is no std::exception</source>
+        <translation>其 registerObj() 抛出的不是 std::exception</translation>
+    </message>
+    <message>
+        <source>%1 is missing</source>
+        <translation>缺少 %1</translation>
+    </message>
+    <message>
+        <source>%1 is a %2 without that interface</source>
+        <translation>%1 是没有该接口的 %2</translation>
+    </message>
+    <message>
+        <source>&quot;%1&quot; with the number %2 is none of them</source>
+        <translation>“%1”（编号 %2）不在其中</translation>
+    </message>
+    <message>
+        <source>registers no managers</source>
+        <translation>没有注册任何管理器</translation>
+    </message>
+    <message>
+        <source>registers other managers than the %1: %2</source>
+        <translation>注册的管理器与这 %1 个不符：%2</translation>
+    </message>
+    <message>
+        <source>registers nothing</source>
+        <translation>没有注册任何对象</translation>
+    </message>
+    <message>
+        <source>registers managers and no controller</source>
+        <translation>注册了管理器而没有控制器</translation>
+    </message>
+</context>
+<context>
     <name>ValueList</name>
     <message>
         <source>Check all</source>
@@ -1198,6 +1407,20 @@
         <translation>
             <numerusform>正在录制 %1：%n 次调用，%2</numerusform>
         </translation>
+    </message>
+    <message>
+        <source>Show what the agent could not read, and why.</source>
+        <translation>显示代理未能读取的内容及原因。</translation>
+    </message>
+    <message numerus="yes">
+        <source>%n source(s) could not be read</source>
+        <translation>
+            <numerusform>%n 个来源未能读取</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>%1, turn %2</source>
+        <translation>%1，第 %2 轮</translation>
     </message>
 </context>
 </TS>

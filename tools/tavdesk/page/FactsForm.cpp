@@ -4,12 +4,18 @@
 #include "SelectableLabel.h"
 #include "ValueModel.h"
 
+#include <QApplication>
+#include <QClipboard>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLabel>
+#include <QStyleOptionFocusRect>
+#include <QStylePainter>
 
 FactsForm::FactsForm(const QString &title, const ValueModel &model, QWidget *parent) : QWidget(parent), m_model(model)
 {
     setAccessibleName(title);
+    setFocusPolicy(Qt::TabFocus);
     auto *const heading = new QLabel(title);
     QFont font = heading->font();
     font.setBold(true);
@@ -32,6 +38,29 @@ FactsForm::FactsForm(const QString &title, const ValueModel &model, QWidget *par
     }
     update();
     connect(&model, &ValueModel::dataChanged, this, &FactsForm::update);
+}
+
+void FactsForm::keyPressEvent(QKeyEvent *event)
+{
+    if (!event->matches(QKeySequence::Copy)) {
+        QWidget::keyPressEvent(event);
+        return;
+    }
+    QStringList lines;
+    for (const QLabel *const value : qAsConst(m_values)) {
+        lines.append(value->accessibleName() + QLatin1Char('\t') + value->text());
+    }
+    QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
+}
+
+void FactsForm::paintEvent(QPaintEvent *event)
+{
+    QWidget::paintEvent(event);
+    if (hasFocus()) {
+        QStyleOptionFocusRect focus;
+        focus.initFrom(this);
+        QStylePainter(this).drawPrimitive(QStyle::PE_FrameFocusRect, focus);
+    }
 }
 
 void FactsForm::update()

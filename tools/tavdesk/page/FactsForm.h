@@ -7,6 +7,8 @@ class QLabel;
 class ValueModel;
 
 /// @brief The fields of a record, or a message's own, each with its name: the one row of a model as a form.
+///
+/// With the keyboard the form has the focus as a whole, and is copied as a whole.
 class FactsForm : public QWidget
 {
     Q_OBJECT
@@ -19,6 +21,10 @@ public:
     {
         return m_values.size() + 1;
     }
+
+protected:
+    void keyPressEvent(QKeyEvent *event) override;
+    void paintEvent(QPaintEvent *event) override;
 
 private:
     void update();

@@ -29,6 +29,7 @@ struct PartReading {
 /// @brief What a reading of the page has found.
 struct PageReading {
     QVector<PartReading> parts;
+    bool isWhole = true; ///< it was not stopped
     QStringList problems; ///< of the edits made before
     int milliseconds = 0;
 };
@@ -60,11 +61,17 @@ PageReading readPage(ModelPage::Page page, ITavObjectMgr &registry, const QVecto
         }
     }
     for (const PageValue &value : valuesOf(page)) {
+        if (isStopped) {
+            reading.isWhole = false;
+            break;
+        }
         const QVector<QJsonArray> keys
             = value.readKeyFrom ? keysOf(value.manager, value.getter) : QVector<QJsonArray>();
         const QJsonArray key = views.value(reading.parts.size()).arrangement.key;
-        const QVector<PartTable> tables
-            = keys.contains(key) ? value.readKeyFrom(registry, key) : value.readFrom(registry);
+        const QVector<PartTable> tables = value.readKeysFrom
+            ? value.readKeysFrom(registry, keysOf(value.manager, value.getter))
+            : keys.contains(key) ? value.readKeyFrom(registry, key)
+                                 : value.readFrom(registry);
         for (const PartTable &table : tables) {
             const View view = views.value(reading.parts.size());
             reading.parts.append(
@@ -145,7 +152,7 @@ void ModelPage::read()
     for (const Part &part : qAsConst(m_parts)) {
         views.append({part.model->rows(), part.model->arrangement()});
     }
-    emit begun(m_edits.isEmpty() ? tr("Reading the page") : tr("Editing the list"), !m_edits.isEmpty());
+    emit begun(m_edits.isEmpty() ? tr("Reading the page") : tr("Editing the list"));
     m_isStopped = std::make_shared<IsStopped>(false);
     m_worker.post([page = m_page, &registry = m_registry, views, edits = std::exchange(m_edits, {}), keys = m_keys,
                    isStopped = m_isStopped] { return readPage(page, registry, views, edits, keys, *isStopped); },
@@ -164,7 +171,9 @@ void ModelPage::take(const PageReading &reading)
 {
     m_isReading = false;
     emit ended();
-    if (m_parts.isEmpty()) {
+    if (!reading.isWhole) {
+        // the page stays as it is
+    } else if (m_parts.isEmpty()) {
         make(reading.parts);
     } else if (m_parts.size() == reading.parts.size()) {
         QVector<ShownRows> gone;

@@ -41,12 +41,13 @@ public:
     ModelPage(Page page, ITavObjectMgr &registry, Call call, Keys keys, QWidget *parent = nullptr);
     ~ModelPage() override;
 
-    /// Leaves the rest of an edit undone: the calls that were not made.
+    /// Leaves the rest of an edit undone, the calls that were not made, and of a reading the values that were not
+    /// asked for. The page is read again later, as always.
     void stop();
 
 signals:
-    /// The page is read, or edited and read: @p text says which. Only an edit can be stopped.
-    void begun(const QString &text, bool canBeStopped);
+    /// The page is read, or edited and read: @p text says which.
+    void begun(const QString &text);
     void ended();
 
 protected:

@@ -152,8 +152,7 @@ private:
 bool isShown(const ValueTable &table, int row, const QString &filter)
 {
     for (int column = 0; column < table.columns().size(); ++column) {
-        if (CellText::ofKind(table.columns()[column].kind, table.cell(row, column))
-                .contains(filter, Qt::CaseInsensitive)) {
+        if (CellText::of(table.columns()[column], table.cell(row, column)).contains(filter, Qt::CaseInsensitive)) {
             return true;
         }
     }

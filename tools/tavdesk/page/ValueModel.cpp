@@ -189,7 +189,7 @@ QVariant ValueModel::background(int row, int column) const
 QString ValueModel::textOf(const ValueColumn &column, const QVariant &value)
 {
     if (column.kind != Kind::CheckMark) {
-        return CellText::ofKind(column.kind, value);
+        return CellText::of(column, value);
     }
     return value.toBool() ? tr("checked") : tr("not checked");
 }

@@ -1,6 +1,7 @@
 #include "ChildProcess.h"
 #include "FindingLines.h"
 #include "PrintQString.h"
+#include "ProofSize.h"
 
 #include <gtest/gtest.h>
 
@@ -36,9 +37,10 @@ protected:
 
 TEST_F(FindingCount, TakesTimeAndMemoryInProportion)
 {
-    const Tavctl few = checked(2'000);
-    const Tavctl many = checked(20'000);
-    const double kibOfEach = double(many.peakMiB - few.peakMiB) * 1024 / 18'000;
+    const int count = proofSize(5'000, 200'000);
+    const Tavctl few = checked(count / 10);
+    const Tavctl many = checked(count);
+    const double kibOfEach = double(many.peakMiB - few.peakMiB) * 1024 / (count - count / 10);
     std::cout << few.processorSeconds << " s and " << few.peakMiB << " MiB, " << many.processorSeconds << " s and "
               << many.peakMiB << " MiB, " << kibOfEach << " KiB for each more\n";
     EXPECT_LT(many.processorSeconds / few.processorSeconds, 20) << "ten times as many";

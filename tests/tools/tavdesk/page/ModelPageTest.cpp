@@ -18,6 +18,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSemaphore>
 #include <QTableView>
 #include <QTabWidget>
 #include <QtTest>
@@ -183,6 +184,22 @@ TEST_F(ModelPageWindow, LetsAFactBeSelectedUnderTheMouse)
     QApplication::sendEvent(value, &entered);
     QTest::mouseDClick(value, Qt::LeftButton, {}, QPoint(2, value->height() / 2));
     EXPECT_EQ(value->selectedText(), "0");
+}
+
+TEST_F(ModelPageWindow, CopiesARecordWithTheKeyboard)
+{
+    open(Types::SubFunc_serverResourceInfo);
+    QWidget *const form = fact("memory total")->parentWidget();
+    ASSERT_TRUE(QTest::qWaitFor([form] { return form->isVisible(); }));
+    page->setFocus();
+    for (int i = 0; i < 20 && !form->hasFocus(); ++i) {
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Tab);
+    }
+    ASSERT_TRUE(form->hasFocus());
+    QApplication::clipboard()->clear();
+    QTest::keySequence(form, QKeySequence::Copy);
+    EXPECT_TRUE(QApplication::clipboard()->text().startsWith("memory total\t0 bytes\n"))
+        << QApplication::clipboard()->text().toStdString();
 }
 
 TEST_F(ModelPageWindow, MakesAListWhenItsTabComesToTheFront)
@@ -387,13 +404,45 @@ TEST_F(ModelPageWindow, StopsALongEditAndSaysHowFarItCame)
         QThread::msleep(1);
     });
     QTableView *const rows = table("Protections");
-    QSignalSpy begun(page.get(), &ModelPage::begun);
     rows->selectAll();
     QTest::keyClick(rows, Qt::Key_Space);
     ASSERT_TRUE(QTest::qWaitFor([&calls] { return calls > 0; }));
-    EXPECT_TRUE(begun.constLast().constLast().toBool()) << "an edit can be stopped";
     page->stop();
     EXPECT_TRUE(QTest::qWaitFor([&] { return hasLabel(QString("Stopped after %1 of 1000 calls.").arg(calls)); }));
+}
+
+TEST_F(ModelPageWindow, LeavesAReadingThatIsStoppedAndReadsAgain)
+{
+    QSemaphore mayAnswer;
+    std::atomic<bool> isAsked{false};
+    page = std::make_unique<ModelPage>(Types::SubFunc_PrincipalSettings, host.registry(), ModelPage::Call(),
+                                       [&](const QString &, const QString &) {
+                                           isAsked = true;
+                                           mayAnswer.acquire();
+                                           return QVector<QJsonArray>();
+                                       });
+    QSignalSpy ended(page.get(), &ModelPage::ended);
+    page->show();
+    ASSERT_TRUE(QTest::qWaitFor([&isAsked] { return isAsked.load(); }));
+    page->stop();
+    mayAnswer.release(1000);
+    ASSERT_TRUE(QTest::qWaitFor([&ended] { return ended.size() == 1; }));
+    EXPECT_FALSE(page->findChild<QTabWidget *>()) << "the rest was not read";
+    EXPECT_TRUE(QTest::qWaitFor([this] { return page->findChild<QTabWidget *>() != nullptr; }));
+}
+
+TEST_F(ModelPageWindow, CountsObjectsUnderTheKeysThatWereSet)
+{
+    auto &access = manager<ITavAccessControlMgr>();
+    open(Types::SubFunc_ObjectSetting);
+    QTableView *const counts = table("Object counts");
+    EXPECT_EQ(counts->model()->rowCount(), 0);
+    access.setObjectCount(8, true, 3);
+    keys.note("ITavAccessControlMgr", "setObjectCount", QJsonArray{8, true, 3});
+    ASSERT_TRUE(QTest::qWaitFor([counts] { return counts->model()->rowCount() == 1; }));
+    EXPECT_EQ(counts->model()->index(0, 0).data(), "yes");
+    EXPECT_EQ(counts->model()->index(0, 1).data(), "3");
+    EXPECT_EQ(counts->model()->index(0, 2).data(), "8");
 }
 
 TEST_F(ModelPageWindow, ChecksTheCurrentLevelAloneWhenSeveralAreSelected)

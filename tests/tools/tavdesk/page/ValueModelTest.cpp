@@ -3,6 +3,7 @@
 #include "PrintQString.h"
 #include "StateLines.h"
 #include "STFileProtectContentAsr.h"
+#include "STSystemScanStateAsr.h"
 
 #include <QAbstractItemModelTester>
 #include <QItemSelectionModel>
@@ -147,4 +148,21 @@ TEST_F(ValueModelChecks, TellsTheRawValueAndItsUnit)
     EXPECT_EQ(size.data(Qt::ToolTipRole), "size: 1536 bytes");
     EXPECT_EQ(size.data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight, Qt::AlignRight);
     EXPECT_EQ(model.headerData(table->column("modifyTime"), Qt::Horizontal), "modify time");
+}
+
+TEST_F(ValueModelChecks, TellsWhatACodeMeansAndFindsItByThat)
+{
+    STSystemScanStateAsr running{};
+    running.state = 1;
+    STSystemScanStateAsr finished{};
+    finished.state = 2;
+    const auto table = std::make_shared<RecordTable<STSystemScanStateAsr>>(QVector{running, finished});
+    const int state = table->column("state");
+    show(table);
+    EXPECT_EQ(text(model.index(0, state)), "1 (running)");
+    EXPECT_EQ(model.index(0, state).data(Qt::ToolTipRole), "state: 1");
+    model.setFilter("Finished");
+    show(table);
+    ASSERT_EQ(model.rowCount(), 1);
+    EXPECT_EQ(text(model.index(0, state)), "2 (finished)");
 }
