@@ -3,20 +3,8 @@
 #
 # Proves that the plugin builds against an installed TavCommon package: installs common/ of the built tree BUILD_DIR to
 # a temporary prefix, builds the plugin of SOURCE_DIR against that alone, and looks where it finds libTavCommon.
-# LIBRARY_DIR is the tree's CMAKE_INSTALL_LIBDIR; the further arguments configure the second build like the first.
-set -euo pipefail
-
-source_dir=$1 build_dir=$2 library_dir=$3
-shift 3
-
-fail() {
-    echo "external-common: $*" >&2
-    exit 1
-}
-
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-prefix=$work/prefix
+# shellcheck source-path=SCRIPTDIR source=installation.sh
+. "$(dirname "${BASH_SOURCE[0]}")/installation.sh"
 plugin=$work/build/$library_dir/tavsec/plugins/libTavDataPlugin.so
 
 cmake --install "$build_dir/common" --prefix "$prefix"
