@@ -111,7 +111,9 @@ TEST(OperationsCommand, SaysWhatIsWrongWithTheArguments)
               "getUIUsers)");
     EXPECT_EQ(problem({"ITavAccessControlMgr", "getUIUsers", "--rot", "/"}),
               "tavctl: call: there is no option \"--rot\"");
-    EXPECT_NE(problem({"ITavAccessControlMgr"}).find("OPERATION is required"), std::string::npos);
+    EXPECT_EQ(problem({"ITavAccessControlMgr"}),
+              "tavctl: OPERATION is missing, as in \"tavctl call MANAGER OPERATION\"; \"tavctl call --help\" tells what "
+              "there is");
 }
 
 TEST(OperationsCommand, OfAPositionThatIsNotThereEndsInOrder)
