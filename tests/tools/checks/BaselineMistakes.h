@@ -6,6 +6,8 @@
 const Mistake baselineMistakes[] = {
     {"base64", "TAV108", "1:1", "", "not JSON: this is Base64", "the plugin loads no check item",
      R"(write what "tavctl catalogue decode" shows)"},
+    {"button-text-blank", "TAV304", "9:21", "/enableConfig/0/type", R"("type" is 3, but there is no button text)",
+     "the item's button has no text", R"(add "btntext", or write another type)"},
     {"button-text-not-a-string", "TAV110", "10:24", "/enableConfig/0/btntext", "an object where a string is expected",
      "the item's button has no text", "write a string"},
     {"button-text-not-read", "TAV303", "10:24", "/enableConfig/0/btntext", R"(a button text, but "type" is not 3)",
