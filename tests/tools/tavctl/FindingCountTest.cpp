@@ -40,6 +40,6 @@ TEST_F(FindingCount, TakesTimeAndMemoryInProportion)
               << many.peakMiB << " MiB\n";
     EXPECT_LT(many.processorSeconds / few.processorSeconds, 20) << "ten times as many";
     if (!memoryIsInstrumented) {
-        EXPECT_LT(many.peakMiB, 40 + count * 3 / 1000);
+        EXPECT_LT(many.peakMiB, 80 + count * 3 / 1000) << "an emulator takes some by itself";
     }
 }
