@@ -111,9 +111,10 @@ TEST(OperationsCommand, SaysWhatIsWrongWithTheArguments)
               "getUIUsers)");
     EXPECT_EQ(problem({"ITavAccessControlMgr", "getUIUsers", "--rot", "/"}),
               "tavctl: call: there is no option \"--rot\"");
-    EXPECT_EQ(problem({"ITavAccessControlMgr"}),
-              "tavctl: OPERATION is missing, as in \"tavctl call MANAGER OPERATION\"; \"tavctl call --help\" tells what "
-              "there is");
+    EXPECT_EQ(
+        problem({"ITavAccessControlMgr"}),
+        "tavctl: OPERATION is missing, as in \"tavctl call MANAGER OPERATION\"; \"tavctl call --help\" tells what "
+        "there is");
 }
 
 TEST(OperationsCommand, OfAPositionThatIsNotThereEndsInOrder)
