@@ -1,4 +1,4 @@
-# shellcheck shell=bash
+#!/usr/bin/env bash
 # What the tests here begin with, which build against an installation and not against these sources; sourced with their
 # arguments: SOURCE_DIR BUILD_DIR LIBRARY_DIR [CMAKE_ARGUMENT...]. LIBRARY_DIR is the tree's CMAKE_INSTALL_LIBDIR; the
 # further arguments, which remain, configure what the test builds as the tree was configured.

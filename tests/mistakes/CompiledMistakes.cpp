@@ -114,7 +114,7 @@ void swapFunctionAndPage(ITavSelectFuncMgr &selection)
     const auto function = CTavFuncTypeHeader::Func_HostInfo;
     const auto page = CTavSubFuncTypeHeader::SubFunc_serverResourceInfo;
 #ifdef TAV_REFUSED_MISTAKES
-    selection.setCurSelType(page, function); // compiler: conver
+    selection.setCurSelType(page, function); // compiler: (cannot convert|could not bind|no viable)
 #else
     selection.setCurSelType(function, page);
 #endif
@@ -149,7 +149,7 @@ void takeForAMessage(ITavNetControlMgr &network, const QByteArray &answer)
 {
     const auto devices = tavMessage<Tav::NetControl::NetDeviceInfos>(answer);
 #ifdef TAV_REFUSED_MISTAKES
-    network.setDeviceInfo(devices); // compiler: conver
+    network.setDeviceInfo(devices); // compiler: (cannot convert|could not bind|no viable)
 #else
     if (devices) {
         network.setDeviceInfo(*devices);
