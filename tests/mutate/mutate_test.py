@@ -88,6 +88,7 @@ class Project(unittest.TestCase):
         "CMakeLists.txt": """\
             cmake_minimum_required(VERSION 3.22)
             project(Tiny CXX)
+            add_compile_options(-Wall -Wextra -Werror)
             set(CMAKE_RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
             enable_testing()
             add_subdirectory(tests/common)
@@ -98,9 +99,12 @@ class Project(unittest.TestCase):
             """,
         "tests/common/BelowTest.cpp": """\
             bool isBelow(int value, int limit);
+            void hold(int value);
+            extern int held;
             int main()
             {
-                return isBelow(1, 3) && !isBelow(3, 1) ? 0 : 1;
+                hold(7);
+                return held == 7 && isBelow(1, 3) && !isBelow(3, 1) ? 0 : 1;
             }
             """,
         "common/Below.cpp": """\
@@ -110,6 +114,11 @@ class Project(unittest.TestCase):
                     return true;
                 }
                 return false;
+            }
+            int held;
+            void hold(int value)
+            {
+                held = value;
             }
             """,
         "tests/mutate/equivalent.txt": "",
@@ -153,7 +162,7 @@ class Project(unittest.TestCase):
         found = self.mutate()
         self.assertEqual(found.returncode, 1, found.stdout)
         self.assertIn("1 changes that no test has seen:\ncommon/Below.cpp:3\n    - if (value < limit) {", found.stdout)
-        self.assertRegex(found.stdout, r"together +3 +1 +75\.0 % +0\n")
+        self.assertRegex(found.stdout, r"together +4 +1 +80\.0 % +0\n")
         self.assertEqual((self.tree / "common/Below.cpp").read_text(), textwrap.dedent(self.FILES["common/Below.cpp"]))
         self.must("build/bin/BelowTest")
 
