@@ -8,10 +8,7 @@
 #include <QSet>
 
 #include <algorithm>
-#include <cstring>
-#include <grp.h>
 #include <initializer_list>
-#include <pwd.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -29,18 +26,14 @@ enum class Use {
 };
 
 /// Whether the group is the one that is made for the owner alone: it has his number or his name.
-bool isGroupOfOwner(const struct stat &status)
+bool isGroupOfOwner(const QString &file, const struct stat &status)
 {
-    if (status.st_gid == status.st_uid) {
-        return true;
-    }
-    const passwd *const owner = getpwuid(status.st_uid);
-    const group *const owners = getgrgid(status.st_gid);
-    return owner && owners && std::strcmp(owner->pw_name, owners->gr_name) == 0;
+    const QFileInfo info(file);
+    return status.st_gid == status.st_uid || (!info.owner().isEmpty() && info.owner() == info.group());
 }
 
 /// Who may write it besides its owner; empty for nobody.
-QString otherWriters(const struct stat &status, Use use)
+QString otherWriters(const QString &file, const struct stat &status, Use use)
 {
     if (use == Use::PassedThrough && status.st_mode & S_ISVTX) {
         return {}; // in such a directory each may change but his own
@@ -48,7 +41,8 @@ QString otherWriters(const struct stat &status, Use use)
     if (status.st_mode & S_IWOTH) {
         return "everybody";
     }
-    return status.st_mode & S_IWGRP && !isGroupOfOwner(status) ? QString("the group %1").arg(status.st_gid) : QString();
+    return status.st_mode & S_IWGRP && !isGroupOfOwner(file, status) ? QString("the group %1").arg(status.st_gid)
+                                                                     : QString();
 }
 
 /// What is found at @p file, whose owner has to be the administrator or one of @p owners.
@@ -59,7 +53,7 @@ Findings findingsOn(const QString &file, Use use, std::initializer_list<uid_t> o
         return {};
     }
     Findings findings;
-    const QString writers = otherWriters(status, use);
+    const QString writers = otherWriters(file, status, use);
     if (!writers.isEmpty()) {
         findings.append(Finding::ofFile(FindingCode::WritableByOthers, file, writers + " may write it",
                                         "others than its owner decide what the client shows and the agent runs",

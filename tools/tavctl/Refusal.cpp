@@ -66,7 +66,7 @@ QString unknownOption(const CLI::App &command, const QString &word)
 /// What is wrong with the arguments of @p command, which is called @p path.
 QString reasonOf(const CLI::App &command, const QString &path, const CLI::Error &error)
 {
-    const QString text = QString::fromStdString(error.what());
+    QString text = QString::fromStdString(error.what());
     const auto kind = CLI::ExitCodes(error.get_exit_code());
     const QString word = notTaken(command);
     if (word.startsWith('-')) { // also the likely reason for what is missing
@@ -82,7 +82,7 @@ QString reasonOf(const CLI::App &command, const QString &path, const CLI::Error 
         return QString("%1 is missing, as in \"%2\"").arg(text.section(' ', 0, 0), shortestUse(command, path));
     }
     if (kind == CLI::ExitCodes::ExtrasError) {
-        return QString("\"%1\" is one word too many for \"%2\"").arg(word, path);
+        return QString(R"("%1" is one word too many for "%2")").arg(word, path);
     }
     if (kind == CLI::ExitCodes::ExcludesError) {
         return text.section(' ', 0, 0) + " and " + text.section(' ', -1) + " exclude each other";

@@ -59,6 +59,10 @@ TEST_F(FileAccess, IsReportedForAGroupThatIsNotTheOwnersAlone)
     give("4711:4711", file);
     allow("0664", file);
     EXPECT_EQ(findings(), QStringList()) << "a group of one";
+    give("man", directory.path());
+    give("man:man", file);
+    EXPECT_EQ(findings(), QStringList()) << "by its name, its number is another";
+    give("4711", directory.path());
     give("4711:4712", file);
     EXPECT_EQ(findings(), QStringList{file + ": error: TAV702: the group 4712" + mayWrite});
 }
