@@ -18,7 +18,7 @@
  *
  * Any thread may call any operation. Results are copies. Editing a row changes the first that matches and never
  * appends one. The keys and flags of the keyed tables are the page controllers' own (those of the development client:
- * TavAccessObjects): a flag chooses one of two tables, a key is any int. Reading an unknown key inserts it, and is kept.
+ * TavAccessObjects): a flag chooses one of two tables, a key is any int. Reading an unknown key inserts it; kept so.
  *
  * The orders of arguments differ between operations (count, flag, key; flag, key; key, flag) and are kept: the
  * compiler does not tell them apart.
