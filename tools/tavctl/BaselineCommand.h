@@ -16,7 +16,8 @@ ExitCode showBaseline(const BaselineShowOptions &options);
 struct BaselineCheckOptions {
     QStringList files;
     Fixing fixing = Fixing::None;
-    QString root; ///< directory taken for "/", below which the scripts lie; empty for that in which the file is installed, or "/"
+    QString root; ///< directory taken for "/", below which the scripts lie; empty for that in which the file is
+                  ///< installed, or "/"
     FindingOptions findings;
 };
 
