@@ -82,7 +82,7 @@ void checkMetaData(const QString &file, const QJsonObject &metaData)
     if (identifier != expected) {
         throw TavPluginError(
             Kind::OtherPlugin, file,
-            PluginText::tr("another plugin: its identifier is \"%1\" and not \"%2\"").arg(identifier, expected));
+            PluginText::tr(R"(another plugin: its identifier is "%1" and not "%2")").arg(identifier, expected));
     }
     const QVersionNumber built = qtVersionIn(metaData);
     const QVersionNumber running = QVersionNumber::fromString(qVersion());
