@@ -8,7 +8,7 @@
 
 namespace
 {
-std::vector<const CLI::App *> commandsOf(const CLI::App &app)
+std::vector<const CLI::App *> subcommandsOf(const CLI::App &app)
 {
     return app.get_subcommands([](const CLI::App *) { return true; });
 }
@@ -72,10 +72,10 @@ QString reasonOf(const CLI::App &command, const QString &path, const CLI::Error 
     if (word.startsWith('-')) { // also the likely reason for what is missing
         return unknownOption(command, word);
     }
-    if (kind == CLI::ExitCodes::RequiredError && !commandsOf(command).empty()) {
-        const CLI::App &first = *commandsOf(command).front();
+    if (kind == CLI::ExitCodes::RequiredError && !subcommandsOf(command).empty()) {
+        const CLI::App &first = *subcommandsOf(command).front();
         return QString("a command is missing (there are: %1), as in \"%2\"")
-            .arg(namesOf(commandsOf(command)).join(", "),
+            .arg(namesOf(subcommandsOf(command)).join(", "),
                  shortestUse(first, path + ' ' + QString::fromStdString(first.get_name())));
     }
     if (kind == CLI::ExitCodes::RequiredError) {
@@ -107,7 +107,7 @@ std::string refusalOf(const CLI::App &app, const QStringList &words, const CLI::
     QString path = "tavctl";
     QString reason;
     for (const QString &word : words) {
-        const QStringList names = namesOf(commandsOf(*at));
+        const QStringList names = namesOf(subcommandsOf(*at));
         if (names.contains(word)) {
             at = at->get_subcommand(word.toStdString());
             path += ' ' + word;
