@@ -308,7 +308,7 @@ bool TavScenarioReader::next(TavScenario::Line &line)
 void TavScenarioReader::refuse(TavScenarioError::Kind kind, const QString &path, const QString &problem) const
 {
     const int column
-        = !path.isEmpty() && hasPlaces(m_text) ? TavJsonText(m_text).valuesAt({path})[path].place.column : 0;
+        = !path.isEmpty() && hasPlaces(m_text) ? TavJsonText(m_text).valuesAt({path}).value(path).place.column : 0;
     throw TavScenarioError(m_number, path, problem, kind, column);
 }
 
