@@ -97,6 +97,7 @@ public:
     /// begins with the character @p column of the line; 0 for no certain one.
     TavScenarioError(int line, const QString &path, const QString &problem, Kind kind = Kind::Play, int column = 0);
 
+    /// What is mistaken; Play when nothing in the text is.
     Kind kind() const
     {
         return m_kind;
