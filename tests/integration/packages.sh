@@ -73,7 +73,7 @@ inside() {
         ${http_proxy:+http_proxy="$http_proxy"} ${https_proxy:+https_proxy="$https_proxy"} "$@"
 }
 
-rm -rf "$root/root/packages" "$root/root/page-plugin"
+rm -rf "$root/root/packages"
 mkdir -p "$root/root/packages"
 cp "${packages[@]}" "$root/root/packages/"
 
@@ -103,13 +103,38 @@ for file in zsh/vendor-completions/_tavctl fish/vendor_completions.d/tavctl.fish
     inside test -s "/usr/share/$file" || fail "$file is not installed"
 done
 
-# Then what a page author types.
-inside sh -c 'apt-get install -y -q --no-install-recommends g++ cmake make pkgconf dpkg-dev file /root/packages/*.deb'
-inside cp -r /usr/share/doc/tav-data-plugin-dev/examples/page-plugin /root/page-plugin ||
-    fail "the example is not installed; does this system's dpkg leave /usr/share/doc out?"
+# Then what a page author types, from the guide's text, among the packages. What takes clang, sanitizers or the packages
+# of another architecture is left out where the programs are emulated.
+chapters='1|2|10'
+other=("$packages_dir"/*_arm64.deb)
+if [[ $architecture == "$(dpkg --print-architecture)" ]]; then
+    chapters+='|11|12|14'
+    if [[ $architecture != arm64 && -f ${other[0]} ]]; then
+        chapters+='|15'
+        cp "${other[@]}" "$root/root/packages/"
+    fi
+fi
+cp "$tests/integration/"{run-guide,page-to-picture}.sh "$tests/../docs/page-plugin-guide.md" "$root/root/"
+inside sh -c "cd /root/packages && CMAKE_BUILD_PARALLEL_LEVEL=$(nproc) ../run-guide.sh ../page-plugin-guide.md '$chapters'" ||
+    fail "the guide's commands do not work"
+echo "packages: run as the guide prints them: the commands of its chapters ${chapters//|/, }"
+page=/root/packages/my-page
+[[ -s $root$page/page.png ]] || fail "the guide's commands have taken no picture"
+inside sh -c "cd $page && sh build-without-cmake.sh"
+inside "$page/build/page-preview" "$page/libNetControlPagePlugin.so" "$page/pkg-config.png"
+[[ -s $root$page/pkg-config.png ]] || fail "the page built with pkg-config has drawn nothing"
+[[ $(inside pkg-config --cflags tav-data-plugin) == *-UNDEBUG* ]] || fail "pkg-config does not pass -UNDEBUG on"
+if [[ $chapters == *15 ]]; then
+    inside apt-get purge -y -q {libtavcommon1,tav-data-plugin,tav-data-plugin-dev}:arm64
+fi
+
+inside apt-get install -y -q --no-install-recommends dpkg-dev file "${packages[@]/#*\//\/root\/packages\/}"
 inside test -s /usr/share/doc/tav-data-plugin-doc/html/index.html || fail "the reference is not installed"
+for guide in page-plugin-guide compatibility architecture scenarios; do
+    inside test -s "/usr/share/doc/tav-data-plugin-dev/$guide.md" ||
+        fail "$guide.md is not installed; does this system's dpkg leave /usr/share/doc out?"
+done
 # The window with the page of a new project, within five minutes where nothing is emulated.
-cp "$tests/integration/page-to-picture.sh" "$root/root/"
 SECONDS=0
 inside sh -c 'cd /root && rm -rf Devices &&
     ./page-to-picture.sh Devices SubFunc_serverResourceInfo /usr/share/tavsec/demo'
@@ -117,18 +142,6 @@ inside sh -c 'cd /root && rm -rf Devices &&
 # shellcheck disable=SC2016  # that shell expands it
 inside sh -c 'cd /root/Devices/build && cpack &&
     test "$(dpkg-deb -f tav-page-devices_*.deb Package)" = tav-page-devices'
-for page in page-plugin-guide compatibility architecture scenarios; do
-    inside test -s "/usr/share/doc/tav-data-plugin-dev/$page.md" || fail "$page.md is not installed"
-done
-inside cmake -S /root/page-plugin -B /root/page-plugin/build -DCMAKE_BUILD_TYPE=Release
-inside cmake --build /root/page-plugin/build --parallel "$(nproc)"
-inside ctest --test-dir /root/page-plugin/build --output-on-failure --no-tests=error
-inside /root/page-plugin/build/page-preview /root/page-plugin/build/libNetControlPagePlugin.so /root/page-plugin/page.png
-[[ -s $root/root/page-plugin/page.png ]] || fail "the preview has drawn nothing"
-inside sh -c 'cd /root/page-plugin && sh build-without-cmake.sh'
-inside /root/page-plugin/build/page-preview /root/page-plugin/libNetControlPagePlugin.so /root/page-plugin/pkg-config.png
-[[ -s $root/root/page-plugin/pkg-config.png ]] || fail "the page built with pkg-config has drawn nothing"
-[[ $(inside pkg-config --cflags tav-data-plugin) == *-UNDEBUG* ]] || fail "pkg-config does not pass -UNDEBUG on"
 
 # A newer library alone takes nothing away but what is compiled against the older one.
 newer=$work/newer

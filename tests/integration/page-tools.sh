@@ -12,5 +12,5 @@ export PATH=$prefix/bin:$PATH CMAKE_PREFIX_PATH=$prefix
 mkdir "$work/scratch"
 cd "$work/scratch"
 CMAKE_BUILD_PARALLEL_LEVEL=$(nproc) "$source_dir/tests/integration/run-guide.sh" \
-    "$prefix/share/doc/tav-data-plugin-dev/page-plugin-guide.md" '2|11|12|13' "$prefix/share" ||
+    "$prefix/share/doc/tav-data-plugin-dev/page-plugin-guide.md" '2|11|12|14' "$prefix/share" ||
     fail "the guide's commands do not work"

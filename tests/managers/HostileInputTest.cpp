@@ -190,7 +190,8 @@ TEST_F(HostileInput, LargeBaselineLoadsInBoundedMemory)
 TEST_F(HostileInput, SmallestValuesTakeTheMostMemoryAndAreBoundedToo)
 {
     // Two bytes each: what the parser makes of one is many times larger than what stands in the file.
-    const QByteArray numbers = filled("0", 4 * 1000 * 1000);
+    const int size = proofSize(1, 4) * 1000 * 1000;
+    const QByteArray numbers = filled("0", size);
     writeFile(cataloguePath(), ('[' + numbers + ']').toBase64());
     expectPeak("catalogue of numbers", cataloguePath(), 20, [&] {
         // Every one of the two million is worth a line of the log.
@@ -203,7 +204,7 @@ TEST_F(HostileInput, SmallestValuesTakeTheMostMemoryAndAreBoundedToo)
         EXPECT_TRUE(baseline.loadJsonConfig());
         EXPECT_EQ(baseline.getItemConfig(0).checkValueScript, QStringLiteral("/opt/tavsec/script/baselineScript"));
     });
-    const QByteArray arrays = filled("[0]", 4 * 1000 * 1000);
+    const QByteArray arrays = filled("[0]", size);
     writeFile(baselinePath(), "{\"enableConfig\":[" + arrays + "]}");
     expectPeak("baseline of arrays", baselinePath(), 45, [&] { EXPECT_TRUE(baseline.loadJsonConfig()); });
 }
