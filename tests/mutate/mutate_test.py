@@ -10,7 +10,7 @@ import unittest
 
 sys.dont_write_bytecode = True
 from changes import changes_of  # noqa: E402
-from mutate import equivalents  # noqa: E402
+from mutate import equivalents, in_layer  # noqa: E402
 from planting import run  # noqa: E402
 
 HERE = pathlib.Path(__file__).resolve().parent
@@ -125,11 +125,14 @@ class Project(unittest.TestCase):
     }
 
     def setUp(self):
-        if subprocess.run(["unshare", "--map-root-user", "--mount", "true"], check=False).returncode != 0:
-            self.skipTest("this machine lets nobody mount a layer over a tree")
         directory = tempfile.TemporaryDirectory(prefix="mutate-test-", dir="/var/tmp")
         self.addCleanup(directory.cleanup)
-        self.tree = pathlib.Path(directory.name)
+        self.tree = pathlib.Path(directory.name) / "tree"
+        for name in ("tree", "layer/new", "layer/work"):
+            (pathlib.Path(directory.name) / name).mkdir(parents=True)
+        layer = in_layer(str(self.tree), f"{directory.name}/layer", ["true"])
+        if subprocess.run(layer, stderr=subprocess.DEVNULL, check=False).returncode != 0:
+            self.skipTest("this machine lets nobody mount a layer over a tree")
         for name, text in self.FILES.items():
             self.write(name, text)
         self.must("git", "init", "-q")

@@ -9,6 +9,7 @@ import pathlib
 import signal
 import subprocess
 import sys
+import time
 
 CAUGHT, REFUSED, SURVIVED = "caught", "refused", "survived"
 
@@ -42,7 +43,7 @@ class Test:
     folder: str
     environment: dict
     target: str  # what is built for it
-    seconds: float = 0  # that it takes when all is well
+    seconds: float = 600  # that it takes when all is well
 
     def passes(self, seconds):
         return run(self.command, seconds, cwd=self.folder, env={**os.environ, **self.environment}) == 0
@@ -58,8 +59,9 @@ def outcome_in(build, tests):
     for test in tests:
         if run(["cmake", "--build", build, "--target", test.target]) != 0:
             return REFUSED, None
-        # What waits for ever, waits longer than anything on a busy machine.
-        if not test.passes(20 + 10 * test.seconds):
+        # What waits for ever, waits longer than anything on a busy machine; and what fails for the change, fails again.
+        limit = 20 + 10 * test.seconds
+        if not test.passes(limit) and not test.passes(limit):
             return CAUGHT, test.name
     return SURVIVED, None
 
@@ -67,6 +69,11 @@ def outcome_in(build, tests):
 def main():
     job = json.load(sys.stdin)
     tests = [Test(**test) for test in job["tests"]]
+    for test in tests:
+        start = time.monotonic()
+        if not test.passes(test.seconds):
+            sys.exit(f"mutate: {test.name} fails before anything is changed")
+        test.seconds = time.monotonic() - start
     catches = collections.defaultdict(collections.Counter)
     for file, start, end, replacement in job["changes"]:
         path = pathlib.Path(file)
