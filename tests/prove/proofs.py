@@ -54,7 +54,12 @@ WINDOW = (
     "cmake --preset release -B build/window -DTAV_BUILD_BENCHMARKS=ON -DBUILD_TESTING=OFF &&"
     " cmake --build build/window --target PageBusyTime && build/window/bin/PageBusyTime"
 )
-REPEATED = "--gtest_filter='*EventsForAThread*' --gtest_repeat=2000 --gtest_brief=1 --gtest_throw_on_failure"
+# More of them at a time than there are processors.
+BUS = (
+    "./dev build coverage && seq 8 | LLVM_PROFILE_FILE=/dev/null xargs -P $((2 * $(nproc))) -I{} build/coverage/bin/StressTest"
+    " --gtest_filter='*EventsForAThread*' --gtest_repeat=250 --gtest_brief=1 --gtest_throw_on_failure"
+    " && echo 2000 repetitions"
+)
 COUNTED = (
     "echo counted: $(grep -c '^  ' tests/contract/slots.txt) operations of"
     " $(grep -c '^[A-Z]' tests/contract/slots.txt) interfaces, $(grep -c '^[A-Z]' tests/contract/records.txt) records"
@@ -63,7 +68,7 @@ COUNTED = (
 # In this order: what later ones need built is there then.
 PROOFS = {
     "test": Proof("./dev test --all", {"tests": tests}),
-    "scenarios": Proof("./dev build && ctest --preset dev -R '^Scenario'", {"tests": tests}),
+    "scenarios": Proof("./dev build && ctest --preset dev -R '^Scenario\\.'", {"tests": tests}),
     "abi": Proof(f"./dev abi && {COUNTED}", {"counts": found("^counted: (.*)$")}),
     "memory": Proof(
         "./dev build && TAV_PROVE=1 build/dev/bin/HostileInputTest --gtest_filter='*Large*:*Smallest*' 2>/dev/null",
@@ -71,7 +76,7 @@ PROOFS = {
     ),
     "findings": Proof(
         "./dev build && TAV_PROVE=1 build/dev/bin/FindingCountTest",
-        {"costs": found(r"^([\d.]+ s and \d+ MiB), ([\d.]+ s and \d+ MiB)$", "20,000: {0}; 200,000: {1}")},
+        {"costs": found(r"^([\d.]+ s and \d+ MiB), ([\d.]+ s and \d+ MiB), ", "20,000: {0}; 200,000: {1}")},
     ),
     "player": Proof(
         f"./dev build && {HELGRIND} build/dev/bin/ScenarioPlayerTest",
@@ -86,17 +91,28 @@ PROOFS = {
     "bench": Proof("./dev bench", {"table": lines(r"  .*ratio.*|  .* +\d+\.\d{3}( .*)?|[a-z][a-z ,]+")}),
     "asan": Proof("./dev test --all asan", {"tests": tests}),
     "coverage": Proof("./dev coverage", {"table": lines(r"\w+ +(?:lines|branches) .*|    .*: (?:not reached|never).*")}),
-    "bus": Proof(
-        f"./dev build coverage && LLVM_PROFILE_FILE=/dev/null build/coverage/bin/StressTest {REPEATED} &&"
-        " echo 2000 repetitions",
-        {"repetitions": found("^(2000 repetitions)$")},
-    ),
+    "bus": Proof(BUS, {"repetitions": found("^(2000 repetitions)$")}),
     "fuzz": Proof("./dev fuzz 60", {"table": lines(r"(?:target|\w+Fuzzer) +(?:executions|\d+) .*")}),
     "cross": Proof("./dev cross", {"tests": tests}),
     "package": Proof(
-        "./dev package && ./dev package test",
-        {"bare": found("^packages: (installed, used and removed .*)$"), "run": found("^packages: tavctl run: (.*)$")},
+        "./dev package && ./dev package cross && ./dev package test",
+        {
+            "bare": found("^packages: (installed, used and removed .*)$"),
+            "run": found("^packages: tavctl run: (.*)$"),
+            "guide": found("^packages: run as the guide prints them: (.*)$"),
+            "page": found(r"^page-to-picture: .*: (\d+ s); "),
+        },
+    ),
+    "emulated": Proof(
+        "./dev package test cross",
+        {"bare": found("^packages: (installed, used and removed .*)$"), "page": found(r"^page-to-picture: .*: (\d+ s); ")},
     ),
     "same": Proof("./dev package compare", {"packages": each("^same-packages: (.*): identical$")}),
-    "mutate": Proof("./dev mutate --sample 120", {"table": lines(r"(?:folder|common|kit|managers|plugin|together) .*")}),
+    "mutate": Proof(
+        "./dev mutate --sample 120",
+        {
+            "table": lines(r"(?:folder|common|kit|managers|plugin|together) .*"),
+            "survivors": found(r"^(\d+ changes that no test has seen:\n(?:\w+/.*\n    - .*\n    \+ .*\n)*)"),
+        },
+    ),
 }

@@ -32,6 +32,30 @@ class Figures(unittest.TestCase):
         self.assertEqual(tests(log), "29 of 30, 7 of 7")
 
 
+class Proofs(unittest.TestCase):
+    def test_take_their_figures_from_what_is_printed(self):
+        printed = {
+            "memory.peaks": (
+                "baseline of numbers: file 3.8 MiB, peak 70 MiB (18.4 for a byte), 0.52 s\n",
+                "baseline of numbers of 3.8 MiB: peak 70 MiB",
+            ),
+            "findings.costs": (
+                "3.6 s and 71 MiB, 45.9 s and 535 MiB, 1.0 KiB for each more\n",
+                "20,000: 3.6 s and 71 MiB; 200,000: 45.9 s and 535 MiB",
+            ),
+            "lint.checks": ("lint: formatting: clean\nlint: shellcheck: clean\n", "formatting, shellcheck"),
+            "package.page": ("page-to-picture: Devices, from tavctl new-page to a.png: 42 s; of processors, user", "42 s"),
+            "mutate.survivors": (
+                "kit/A.cpp:7: survived\n    - a\n    + b\n\n"
+                "1 changes that no test has seen:\nkit/A.cpp:7\n    - a\n    + b\n\nfolder",
+                "1 changes that no test has seen:\nkit/A.cpp:7\n    - a\n    + b\n",
+            ),
+        }
+        for name, (log, figure) in printed.items():
+            proof, _, what = name.partition(".")
+            self.assertEqual(PROOFS[proof].figures[what](log), figure)
+
+
 class Page(unittest.TestCase):
     def test_names_a_figure_of_each_proof_and_no_other(self):
         known = {f"{name}.{figure}" for name, proof in PROOFS.items() for figure in (*proof.figures, "seconds")}
