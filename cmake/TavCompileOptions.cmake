@@ -17,14 +17,18 @@ add_compile_options(-UNDEBUG)
 
 add_compile_definitions(QT_NO_CAST_TO_ASCII QT_NO_URL_CAST_FROM_STRING QT_NO_FOREACH)
 
-add_compile_options(-fstack-protector-strong -fstack-clash-protection)
+# What the builder's own flags say of a defence holds where it is more than this.
+add_compile_options(-fstack-clash-protection)
+if(NOT CMAKE_CXX_FLAGS MATCHES "-fstack-protector-all")
+    add_compile_options(-fstack-protector-strong)
+endif()
 if(CMAKE_SYSTEM_PROCESSOR STREQUAL "x86_64")
     add_compile_options(-fcf-protection)
-elseif(CMAKE_SYSTEM_PROCESSOR STREQUAL "aarch64")
+elseif(CMAKE_SYSTEM_PROCESSOR STREQUAL "aarch64" AND NOT CMAKE_CXX_FLAGS MATCHES "-mbranch-protection=standard")
     add_compile_options(-mbranch-protection=standard)
 endif()
 add_link_options(-Wl,-z,relro,-z,now,-z,noexecstack -Wl,--as-needed)
-if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug")
+if(NOT CMAKE_BUILD_TYPE STREQUAL "Debug" AND NOT CMAKE_CXX_FLAGS MATCHES "-O0")
     # The highest level there is: what the builder may have asked for is never more. Older compilers warn of 3.
     set(fortifyLevel 3)
     if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU" AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 12)

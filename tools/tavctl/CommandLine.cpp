@@ -14,7 +14,7 @@
 #include "Refusal.h"
 #include "RunCommand.h"
 #include "ScenarioCommand.h"
-#include "TavCommit.h"
+#include "TavBuiltFrom.h"
 #include "TavNearestText.h"
 
 #include <CLI/CLI.hpp>
@@ -611,7 +611,7 @@ Action actionOf(int argc, char **argv)
     CLI::App app("Stands in for the desktop client: loads its data plugin and shows what it holds.", "tavctl");
     app.require_subcommand(1);
     app.set_version_flag("-V,--version",
-                         std::string("tavctl " TAV_VERSION "\ncommit " TAV_COMMIT ", " TAV_BUILD_TYPE
+                         std::string("tavctl " TAV_VERSION "\n" TAV_BUILT_FROM ", " TAV_BUILD_TYPE
                                      " build\nbuilt with Qt " QT_VERSION_STR ", running with Qt ")
                              + qVersion());
     app.failure_message([&app](const CLI::App *, const CLI::Error &error) {
