@@ -78,6 +78,19 @@ TEST(Answer, IsWholeRecordsOrNothing)
     EXPECT_TRUE(tavRecords<STImaContentAsr>({}).value().isEmpty());
 }
 
+TEST(Answer, IsOneRecordOrNothing)
+{
+    STImaContentAsr records[2] = {};
+    tavSetText(records[0].path, "/usr/bin/true");
+    const QByteArray bytes(reinterpret_cast<const char *>(records), sizeof records);
+    const auto read = tavRecord<STImaContentAsr>(bytes.left(sizeof(STImaContentAsr)));
+    ASSERT_TRUE(read);
+    EXPECT_EQ(tavText(read->path).toStdString(), "/usr/bin/true");
+    EXPECT_FALSE(tavRecord<STImaContentAsr>(bytes.left(sizeof(STImaContentAsr) - 1)));
+    EXPECT_FALSE(tavRecord<STImaContentAsr>(bytes));
+    EXPECT_FALSE(tavRecord<STImaContentAsr>({}));
+}
+
 TEST(AccessObjects, KeepEachKeyInEachTableApart)
 {
     const TavPluginHost host(TAV_PLUGIN_FILE);
