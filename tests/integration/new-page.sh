@@ -20,6 +20,11 @@ grep -q 'cmake -S . -B build' steps.txt || fail "the next steps are not told"
 "$to_picture" Users SubFunc_PrincipalSettings "$demo" "$@" -DCMAKE_PREFIX_PATH="$prefix"
 "$to_picture" Files SubFunc_ObjectAdd "$demo" "$@" -DCMAKE_PREFIX_PATH="$prefix"
 
+# The package puts the page where the client looks for plugins. The library is not a package's here.
+(cd Devices/build && LD_LIBRARY_PATH=$prefix/$library_dir cpack >/dev/null)
+dpkg-deb -c Devices/build/tav-page-devices_*.deb | grep -q ' ./opt/tavsec/plugins/libDevicesPlugin.so$' ||
+    fail "the page's package puts it elsewhere: $(dpkg-deb -c Devices/build/tav-page-devices_*.deb)"
+
 QT_QPA_PLATFORM=offscreen tavdesk --root "$demo" --pictures without
 for picture in Devices/pictures/*OneClickReinforcement* Host/pictures/*serverResourceInfo* \
     Users/pictures/*PrincipalSettings* Files/pictures/*ObjectAdd*; do

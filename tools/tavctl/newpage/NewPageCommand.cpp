@@ -203,6 +203,7 @@ ExitCode writeNewPage(const NewPageOptions &options)
     words.insert("Name", options.name);
     words.insert("page", options.page);
     words.insert("controller", page.subFuncClassName);
+    words.insert("root", QDir(options.root).absolutePath());
     words.insert("package", "tav-page-" + QString(options.name).replace(innerCapital, "-").toLower());
     words.insert("contact",
                  QString("%1 <%1@%2>").arg(qEnvironmentVariable("USER", "root"), QSysInfo::machineHostName()));
