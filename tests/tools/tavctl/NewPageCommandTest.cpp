@@ -44,7 +44,7 @@ TEST_F(NewPageCommand, LeavesNoNameToReplaceOnAnyPage)
             EXPECT_FALSE(text.contains(QRegularExpression("@[A-Za-z]+@(?!\\w)|@if "))) << file.toStdString();
             EXPECT_FALSE(text.isEmpty()) << file.toStdString();
         }
-        EXPECT_EQ(count, 10) << name.toStdString();
+        EXPECT_EQ(count, 11) << name.toStdString();
         EXPECT_EQ(Tavctl({"scenario", "check", directory.filePath(name + '/' + name + ".jsonl")}).exitCode, 0)
             << name.toStdString();
     }

@@ -212,6 +212,7 @@ ExitCode writeNewPage(const NewPageOptions &options)
         {"CMakeLists.txt", "CMakeLists.txt.in"},
         {".clang-tidy", "clang-tidy.in"},
         {".gitignore", "gitignore.in"},
+        {"aarch64-linux-gnu.cmake", "aarch64-linux-gnu.cmake"},
         {options.name + "Controller.cpp", "Controller.cpp.in"},
         {options.name + "Controller.h", "Controller.h.in"},
         {options.name + "Page.cpp", "Page.cpp.in"},
