@@ -84,6 +84,15 @@ TEST_F(NewPageCommand, TakesTheManagerThatIsAskedFor)
         << other.errors.toStdString();
 }
 
+TEST_F(NewPageCommand, NamesThePagesThatShareTheModel)
+{
+    EXPECT_TRUE(
+        newPage(QStringList{"Scan", "--page", "SubFunc_StaticMeasurements"} + onDemo)
+            .output.endsWith("\nThe model of SubFunc_StaticMeasurements is also that of SubFunc_DynamicMeasurements:"
+                             " their controllers belong in this plugin, with one lock.\n"));
+    EXPECT_FALSE(newPage(QStringList{"Log", "--page", "SubFunc_LogAudit"} + onDemo).output.contains("is also that of"));
+}
+
 TEST_F(NewPageCommand, OverwritesNothing)
 {
     ASSERT_EQ(newPage(QStringList{"Log", "--page", "SubFunc_LogAudit"} + onDemo).exitCode, 0);

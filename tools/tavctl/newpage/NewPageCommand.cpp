@@ -153,6 +153,23 @@ TavSubFuncTypeData_ pageOf(const NewPageOptions &options)
                                          .arg(where, options.page, keys.join(", ")));
 }
 
+/// The other pages that show something of this manager.
+QStringList pagesBeside(const TavSubFuncTypeData_ &page, const QString &manager)
+{
+    QStringList keys;
+    const QVector<TavSubFuncTypeData_> pages = tavObject<ITavFuncTypeMgr>()->getSubFuncInfo();
+    for (const TavSubFuncTypeData_ &other : pages) {
+        const QVector<PageValue> &values = valuesOf(other.subFuncType);
+        if (other.subFuncType != page.subFuncType
+            && std::any_of(values.begin(), values.end(),
+                           [&](const PageValue &value) { return value.manager == manager; })) {
+            keys.append(pageKey(other.subFuncType));
+        }
+    }
+    keys.removeDuplicates();
+    return keys;
+}
+
 /// The template with its words put in. The lines between "@if WORD@" and "@end@" stay where there is such a word.
 QByteArray filled(const QByteArray &text, const Words &words)
 {
@@ -234,5 +251,11 @@ ExitCode writeNewPage(const NewPageOptions &options)
                       "    cmake -S . -B build && cmake --build build && ctest --test-dir build --output-on-failure\n"
                       "    tavdesk --root %2 --page build/lib%1Plugin.so")
                   .arg(options.name, QDir(options.root).absolutePath()));
+    const QStringList sharing = pagesBeside(page, words["Manager"]);
+    if (!sharing.isEmpty()) {
+        printLine(
+            QString("\nThe model of %1 is also that of %2: their controllers belong in this plugin, with one lock.")
+                .arg(options.page, sharing.join(", ")));
+    }
     return ExitCode::Success;
 }
