@@ -15,6 +15,16 @@ guide=$doc/page-plugin-guide.md
 example=$doc/examples/page-plugin
 [[ -z $(find "$doc" -type f -perm /111) ]] || fail "documentation is installed as a program"
 
+# Every page or picture that an installed one links to is installed, too.
+links=0
+for text in "$doc"/*.md; do
+    while IFS= read -r target; do
+        [[ -e $doc/${target%%#*} ]] || fail "$(basename "$text") links to $target, which is not installed"
+        links=$((links + 1))
+    done < <(grep -oE '\]\([^)#: ]+(#[^)]*)?\)' "$text" | sed 's/^](//; s/)$//')
+done
+[[ $links -ge 5 ]] || fail "the installed pages have $links links only"
+
 # quotes GUIDE: the code blocks that name a file in a comment on their first line, each ended by a NUL.
 quotes() {
     awk '/^```/ { if (open) printf "%c", 0; open = /^```(cpp|cmake|sh)$/; next } open' "$1"
