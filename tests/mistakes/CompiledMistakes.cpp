@@ -244,6 +244,17 @@ bool dropAVerdict(TavTestClient &client)
 #endif
 }
 
+//! What `end` returns is dropped: what was left behind is not seen | compiler | compare it with an empty text
+bool dropWhatIsLeftBehind(TavTestClient &client)
+{
+#ifdef TAV_ACCEPTED_MISTAKES
+    client.end(); // compiler: ignoring return value
+    return true;
+#else
+    return client.end().isEmpty();
+#endif
+}
+
 //! `false` from `loadConfig` is taken for a failure | nobody | look at `getFuncInfos`
 bool takeFalseForFailure(ITavFuncTypeMgr &catalogue)
 {
