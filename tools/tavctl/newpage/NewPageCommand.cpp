@@ -78,7 +78,7 @@ Words wordsOf(const PageValue &value)
     const auto held = std::find_if(values.begin(), values.end(), [&](const TavCall::HeldValue &candidate) {
         return candidate.manager == value.manager && candidate.getter == value.getter;
     });
-    QObject *const manager = tavObject<QObject>(qUtf8Printable(value.manager));
+    auto *const manager = tavObject<QObject>(qUtf8Printable(value.manager));
     if (held == values.end() || !manager) {
         return {};
     }
@@ -106,7 +106,7 @@ Words wordsFor(const TavSubFuncTypeData_ &page, const NewPageOptions &options)
     Words rows;
     QStringList managers;
     for (const PageValue &value : valuesOf(page.subFuncType)) {
-        const Words words = wordsOf(value);
+        Words words = wordsOf(value);
         if (words.isEmpty()) {
             continue;
         }
