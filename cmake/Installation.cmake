@@ -31,6 +31,7 @@ install(FILES "${CMAKE_CURRENT_BINARY_DIR}/tav-data-plugin.cdx.json"
 set(devDocDir "${CMAKE_INSTALL_DATADIR}/doc/tav-data-plugin-dev")
 install(FILES docs/page-plugin-guide.md docs/pages.md docs/compatibility.md docs/architecture.md docs/scenarios.md
     DESTINATION ${devDocDir} COMPONENT dev)
+install(FILES docs/pictures/example-page.png DESTINATION ${devDocDir}/pictures COMPONENT dev)
 install(DIRECTORY share/sanitizers DESTINATION ${CMAKE_INSTALL_DATADIR}/tavsec COMPONENT dev)
 install(DIRECTORY examples/page-plugin DESTINATION ${devDocDir}/examples COMPONENT dev
     PATTERN build EXCLUDE)

@@ -1,41 +1,24 @@
 #pragma once
 
 #include "ITavAccessControlMgr.h"
+#include "TavAccessLevel.h"
 
 /**
- * @brief The objects of one key in one of the two keyed tables of the access control.
+ * @brief The objects of one access level in one of the two keyed tables of the access control.
  *
  * The operations of the interface take count, flag and key in three orders, which no compiler tells apart; here the
- * two that choose are named once. The manager outlives it. Any thread.
- *
- * The manager does not know what flags and keys mean: those who fill the tables and those who show them agree. What the
- * development client's agent fills is
- *
- * | table | flag | key |
- * |---|---|---|
- * | objects: details and counts | true: files; false: directories, devices and others | access level, 0 to 3 |
- * | principals: details | - | access level, 0 to 3 |
- *
- * | level | principals | objects |
- * |---|---|---|
- * | 3 | the superuser | for the owner alone |
- * | 2 | in a group of administrators | the group may read |
- * | 1 | may log in | everybody may read |
- * | 0 | all others | everybody may write |
- *
- * The rows of the lists of levels have the same numbers in STAccessSetUIData::level.
+ * two that choose are named once. As with the levels, it is the development client's agent that takes the flag for
+ * files. The manager outlives it. Any thread.
  */
 class TavAccessObjects
 {
 public:
-    /// The table that the interface's flag chooses.
+    /// The table that the interface's flag chooses: files, or directories, devices and others.
     enum class Table : bool { Others = false, Files = true };
-    /// An access level.
-    enum class Key : int { Lowest = 0, Highest = 3 };
 
-    /// Those of @p key in @p table of @p manager.
-    TavAccessObjects(ITavAccessControlMgr &manager, Table table, Key key)
-        : m_manager(manager), m_flag(table == Table::Files), m_key(static_cast<int>(key))
+    /// Those of @p level in @p table of @p manager.
+    TavAccessObjects(ITavAccessControlMgr &manager, Table table, TavAccessLevel level)
+        : m_manager(manager), m_flag(table == Table::Files), m_key(static_cast<int>(level))
     {
     }
 
@@ -45,7 +28,7 @@ public:
         m_manager.updateObjectDetail(m_key, m_flag, details);
     }
 
-    /// The details; empty where none were set.
+    /// The details; empty where none were set. Inserts the level then, as the interface does.
     [[nodiscard]] QVector<STObjectDetailAsr> details() const
     {
         return m_manager.getObjectDetail(m_key, m_flag);
@@ -57,7 +40,7 @@ public:
         m_manager.setObjectCount(count, m_flag, m_key);
     }
 
-    /// The number of objects; 0 where none was set.
+    /// The number of objects; 0 where none was set. Inserts the level then, as the interface does.
     [[nodiscard]] int count() const
     {
         return m_manager.getObjectCount(m_flag, m_key);

@@ -24,8 +24,22 @@ template<class Message>
     return message;
 }
 
-/// The records that @p bytes are, one behind the other; nothing when the last one is not whole. For records without
-/// texts of Qt: those that end in `Asr`, whose layout the header fixes.
+/// The one record that @p bytes are; nothing when they are fewer or more. For records without texts of Qt: those that
+/// end in `Asr`, whose layout the header fixes.
+template<class Record>
+[[nodiscard]] std::optional<Record> tavRecord(const QByteArray &bytes)
+{
+    static_assert(std::is_trivially_copyable_v<Record>, "only records of plain bytes are sent as they lie in memory");
+    if (bytes.size() != int(sizeof(Record))) {
+        return std::nullopt;
+    }
+    Record record;
+    std::memcpy(&record, bytes.constData(), sizeof record);
+    return record;
+}
+
+/// The records that @p bytes are, one behind the other; nothing when the last one is not whole. For the same records
+/// as tavRecord().
 template<class Record>
 [[nodiscard]] std::optional<QVector<Record>> tavRecords(const QByteArray &bytes)
 {

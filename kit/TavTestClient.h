@@ -40,13 +40,13 @@ public:
 
     /// The manager with this interface; null after end().
     template<class Interface>
-    Interface *manager()
+    [[nodiscard]] Interface *manager()
     {
         return qobject_cast<Interface *>(object(qobject_interface_iid<Interface *>()));
     }
 
     /// What is registered for the interface with this name, a manager or a page's controller; null when nothing is.
-    QObject *object(const char *interfaceName);
+    [[nodiscard]] QObject *object(const char *interfaceName);
 
     /// A new page of the controller with this interface; null when there is none, or it is no ITavPage. It is to end
     /// before end() is called. Include QWidget: the kit itself does without Qt Widgets.
@@ -60,7 +60,7 @@ public:
     }
 
     /// As fast as it goes, with every `returns` compared.
-    static TavPlayOptions checkedAtOnce();
+    [[nodiscard]] static TavPlayOptions checkedAtOnce();
 
     /// Plays a scenario of these lines, without its first, while the event loop runs. Returns the first mistake.
     [[nodiscard]] QString play(const QList<QByteArray> &lines, const TavPlayOptions &options = checkedAtOnce());
@@ -74,7 +74,7 @@ public:
                                          std::chrono::milliseconds limit = std::chrono::seconds(5));
 
     /// The pages whose selection was delivered to this thread so far, by their keys, in order.
-    const QStringList &pageChanges() const
+    [[nodiscard]] const QStringList &pageChanges() const
     {
         return m_pageChanges;
     }
@@ -82,7 +82,7 @@ public:
     /// Ends the controllers and managers. Returns what outlives them and must not: pages, controllers that the
     /// registry does not own, subscriptions to the page change, events on the bus. What was there before is none of
     /// them.
-    QString end();
+    [[nodiscard]] QString end();
 
 private:
     QString play(QIODevice &device, const TavPlayOptions &options);

@@ -37,7 +37,7 @@ public:
     Q_INVOKABLE void receiveAnswer(const QByteArray &answer);
 
     /// What the page shows; empty before the first answer.
-    QVector<NetControlLine> lines() const;
+    [[nodiscard]] QVector<NetControlLine> lines() const;
 
     /// Sets the check mark of this device. A device that is no longer there is left alone.
     void setChecked(const QString &name, bool checked);

@@ -8,12 +8,22 @@ here=$(dirname "${BASH_SOURCE[0]}")
 # shellcheck source-path=SCRIPTDIR source=installation.sh
 . "$here/installation.sh"
 
-install_tree common plugin dev tavctl
+install_tree common plugin dev tavctl tavdesk
 export PATH=$prefix/bin:$PATH CMAKE_PREFIX_PATH=$prefix
 doc=$prefix/share/doc/tav-data-plugin-dev
 guide=$doc/page-plugin-guide.md
 example=$doc/examples/page-plugin
 [[ -z $(find "$doc" -type f -perm /111) ]] || fail "documentation is installed as a program"
+
+# Every page or picture that an installed one links to is installed, too.
+links=0
+for text in "$doc"/*.md; do
+    while IFS= read -r target; do
+        [[ -e $doc/${target%%#*} ]] || fail "$(basename "$text") links to $target, which is not installed"
+        links=$((links + 1))
+    done < <(grep -oE '\]\([^)#: ]+(#[^)]*)?\)' "$text" | sed 's/^](//; s/)$//')
+done
+[[ $links -ge 5 ]] || fail "the installed pages have $links links only"
 
 # quotes GUIDE: the code blocks that name a file in a comment on their first line, each ended by a NUL.
 quotes() {
@@ -35,12 +45,15 @@ done < <(quotes "$guide")
 [[ $count -ge 15 ]] || fail "the guide quotes the example $count times only"
 
 mkdir "$work/scratch"
-(cd "$work/scratch" && CMAKE_EXPORT_COMPILE_COMMANDS=ON CMAKE_BUILD_PARALLEL_LEVEL=$(nproc) \
-    "$source_dir/tests/integration/run-guide.sh" "$guide" '1|2|10' "$prefix/share") ||
+(cd "$work/scratch" && LD_LIBRARY_PATH=$prefix/$library_dir CMAKE_EXPORT_COMPILE_COMMANDS=ON CMAKE_BUILD_PARALLEL_LEVEL=$(nproc) \
+    "$source_dir/tests/integration/run-guide.sh" "$guide" '1|2|10|13|16' "$prefix/share") ||
     fail "the guide's commands do not work"
 page=$work/scratch/my-page
 [[ -s $page/page.png ]] || fail "the guide's commands have taken no picture"
-[[ -s $work/scratch/DiskUsage/CMakeLists.txt ]] || fail "the guide's commands have written no project"
+packages=("$work/scratch/DiskUsage/build/"*.deb)
+[[ -s ${packages[0]} ]] || fail "the guide's commands have made no package of a new project"
+pictures=("$work/scratch/pictures/"*.png)
+[[ ${#pictures[@]} -ge 14 ]] || fail "the guide's commands have taken no pictures in the window"
 ! grep -qF -e "$source_dir" -e "$build_dir" "$page/build/compile_commands.json" ||
     fail "the example is compiled with headers that are not those of the package"
 plugin=$page/build/libNetControlPagePlugin.so

@@ -1,9 +1,12 @@
 #include "ITavAccessControlMgr.h"
+#include "ITavPicResourceMgr.h"
 #include "NetControl.pb.h"
 #include "STImaContentAsr.h"
 #include "TavAccessObjects.h"
+#include "TavAccessPrincipals.h"
 #include "TavAnswer.h"
 #include "TavPackedField.h"
+#include "TavPictureDirectory.h"
 #include "TavPluginHost.h"
 #include "TavWorker.h"
 
@@ -78,13 +81,26 @@ TEST(Answer, IsWholeRecordsOrNothing)
     EXPECT_TRUE(tavRecords<STImaContentAsr>({}).value().isEmpty());
 }
 
+TEST(Answer, IsOneRecordOrNothing)
+{
+    STImaContentAsr records[2] = {};
+    tavSetText(records[0].path, "/usr/bin/true");
+    const QByteArray bytes(reinterpret_cast<const char *>(records), sizeof records);
+    const auto read = tavRecord<STImaContentAsr>(bytes.left(sizeof(STImaContentAsr)));
+    ASSERT_TRUE(read);
+    EXPECT_EQ(tavText(read->path).toStdString(), "/usr/bin/true");
+    EXPECT_FALSE(tavRecord<STImaContentAsr>(bytes.left(sizeof(STImaContentAsr) - 1)));
+    EXPECT_FALSE(tavRecord<STImaContentAsr>(bytes));
+    EXPECT_FALSE(tavRecord<STImaContentAsr>({}));
+}
+
 TEST(AccessObjects, KeepEachKeyInEachTableApart)
 {
     const TavPluginHost host(TAV_PLUGIN_FILE);
     auto &manager = *tavObject<ITavAccessControlMgr>();
     using Objects = TavAccessObjects;
-    const Objects one(manager, Objects::Table::Files, Objects::Key(0));
-    const Objects other(manager, Objects::Table::Others, Objects::Key(1));
+    const Objects one(manager, Objects::Table::Files, TavAccessLevel::Lowest);
+    const Objects other(manager, Objects::Table::Others, TavAccessLevel::Low);
     one.setCount(7);
     other.setCount(8);
     one.setDetails(QVector<STObjectDetailAsr>(2));
@@ -95,6 +111,32 @@ TEST(AccessObjects, KeepEachKeyInEachTableApart)
     EXPECT_EQ(one.details().size(), 2);
     EXPECT_TRUE(other.details().isEmpty());
     EXPECT_EQ(manager.getObjectDetail(0, true).size(), 2);
+}
+
+TEST(AccessPrincipals, AreThoseOfOneLevel)
+{
+    const TavPluginHost host(TAV_PLUGIN_FILE);
+    auto &manager = *tavObject<ITavAccessControlMgr>();
+    const TavAccessPrincipals highest(manager, TavAccessLevel::Highest);
+    const TavAccessPrincipals high(manager, TavAccessLevel::High);
+    highest.setDetails(QVector<STPriDetailAsr>(1));
+    high.setDetails(QVector<STPriDetailAsr>(2));
+    EXPECT_EQ(highest.details().size(), 1);
+    EXPECT_EQ(high.details().size(), 2);
+    EXPECT_EQ(manager.getUserDetail(3).size(), 1);
+    EXPECT_EQ(manager.getUserDetail(2).size(), 2);
+    EXPECT_EQ(manager.getUserDetail().size(), 3);
+}
+
+TEST(PictureDirectory, FindsItsPicturesByTheirNames)
+{
+    const TavPluginHost host(TAV_PLUGIN_FILE);
+    auto &manager = *tavObject<ITavPicResourceMgr>();
+    manager.appendPicResourcePath(TAV_SOURCE_DIR "/share/demo/opt/tavsec/pictures/navigation");
+    const TavPictureDirectory navigation(manager, "navigation");
+    EXPECT_TRUE(navigation.picture("hostIcon"));
+    EXPECT_EQ(navigation.picture("hostIcon"), manager.getImageRef("navigation", "hostIcon"));
+    EXPECT_FALSE(navigation.picture("navigation"));
 }
 
 TEST(PackedField, IsCopiedAndSetWithoutAReference)

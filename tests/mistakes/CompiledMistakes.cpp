@@ -5,11 +5,14 @@
 #include "ITavAccessControlMgr.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavNetControlMgr.h"
+#include "ITavPicResourceMgr.h"
 #include "ITavSelectFuncMgr.h"
 #include "STImaContentAsr.h"
 #include "TavAccessObjects.h"
+#include "TavAccessPrincipals.h"
 #include "TavAnswer.h"
 #include "TavEvents.h"
+#include "TavPictureDirectory.h"
 #include "TavSubscription.h"
 #include "TavTestClient.h"
 #include "TavWorker.h"
@@ -59,14 +62,14 @@ QVector<STObjectDetailAsr> swapKeyAndFlag(ITavAccessControlMgr &access, int key,
 #endif
 }
 
-//! Table and key of `TavAccessObjects` are swapped | compiler | the order that the compiler takes
-TavAccessObjects swapTableAndKey(ITavAccessControlMgr &access)
+//! Table and level of `TavAccessObjects` are swapped | compiler | the order that the compiler takes
+TavAccessObjects swapTableAndLevel(ITavAccessControlMgr &access)
 {
     using Objects = TavAccessObjects;
 #ifdef TAV_REFUSED_MISTAKES
-    return Objects(access, Objects::Key(5), Objects::Table::Files); // compiler: no match
+    return Objects(access, TavAccessLevel::High, Objects::Table::Files); // compiler: no match
 #else
-    return Objects(access, Objects::Table::Files, Objects::Key(5));
+    return Objects(access, Objects::Table::Files, TavAccessLevel::High);
 #endif
 }
 
@@ -78,6 +81,27 @@ void passATemporary(ITavAccessControlMgr &access)
 #else
     QVector<STPriDetailAsr> details(2);
     access.updateUserDetail(3, details);
+#endif
+}
+
+//! The key of `getUserDetail` is forgotten, which then reads all keys | nobody | `TavAccessPrincipals`
+QVector<STPriDetailAsr> forgetTheKey(ITavAccessControlMgr &access)
+{
+#ifdef TAV_ACCEPTED_MISTAKES
+    return access.getUserDetail();
+#else
+    return TavAccessPrincipals(access, TavAccessLevel::High).details();
+#endif
+}
+
+//! Directory and picture of `getImageRef` are swapped | clang-tidy, by their names | `TavPictureDirectory`
+std::shared_ptr<QImage> swapDirectoryAndPicture(ITavPicResourceMgr &pictures, const QString &dirName,
+                                                const QString &imageName)
+{
+#ifdef TAV_ACCEPTED_MISTAKES
+    return pictures.getImageRef(imageName, dirName); // clang-tidy: suspicious-call-argument
+#else
+    return TavPictureDirectory(pictures, dirName).picture(imageName);
 #endif
 }
 
@@ -217,6 +241,17 @@ bool dropAVerdict(TavTestClient &client)
     return true;
 #else
     return client.playFile("scenario.jsonl").isEmpty();
+#endif
+}
+
+//! What `end` returns is dropped: what was left behind is not seen | compiler | compare it with an empty text
+bool dropWhatIsLeftBehind(TavTestClient &client)
+{
+#ifdef TAV_ACCEPTED_MISTAKES
+    client.end(); // compiler: ignoring return value
+    return true;
+#else
+    return client.end().isEmpty();
 #endif
 }
 

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# usage: mistakes.sh BUILD_DIR COMPILER [CLANG_TIDY]
+# usage: mistakes.sh BUILD_DIR COMPILER
 #
 # Compiles the wrong forms in CompiledMistakes.cpp with the command that the tree BUILD_DIR has for its correct ones, and
 # expects of each line that is marked the diagnosis of its mark:
@@ -12,10 +12,14 @@
 # each of its cases a report at its line. Then holds the table in the guide for authors against the lists.
 set -euo pipefail
 
-build_dir=$1 compiler=$2 clang_tidy=${3:-}
+build_dir=$1 compiler=$2
 here=$(cd "$(dirname "${BASH_SOURCE[0]}")" && pwd)
 root=$here/../..
 list=$here/CompiledMistakes.cpp
+
+for tool in clang++ clang-tidy; do
+    command -v "$tool" >/dev/null || { echo "mistakes: $tool is not installed, and must look at some of them" >&2; exit 1; }
+done
 
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
@@ -43,12 +47,10 @@ command=${command//\\\"/\"}
 command=${command//-Werror/}
 cd "$build_dir"
 (eval "$command -o /dev/null -fsyntax-only -DTAV_ACCEPTED_MISTAKES -DTAV_REFUSED_MISTAKES" || true) &>"$work/compiler.txt" &
-if [[ -n $clang_tidy ]]; then
-    # Without the checks that have nothing to say here, which take the most time.
-    "$clang_tidy" --quiet -p "$build_dir" --config-file="$root/tools/tavctl/newpage/clang-tidy.in" \
-        --checks='-bugprone-*,bugprone-unused-return-value,-performance-*,-concurrency-*' \
-        --extra-arg=-DTAV_ACCEPTED_MISTAKES --extra-arg=-Wno-error "$list" >"$work/tidy.txt" 2>/dev/null || true
-fi
+# Without the checks that have nothing to say here, which take the most time.
+clang-tidy --quiet -p "$build_dir" --config-file="$root/tools/tavctl/newpage/clang-tidy.in" \
+    --checks='-bugprone-*,bugprone-unused-return-value,-performance-*,-concurrency-*' \
+    --extra-arg=-DTAV_ACCEPTED_MISTAKES --extra-arg=-Wno-error "$list" >"$work/tidy.txt" 2>/dev/null || true
 wait
 
 if [[ $compiler == Clang ]]; then
@@ -56,20 +58,14 @@ if [[ $compiler == Clang ]]; then
 else
     expect compiler "$work/compiler.txt"
 fi
-if [[ -n $clang_tidy ]]; then
-    expect 'clang-tidy|clang' "$work/tidy.txt"
-else
-    echo "mistakes: clang-tidy is not installed, so nobody has looked at what it must find"
-fi
+expect 'clang-tidy|clang' "$work/tidy.txt"
 
 # Rows packed to one byte: with the list of what cannot be otherwise, each report is the author's own.
 include=$work/include/tavsec
 mkdir -p "$include"
 cp "$root"/interfaces/*.h "$root"/kit/*.h "$include"
 packed=$here/PackedMistakes.cpp
-if ! command -v clang++ >/dev/null; then
-    echo "mistakes: clang++ is not installed, so nobody has looked for references to packed fields"
-elif ! eval clang++ -std=c++17 -g -fPIC -Wall -Wextra -Werror "'-I$include'" "$(grep -oE -- '-isystem [^ ]+' <<<"$command" | tr '\n' ' ')" \
+if ! eval clang++ -std=c++17 -g -fPIC -Wall -Wextra -Werror "'-I$include'" "$(grep -oE -- '-isystem [^ ]+' <<<"$command" | tr '\n' ' ')" \
     -fsanitize=alignment -fno-sanitize-recover=alignment "'-fsanitize-ignorelist=$root/share/sanitizers/packed-rows.ignorelist'" \
     "'$packed'" -o "'$work/packed'" -lQt5Core; then
     failed=1

@@ -2,6 +2,7 @@
 #include "AgentCalls.h"
 #include "HostFile.h"
 #include "ManagerFeeds.h"
+#include "TavAccessObjects.h"
 
 using TavOperations::overload;
 

@@ -5,17 +5,17 @@
 #include "STAccessSetUIData.h"
 #include "STObjectDetailAsr.h"
 #include "STPriDetailAsr.h"
-#include "TavAccessObjects.h"
+#include "TavAccessLevel.h"
 #include "UserReader.h"
 
 #include <QString>
 #include <QVector>
 
-/// @brief Sorts the host's users and key files into the access levels of TavAccessObjects, by what the system itself
+/// @brief Sorts the host's users and key files into the access levels of TavAccessLevel, by what the system itself
 /// lets them do.
 namespace AccessReader
 {
-constexpr int maxLevel = int(TavAccessObjects::Key::Highest); ///< the lowest is 0
+constexpr int maxLevel = int(TavAccessLevel::Highest); ///< the lowest is 0
 
 int principalLevel(const UserReader::User &user);
 

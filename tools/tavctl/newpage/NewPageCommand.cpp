@@ -12,6 +12,7 @@
 #include <QDir>
 #include <QFile>
 #include <QHash>
+#include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
 #include <QRegularExpression>
@@ -29,77 +30,104 @@ QByteArray resource(const QString &name)
     return file.readAll();
 }
 
-/// The last line of the recorded minute that calls this setter; empty when none does.
-QByteArray recordedCall(const QString &manager, const QString &setter)
+/// The last line of the recorded minute that sets @p held to something else than @p initial; empty when none does.
+QByteArray recordedCall(const TavCall::HeldValue &held, const QJsonValue &initial)
 {
     QByteArray found;
     const QList<QByteArray> lines = resource("day.jsonl").split('\n');
     for (const QByteArray &line : lines) {
         const QJsonObject call = QJsonDocument::fromJson(line).object();
-        if (call["manager"] == manager && call["operation"] == setter) {
+        if (call["manager"] == held.manager && call["operation"] == held.setter && call["arguments"][0] != initial) {
             found = line;
         }
     }
     return found;
 }
 
-QString setterOf(const QString &manager, const QString &getter)
+QString typeOf(const TavCall::HeldValue &held)
 {
-    const QVector<TavCall::HeldValue> &values = TavCall::heldValues();
-    const auto found = std::find_if(values.begin(), values.end(), [&](const TavCall::HeldValue &value) {
-        return value.manager == manager && value.getter == getter;
-    });
-    return found == values.end() ? QString() : found->setter;
-}
-
-QString typeOf(const QString &manager, const QString &getter)
-{
-    const QVector<TavCall::Operation> operations = TavCall::operationsOf(manager);
+    const QVector<TavCall::Operation> operations = TavCall::operationsOf(held.manager);
     const auto found = std::find_if(operations.begin(), operations.end(), [&](const TavCall::Operation &operation) {
-        return operation.name == getter && operation.arguments.isEmpty();
+        return operation.name == held.getter && operation.arguments.isEmpty();
     });
     return found == operations.end() ? QString() : found->result;
 }
 
-/// The words for a value that a backend answers with as a whole, a message or records of plain bytes, and of which the
-/// recorded minute has a call; none for another.
-Words wordsOf(const PageValue &value)
+/// How the controller gets at a value of this type from a backend's answer; none for rows, which come in no answer.
+Words answerWords(const QString &type)
 {
-    const QString setter = setterOf(value.manager, value.getter);
-    const QString type = typeOf(value.manager, value.getter);
+    static const QRegularExpression record("^ST\\w+Asr$");
     static const QRegularExpression records("^QVector<(ST\\w+Asr)>$");
-    const QString record = records.match(type).captured(1);
-    if ((!type.startsWith("Tav::") && record.isEmpty()) || recordedCall(value.manager, setter).isEmpty()) {
-        return {};
+    if (type.startsWith("Tav::")) {
+        return {{"answer", "a serialised " + type}, {"parse", "tavMessage<" + type + '>'}};
     }
-    return {
-        {"Manager", value.manager},
-        {"getter", value.getter},
-        {"setter", setter},
-        {"Type", type},
-        {"answer", record.isEmpty() ? "a serialised " + type : "records " + record + " one behind the other"},
-        {"parse", record.isEmpty() ? "tavMessage<" + type + '>' : "tavRecords<" + record + '>'},
-    };
+    if (record.match(type).hasMatch()) {
+        return {{"answer", "one record " + type}, {"parse", "tavRecord<" + type + '>'}};
+    }
+    if (const QRegularExpressionMatch list = records.match(type); list.hasMatch()) {
+        const QString name = list.captured(1);
+        return {{"answer", "records " + name + " one behind the other"}, {"parse", "tavRecords<" + name + '>'}};
+    }
+    return {};
 }
 
-/// The words for the value that the page is to show.
+/// The words for a value that is held as a whole, and that the recorded minute changes; none for another.
+Words wordsOf(const PageValue &value)
+{
+    const QVector<TavCall::HeldValue> &values = TavCall::heldValues();
+    const auto held = std::find_if(values.begin(), values.end(), [&](const TavCall::HeldValue &candidate) {
+        return candidate.manager == value.manager && candidate.getter == value.getter;
+    });
+    auto *const manager = tavObject<QObject>(qUtf8Printable(value.manager));
+    if (held == values.end() || !manager) {
+        return {};
+    }
+    const QJsonValue initial = TavCall::call(manager, value.manager, value.getter, QJsonArray());
+    const QByteArray recorded = recordedCall(*held, initial);
+    if (recorded.isEmpty()) {
+        return {};
+    }
+    const QString type = typeOf(*held);
+    Words words = answerWords(type);
+    words.insert("rows", words.isEmpty() ? "rows" : QString());
+    words.insert("anyThread", words.contains("answer") ? "receiveAnswer" : "setValue");
+    words.insert("Manager", value.manager);
+    words.insert("getter", value.getter);
+    words.insert("setter", held->setter);
+    words.insert("Type", type);
+    words.insert("indeterminate", held->isIndeterminateAtFirst ? "at first" : QString());
+    words.insert("call", QString::fromUtf8(recorded));
+    return words;
+}
+
+/// The words for the value that the page is to show: the first that a backend answers with, else the first of rows.
 Words wordsFor(const TavSubFuncTypeData_ &page, const NewPageOptions &options)
 {
+    Words rows;
     QStringList managers;
     for (const PageValue &value : valuesOf(page.subFuncType)) {
         Words words = wordsOf(value);
         if (words.isEmpty()) {
             continue;
         }
-        if (options.manager.isEmpty() || options.manager == value.manager) {
+        managers.append(value.manager);
+        if (!options.manager.isEmpty() && options.manager != value.manager) {
+            continue;
+        }
+        if (words.contains("answer")) {
             return words;
         }
-        managers.append(value.manager);
+        if (rows.isEmpty()) {
+            rows = words;
+        }
+    }
+    if (!rows.isEmpty()) {
+        return rows;
     }
     managers.removeDuplicates();
     throw ToolError(ExitCode::Usage,
                     managers.isEmpty()
-                        ? options.page + ": no manager holds an answer for this page, so there is nothing to begin with"
+                        ? options.page + ": no manager holds anything for this page, so there is nothing to begin with"
                         : QString("--manager: the page %1 shows nothing of \"%2\"; it shows what these hold: %3")
                               .arg(options.page, options.manager, managers.join(", ")));
 }
@@ -125,10 +153,33 @@ TavSubFuncTypeData_ pageOf(const NewPageOptions &options)
                                          .arg(where, options.page, keys.join(", ")));
 }
 
-/// The template with its words put in.
+/// The other pages that show something of this manager.
+QStringList pagesBeside(const TavSubFuncTypeData_ &page, const QString &manager)
+{
+    QStringList keys;
+    const QVector<TavSubFuncTypeData_> pages = tavObject<ITavFuncTypeMgr>()->getSubFuncInfo();
+    for (const TavSubFuncTypeData_ &other : pages) {
+        const QVector<PageValue> &values = valuesOf(other.subFuncType);
+        if (other.subFuncType != page.subFuncType
+            && std::any_of(values.begin(), values.end(),
+                           [&](const PageValue &value) { return value.manager == manager; })) {
+            keys.append(pageKey(other.subFuncType));
+        }
+    }
+    keys.removeDuplicates();
+    return keys;
+}
+
+/// The template with its words put in. The lines between "@if WORD@" and "@end@" stay where there is such a word.
 QByteArray filled(const QByteArray &text, const Words &words)
 {
+    static const QRegularExpression condition("@if (\\w+)@\n(.*?)@end@\n",
+                                              QRegularExpression::DotMatchesEverythingOption);
     QString result = QString::fromUtf8(text);
+    for (auto block = condition.match(result); block.hasMatch(); block = condition.match(result)) {
+        const QString lines = words.value(block.captured(1)).isEmpty() ? QString() : block.captured(2);
+        result.replace(block.capturedStart(), block.capturedLength(), lines);
+    }
     for (auto word = words.begin(); word != words.end(); ++word) {
         result.replace('@' + word.key() + '@', word.value());
     }
@@ -137,12 +188,12 @@ QByteArray filled(const QByteArray &text, const Words &words)
 
 QByteArray scenario(const Words &words)
 {
-    QJsonObject call = QJsonDocument::fromJson(recordedCall(words["Manager"], words["setter"])).object();
+    QJsonObject call = QJsonDocument::fromJson(words["call"].toUtf8()).object();
     call.remove("at");
     call.remove("thread");
     const auto line
         = [](const QJsonObject &object) { return QJsonDocument(object).toJson(QJsonDocument::Compact) + '\n'; };
-    return line({{"tavScenario", 1}, {"title", "an answer for the page " + words["Name"]}}) + line(call)
+    return line({{"tavScenario", 1}, {"title", "something to show for the page " + words["Name"]}}) + line(call)
         + line({{"at", 0.1}, {"page", words["page"]}});
 }
 }
@@ -162,12 +213,14 @@ ExitCode writeNewPage(const NewPageOptions &options)
 
     TavGlobalInfoMgr::getInstance()->setSystemRoot(options.root);
     const TavPluginHost host = loadPlugin(options.plugin);
+    determineHeldValues();
     const TavSubFuncTypeData_ page = pageOf(options);
     Words words = wordsFor(page, options);
     static const QRegularExpression innerCapital("(?<=[a-z0-9])(?=[A-Z])");
     words.insert("Name", options.name);
     words.insert("page", options.page);
     words.insert("controller", page.subFuncClassName);
+    words.insert("root", QDir(options.root).absolutePath());
     words.insert("package", "tav-page-" + QString(options.name).replace(innerCapital, "-").toLower());
     words.insert("contact",
                  QString("%1 <%1@%2>").arg(qEnvironmentVariable("USER", "root"), QSysInfo::machineHostName()));
@@ -176,6 +229,7 @@ ExitCode writeNewPage(const NewPageOptions &options)
         {"CMakeLists.txt", "CMakeLists.txt.in"},
         {".clang-tidy", "clang-tidy.in"},
         {".gitignore", "gitignore.in"},
+        {"aarch64-linux-gnu.cmake", "aarch64-linux-gnu.cmake"},
         {options.name + "Controller.cpp", "Controller.cpp.in"},
         {options.name + "Controller.h", "Controller.h.in"},
         {options.name + "Page.cpp", "Page.cpp.in"},
@@ -197,5 +251,11 @@ ExitCode writeNewPage(const NewPageOptions &options)
                       "    cmake -S . -B build && cmake --build build && ctest --test-dir build --output-on-failure\n"
                       "    tavdesk --root %2 --page build/lib%1Plugin.so")
                   .arg(options.name, QDir(options.root).absolutePath()));
+    const QStringList sharing = pagesBeside(page, words["Manager"]);
+    if (!sharing.isEmpty()) {
+        printLine(
+            QString("\nThe model of %1 is also that of %2: their controllers belong in this plugin, with one lock.")
+                .arg(options.page, sharing.join(", ")));
+    }
     return ExitCode::Success;
 }
