@@ -75,13 +75,17 @@ TEST_F(RecordCommand, WritesWhatPlaysAgainAndReturnsTheSame)
 
 TEST_F(RecordCommand, WritesChangesOnlyUnlessToldToWriteAll)
 {
-    const QStringList twice{"--for", "1500ms", "--every", "1s"};
-    ASSERT_EQ(record(twice).exitCode, 0);
-    const QByteArray changed = content();
-    ASSERT_EQ(record(twice + QStringList{"--all"}).exitCode, 0);
-    const QByteArray all = content();
-    EXPECT_LT(changed.count("\"setServerInfo\""), 2);
-    EXPECT_GE(all.count("\"setServerInfo\""), 2);
+    // A slow machine needs more time for two readings.
+    for (const char *const time : {"1500ms", "6s", "24s"}) {
+        const QStringList twice{"--for", time, "--every", "1s"};
+        ASSERT_EQ(record(twice + QStringList{"--all"}).exitCode, 0);
+        if (content().count("\"setServerInfo\"") >= 2) {
+            ASSERT_EQ(record(twice).exitCode, 0);
+            EXPECT_EQ(content().count("\"setServerInfo\""), 1);
+            return;
+        }
+    }
+    FAIL() << "nothing that stays the same is written twice";
 }
 
 TEST_F(RecordCommand, LeavesAWholeFileWhenItIsInterrupted)
