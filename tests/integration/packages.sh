@@ -105,10 +105,10 @@ done
 
 # Then what a page author types, from the guide's text, among the packages. What takes clang, sanitizers or the packages
 # of another architecture is left out where the programs are emulated.
-chapters='1|2|10'
+chapters='1|2|10|13|16'
 other=("$packages_dir"/*_arm64.deb)
 if [[ $architecture == "$(dpkg --print-architecture)" ]]; then
-    chapters+='|11|12|14'
+    chapters='1|2|10|11|12|13|14|16'
     if [[ $architecture != arm64 && -f ${other[0]} ]]; then
         chapters+='|15'
         cp "${other[@]}" "$root/root/packages/"
