@@ -15,15 +15,15 @@ class TAV_COMMON_EXPORT TavCommonUtils
 {
 public:
     /// The file's text, decoded from UTF-8; empty when it cannot be read.
-    static QString readAll(const QString &path);
+    [[nodiscard]] static QString readAll(const QString &path);
 
     /// The file's top-level JSON object; empty when it cannot be read, is not JSON or holds something else.
-    static QJsonObject readJsonFromFile(const QString &path);
+    [[nodiscard]] static QJsonObject readJsonFromFile(const QString &path);
 
     /// Has @p content be read for @p path, whatever the disk holds; null content takes that back. For programs that
     /// show a configuration which is not installed.
     static void setContent(const QString &path, const QByteArray &content);
 
     /// Where @p path is really read: inside the system root when it is absolute, unchanged otherwise.
-    static QString pathInSystemRoot(const QString &path);
+    [[nodiscard]] static QString pathInSystemRoot(const QString &path);
 };

@@ -29,7 +29,7 @@ public:
     void addEventNotify(TavBaseEvent *event);
 
     /// Number of events taken over and neither run to their end nor deleted unrun.
-    int pendingCount() const;
+    [[nodiscard]] int pendingCount() const;
 
 private:
     class Mailbox;

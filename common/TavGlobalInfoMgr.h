@@ -25,20 +25,20 @@ public:
     static TavGlobalInfoMgr *getInstance();
 
     /// The client's object registry: the one set with setObjectMgr, else the built-in one. Never null.
-    static ITavObjectMgr *getObjectMgr();
+    [[nodiscard]] static ITavObjectMgr *getObjectMgr();
 
     /// Puts @p objectMgr in the place of the built-in registry; null restores it. The caller keeps ownership and
     /// must restore before it ends its registry.
     static void setObjectMgr(ITavObjectMgr *objectMgr);
 
     /// The application paths; before the first setAppPath those of a standard installation under /opt, /etc, /var.
-    STAppPathInfo getAppPath();
+    [[nodiscard]] STAppPathInfo getAppPath();
     /// Sets the application paths: the host does it once, before the plugins are loaded.
     void setAppPath(const STAppPathInfo &appPath);
 
     /// Directory that TavCommonUtils takes for "/"; empty, the default, means the real one. It is set by the host
     /// alone, never by the environment: a security client must not be redirected from outside.
-    QString systemRoot();
+    [[nodiscard]] QString systemRoot();
     /// Sets the system root; empty means the real one.
     void setSystemRoot(const QString &systemRoot);
 

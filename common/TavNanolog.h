@@ -15,7 +15,7 @@
 namespace TavNanolog
 {
 /// Whether lines of @p level are wanted: those at least as grave as the threshold.
-TAV_COMMON_EXPORT bool is_logged(int level);
+[[nodiscard]] TAV_COMMON_EXPORT bool is_logged(int level);
 
 /// Sets the threshold; 3 before the first call.
 TAV_COMMON_EXPORT void setLevel(int level);
@@ -30,11 +30,11 @@ public:
     /// Appends @p text to the message.
     void encode(const QString &text);
 
-    int level() const; ///< how grave the line is
-    const QByteArray &source() const; ///< the component that logs
-    const QByteArray &function() const; ///< the function that logs
-    int line() const; ///< its line in the source
-    const QString &text() const; ///< what encode() has gathered
+    [[nodiscard]] int level() const; ///< how grave the line is
+    [[nodiscard]] const QByteArray &source() const; ///< the component that logs
+    [[nodiscard]] const QByteArray &function() const; ///< the function that logs
+    [[nodiscard]] int line() const; ///< its line in the source
+    [[nodiscard]] const QString &text() const; ///< what encode() has gathered
 
 private:
     int m_level;

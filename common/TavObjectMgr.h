@@ -19,7 +19,7 @@ struct STObjectKey {
 };
 
 /// Whether both fields are equal.
-inline bool operator==(const STObjectKey &a, const STObjectKey &b)
+[[nodiscard]] inline bool operator==(const STObjectKey &a, const STObjectKey &b)
 {
     return a.id == b.id && a.name == b.name;
 }
@@ -36,10 +36,10 @@ public:
     virtual void registerObject(const STObjectKey &key, QObject *object, const bool &owned) = 0;
 
     /// The living object that was registered last under @p key; null when there is none.
-    virtual QObject *getObject(const STObjectKey &key) = 0;
+    [[nodiscard]] virtual QObject *getObject(const STObjectKey &key) = 0;
 
     /// The keys of all living objects, each once, in the order of registration.
-    virtual QVector<STObjectKey> getObjectKeys() = 0;
+    [[nodiscard]] virtual QVector<STObjectKey> getObjectKeys() = 0;
 
 protected:
     ~ITavObjectMgr() = default;
@@ -61,8 +61,8 @@ public:
     ~TavObjectMgr();
 
     void registerObject(const STObjectKey &key, QObject *object, const bool &owned) override;
-    QObject *getObject(const STObjectKey &key) override;
-    QVector<STObjectKey> getObjectKeys() override;
+    [[nodiscard]] QObject *getObject(const STObjectKey &key) override;
+    [[nodiscard]] QVector<STObjectKey> getObjectKeys() override;
 
 private:
     struct Entry {
@@ -79,7 +79,7 @@ private:
 constexpr int tavManagerKeyId = -9999;
 
 /// The registry key of the manager with the interface @p interfaceName, such as "ITavAuditMgr".
-TAV_COMMON_EXPORT STObjectKey tavManagerKey(const char *interfaceName);
+[[nodiscard]] TAV_COMMON_EXPORT STObjectKey tavManagerKey(const char *interfaceName);
 
 /**
  * @brief Looks a manager up in the client's current registry: `tavObject<ITavAuditMgr>("ITavAuditMgr")`.
@@ -87,14 +87,14 @@ TAV_COMMON_EXPORT STObjectKey tavManagerKey(const char *interfaceName);
  * Any thread. Null when nothing is registered under the key or the object has another interface.
  */
 template<class Interface>
-Interface *tavObject(const char *interfaceName)
+[[nodiscard]] Interface *tavObject(const char *interfaceName)
 {
     return qobject_cast<Interface *>(TavGlobalInfoMgr::getObjectMgr()->getObject(tavManagerKey(interfaceName)));
 }
 
 /// The same under the interface's own name, as the data plugin registers its managers: `tavObject<ITavAuditMgr>()`.
 template<class Interface>
-Interface *tavObject()
+[[nodiscard]] Interface *tavObject()
 {
     return tavObject<Interface>(qobject_interface_iid<Interface *>());
 }

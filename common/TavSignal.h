@@ -61,7 +61,7 @@ public:
     }
 
     /// Number of subscriptions.
-    int subscriberCount() const
+    [[nodiscard]] int subscriberCount() const
     {
         return std::atomic_load(&m_subscribers)->size();
     }

@@ -18,7 +18,7 @@ class ITavPage
 public:
     /// Makes a widget that shows the page, in @p parent, which may be null; another one with each call. GUI thread, and
     /// a QApplication. The caller owns the widget, and ends it before the registry, with which the controller ends.
-    virtual QWidget *createPage(QWidget *parent) = 0;
+    [[nodiscard]] virtual QWidget *createPage(QWidget *parent) = 0;
 
 protected:
     /// Not virtual: nothing is deleted through this interface.

@@ -329,7 +329,7 @@ TavCall::Prepared TavCall::preparedCall(const QString &manager, const QString &o
     if (problems.size() > 1) {
         throw TavCallError(path, "none of the operations fits: " + problems.join("; "));
     }
-    operationsOf(manager); // throws when there is no such manager
+    static_cast<void>(operationsOf(manager)); // throws when there is no such manager
     throw TavCallError(
         {}, QString("%1 has no operation \"%2\" (%3)").arg(manager, operation, nearestOrAll(operation, names)));
 }

@@ -33,11 +33,11 @@ struct Operation {
     bool isIndeterminateAtFirst; ///< returns whatever the memory held until its setter has been called once
 
     /// Name and arguments, such as "getUserDetail(int key)".
-    QString signature() const;
+    [[nodiscard]] QString signature() const;
 };
 
 /// All operations: the interfaces in the order of registration, of each the operations in its order.
-const QVector<Operation> &operations();
+[[nodiscard]] const QVector<Operation> &operations();
 
 /// @brief A value that a manager holds, with the operations that set and return it as a whole.
 struct HeldValue {
@@ -48,13 +48,13 @@ struct HeldValue {
 };
 
 /// All held values: the interfaces in the order of registration, of each the setters in its order.
-const QVector<HeldValue> &heldValues();
+[[nodiscard]] const QVector<HeldValue> &heldValues();
 
 /// The names of all interfaces, in the order of registration.
-QStringList managers();
+[[nodiscard]] QStringList managers();
 
 /// The operations of the interface with this name. Throws TavCallError when there is none.
-QVector<Operation> operationsOf(const QString &manager);
+[[nodiscard]] QVector<Operation> operationsOf(const QString &manager);
 
 /// A call with its arguments, to be made on the manager as often as one likes, by one thread at a time. Returns the
 /// result, null where there is none; throws TavCallError when the object is not that manager, or when the message
@@ -68,7 +68,7 @@ using Call = std::function<QJsonValue(QObject *manager)>;
  * the arguments is meant. Throws TavCallError when there is no such manager or operation, or when the arguments do not
  * fit, or fit more than one: then the names in an object tell.
  */
-Call prepared(const QString &manager, const QString &operation, const QJsonValue &arguments);
+[[nodiscard]] Call prepared(const QString &manager, const QString &operation, const QJsonValue &arguments);
 
 /// @brief A call, and what it is a call of.
 struct Prepared {
@@ -81,8 +81,8 @@ struct Prepared {
 };
 
 /// As prepared(), with the operation that was meant. @p path is where @p arguments stand in what is read.
-Prepared preparedCall(const QString &manager, const QString &operation, const QJsonValue &arguments,
-                      const QString &path);
+[[nodiscard]] Prepared preparedCall(const QString &manager, const QString &operation, const QJsonValue &arguments,
+                                    const QString &path);
 
 /// Calls the operation of this name on @p object, the manager behind the interface @p manager. Throws TavCallError.
 QJsonValue call(QObject *object, const QString &manager, const QString &operation, const QJsonValue &arguments);

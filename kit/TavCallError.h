@@ -17,13 +17,13 @@ public:
     }
 
     /// JSON pointer into the arguments, such as "/0/userName"; empty for the call as a whole.
-    QString path() const
+    [[nodiscard]] QString path() const
     {
         return m_path;
     }
 
     /// What is wrong there, without the place.
-    QString problem() const
+    [[nodiscard]] QString problem() const
     {
         return m_problem;
     }

@@ -67,7 +67,7 @@ enum class Kind {
 };
 
 /// The unit of a field of this kind as documentation names it; empty when it has none.
-const char *unitOf(Kind kind);
+[[nodiscard]] const char *unitOf(Kind kind);
 
 template<class Member>
 struct MemberTypes;
@@ -80,7 +80,7 @@ struct MemberTypes<Member Class::*> {
 
 /// The kind of a field of this type that its table does not give another.
 template<class Type>
-constexpr Kind kindOf()
+[[nodiscard]] constexpr Kind kindOf()
 {
     if constexpr (std::is_same_v<Type, bool>) {
         return Kind::Flag;

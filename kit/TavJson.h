@@ -41,41 +41,43 @@
 namespace TavJson
 {
 /// @p value in the words of an error, such as: the text "7".
-QString described(const QJsonValue &value);
+[[nodiscard]] QString described(const QJsonValue &value);
 
 /// Throws unless @p json has the type.
-QJsonArray array(const QJsonValue &json);
-QJsonObject object(const QJsonValue &json); ///< likewise
-bool flag(const QJsonValue &json); ///< likewise
+[[nodiscard]] QJsonArray array(const QJsonValue &json);
+[[nodiscard]] QJsonObject object(const QJsonValue &json); ///< likewise
+[[nodiscard]] bool flag(const QJsonValue &json); ///< likewise
 
 /// A whole number from @p least to @p most.
-qint64 wholeNumber(const QJsonValue &json, qint64 least, qint64 most);
-qint64 signedNumber(const QJsonValue &json); ///< of 64 bits
-quint64 unsignedNumber(const QJsonValue &json); ///< of 64 bits
+[[nodiscard]] qint64 wholeNumber(const QJsonValue &json, qint64 least, qint64 most);
+[[nodiscard]] qint64 signedNumber(const QJsonValue &json); ///< of 64 bits
+[[nodiscard]] quint64 unsignedNumber(const QJsonValue &json); ///< of 64 bits
 
 /// UTF-8 as a text; anything else as an object with "bytes".
-QJsonValue textToJson(const QByteArray &bytes);
-QByteArray textFromJson(const QJsonValue &json); ///< the reverse
-QJsonValue qStringToJson(const QString &text); ///< a text; with a byte order mark first, an object with "bytes"
-QString qStringFromJson(const QJsonValue &json); ///< the reverse
+[[nodiscard]] QJsonValue textToJson(const QByteArray &bytes);
+[[nodiscard]] QByteArray textFromJson(const QJsonValue &json); ///< the reverse
+[[nodiscard]] QJsonValue qStringToJson(
+    const QString &text); ///< a text; with a byte order mark first, an object with "bytes"
+[[nodiscard]] QString qStringFromJson(const QJsonValue &json); ///< the reverse
 
 /// A buffer without NUL is an object with "bytes", as is what is not UTF-8.
-QJsonValue bufferToJson(const char *buffer, int size);
+[[nodiscard]] QJsonValue bufferToJson(const char *buffer, int size);
 /// Writes the text and fills what is left of the buffer with NUL.
 void bufferFromJson(const QJsonValue &json, char *buffer, int size);
 
-QJsonValue bytesToJson(const QByteArray &bytes); ///< in Base64
-QByteArray bytesFromJson(const QJsonValue &json); ///< the reverse
+[[nodiscard]] QJsonValue bytesToJson(const QByteArray &bytes); ///< in Base64
+[[nodiscard]] QByteArray bytesFromJson(const QJsonValue &json); ///< the reverse
 
-QJsonValue enumToJson(const QMetaEnum &keys, int value); ///< the key; the number where there is none
-int enumFromJson(const QMetaEnum &keys, const QJsonValue &json); ///< the reverse
+[[nodiscard]] QJsonValue enumToJson(const QMetaEnum &keys, int value); ///< the key; the number where there is none
+[[nodiscard]] int enumFromJson(const QMetaEnum &keys, const QJsonValue &json); ///< the reverse
 
 /// Throws when the message holds fields that this version of it does not know: they would be lost.
-QJsonObject messageToJson(const google::protobuf::Message &message);
+[[nodiscard]] QJsonObject messageToJson(const google::protobuf::Message &message);
 void messageFromJson(const QJsonValue &json, google::protobuf::Message &message); ///< the reverse
 
-QJsonValue pictureToJson(const std::shared_ptr<QImage> &picture); ///< width, height, format; null for none
-QJsonValue objectToJson(const QObject *object); ///< the name of its class; null for none
+[[nodiscard]] QJsonValue pictureToJson(
+    const std::shared_ptr<QImage> &picture); ///< width, height, format; null for none
+[[nodiscard]] QJsonValue objectToJson(const QObject *object); ///< the name of its class; null for none
 
 /// Throws when @p json has a key that is not among @p known.
 void refuseUnknownKeys(const QJsonObject &json, const QStringList &known);
@@ -91,11 +93,11 @@ template<class Element>
 constexpr bool isList<QVector<Element>> = true;
 
 template<class Type>
-QJsonValue toJson(const Type &value);
+[[nodiscard]] QJsonValue toJson(const Type &value);
 
 /// All fields of @p record by their names.
 template<class Record>
-QJsonObject recordToJson(const Record &record)
+[[nodiscard]] QJsonObject recordToJson(const Record &record)
 {
     QJsonObject json;
     TavFields::forEachField<Record>([&](const auto &field) {
@@ -113,7 +115,7 @@ QJsonObject recordToJson(const Record &record)
 
 /// @p value as JSON.
 template<class Type>
-QJsonValue toJson(const Type &value)
+[[nodiscard]] QJsonValue toJson(const Type &value)
 {
     if constexpr (std::is_same_v<Type, bool>) {
         return value;
@@ -146,25 +148,25 @@ QJsonValue toJson(const Type &value)
 
 /// @p values as an array, as the arguments of a call by position are written.
 template<class... Types>
-QJsonArray arrayOf(const std::tuple<Types...> &values)
+[[nodiscard]] QJsonArray arrayOf(const std::tuple<Types...> &values)
 {
     return std::apply([](const auto &...value) { return QJsonArray{toJson(value)...}; }, values);
 }
 
 /// Of a place in JSON, as a path.
-inline QString pathOf(QLatin1String key)
+[[nodiscard]] inline QString pathOf(QLatin1String key)
 {
     return memberPath({}, key);
 }
 
 /// The same of an element of a list.
-inline QString pathOf(int index)
+[[nodiscard]] inline QString pathOf(int index)
 {
     return elementPath({}, index);
 }
 
 /// The same of a path.
-inline QString pathOf(const QString &path)
+[[nodiscard]] inline QString pathOf(const QString &path)
 {
     return path;
 }
@@ -183,11 +185,11 @@ auto at(const Place &place, const Read &read)
 
 /// As fromJson(), without a path.
 template<class Type>
-Type valueFromJson(const QJsonValue &json);
+[[nodiscard]] Type valueFromJson(const QJsonValue &json);
 
 /// The names of all fields of @p Record.
 template<class Record>
-QStringList fieldNames()
+[[nodiscard]] QStringList fieldNames()
 {
     QStringList names;
     TavFields::forEachField<Record>(
@@ -197,7 +199,7 @@ QStringList fieldNames()
 
 /// The reverse of recordToJson().
 template<class Record>
-Record recordFromJson(const QJsonValue &json)
+[[nodiscard]] Record recordFromJson(const QJsonValue &json)
 {
     const QJsonObject members = object(json);
     Record record{};
@@ -225,7 +227,7 @@ Record recordFromJson(const QJsonValue &json)
 }
 
 template<class Type>
-Type valueFromJson(const QJsonValue &json)
+[[nodiscard]] Type valueFromJson(const QJsonValue &json)
 {
     if constexpr (std::is_same_v<Type, bool>) {
         return flag(json);
@@ -262,7 +264,7 @@ Type valueFromJson(const QJsonValue &json)
 
 /// The value that @p json stands for. Throws TavCallError; @p path is where @p json stands in what is read.
 template<class Type>
-Type fromJson(const QJsonValue &json, const QString &path = QString())
+[[nodiscard]] Type fromJson(const QJsonValue &json, const QString &path = QString())
 {
     return at(path, [&] { return valueFromJson<Type>(json); });
 }

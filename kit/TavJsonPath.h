@@ -6,7 +6,7 @@
 namespace TavJson
 {
 /// Path of the member @p key of the value at @p path.
-QString memberPath(const QString &path, const QString &key);
+[[nodiscard]] QString memberPath(const QString &path, const QString &key);
 /// Path of the element at @p index of the value at @p path.
-QString elementPath(const QString &path, int index);
+[[nodiscard]] QString elementPath(const QString &path, int index);
 }

@@ -14,5 +14,5 @@ struct SetValue {
 /// What a call of @p operation sets as a whole, such as what getObjectCount(flag, key) returns for
 /// setObjectCount(count, flag, key). @p arguments, an array by position or an object by name, fit the operation.
 /// May be called on any thread.
-SetValue setValueOf(const QString &manager, const QString &operation, const QJsonValue &arguments);
+[[nodiscard]] SetValue setValueOf(const QString &manager, const QString &operation, const QJsonValue &arguments);
 }

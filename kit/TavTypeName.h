@@ -5,4 +5,4 @@
 #include <typeinfo>
 
 /// The name of a type as one writes it in C++, such as "QVector<STStateInfo>".
-QString tavTypeName(const std::type_info &type);
+[[nodiscard]] QString tavTypeName(const std::type_info &type);

@@ -37,23 +37,23 @@ public:
     TavPluginError(Kind kind, const QString &file, const QString &problem, Role role = Role::DataPlugin);
 
     /// What is wrong, for whoever decides by it.
-    Kind kind() const
+    [[nodiscard]] Kind kind() const
     {
         return m_kind;
     }
 
     /// The file as it was named.
-    QString file() const
+    [[nodiscard]] QString file() const
     {
         return m_file;
     }
 
-    QString problem() const; ///< what is wrong with the file
-    QString effect() const; ///< what that means for a client
-    QString advice() const; ///< what to do about it
+    [[nodiscard]] QString problem() const; ///< what is wrong with the file
+    [[nodiscard]] QString effect() const; ///< what that means for a client
+    [[nodiscard]] QString advice() const; ///< what to do about it
 
     /// Whether the advice is to name another file, so that a program can add how its user does that.
-    bool wantsAnotherFile() const;
+    [[nodiscard]] bool wantsAnotherFile() const;
 
 private:
     Kind m_kind;

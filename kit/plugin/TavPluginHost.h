@@ -48,35 +48,35 @@ public:
     QVector<TavRegistration> loadPages(const QString &file);
 
     /// The plugin's file as it was named.
-    QString file() const
+    [[nodiscard]] QString file() const
     {
         return m_file;
     }
 
     /// The manager with this interface; never null for one of the fifteen.
     template<class Interface>
-    Interface *manager()
+    [[nodiscard]] Interface *manager()
     {
         return qobject_cast<Interface *>(managerObject(qobject_interface_iid<Interface *>()));
     }
 
     /// The object that is registered for the interface with this name; null when there is none.
-    QObject *managerObject(const char *interfaceName);
+    [[nodiscard]] QObject *managerObject(const char *interfaceName);
 
     /// Where the managers and the controllers are registered. Any thread may look something up.
-    ITavObjectMgr &registry()
+    [[nodiscard]] ITavObjectMgr &registry()
     {
         return m_registry;
     }
 
     /// What the data plugin has registered, in its order; what others register later is not among it.
-    const QVector<TavRegistration> &registrations() const
+    [[nodiscard]] const QVector<TavRegistration> &registrations() const
     {
         return m_registrations;
     }
 
     /// The time that it took to load the file and to make its root object, without the managers.
-    qint64 loadNanoseconds() const
+    [[nodiscard]] qint64 loadNanoseconds() const
     {
         return m_loadNanoseconds;
     }
@@ -85,7 +85,7 @@ public:
     static void checkUnloaded(const QString &file);
 
     /// What any file says about itself; nothing of it is run. Empty texts when it says nothing.
-    static TavPluginFacts factsOf(const QString &file);
+    [[nodiscard]] static TavPluginFacts factsOf(const QString &file);
 
 private:
     QString m_file;

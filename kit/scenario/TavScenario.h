@@ -25,7 +25,7 @@ class TavPluginHost;
 namespace TavScenario
 {
 /// The names that "thread" may have: "agent", "agent2" to "agent8", and "gui" as the last.
-const QStringList &threads();
+[[nodiscard]] const QStringList &threads();
 
 constexpr int agent = 0; ///< place in threads() of the thread on which calls are made that name none
 constexpr int gui = 8; ///< place in threads() of the thread that runs the event loop
@@ -35,7 +35,7 @@ constexpr double microsecondsInSecond = 1e6; ///< the unit of times in memory
 using Managers = QHash<QString, QObject *>; ///< of one host, by the names of their interfaces
 
 /// The managers of @p host, which outlives them.
-Managers managersOf(TavPluginHost &host);
+[[nodiscard]] Managers managersOf(TavPluginHost &host);
 
 /// @brief One line behind the first, read and found in order.
 struct Line {
@@ -53,10 +53,10 @@ struct Line {
     QJsonValue returns = QJsonValue::Undefined; ///< what the call must return, at least; undefined for anything
 
     /// Whether there is anything to compare in what the call returns: an object without fields names nothing.
-    bool isCompared() const;
+    [[nodiscard]] bool isCompared() const;
 
     /// Manager and operation, or the page: what the line does, in the words of a message.
-    QString subject() const;
+    [[nodiscard]] QString subject() const;
 };
 
 /// @brief The first difference between what a call must return and what it has returned.
@@ -66,12 +66,12 @@ struct Difference {
     QString actual; ///< JSON there of what was returned; "nothing" likewise
 
     /// "returned something else at …", and both values below each other in lines of their own.
-    QString text() const;
+    [[nodiscard]] QString text() const;
 };
 
 /// The first place at which @p actual is not what @p expected names; an empty text() is none: of an object only the
 /// named fields are compared, lists in all their elements.
-bool isAsExpected(const QJsonValue &expected, const QJsonValue &actual, Difference &first);
+[[nodiscard]] bool isAsExpected(const QJsonValue &expected, const QJsonValue &actual, Difference &first);
 }
 
 /// @brief What is wrong with a scenario: in which line, where in its JSON, and what to write instead.
@@ -98,31 +98,31 @@ public:
     TavScenarioError(int line, const QString &path, const QString &problem, Kind kind = Kind::Play, int column = 0);
 
     /// What is mistaken; Play when nothing in the text is.
-    Kind kind() const
+    [[nodiscard]] Kind kind() const
     {
         return m_kind;
     }
 
     /// The line's number, from 1; 0 for the whole file.
-    int line() const
+    [[nodiscard]] int line() const
     {
         return m_line;
     }
 
     /// The character of the line, from 1; 0 for the whole line, and in lines beyond 1 MiB.
-    int column() const
+    [[nodiscard]] int column() const
     {
         return m_column;
     }
 
     /// JSON pointer of the place in the line; empty for the whole line.
-    QString path() const
+    [[nodiscard]] QString path() const
     {
         return m_path;
     }
 
     /// What is wrong there, and what to write instead where that is known.
-    QString problem() const
+    [[nodiscard]] QString problem() const
     {
         return m_problem;
     }
@@ -153,17 +153,17 @@ public:
     explicit TavScenarioReader(QIODevice &device, CutLine cutLine = CutLine::Refuse);
 
     /// The first line's keys.
-    const QJsonObject &header() const
+    [[nodiscard]] const QJsonObject &header() const
     {
         return m_header;
     }
 
     /// Reads the next line into @p line; false at the end. Throws TavScenarioError for a mistaken line; the next
     /// call reads the line behind it.
-    bool next(TavScenario::Line &line);
+    [[nodiscard]] bool next(TavScenario::Line &line);
 
     /// Number of the last line that was cut and is left out; 0 for none. Known at the end.
-    int cutLine() const
+    [[nodiscard]] int cutLine() const
     {
         return m_cutLine;
     }

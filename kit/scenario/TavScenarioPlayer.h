@@ -85,7 +85,7 @@ public:
     Q_DISABLE_COPY(TavScenarioPlayer) // its threads know it
 
     /// Runs the event loop until the play has ended, which a paused one does not.
-    TavPlayReport wait();
+    [[nodiscard]] TavPlayReport wait();
 
     /// From its return on no line begins but those before `from`; calls under way go on.
     void pause();
@@ -106,10 +106,10 @@ public:
     void stop();
 
     /// Whether the play has ended, by itself or by stop().
-    bool isAtEnd() const;
+    [[nodiscard]] bool isAtEnd() const;
 
     /// What has been played so far.
-    TavPlayReport progress() const;
+    [[nodiscard]] TavPlayReport progress() const;
 
 private:
     struct State;

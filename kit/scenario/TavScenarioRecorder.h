@@ -87,7 +87,7 @@ public:
     void finish();
 
     /// What has been recorded so far.
-    TavRecordProgress progress() const;
+    [[nodiscard]] TavRecordProgress progress() const;
 
 private:
     struct State;

@@ -131,8 +131,8 @@ TEST_F(CommonUtils, LeavesNoFileOpen)
     const int before = openFiles();
     ASSERT_GT(before, 2);
     for (const QString &path : paths) {
-        TavCommonUtils::readAll(path);
-        TavCommonUtils::readJsonFromFile(path);
+        static_cast<void>(TavCommonUtils::readAll(path));
+        static_cast<void>(TavCommonUtils::readJsonFromFile(path));
         EXPECT_EQ(openFiles(), before) << qPrintable(path);
     }
 }

@@ -56,9 +56,9 @@ std::vector<std::string> variablesAskedForBy(Function function)
 void useAll()
 {
     TavGlobalInfoMgr *const info = TavGlobalInfoMgr::getInstance();
-    info->systemRoot();
-    info->getAppPath();
-    TavGlobalInfoMgr::getObjectMgr();
+    static_cast<void>(info->systemRoot());
+    static_cast<void>(info->getAppPath());
+    static_cast<void>(TavGlobalInfoMgr::getObjectMgr());
 }
 
 // Before main(), so that it is the first use indeed.

@@ -227,7 +227,7 @@ TEST_F(ScenarioPlayer, MakesEachCallOnTheThreadOfItsNameWhileTheEventLoopRuns)
     options.observer = [&called](const TavPlayedCall &played) {
         called += TavScenario::threads()[played.line.thread] + " on " + QThread::currentThread()->objectName();
     };
-    TavScenarioPlayer(host, buffer, options).wait();
+    static_cast<void>(TavScenarioPlayer(host, buffer, options).wait());
     EXPECT_EQ(called, named);
 }
 

@@ -16,7 +16,7 @@ constexpr bool isRecord<Type, std::void_t<decltype(TavFields::Table<Type>::list)
 template<class Record>
 RecordType typeOf()
 {
-    RecordType type{{}, [](const QJsonValue &record) { TavJson::recordFromJson<Record>(record); }};
+    RecordType type{{}, [](const QJsonValue &record) { static_cast<void>(TavJson::recordFromJson<Record>(record)); }};
     const QJsonObject initial = TavJson::recordToJson(Record{});
     TavFields::forEachField<Record>([&](const auto &field) {
         const QString name = QString::fromUtf8(field.name.data(), static_cast<int>(field.name.size()));
