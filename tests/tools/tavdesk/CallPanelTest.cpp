@@ -315,3 +315,21 @@ TEST(CallPanel, DoesNotShowWhatACallReturnsThatNobodyWaitsForAnyMore)
     EXPECT_EQ(result->toPlainText(), "");
     EXPECT_TRUE(client.resultAfterCall().contains("{")) << "the next one is shown";
 }
+
+TEST(CallPanel, KeepsACallUnderWayItsResultWhateverIsChosenMeanwhile)
+{
+    TestCalls client;
+    client.session.call("ITavNetControlMgr", "setState", QJsonArray{QJsonObject{{"state", 3}}});
+    client.choose("ITavNetControlMgr", "getState(");
+    QTest::mouseClick(client.button("Call"), Qt::LeftButton);
+    client.choose("ITavNetControlMgr", "setState(");
+    for (const QString &second : {QStringLiteral("Call"), QStringLiteral("Fill In What Is Held")}) {
+        QTest::mouseClick(client.button(second), Qt::LeftButton);
+        EXPECT_FALSE(client.button(second)->isEnabled()) << second.toStdString();
+    }
+    auto *const result = client.named<QPlainTextEdit>("Result");
+    EXPECT_TRUE(waitUntil([result] { return result->toPlainText().contains("\"state\": 3"); }));
+    EXPECT_TRUE(labelTexts(*client.window).contains("getState has returned:"));
+    EXPECT_TRUE(client.button("Call")->isEnabled());
+    EXPECT_TRUE(client.button("Fill In What Is Held")->isEnabled());
+}

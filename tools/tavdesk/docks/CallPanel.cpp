@@ -197,7 +197,6 @@ void CallPanel::showOperations()
 void CallPanel::showArguments()
 {
     const int row = m_list->currentRow();
-    m_call->setEnabled(row >= 0);
     if (row < 0) {
         return;
     }
@@ -227,9 +226,6 @@ void CallPanel::fillInHeld()
 
 void CallPanel::makeCall()
 {
-    if (m_list->currentRow() < 0 || !m_call->isEnabled()) {
-        return;
-    }
     try {
         const QString operation = m_operations[m_list->currentRow()].name;
         call(operation, m_form->values(),
@@ -247,7 +243,7 @@ void CallPanel::call(const QString &operation, const std::function<QJsonArray()>
         if (number != m_begun) {
             return; // nobody waits for it any more
         }
-        m_call->setEnabled(true);
+        setCalling(false);
         emit ended();
         if (outcome.problem.isEmpty()) {
             done(outcome);
@@ -263,7 +259,7 @@ void CallPanel::call(const QString &operation, const std::function<QJsonArray()>
         finish(make()); // this manager alone belongs to the GUI thread
         return;
     }
-    m_call->setEnabled(false);
+    setCalling(true);
     emit begun(tr("Calling %1").arg(operation));
     m_caller.post(make, finish);
 }
@@ -271,7 +267,7 @@ void CallPanel::call(const QString &operation, const std::function<QJsonArray()>
 void CallPanel::stop()
 {
     ++m_begun;
-    m_call->setEnabled(true);
+    setCalling(false);
     m_outcome->setText(tr("The call goes on, and the next one begins behind it. What it returns is not shown."));
     m_result->clear();
     emit ended();
@@ -279,6 +275,13 @@ void CallPanel::stop()
 
 void CallPanel::showResult(const QString &operation, const Outcome &outcome)
 {
+// One call at a time: a second one would take the result of the first from whoever waits for it.
+void CallPanel::setCalling(bool isCalling)
+{
+    m_call->setDisabled(isCalling);
+    m_held->setDisabled(isCalling);
+}
+
     // By its name: when this comes, another one may be chosen.
     m_outcome->setText(outcome.letters > mostLetters
                            ? tr("%1 has returned %L2 letters, of which the first %L3 are shown:")
