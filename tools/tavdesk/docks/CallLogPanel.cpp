@@ -17,23 +17,18 @@ LogModel<LoggedCall> *newModel(CallLog &log)
     const auto manager = [](const LoggedCall &call) { return call.manager; };
     const auto operation = [](const LoggedCall &call) { return call.operation; };
     const auto result = [](const LoggedCall &call) { return call.error.isEmpty() ? call.returned : call.error; };
-    const auto matches = [](const LoggedCall &call, const QString &text) {
-        return call.operation.contains(text, Qt::CaseInsensitive) || call.manager.contains(text, Qt::CaseInsensitive)
-            || call.thread.contains(text, Qt::CaseInsensitive) || call.error.contains(text, Qt::CaseInsensitive);
-    };
     return new LogModel<LoggedCall>(
         log,
-        {{CallLogPanel::tr("Time"), [](const LoggedCall &call) { return LogTexts::time(call.time); }},
+        {{CallLogPanel::tr("Time"), [](const LoggedCall &call) { return LogTexts::time(call.time); }, LogCell::Time},
          {CallLogPanel::tr("Thread"), [](const LoggedCall &call) { return call.thread; }},
          {CallLogPanel::tr("Manager"), manager},
          {CallLogPanel::tr("Operation"), operation},
          {CallLogPanel::tr("Arguments"), [](const LoggedCall &call) { return shortJson(call.arguments); }},
          {CallLogPanel::tr("Result"), result},
          {CallLogPanel::tr("Size"),
-          [](const LoggedCall &call) { return CellText::ofKind(TavFields::Kind::Size, call.bytes); }, Qt::AlignRight},
+          [](const LoggedCall &call) { return CellText::ofKind(TavFields::Kind::Size, call.bytes); }, LogCell::Number},
          {CallLogPanel::tr("µs"), [](const LoggedCall &call) { return LogTexts::microseconds(call.nanoseconds); },
-          Qt::AlignRight}},
-        matches, nullptr);
+          LogCell::Number}});
 }
 }
 
