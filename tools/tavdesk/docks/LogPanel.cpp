@@ -2,6 +2,7 @@
 
 #include "FilterBar.h"
 #include "LogTable.h"
+#include "RowCopy.h"
 #include "SymbolIcon.h"
 #include "TableLook.h"
 
@@ -37,6 +38,7 @@ LogPanel::LogPanel(LogTable *model, const QString &name, int widest, const QVect
     m_view->setAccessibleName(name);
     setTableLook(*m_view);
     setColumnWidths(*m_view, widest, widths);
+    addRowCopy(*m_view);
 
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
