@@ -139,6 +139,19 @@ TEST(CallLogPanel, NarrowsAndWidensWithEachLetterOfTheFilter)
     EXPECT_TRUE(test.leaves("set", 3));
 }
 
+TEST(CallLogPanel, WaitsForTheEndOfTheTypingBeforeItFilters)
+{
+    TestPanel test;
+    for (int i = 0; i < 100; ++i) {
+        test.note(QString::number(i));
+    }
+    EXPECT_EQ(test.rows(), 100);
+    int resets = 0;
+    QObject::connect(test.view().model(), &QAbstractItemModel::modelReset, &test.panel, [&resets] { ++resets; });
+    EXPECT_TRUE(test.leaves("99", 1));
+    EXPECT_EQ(resets, 1);
+}
+
 TEST(CallLogPanel, KeepsTheSelectionWhenTheFilterChanges)
 {
     TestPanel test;

@@ -46,7 +46,7 @@ CallLogPanel::CallLogPanel(LogModel<LoggedCall> *model, QWidget *parent)
     saveSelection->setEnabled(false);
     addButton(saveSelection);
     connect(this, &LogPanel::selectionChanged, saveSelection,
-            [this, saveSelection] { saveSelection->setEnabled(!selectedRows().isEmpty()); });
+            [this, saveSelection] { saveSelection->setEnabled(hasSelection()); });
     connect(saveSelection, &QAction::triggered, this, [this] {
         auto *const dialog = new QFileDialog(this, tr("Save Calls as a Scenario"), {}, tr("Scenarios (*.jsonl)"));
         dialog->setAttribute(Qt::WA_DeleteOnClose);

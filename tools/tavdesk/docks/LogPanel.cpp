@@ -20,6 +20,7 @@
 namespace
 {
 constexpr int lookEvery = 150; // milliseconds
+constexpr int typingEnds = 150; // after the last key: to filter a full log at each would hold up the next
 }
 
 LogPanel::LogPanel(LogTable *model, const QString &name, int widest, const QVector<int> &widths, QWidget *parent)
@@ -46,7 +47,13 @@ LogPanel::LogPanel(LogTable *model, const QString &name, int widest, const QVect
     layout->addWidget(m_view);
     addButton(clear);
 
-    connect(m_filter, &FilterBar::textChanged, this, &LogPanel::setFilter);
+    m_typing.setSingleShot(true);
+    m_typing.setInterval(typingEnds);
+    connect(m_filter, &FilterBar::textChanged, this, [this](const QString &text) {
+        m_typed = text;
+        m_typing.start();
+    });
+    connect(&m_typing, &QTimer::timeout, this, [this] { setFilter(m_typed); });
     connect(clear, &QAction::triggered, this, [this] {
         m_model->clearLog();
         showCount();
@@ -63,6 +70,11 @@ void LogPanel::addButton(QAction *action)
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setFocusPolicy(Qt::TabFocus);
     m_line->addWidget(button);
+}
+
+bool LogPanel::hasSelection() const
+{
+    return m_view->selectionModel()->hasSelection();
 }
 
 QVector<int> LogPanel::selectedRows() const

@@ -25,6 +25,8 @@ public:
     /// Puts a button into the line above the table.
     void addButton(QAction *action);
 
+    bool hasSelection() const;
+
     /// The selected rows, in their order.
     QVector<int> selectedRows() const;
 
@@ -49,4 +51,6 @@ private:
     FilterBar *m_filter = nullptr;
     QTableView *m_view = nullptr;
     QTimer m_timer;
+    QString m_typed; ///< into the filter
+    QTimer m_typing; ///< runs until that has an effect
 };
