@@ -8,6 +8,19 @@
 
 #include <utility>
 
+namespace
+{
+QString managerOf(const TavScenario::Line &line)
+{
+    return line.page.isEmpty() ? line.manager : QString::fromLatin1(qobject_interface_iid<ITavSelectFuncMgr *>());
+}
+
+QString operationOf(const TavScenario::Line &line)
+{
+    return line.page.isEmpty() ? line.operation : QStringLiteral("setCurSelType");
+}
+}
+
 ScenarioPlay::ScenarioPlay(ClientSession &session, QObject *parent)
     : QObject(parent), m_session(session), m_reader("scenario-reader")
 {
@@ -172,6 +185,9 @@ void ScenarioPlay::begin(bool isPaused)
     options.isLooped = m_isLooped;
     options.isPaused = isPaused;
     options.observer = [this](const TavPlayedCall &call) { noteCall(call); };
+    options.announcer = [&session = m_session](const TavScenario::Line &line) {
+        session.noteBeginning(managerOf(line), operationOf(line));
+    };
     m_player = std::make_unique<TavScenarioPlayer>(m_session.host(), *m_file, options);
     setState(isPaused ? State::Paused : State::Playing);
     m_watch.start();
@@ -233,15 +249,14 @@ void ScenarioPlay::noteCall(const TavPlayedCall &played)
     call.bytes = line.bytes;
     call.nanoseconds = played.nanoseconds;
     if (line.page.isEmpty()) {
-        call.manager = line.manager;
-        call.operation = line.operation;
+    call.manager = managerOf(line);
+    call.operation = operationOf(line);
         call.arguments = line.arguments;
     } else {
         const auto page = TavJson::fromJson<ClientSession::Page>(line.page);
         const auto function = m_session.host().manager<ITavFuncTypeMgr>()->getSubFuncInfo(page).funcType;
-        call.manager = qobject_interface_iid<ITavSelectFuncMgr *>();
-        call.operation = "setCurSelType";
         call.arguments = QJsonArray{TavJson::toJson(function), line.page};
     }
     m_session.calls().note(call);
 }
+    m_session.noteEnd(call.manager, call.operation, !played.error);

@@ -1,11 +1,15 @@
 #include "TestWindow.h"
 
+#include "../tavctl/ScenarioFiles.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavSelectFuncMgr.h"
+#include "ScenarioPlay.h"
 #include "TavEvents.h"
 
 #include <QAbstractItemModelTester>
+#include <QJsonArray>
 #include <QPushButton>
+#include <QThread>
 
 using Pages = CTavSubFuncTypeHeader;
 
@@ -115,6 +119,65 @@ TEST(Navigation, NotesEveryDeliveryWithItsLatency)
         EXPECT_GT(entry.delivery.nanoseconds, 0);
     }
     EXPECT_NE(entries[0].delivery.thread, entries[1].delivery.thread);
+}
+
+TEST(Navigation, KnowsTheLatencyOfAPageThatACallOrAScenarioSelects)
+{
+    TestWindow client;
+    const auto latencies = [&client] {
+        QVector<qint64> latencies;
+        const auto entries = client.session.deliveries().from(0).entries;
+        for (const LoggedDelivery &entry : entries) {
+            latencies.append(entry.delivery.nanoseconds);
+        }
+        return latencies;
+    };
+    client.session.call("ITavSelectFuncMgr", "setCurSelType", QJsonArray{"Func_SystemAudit", "SubFunc_LogAudit"});
+    ASSERT_TRUE(waitUntil([&] { return latencies().size() == 2; }));
+    const ScenarioFile file(R"({"thread": "gui", "page": "SubFunc_LogAudit"}
+{"manager": "ITavSelectFuncMgr", "operation": "setCurSelType", "arguments": ["Func_SystemAudit", "SubFunc_LogAudit"]}
+)");
+    client.window->play().open(file.path(), ScenarioPlay::Opened::Play);
+    ASSERT_TRUE(waitUntil([&] { return latencies().size() == 6; }));
+    for (const qint64 latency : latencies()) {
+        EXPECT_GT(latency, 0);
+    }
+}
+
+TEST(Navigation, MeasuresEachOfTwoSelectionsFromItsOwnBeginning)
+{
+    TestWindow client;
+    const auto select = [&client] {
+        client.session.call("ITavSelectFuncMgr", "setCurSelType", QJsonArray{"Func_SystemAudit", "SubFunc_LogAudit"});
+    };
+    select();
+    QThread::msleep(200);
+    select();
+    ASSERT_TRUE(waitUntil([&] { return client.session.deliveries().from(0).entries.size() == 4; }));
+    QVector<qint64> window; // latencies of the subscriber that this thread has kept waiting
+    const auto entries = client.session.deliveries().from(0).entries;
+    for (const LoggedDelivery &entry : entries) {
+        if (entry.delivery.thread == "gui") {
+            window.append(entry.delivery.nanoseconds);
+        }
+    }
+    ASSERT_EQ(window.size(), 2);
+    EXPECT_GE(window[0], 200'000'000);
+    EXPECT_GT(window[1], 0);
+    EXPECT_GE(window[0] - window[1], 150'000'000);
+}
+
+TEST(Navigation, ExpectsNothingOfASelectionThatIsRefused)
+{
+    TestWindow client;
+    EXPECT_THROW(client.session.call("ITavSelectFuncMgr", "setCurSelType", QJsonArray{"Func_SystemAudit", "Nowhere"}),
+                 std::exception);
+    eventFuncPageUpdate.Emit(Pages::SubFunc_LogAudit);
+    ASSERT_TRUE(waitUntil([&] { return client.session.deliveries().from(0).entries.size() == 2; }));
+    const auto entries = client.session.deliveries().from(0).entries;
+    for (const LoggedDelivery &entry : entries) {
+        EXPECT_EQ(entry.delivery.nanoseconds, -1) << "nobody has told when it was selected";
+    }
 }
 
 TEST(Navigation, SaysOfAPageThatTheCatalogueDoesNotHave)
