@@ -3,6 +3,7 @@
 #include "../tavctl/ScenarioFiles.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavSelectFuncMgr.h"
+#include "PageFrame.h"
 #include "ScenarioPlay.h"
 #include "TavEvents.h"
 
@@ -178,6 +179,16 @@ TEST(Navigation, ExpectsNothingOfASelectionThatIsRefused)
     for (const LoggedDelivery &entry : entries) {
         EXPECT_EQ(entry.delivery.nanoseconds, -1) << "nobody has told when it was selected";
     }
+}
+
+TEST(Navigation, ShowsTheAmpersandOfATitle)
+{
+    const TavSubFuncTypeData_ page;
+    TavSubFuncTypeData_ way;
+    way.subFuncTitle = "Users & Roles";
+    way.subFuncType = Pages::SubFunc_PrincipalAdd;
+    const PageFrame frame(page, new QWidget, {way});
+    EXPECT_EQ(frame.findChild<QPushButton *>()->text().toStdString(), "Open Users && Roles");
 }
 
 TEST(Navigation, SaysOfAPageThatTheCatalogueDoesNotHave)
