@@ -58,7 +58,7 @@ void ScenarioPlay::open(const QString &file, Opened opened)
                           return; // another file has been opened meanwhile
                       }
                       m_isCancelled.reset();
-                      if (survey.error.isEmpty()) {
+                      if (survey.error.isEmpty() && !*isCancelled) { // stopped, even as it ended
                           m_survey = survey;
                           setState(State::Ready);
                           if (opened == Opened::Play) {

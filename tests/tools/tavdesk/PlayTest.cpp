@@ -12,6 +12,7 @@
 #include <QRegularExpression>
 #include <QSlider>
 #include <QStatusBar>
+#include <QThread>
 
 namespace
 {
@@ -304,4 +305,16 @@ TEST(Play, IsReadyAgainAtOnceWhenNobodyWaitsForItsLastCalls)
     test.play().play();
     EXPECT_TRUE(waitUntil([&] { return test.heldState() == 3; }));
     EXPECT_TRUE(test.waitForState(State::Ready));
+}
+
+TEST(Play, IsEmptyWhenItIsStoppedAsTheReadingEnds)
+{
+    const TestWindow client;
+    const ScenarioFile file(threeStates);
+    client.window->play().open(file.path(), ScenarioPlay::Opened::Play);
+    QThread::msleep(300); // it has been read, and this thread is not told yet
+    client.action("Stop")->trigger();
+    ASSERT_TRUE(waitUntil([&] { return client.window->play().state() != State::Opening; }));
+    EXPECT_EQ(client.window->play().state(), State::Empty);
+    EXPECT_FALSE(client.window->findChild<QMessageBox *>());
 }
