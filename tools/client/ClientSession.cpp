@@ -25,6 +25,12 @@ bool isSelection(const QString &manager, const QString &operation)
         && manager == QLatin1String(qobject_interface_iid<ITavSelectFuncMgr *>());
 }
 
+bool isReadingOfCatalogue(const QString &manager, const QString &operation)
+{
+    return operation == QLatin1String("loadConfig")
+        && manager == QLatin1String(qobject_interface_iid<ITavFuncTypeMgr *>());
+}
+
 /// @p names with the libraries of each folder in its place.
 QStringList filesOf(const QStringList &names)
 {
@@ -103,6 +109,8 @@ void ClientSession::noteEnd(const QString &manager, const QString &operation, bo
     if (!isMade && isSelection(manager, operation)) {
         m_worker.expectNoMore();
         m_window.expectNoMore();
+    } else if (isMade && isReadingOfCatalogue(manager, operation)) {
+        emit catalogueRead();
     }
 }
 

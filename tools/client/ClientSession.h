@@ -70,6 +70,9 @@ signals:
     /// The page-change signal has arrived: a client opens this page now.
     void pageChanged(ClientSession::Page page);
 
+    /// A call has had the manager read its catalogue again. Emitted on the thread of the call.
+    void catalogueRead();
+
 private:
     void takeDelivery(const PageDelivery &delivery);
 

@@ -181,6 +181,45 @@ TEST(Navigation, ExpectsNothingOfASelectionThatIsRefused)
     }
 }
 
+TEST(Navigation, FollowsACatalogueThatIsReadAgain)
+{
+    const QTemporaryDir root;
+    const QString file = root.filePath("etc/tavsec.d/funcTypeConfig.json");
+    const QByteArray first = R"({"funcType": "Func_HostInfo", "funcTitle": "host", "funcIcon": "a", "subFunList": [
+        {"subFuncType": "SubFunc_serverResourceInfo", "subFuncTitile": "server", "subFuncClassName": "Server"}]})";
+    const QByteArray second = R"({"funcType": "Func_SystemAudit", "funcTitle": "audit", "funcIcon": "b", "subFunList": [
+        {"subFuncType": "SubFunc_LogAudit", "subFuncTitile": "log", "subFuncClassName": "Log"}]})";
+    writeFile(file, ('[' + first + ']').toBase64());
+    TestWindow client(root.path());
+    const QAbstractItemModelTester tester(client.navigation().model(),
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    client.click(Pages::SubFunc_serverResourceInfo);
+    ASSERT_TRUE(client.waitForPage(Pages::SubFunc_serverResourceInfo));
+    writeFile(file, ('[' + first + ',' + second + ']').toBase64());
+    client.session.call("ITavFuncTypeMgr", "loadConfig", QJsonArray());
+    ASSERT_TRUE(waitUntil([&client] { return client.entry(Pages::SubFunc_LogAudit).isValid(); }));
+    EXPECT_EQ(client.navigation().selectionModel()->selectedIndexes(),
+              QModelIndexList{client.entry(Pages::SubFunc_serverResourceInfo)});
+    EXPECT_EQ(client.navigation().model()->rowCount(), 2);
+    EXPECT_EQ(client.navigation().model()->rowCount(client.entry(Pages::SubFunc_serverResourceInfo).parent()), 1)
+        << "the page of before is listed twice by the manager";
+    client.click(Pages::SubFunc_LogAudit);
+    EXPECT_TRUE(client.waitForPage(Pages::SubFunc_LogAudit));
+}
+
+TEST(Navigation, StaysAsItIsWhenTheCatalogueReadAgainIsTheSame)
+{
+    TestWindow client;
+    client.navigation().collapse(client.navigation().model()->index(0, 0));
+    int resets = 0;
+    QObject::connect(client.navigation().model(), &QAbstractItemModel::modelReset, client.window.get(),
+                     [&resets] { ++resets; });
+    client.session.call("ITavFuncTypeMgr", "loadConfig", QJsonArray());
+    QTest::qWait(50);
+    EXPECT_EQ(resets, 0);
+    EXPECT_FALSE(client.navigation().isExpanded(client.navigation().model()->index(0, 0)));
+}
+
 TEST(Navigation, ShowsTheAmpersandOfATitle)
 {
     const TavSubFuncTypeData_ page;
