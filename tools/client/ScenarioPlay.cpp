@@ -143,6 +143,7 @@ void ScenarioPlay::setSpeed(double speed)
     if (m_player) {
         m_player->setSpeed(speed);
     }
+    emit speedChanged(speed);
 }
 
 void ScenarioPlay::setLooped(bool isLooped)
@@ -184,10 +185,10 @@ void ScenarioPlay::begin(bool isPaused)
     options.from = m_position;
     options.isLooped = m_isLooped;
     options.isPaused = isPaused;
-    options.observer = [this](const TavPlayedCall &call) { noteCall(call); };
     options.announcer = [&session = m_session](const TavScenario::Line &line) {
         session.noteBeginning(managerOf(line), operationOf(line));
     };
+    options.observer = [this](const TavPlayedCall &call) { noteCall(call); };
     m_player = std::make_unique<TavScenarioPlayer>(m_session.host(), *m_file, options);
     setState(isPaused ? State::Paused : State::Playing);
     m_watch.start();
@@ -248,9 +249,9 @@ void ScenarioPlay::noteCall(const TavPlayedCall &played)
     call.error = played.error ? QString::fromUtf8(played.error->what()) : QString();
     call.bytes = line.bytes;
     call.nanoseconds = played.nanoseconds;
-    if (line.page.isEmpty()) {
     call.manager = managerOf(line);
     call.operation = operationOf(line);
+    if (line.page.isEmpty()) {
         call.arguments = line.arguments;
     } else {
         const auto page = TavJson::fromJson<ClientSession::Page>(line.page);
@@ -258,5 +259,5 @@ void ScenarioPlay::noteCall(const TavPlayedCall &played)
         call.arguments = QJsonArray{TavJson::toJson(function), line.page};
     }
     m_session.calls().note(call);
-}
     m_session.noteEnd(call.manager, call.operation, !played.error);
+}

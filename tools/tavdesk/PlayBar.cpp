@@ -87,10 +87,12 @@ void PlayBar::addSpeed()
         speed->addItem(tr("%1×").arg(times), times);
     }
     speed->addItem(tr("fastest"), TavPlayOptions::fastest);
-    speed->setCurrentIndex(2);
+    const auto showSpeed = [speed](double times) { speed->setCurrentIndex(speed->findData(times)); };
+    showSpeed(m_play.speed());
     addWidget(speed);
-    connect(speed, QOverload<int>::of(&QComboBox::currentIndexChanged), &m_play,
+    connect(speed, QOverload<int>::of(&QComboBox::activated), &m_play,
             [this, speed](int index) { m_play.setSpeed(speed->itemData(index).toDouble()); });
+    connect(&m_play, &ScenarioPlay::speedChanged, speed, showSpeed);
 }
 
 void PlayBar::chooseFile()

@@ -4,6 +4,7 @@
 #include "ITavNetControlMgr.h"
 #include "ScenarioPlay.h"
 
+#include <QComboBox>
 #include <QDockWidget>
 #include <QDropEvent>
 #include <QLineEdit>
@@ -317,4 +318,15 @@ TEST(Play, IsEmptyWhenItIsStoppedAsTheReadingEnds)
     ASSERT_TRUE(waitUntil([&] { return client.window->play().state() != State::Opening; }));
     EXPECT_EQ(client.window->play().state(), State::Empty);
     EXPECT_FALSE(client.window->findChild<QMessageBox *>());
+}
+
+TEST(Play, ShowsTheSpeedThatAnybodyHasSet)
+{
+    const TestWindow client;
+    const auto *const speed = client.named<QComboBox>("Speed");
+    EXPECT_EQ(speed->currentText(), QString::fromUtf8("1×"));
+    client.window->play().setSpeed(TavPlayOptions::fastest);
+    EXPECT_EQ(speed->currentText(), "fastest");
+    client.window->play().setSpeed(10);
+    EXPECT_EQ(speed->currentText(), QString::fromUtf8("10×"));
 }
