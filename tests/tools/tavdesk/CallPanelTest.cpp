@@ -333,3 +333,33 @@ TEST(CallPanel, KeepsACallUnderWayItsResultWhateverIsChosenMeanwhile)
     EXPECT_TRUE(client.button("Call")->isEnabled());
     EXPECT_TRUE(client.button("Fill In What Is Held")->isEnabled());
 }
+
+TEST(CallPanel, BeginsWithAnOperationThatPeopleCall)
+{
+    TestCalls client;
+    auto *const list = client.named<QListWidget>("Operations");
+    auto *const managers = client.named<QComboBox>("Manager");
+    for (int manager = 0; manager < managers->count(); ++manager) {
+        managers->setCurrentIndex(manager);
+        ASSERT_TRUE(list->currentItem()) << managers->currentText().toStdString();
+        EXPECT_FALSE(list->currentItem()->text().startsWith("getObject(")) << managers->currentText().toStdString();
+    }
+}
+
+TEST(CallPanel, ListsOperationsWithoutTheScopesOfTheirTypes)
+{
+    TestCalls client;
+    client.choose("ITavSelectFuncMgr", "setCurSelType(");
+    EXPECT_EQ(client.named<QListWidget>("Operations")->currentItem()->text().toStdString(),
+              "setCurSelType(TavFuncTypeHeader_ funcType, TavSubFuncTypeHeader_ subFuncType)");
+}
+
+TEST(CallPanel, SaysOfAnOperationThatItHasNoArguments)
+{
+    TestCalls client;
+    const auto *const form = client.window->findChild<ArgumentForm *>();
+    client.choose("ITavNetControlMgr", "getState(");
+    EXPECT_TRUE(labelTexts(*form).contains("no arguments"));
+    client.choose("ITavNetControlMgr", "setState(");
+    EXPECT_FALSE(labelTexts(*form).contains("no arguments"));
+}

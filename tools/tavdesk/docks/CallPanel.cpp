@@ -6,6 +6,7 @@
 #include "ITavPicResourceMgr.h"
 #include "ValueText.h"
 #include "WaitCursor.h"
+#include "WithoutScopes.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -188,10 +189,11 @@ void CallPanel::showOperations()
     m_operations = TavCall::operationsOf(m_managers->currentText());
     m_list->clear();
     for (const TavCall::Operation &operation : qAsConst(m_operations)) {
-        auto *const item = new QListWidgetItem(operation.signature(), m_list);
+        auto *const item = new QListWidgetItem(withoutScopes(operation.signature()), m_list);
         item->setToolTip(tr("%1 returns %2").arg(operation.signature(), operation.result).toHtmlEscaped());
     }
-    m_list->setCurrentRow(0);
+    // Each manager's first one returns the manager itself, which is of no use to a person.
+    m_list->setCurrentRow(m_operations.size() > 1 && m_operations[0].name == QLatin1String("getObject") ? 1 : 0);
 }
 
 void CallPanel::showArguments()
@@ -273,8 +275,6 @@ void CallPanel::stop()
     emit ended();
 }
 
-void CallPanel::showResult(const QString &operation, const Outcome &outcome)
-{
 // One call at a time: a second one would take the result of the first from whoever waits for it.
 void CallPanel::setCalling(bool isCalling)
 {
@@ -282,6 +282,8 @@ void CallPanel::setCalling(bool isCalling)
     m_held->setDisabled(isCalling);
 }
 
+void CallPanel::showResult(const QString &operation, const Outcome &outcome)
+{
     // By its name: when this comes, another one may be chosen.
     m_outcome->setText(outcome.letters > mostLetters
                            ? tr("%1 has returned %L2 letters, of which the first %L3 are shown:")

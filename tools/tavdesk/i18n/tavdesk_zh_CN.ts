@@ -55,6 +55,10 @@
 <context>
     <name>ArgumentForm</name>
     <message>
+        <source>no arguments</source>
+        <translation>没有参数</translation>
+    </message>
+    <message>
         <source>%1 (%2)</source>
         <translation>%1（%2）</translation>
     </message>
