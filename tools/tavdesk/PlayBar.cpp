@@ -1,11 +1,11 @@
 #include "PlayBar.h"
 
+#include "ScenarioDialog.h"
 #include "ScenarioPlay.h"
 #include "SymbolIcon.h"
 
 #include <QAction>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QLabel>
 #include <QSlider>
 
@@ -97,9 +97,7 @@ void PlayBar::addSpeed()
 
 void PlayBar::chooseFile()
 {
-    auto *const dialog = new QFileDialog(window(), tr("Open Scenario"), {}, tr("Scenarios (*.jsonl);;All files (*)"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::ExistingFile);
+    auto *const dialog = newScenarioDialog(window(), tr("Open Scenario"), QFileDialog::AcceptOpen);
     connect(dialog, &QFileDialog::fileSelected, &m_play, [this](const QString &file) { m_play.open(file); });
     dialog->open();
 }

@@ -4,11 +4,11 @@
 #include "CallScenario.h"
 #include "CellText.h"
 #include "LogTexts.h"
+#include "ScenarioDialog.h"
 #include "ShortJson.h"
 #include "SymbolIcon.h"
 
 #include <QAction>
-#include <QFileDialog>
 
 namespace
 {
@@ -48,10 +48,7 @@ CallLogPanel::CallLogPanel(LogModel<LoggedCall> *model, QWidget *parent)
     connect(this, &LogPanel::selectionChanged, saveSelection,
             [this, saveSelection] { saveSelection->setEnabled(hasSelection()); });
     connect(saveSelection, &QAction::triggered, this, [this] {
-        auto *const dialog = new QFileDialog(this, tr("Save Calls as a Scenario"), {}, tr("Scenarios (*.jsonl)"));
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
-        dialog->setAcceptMode(QFileDialog::AcceptSave);
-        dialog->setDefaultSuffix(QStringLiteral("jsonl"));
+        auto *const dialog = newScenarioDialog(this, tr("Save Calls as a Scenario"), QFileDialog::AcceptSave);
         // Those selected now: the log goes on under the dialog, and forgets its oldest calls.
         connect(dialog, &QFileDialog::fileSelected, this,
                 [this, calls = selectedCalls()](const QString &file) { save(file, calls); });
