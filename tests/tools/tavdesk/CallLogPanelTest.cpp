@@ -58,7 +58,7 @@ struct TestPanel {
 
     int rows()
     {
-        panel.update();
+        panel.takeOver();
         return view().model()->rowCount();
     }
 

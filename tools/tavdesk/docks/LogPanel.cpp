@@ -38,8 +38,8 @@ LogPanel::LogPanel(LogTable *model, const QString &name, int widest, const QVect
     m_view->setModel(m_model);
     m_view->setAccessibleName(name);
     setTableLook(*m_view);
-    setColumnWidths(*m_view, widest, widths);
     addRowCopy(*m_view);
+    setColumnWidths(*m_view, widest, widths);
 
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
@@ -59,7 +59,7 @@ LogPanel::LogPanel(LogTable *model, const QString &name, int widest, const QVect
         showCount();
     });
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &LogPanel::selectionChanged);
-    connect(&m_timer, &QTimer::timeout, this, &LogPanel::update);
+    connect(&m_timer, &QTimer::timeout, this, &LogPanel::takeOver);
     showCount();
 }
 
@@ -88,7 +88,7 @@ QVector<int> LogPanel::selectedRows() const
     return rows;
 }
 
-void LogPanel::update()
+void LogPanel::takeOver()
 {
     QScrollBar &bar = *m_view->verticalScrollBar();
     const bool isAtEnd = bar.value() == bar.maximum();
@@ -111,7 +111,7 @@ void LogPanel::focusInEvent(QFocusEvent *event)
 void LogPanel::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    update();
+    takeOver();
     m_timer.start(lookEvery);
 }
 

@@ -31,7 +31,7 @@ public:
     QVector<int> selectedRows() const;
 
     /// Takes over what has happened; otherwise that is done some times a second.
-    void update();
+    void takeOver();
 
 signals:
     void selectionChanged();
