@@ -86,7 +86,7 @@ QJsonValue ClientSession::call(const QString &manager, const QString &operation,
 {
     noteBeginning(manager, operation);
     try {
-        const QJsonValue returned
+        QJsonValue returned
             = m_calls.make(m_host.managerObject(manager.toUtf8().constData()), manager, operation, arguments);
         noteEnd(manager, operation, true);
         return returned;
