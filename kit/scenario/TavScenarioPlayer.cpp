@@ -309,6 +309,9 @@ struct TavScenarioPlayer::State {
         }
         TavPlayedCall played{performer.waiting.front()}; // stays where it is while others are appended
         m_mutex.unlock();
+        if (m_options.announcer) {
+            m_options.announcer(played.line);
+        }
         play(played);
         if (m_options.observer) {
             m_options.observer(played);

@@ -34,6 +34,9 @@ struct TavPlayOptions {
     /// Told of each call when it has returned, on the thread that has made it; that thread's next line waits for it.
     /// May use the player, but must not wait for another of its threads, nor throw.
     std::function<void(const TavPlayedCall &)> observer;
+
+    /// Told of each call just before it is made; otherwise as the observer.
+    std::function<void(const TavScenario::Line &)> announcer;
 };
 
 /// @brief What has been played.

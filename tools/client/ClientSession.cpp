@@ -1,6 +1,7 @@
 #include "ClientSession.h"
 
 #include "ITavFuncTypeMgr.h"
+#include "ITavSelectFuncMgr.h"
 #include "PageValues.h"
 #include "TavEvents.h"
 #include "TavGlobalInfoMgr.h"
@@ -16,6 +17,18 @@ const QString &withRoot(const QString &root, const QString &plugin)
 {
     TavGlobalInfoMgr::getInstance()->setSystemRoot(root);
     return plugin;
+}
+
+bool isSelection(const QString &manager, const QString &operation)
+{
+    return operation == QLatin1String("setCurSelType")
+        && manager == QLatin1String(qobject_interface_iid<ITavSelectFuncMgr *>());
+}
+
+bool isReadingOfCatalogue(const QString &manager, const QString &operation)
+{
+    return operation == QLatin1String("loadConfig")
+        && manager == QLatin1String(qobject_interface_iid<ITavFuncTypeMgr *>());
 }
 
 /// @p names with the libraries of each folder in its place.
@@ -65,15 +78,40 @@ QVector<TavPluginError> ClientSession::loadPages(const QStringList &names)
 
 void ClientSession::select(const TavSubFuncTypeData_ &page)
 {
-    m_worker.expect();
-    m_window.expect();
     call("ITavSelectFuncMgr", "setCurSelType",
          QJsonArray{TavJson::toJson(page.funcType), TavJson::toJson(page.subFuncType)});
 }
 
 QJsonValue ClientSession::call(const QString &manager, const QString &operation, const QJsonValue &arguments)
 {
-    return m_calls.make(m_host.managerObject(manager.toUtf8().constData()), manager, operation, arguments);
+    noteBeginning(manager, operation);
+    try {
+        QJsonValue returned
+            = m_calls.make(m_host.managerObject(manager.toUtf8().constData()), manager, operation, arguments);
+        noteEnd(manager, operation, true);
+        return returned;
+    } catch (...) {
+        noteEnd(manager, operation, false);
+        throw;
+    }
+}
+
+void ClientSession::noteBeginning(const QString &manager, const QString &operation)
+{
+    if (isSelection(manager, operation)) {
+        m_worker.expect();
+        m_window.expect();
+    }
+}
+
+void ClientSession::noteEnd(const QString &manager, const QString &operation, bool isMade)
+{
+    if (!isMade && isSelection(manager, operation)) {
+        m_worker.expectNoMore();
+        m_window.expectNoMore();
+    } else if (isMade && isReadingOfCatalogue(manager, operation)) {
+        emit catalogueRead();
+    }
 }
 
 void ClientSession::takeDelivery(const PageDelivery &delivery)

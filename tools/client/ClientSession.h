@@ -61,9 +61,17 @@ public:
     /// As CallLog::make(), on the manager of this session with this interface. Any thread that the operation allows.
     QJsonValue call(const QString &manager, const QString &operation, const QJsonValue &arguments);
 
+    /// What others than call() tell of each call on a manager of this session, on the thread that makes it: just before
+    /// it, and when it was made or refused. The log is not written by that.
+    void noteBeginning(const QString &manager, const QString &operation);
+    void noteEnd(const QString &manager, const QString &operation, bool isMade);
+
 signals:
     /// The page-change signal has arrived: a client opens this page now.
     void pageChanged(ClientSession::Page page);
+
+    /// A call has had the manager read its catalogue again. Emitted on the thread of the call.
+    void catalogueRead();
 
 private:
     void takeDelivery(const PageDelivery &delivery);

@@ -25,8 +25,18 @@ PageSubscriber::~PageSubscriber()
 
 void PageSubscriber::expect()
 {
+    QElapsedTimer clock;
+    clock.start();
     const QMutexLocker lock(&m_mutex);
-    m_clock.start();
+    m_expected.enqueue(clock);
+}
+
+void PageSubscriber::expectNoMore()
+{
+    const QMutexLocker lock(&m_mutex);
+    if (!m_expected.isEmpty()) { // somebody else's selection may have taken its place
+        m_expected.removeLast();
+    }
 }
 
 void PageSubscriber::take(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page)
@@ -34,9 +44,8 @@ void PageSubscriber::take(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page)
     qint64 nanoseconds = -1;
     {
         const QMutexLocker lock(&m_mutex);
-        if (m_clock.isValid()) {
-            nanoseconds = m_clock.nsecsElapsed();
-            m_clock.invalidate();
+        if (!m_expected.isEmpty()) {
+            nanoseconds = m_expected.dequeue().nsecsElapsed();
         }
     }
     m_receive({pageKey(page), m_name, currentThreadName(), nanoseconds});

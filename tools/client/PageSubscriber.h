@@ -5,6 +5,7 @@
 
 #include <QElapsedTimer>
 #include <QMutex>
+#include <QQueue>
 #include <QThread>
 
 /// @brief One page change as one subscriber received it.
@@ -27,16 +28,20 @@ public:
     ~PageSubscriber();
     Q_DISABLE_COPY(PageSubscriber)
 
-    /// A page is about to be selected: the time of the next delivery counts from here. Any thread.
+    /// A page is about to be selected: the time of its delivery, the first that nobody expects yet, counts from here.
+    /// Any thread.
     void expect();
+
+    /// The selection that was expected last has been refused. Any thread.
+    void expectNoMore();
 
 private:
     void take(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page);
 
     const QString m_name;
     const Receive m_receive;
-    QMutex m_mutex; ///< for the clock
-    QElapsedTimer m_clock; ///< runs from a selection to its delivery
+    QMutex m_mutex; ///< for what follows
+    QQueue<QElapsedTimer> m_expected; ///< run from the selections whose deliveries are on their way
     QThread m_thread;
     QObject m_receiver; ///< lives in the thread, and so is called there
     TavSubscription m_subscription;

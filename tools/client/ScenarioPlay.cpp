@@ -8,6 +8,19 @@
 
 #include <utility>
 
+namespace
+{
+QString managerOf(const TavScenario::Line &line)
+{
+    return line.page.isEmpty() ? line.manager : QString::fromLatin1(qobject_interface_iid<ITavSelectFuncMgr *>());
+}
+
+QString operationOf(const TavScenario::Line &line)
+{
+    return line.page.isEmpty() ? line.operation : QStringLiteral("setCurSelType");
+}
+}
+
 ScenarioPlay::ScenarioPlay(ClientSession &session, QObject *parent)
     : QObject(parent), m_session(session), m_reader("scenario-reader")
 {
@@ -45,7 +58,7 @@ void ScenarioPlay::open(const QString &file, Opened opened)
                           return; // another file has been opened meanwhile
                       }
                       m_isCancelled.reset();
-                      if (survey.error.isEmpty()) {
+                      if (survey.error.isEmpty() && !*isCancelled) { // stopped, even as it ended
                           m_survey = survey;
                           setState(State::Ready);
                           if (opened == Opened::Play) {
@@ -130,6 +143,7 @@ void ScenarioPlay::setSpeed(double speed)
     if (m_player) {
         m_player->setSpeed(speed);
     }
+    emit speedChanged(speed);
 }
 
 void ScenarioPlay::setLooped(bool isLooped)
@@ -171,6 +185,9 @@ void ScenarioPlay::begin(bool isPaused)
     options.from = m_position;
     options.isLooped = m_isLooped;
     options.isPaused = isPaused;
+    options.announcer = [&session = m_session](const TavScenario::Line &line) {
+        session.noteBeginning(managerOf(line), operationOf(line));
+    };
     options.observer = [this](const TavPlayedCall &call) { noteCall(call); };
     m_player = std::make_unique<TavScenarioPlayer>(m_session.host(), *m_file, options);
     setState(isPaused ? State::Paused : State::Playing);
@@ -232,16 +249,15 @@ void ScenarioPlay::noteCall(const TavPlayedCall &played)
     call.error = played.error ? QString::fromUtf8(played.error->what()) : QString();
     call.bytes = line.bytes;
     call.nanoseconds = played.nanoseconds;
+    call.manager = managerOf(line);
+    call.operation = operationOf(line);
     if (line.page.isEmpty()) {
-        call.manager = line.manager;
-        call.operation = line.operation;
         call.arguments = line.arguments;
     } else {
         const auto page = TavJson::fromJson<ClientSession::Page>(line.page);
         const auto function = m_session.host().manager<ITavFuncTypeMgr>()->getSubFuncInfo(page).funcType;
-        call.manager = qobject_interface_iid<ITavSelectFuncMgr *>();
-        call.operation = "setCurSelType";
         call.arguments = QJsonArray{TavJson::toJson(function), line.page};
     }
     m_session.calls().note(call);
+    m_session.noteEnd(call.manager, call.operation, !played.error);
 }

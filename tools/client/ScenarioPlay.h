@@ -68,6 +68,11 @@ public:
         return m_survey;
     }
 
+    double speed() const
+    {
+        return m_speed;
+    }
+
     qint64 position() const; ///< microseconds of the scenario
     qint64 linesPlayed() const; ///< in this turn
     qint64 turn() const; ///< 1 until a play in a loop has begun again
@@ -75,6 +80,7 @@ public:
 signals:
     void stateChanged();
     void positionChanged();
+    void speedChanged(double speed);
     /// The file cannot be opened, or a line has ended the play.
     void failed(const QString &file, const QString &problem);
     /// The play has come to its end by itself.

@@ -2,10 +2,10 @@
 
 #include "AgentFeeder.h"
 #include "Recording.h"
+#include "ScenarioDialog.h"
 #include "SymbolIcon.h"
 
 #include <QAction>
-#include <QFileDialog>
 #include <QSpinBox>
 
 AgentBar::AgentBar(AgentFeeder &feeder, Recording &recording, QWidget *parent) : QToolBar(tr("Agent"), parent)
@@ -64,10 +64,7 @@ void AgentBar::addRecording(Recording &recording)
             recording.end();
             return;
         }
-        auto *const dialog = new QFileDialog(window(), tr("Record Calls"), {}, tr("Scenarios (*.jsonl)"));
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
-        dialog->setAcceptMode(QFileDialog::AcceptSave);
-        dialog->setDefaultSuffix(QStringLiteral("jsonl"));
+        auto *const dialog = newScenarioDialog(window(), tr("Record Calls"), QFileDialog::AcceptSave);
         connect(dialog, &QFileDialog::fileSelected, &recording, &Recording::begin);
         dialog->open();
     });

@@ -19,7 +19,13 @@ void setInterfaceLanguage(const QLocale &locale)
 {
     Q_INIT_RESOURCE(translations); // the linker leaves out what nothing names
     install(QLocale::English, QStringLiteral("tavdesk"), QStringLiteral(":/i18n")); // its plurals
-    if (install(locale, QStringLiteral("tavdesk"), QStringLiteral(":/i18n"))) { // or its dialogs would mix languages
-        install(locale, QStringLiteral("qtbase"), QLibraryInfo::location(QLibraryInfo::TranslationsPath));
+    if (locale.language() != QLocale::Chinese) {
+        return; // Qt's texts in another language would stand among ours in English
+    }
+    const QLocale china(QLocale::Chinese, QLocale::China); // whose catalogue is the only one
+    install(china, QStringLiteral("tavdesk"), QStringLiteral(":/i18n"));
+    const QString ofQt = QLibraryInfo::location(QLibraryInfo::TranslationsPath);
+    if (!install(locale, QStringLiteral("qtbase"), ofQt)) {
+        install(china, QStringLiteral("qtbase"), ofQt);
     }
 }

@@ -108,6 +108,11 @@ MainWindow::MainWindow(ClientSession &session)
         m_pages->open(page);
         m_navigation->setOpenPage(page);
     });
+    connect(&m_session, &ClientSession::catalogueRead, this, [this] {
+        m_navigation->setFunctions(navigationTree());
+        m_navigation->setOpenPage(m_pages->openPage());
+        m_pages->showBeginning();
+    });
     connect(m_play.get(), &ScenarioPlay::failed, this, [this](const QString &file, const QString &problem) {
         showProblem(tr("%1 cannot be played").arg(file), problem);
     });

@@ -5,6 +5,10 @@
 #include <QDir>
 #include <QIcon>
 
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
 namespace
 {
 constexpr int pagePlace = Qt::UserRole; // place in the list of pages; none for a function
@@ -29,15 +33,78 @@ QIcon iconOf(const TavFuncTypeData_ &function, ITavPicResourceMgr &pictures, con
     addPictures(icon, function.funcIcon + QLatin1String("Pressed"), QIcon::Selected, pictures, directories);
     return icon;
 }
+
+bool isSame(const TavSubFuncTypeData_ &one, const TavSubFuncTypeData_ &other)
+{
+    const auto fields = [](const TavSubFuncTypeData_ &page) {
+        return std::tie(page.subFuncTitle, page.funcType, page.subFuncType, page.realParentType, page.subFuncClassName,
+                        page.subFuncHelp, page.subFuncHasParent);
+    };
+    return fields(one) == fields(other);
+}
+
+bool isSame(const NavigationNode &one, const NavigationNode &other);
+
+template<class Entry>
+bool areSame(const QVector<Entry> &some, const QVector<Entry> &others)
+{
+    return std::equal(some.cbegin(), some.cend(), others.cbegin(), others.cend(),
+                      [](const Entry &one, const Entry &other) { return isSame(one, other); });
+}
+
+bool isSame(const NavigationNode &one, const NavigationNode &other)
+{
+    const auto fields = [](const TavFuncTypeData_ &function) {
+        return std::tie(function.funcTitle, function.funcIcon, function.funcType);
+    };
+    return fields(one.function) == fields(other.function) && areSame(one.pages, other.pages)
+        && areSame(one.nested, other.nested);
+}
+
+template<class Entry>
+QVector<Entry> firstOfEach(const QVector<Entry> &entries)
+{
+    QVector<Entry> firsts;
+    for (const Entry &entry : entries) {
+        if (std::none_of(firsts.cbegin(), firsts.cend(), [&](const Entry &first) { return isSame(first, entry); })) {
+            firsts.append(entry);
+        }
+    }
+    return firsts;
+}
+
+/// The manager lists all its entries once more whenever it has read its catalogue again.
+QVector<NavigationNode> withoutRepeats(QVector<NavigationNode> nodes)
+{
+    for (NavigationNode &node : nodes) {
+        node.pages = firstOfEach(node.pages);
+        node.nested = withoutRepeats(node.nested);
+    }
+    return firstOfEach(nodes);
+}
 }
 
 NavigationModel::NavigationModel(const QVector<NavigationNode> &functions, ITavPicResourceMgr &pictures,
-                                 const QStringList &directories, QObject *parent)
-    : QStandardItemModel(parent)
+                                 QStringList directories, QObject *parent)
+    : QStandardItemModel(parent), m_pictures(pictures), m_directories(std::move(directories))
 {
-    for (const NavigationNode &node : functions) {
-        addFunction(*invisibleRootItem(), node, pictures, directories);
+    setFunctions(functions);
+}
+
+bool NavigationModel::setFunctions(const QVector<NavigationNode> &functions)
+{
+    const QVector<NavigationNode> once = withoutRepeats(functions);
+    if (areSame(once, m_functions)) {
+        return false;
     }
+    m_functions = once;
+    clear();
+    m_pages.clear();
+    m_entries.clear();
+    for (const NavigationNode &node : once) {
+        addFunction(*invisibleRootItem(), node);
+    }
+    return true;
 }
 
 const TavSubFuncTypeData_ *NavigationModel::pageAt(const QModelIndex &index) const
@@ -52,11 +119,10 @@ QModelIndex NavigationModel::indexOf(CTavSubFuncTypeHeader::TavSubFuncTypeHeader
     return item ? item->index() : QModelIndex();
 }
 
-void NavigationModel::addFunction(QStandardItem &parent, const NavigationNode &node, ITavPicResourceMgr &pictures,
-                                  const QStringList &directories)
+void NavigationModel::addFunction(QStandardItem &parent, const NavigationNode &node)
 {
     const TavFuncTypeData_ &function = node.function;
-    auto *const item = new QStandardItem(iconOf(function, pictures, directories), function.funcTitle);
+    auto *const item = new QStandardItem(iconOf(function, m_pictures, m_directories), function.funcTitle);
     item->setEditable(false);
     item->setToolTip(functionKey(function.funcType));
     parent.appendRow(item);
@@ -72,6 +138,6 @@ void NavigationModel::addFunction(QStandardItem &parent, const NavigationNode &n
         }
     }
     for (const NavigationNode &nested : node.nested) {
-        addFunction(*item, nested, pictures, directories);
+        addFunction(*item, nested);
     }
 }

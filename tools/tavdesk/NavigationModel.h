@@ -14,8 +14,11 @@ class NavigationModel : public QStandardItemModel
 public:
     /// @p pictures holds the icons by the names that the catalogue gives them; @p directories are those that it was
     /// given.
-    NavigationModel(const QVector<NavigationNode> &functions, ITavPicResourceMgr &pictures,
-                    const QStringList &directories, QObject *parent = nullptr);
+    NavigationModel(const QVector<NavigationNode> &functions, ITavPicResourceMgr &pictures, QStringList directories,
+                    QObject *parent = nullptr);
+
+    /// Shows @p functions instead. False when they are what it shows: then nothing happens.
+    bool setFunctions(const QVector<NavigationNode> &functions);
 
     /// The page that stands at @p index; null when there is none.
     const TavSubFuncTypeData_ *pageAt(const QModelIndex &index) const;
@@ -24,9 +27,11 @@ public:
     QModelIndex indexOf(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page) const;
 
 private:
-    void addFunction(QStandardItem &parent, const NavigationNode &node, ITavPicResourceMgr &pictures,
-                     const QStringList &directories);
+    void addFunction(QStandardItem &parent, const NavigationNode &node);
 
+    ITavPicResourceMgr &m_pictures;
+    const QStringList m_directories;
+    QVector<NavigationNode> m_functions;
     QVector<TavSubFuncTypeData_> m_pages; ///< items refer to them by their places
     QHash<int, QStandardItem *> m_entries; ///< by the types of their pages
 };

@@ -20,6 +20,13 @@ NavigationView::NavigationView(NavigationModel *model, QWidget *parent) : QTreeV
     connect(this, &QTreeView::clicked, this, &NavigationView::choose);
 }
 
+void NavigationView::setFunctions(const QVector<NavigationNode> &functions)
+{
+    if (m_model->setFunctions(functions)) {
+        expandAll();
+    }
+}
+
 void NavigationView::setOpenPage(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page)
 {
     const QModelIndex index = m_model->indexOf(page);

@@ -5,6 +5,7 @@
 #include <QTreeView>
 
 class NavigationModel;
+struct NavigationNode;
 struct TavSubFuncTypeData_;
 
 /// @brief The navigation as a tree. A page that is clicked, or entered with the keyboard, is chosen; choosing opens
@@ -15,6 +16,9 @@ class NavigationView : public QTreeView
 public:
     /// @p model becomes the view's own.
     explicit NavigationView(NavigationModel *model, QWidget *parent = nullptr);
+
+    /// Shows @p functions instead, all of them open, unless they are what it shows.
+    void setFunctions(const QVector<NavigationNode> &functions);
 
     /// Marks the page as the one that is open. A page that is no entry leaves the mark where it is.
     void setOpenPage(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page);

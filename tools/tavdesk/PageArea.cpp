@@ -36,6 +36,15 @@ QVector<TavSubFuncTypeData_> waysFrom(const TavSubFuncTypeData_ &page, ITavFuncT
 
 PageArea::PageArea(ClientSession &session, QWidget *parent) : QStackedWidget(parent), m_session(session)
 {
+    showBeginning();
+}
+
+void PageArea::showBeginning()
+{
+    if (!m_pages.isEmpty()) {
+        return;
+    }
+    delete currentWidget();
     if (m_session.host().manager<ITavFuncTypeMgr>()->getSubFuncInfo().isEmpty()) {
         addWidget(newCatalogueProblem(this));
         return;

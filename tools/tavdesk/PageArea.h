@@ -25,6 +25,9 @@ public:
     /// @p session outlives the pages.
     explicit PageArea(ClientSession &session, QWidget *parent = nullptr);
 
+    /// Until a page has been opened: says that one is to be chosen, or what is wrong with the catalogue.
+    void showBeginning();
+
     /// Shows the page, which is made when it is opened for the first time.
     void open(Page page);
 

@@ -27,8 +27,8 @@ PageFrame::PageFrame(const TavSubFuncTypeData_ &page, QWidget *content, const QV
     line->addWidget(help, 1);
     for (const TavSubFuncTypeData_ &way : ways) {
         const bool isBack = way.subFuncType == page.realParentType && !page.subFuncHasParent;
-        auto *const button
-            = new QPushButton(isBack ? tr("Back to %1").arg(way.subFuncTitle) : tr("Open %1").arg(way.subFuncTitle));
+        const QString title = QString(way.subFuncTitle).replace(QLatin1Char('&'), QLatin1String("&&")); // no mnemonic
+        auto *const button = new QPushButton(isBack ? tr("Back to %1").arg(title) : tr("Open %1").arg(title));
         connect(button, &QPushButton::clicked, this, [this, way] { emit pageChosen(way); });
         line->addWidget(button);
     }

@@ -1,11 +1,11 @@
 #include "PlayBar.h"
 
+#include "ScenarioDialog.h"
 #include "ScenarioPlay.h"
 #include "SymbolIcon.h"
 
 #include <QAction>
 #include <QComboBox>
-#include <QFileDialog>
 #include <QLabel>
 #include <QSlider>
 
@@ -87,17 +87,17 @@ void PlayBar::addSpeed()
         speed->addItem(tr("%1×").arg(times), times);
     }
     speed->addItem(tr("fastest"), TavPlayOptions::fastest);
-    speed->setCurrentIndex(2);
+    const auto showSpeed = [speed](double times) { speed->setCurrentIndex(speed->findData(times)); };
+    showSpeed(m_play.speed());
     addWidget(speed);
-    connect(speed, QOverload<int>::of(&QComboBox::currentIndexChanged), &m_play,
+    connect(speed, QOverload<int>::of(&QComboBox::activated), &m_play,
             [this, speed](int index) { m_play.setSpeed(speed->itemData(index).toDouble()); });
+    connect(&m_play, &ScenarioPlay::speedChanged, speed, showSpeed);
 }
 
 void PlayBar::chooseFile()
 {
-    auto *const dialog = new QFileDialog(window(), tr("Open Scenario"), {}, tr("Scenarios (*.jsonl);;All files (*)"));
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    dialog->setFileMode(QFileDialog::ExistingFile);
+    auto *const dialog = newScenarioDialog(window(), tr("Open Scenario"), QFileDialog::AcceptOpen);
     connect(dialog, &QFileDialog::fileSelected, &m_play, [this](const QString &file) { m_play.open(file); });
     dialog->open();
 }

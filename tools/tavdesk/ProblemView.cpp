@@ -3,6 +3,7 @@
 #include "SymbolIcon.h"
 
 #include <QAction>
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
@@ -21,12 +22,11 @@ QLabel *newText(const QString &text)
 }
 
 ProblemView::ProblemView(const QString &title, const QString &problem, const QString &advice, QWidget *parent)
-    : QWidget(parent), m_buttons(new QHBoxLayout)
+    : QWidget(parent), m_sign(new QLabel), m_buttons(new QHBoxLayout)
 {
     setAccessibleName(title);
     setAccessibleDescription(problem);
-    auto *const sign = new QLabel;
-    sign->setPixmap(symbolIcon(Symbol::Warning).pixmap(32, 32));
+    drawSign();
     auto *const heading = newText(title);
     QFont font = heading->font();
     font.setPointSizeF(font.pointSizeF() * 1.3);
@@ -45,7 +45,7 @@ ProblemView::ProblemView(const QString &title, const QString &problem, const QSt
 
     auto *const line = new QHBoxLayout;
     line->addStretch(1);
-    line->addWidget(sign, 0, Qt::AlignTop);
+    line->addWidget(m_sign, 0, Qt::AlignTop);
     line->addSpacing(12);
     line->addLayout(texts, 4);
     line->addStretch(1);
@@ -54,6 +54,19 @@ ProblemView::ProblemView(const QString &title, const QString &problem, const QSt
     layout->addStretch(2);
     layout->addLayout(line);
     layout->addStretch(3);
+}
+
+void ProblemView::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        drawSign();
+    }
+}
+
+void ProblemView::drawSign()
+{
+    m_sign->setPixmap(symbolIcon(Symbol::Warning).pixmap(32, 32));
 }
 
 void ProblemView::addButton(QAction *action)

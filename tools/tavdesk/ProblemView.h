@@ -4,6 +4,7 @@
 
 class QAction;
 class QHBoxLayout;
+class QLabel;
 
 /// @brief Says in the middle of its place what is wrong and what to do about it.
 class ProblemView : public QWidget
@@ -16,6 +17,12 @@ public:
     /// Adds a button below the texts.
     void addButton(QAction *action);
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    void drawSign();
+
+    QLabel *m_sign;
     QHBoxLayout *m_buttons;
 };

@@ -23,7 +23,7 @@ struct TestPanel {
         EXPECT_TRUE(QTest::qWaitForWindowExposed(&panel));
     }
 
-    void note(const QString &operation, const QJsonValue &arguments = QJsonArray())
+    void note(const QString &operation, const QJsonValue &arguments = QJsonArray(), const QString &returned = {})
     {
         LoggedCall call;
         call.time = QDateTime::currentDateTime();
@@ -31,7 +31,24 @@ struct TestPanel {
         call.manager = "ITavNetControlMgr";
         call.operation = operation;
         call.arguments = arguments;
+        call.returned = returned;
         log.note(call);
+    }
+
+    /// Whether @p letters, typed into the filter, leave so many rows.
+    bool leaves(const QString &letters, int rows)
+    {
+        auto &filter = *panel.findChild<QLineEdit *>();
+        filter.selectAll();
+        QTest::keyClicks(&filter, letters);
+        return waitUntil([this, rows] { return view().model()->rowCount() == rows; });
+    }
+
+    void emptyFilter()
+    {
+        const int all = log.from(0).entries.size();
+        panel.findChild<QLineEdit *>()->clear();
+        EXPECT_TRUE(waitUntil([this, all] { return view().model()->rowCount() == all; }));
     }
 
     QTableView &view()
@@ -41,7 +58,7 @@ struct TestPanel {
 
     int rows()
     {
-        panel.update();
+        panel.takeOver();
         return view().model()->rowCount();
     }
 
@@ -82,13 +99,57 @@ TEST(CallLogPanel, ShowsWhatTheFilterLeaves)
     test.note("setNetCount");
     test.note("getNetCount");
     test.note("setState");
-    auto &filter = *test.panel.findChild<QLineEdit *>();
-    QTest::keyClicks(&filter, "COUNT");
-    EXPECT_EQ(test.rows(), 2);
+    EXPECT_EQ(test.rows(), 3);
+    EXPECT_TRUE(test.leaves("COUNT", 2));
     test.note("setNetCount");
     EXPECT_EQ(test.rows(), 3) << "new entries pass the filter, too";
-    filter.clear();
-    EXPECT_EQ(test.rows(), 4);
+    test.emptyFilter();
+}
+
+TEST(CallLogPanel, FiltersByEveryColumnWithWords)
+{
+    TestPanel test;
+    test.note("setState", QJsonArray{QJsonObject{{"path", "/etc/passwd"}}});
+    test.note("getState", {}, "{\"path\":\"/etc/hosts\"}");
+    LoggedCall refused;
+    refused.thread = "worker";
+    refused.manager = "ITavAuditMgr";
+    refused.error = "out of range";
+    test.log.note(refused);
+    EXPECT_EQ(test.rows(), 3);
+    const QString time = test.view().model()->index(0, 0).data().toString();
+    for (const QString &letters : {QStringLiteral("passwd"), QStringLiteral("hosts"), QStringLiteral("getstate"),
+                                   QStringLiteral("worker"), QStringLiteral("audit"), QStringLiteral("range")}) {
+        EXPECT_TRUE(test.leaves(letters, 1)) << letters.toStdString();
+    }
+    EXPECT_TRUE(test.leaves(time, 0)) << "times are no words";
+}
+
+TEST(CallLogPanel, NarrowsAndWidensWithEachLetterOfTheFilter)
+{
+    TestPanel test;
+    test.note("setNetCount");
+    test.note("setState");
+    test.note("getNetCount");
+    EXPECT_EQ(test.rows(), 3);
+    EXPECT_TRUE(test.leaves("s", 2)) << "and the manager's name has none";
+    test.note("setState");
+    EXPECT_TRUE(test.leaves("se", 3)) << "what has come meanwhile among them";
+    EXPECT_TRUE(test.leaves("sets", 2));
+    EXPECT_TRUE(test.leaves("set", 3));
+}
+
+TEST(CallLogPanel, WaitsForTheEndOfTheTypingBeforeItFilters)
+{
+    TestPanel test;
+    for (int i = 0; i < 100; ++i) {
+        test.note(QString::number(i));
+    }
+    EXPECT_EQ(test.rows(), 100);
+    int resets = 0;
+    QObject::connect(test.view().model(), &QAbstractItemModel::modelReset, &test.panel, [&resets] { ++resets; });
+    EXPECT_TRUE(test.leaves("99", 1));
+    EXPECT_EQ(resets, 1);
 }
 
 TEST(CallLogPanel, KeepsTheSelectionWhenTheFilterChanges)
@@ -99,10 +160,9 @@ TEST(CallLogPanel, KeepsTheSelectionWhenTheFilterChanges)
     test.note("getNetCount");
     EXPECT_EQ(test.rows(), 3);
     test.view().selectRow(2);
-    auto &filter = *test.panel.findChild<QLineEdit *>();
-    QTest::keyClicks(&filter, "count");
+    EXPECT_TRUE(test.leaves("count", 2));
     EXPECT_EQ(test.panel.selectedRows(), QVector<int>{1});
-    filter.clear();
+    test.emptyFilter();
     EXPECT_EQ(test.panel.selectedRows(), QVector<int>{2});
 }
 

@@ -315,3 +315,51 @@ TEST(CallPanel, DoesNotShowWhatACallReturnsThatNobodyWaitsForAnyMore)
     EXPECT_EQ(result->toPlainText(), "");
     EXPECT_TRUE(client.resultAfterCall().contains("{")) << "the next one is shown";
 }
+
+TEST(CallPanel, KeepsACallUnderWayItsResultWhateverIsChosenMeanwhile)
+{
+    TestCalls client;
+    client.session.call("ITavNetControlMgr", "setState", QJsonArray{QJsonObject{{"state", 3}}});
+    client.choose("ITavNetControlMgr", "getState(");
+    QTest::mouseClick(client.button("Call"), Qt::LeftButton);
+    client.choose("ITavNetControlMgr", "setState(");
+    for (const QString &second : {QStringLiteral("Call"), QStringLiteral("Fill In What Is Held")}) {
+        QTest::mouseClick(client.button(second), Qt::LeftButton);
+        EXPECT_FALSE(client.button(second)->isEnabled()) << second.toStdString();
+    }
+    auto *const result = client.named<QPlainTextEdit>("Result");
+    EXPECT_TRUE(waitUntil([result] { return result->toPlainText().contains("\"state\": 3"); }));
+    EXPECT_TRUE(labelTexts(*client.window).contains("getState has returned:"));
+    EXPECT_TRUE(client.button("Call")->isEnabled());
+    EXPECT_TRUE(client.button("Fill In What Is Held")->isEnabled());
+}
+
+TEST(CallPanel, BeginsWithAnOperationThatPeopleCall)
+{
+    TestCalls client;
+    auto *const list = client.named<QListWidget>("Operations");
+    auto *const managers = client.named<QComboBox>("Manager");
+    for (int manager = 0; manager < managers->count(); ++manager) {
+        managers->setCurrentIndex(manager);
+        ASSERT_TRUE(list->currentItem()) << managers->currentText().toStdString();
+        EXPECT_FALSE(list->currentItem()->text().startsWith("getObject(")) << managers->currentText().toStdString();
+    }
+}
+
+TEST(CallPanel, ListsOperationsWithoutTheScopesOfTheirTypes)
+{
+    TestCalls client;
+    client.choose("ITavSelectFuncMgr", "setCurSelType(");
+    EXPECT_EQ(client.named<QListWidget>("Operations")->currentItem()->text().toStdString(),
+              "setCurSelType(TavFuncTypeHeader_ funcType, TavSubFuncTypeHeader_ subFuncType)");
+}
+
+TEST(CallPanel, SaysOfAnOperationThatItHasNoArguments)
+{
+    TestCalls client;
+    const auto *const form = client.window->findChild<ArgumentForm *>();
+    client.choose("ITavNetControlMgr", "getState(");
+    EXPECT_TRUE(labelTexts(*form).contains("no arguments"));
+    client.choose("ITavNetControlMgr", "setState(");
+    EXPECT_FALSE(labelTexts(*form).contains("no arguments"));
+}

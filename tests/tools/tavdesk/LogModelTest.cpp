@@ -19,7 +19,7 @@ TEST(LogModel, LetsGoOfItsEntriesOnAnotherThread)
     QThread *thread = nullptr;
     QSemaphore ended;
     BoundedLog<Entry> log(1 << 20, 1);
-    LogModel<Entry> model(log, {{"column", [](const Entry &) { return QString(); }}}, {}, nullptr);
+    LogModel<Entry> model(log, {{"column", [](const Entry &) { return QString(); }}});
     const QAbstractItemModelTester tester(&model, QAbstractItemModelTester::FailureReportingMode::Fatal);
     log.append({{new int, [&](const int *number) {
                      thread = QThread::currentThread();

@@ -1,11 +1,16 @@
 #include "TestWindow.h"
 
+#include "../tavctl/ScenarioFiles.h"
 #include "ITavFuncTypeMgr.h"
 #include "ITavSelectFuncMgr.h"
+#include "PageFrame.h"
+#include "ScenarioPlay.h"
 #include "TavEvents.h"
 
 #include <QAbstractItemModelTester>
+#include <QJsonArray>
 #include <QPushButton>
+#include <QThread>
 
 using Pages = CTavSubFuncTypeHeader;
 
@@ -115,6 +120,114 @@ TEST(Navigation, NotesEveryDeliveryWithItsLatency)
         EXPECT_GT(entry.delivery.nanoseconds, 0);
     }
     EXPECT_NE(entries[0].delivery.thread, entries[1].delivery.thread);
+}
+
+TEST(Navigation, KnowsTheLatencyOfAPageThatACallOrAScenarioSelects)
+{
+    TestWindow client;
+    const auto latencies = [&client] {
+        QVector<qint64> latencies;
+        const auto entries = client.session.deliveries().from(0).entries;
+        for (const LoggedDelivery &entry : entries) {
+            latencies.append(entry.delivery.nanoseconds);
+        }
+        return latencies;
+    };
+    client.session.call("ITavSelectFuncMgr", "setCurSelType", QJsonArray{"Func_SystemAudit", "SubFunc_LogAudit"});
+    ASSERT_TRUE(waitUntil([&] { return latencies().size() == 2; }));
+    const ScenarioFile file(R"({"thread": "gui", "page": "SubFunc_LogAudit"}
+{"manager": "ITavSelectFuncMgr", "operation": "setCurSelType", "arguments": ["Func_SystemAudit", "SubFunc_LogAudit"]}
+)");
+    client.window->play().open(file.path(), ScenarioPlay::Opened::Play);
+    ASSERT_TRUE(waitUntil([&] { return latencies().size() == 6; }));
+    for (const qint64 latency : latencies()) {
+        EXPECT_GT(latency, 0);
+    }
+}
+
+TEST(Navigation, MeasuresEachOfTwoSelectionsFromItsOwnBeginning)
+{
+    TestWindow client;
+    const auto select = [&client] {
+        client.session.call("ITavSelectFuncMgr", "setCurSelType", QJsonArray{"Func_SystemAudit", "SubFunc_LogAudit"});
+    };
+    select();
+    QThread::msleep(200);
+    select();
+    ASSERT_TRUE(waitUntil([&] { return client.session.deliveries().from(0).entries.size() == 4; }));
+    QVector<qint64> window; // latencies of the subscriber that this thread has kept waiting
+    const auto entries = client.session.deliveries().from(0).entries;
+    for (const LoggedDelivery &entry : entries) {
+        if (entry.delivery.thread == "gui") {
+            window.append(entry.delivery.nanoseconds);
+        }
+    }
+    ASSERT_EQ(window.size(), 2);
+    EXPECT_GE(window[0], 200'000'000);
+    EXPECT_GT(window[1], 0);
+    EXPECT_GE(window[0] - window[1], 150'000'000);
+}
+
+TEST(Navigation, ExpectsNothingOfASelectionThatIsRefused)
+{
+    TestWindow client;
+    EXPECT_THROW(client.session.call("ITavSelectFuncMgr", "setCurSelType", QJsonArray{"Func_SystemAudit", "Nowhere"}),
+                 std::exception);
+    eventFuncPageUpdate.Emit(Pages::SubFunc_LogAudit);
+    ASSERT_TRUE(waitUntil([&] { return client.session.deliveries().from(0).entries.size() == 2; }));
+    const auto entries = client.session.deliveries().from(0).entries;
+    for (const LoggedDelivery &entry : entries) {
+        EXPECT_EQ(entry.delivery.nanoseconds, -1) << "nobody has told when it was selected";
+    }
+}
+
+TEST(Navigation, FollowsACatalogueThatIsReadAgain)
+{
+    const QTemporaryDir root;
+    const QString file = root.filePath("etc/tavsec.d/funcTypeConfig.json");
+    const QByteArray first = R"({"funcType": "Func_HostInfo", "funcTitle": "host", "funcIcon": "a", "subFunList": [
+        {"subFuncType": "SubFunc_serverResourceInfo", "subFuncTitile": "server", "subFuncClassName": "Server"}]})";
+    const QByteArray second = R"({"funcType": "Func_SystemAudit", "funcTitle": "audit", "funcIcon": "b", "subFunList": [
+        {"subFuncType": "SubFunc_LogAudit", "subFuncTitile": "log", "subFuncClassName": "Log"}]})";
+    writeFile(file, ('[' + first + ']').toBase64());
+    TestWindow client(root.path());
+    const QAbstractItemModelTester tester(client.navigation().model(),
+                                          QAbstractItemModelTester::FailureReportingMode::Fatal);
+    client.click(Pages::SubFunc_serverResourceInfo);
+    ASSERT_TRUE(client.waitForPage(Pages::SubFunc_serverResourceInfo));
+    writeFile(file, ('[' + first + ',' + second + ']').toBase64());
+    client.session.call("ITavFuncTypeMgr", "loadConfig", QJsonArray());
+    ASSERT_TRUE(waitUntil([&client] { return client.entry(Pages::SubFunc_LogAudit).isValid(); }));
+    EXPECT_EQ(client.navigation().selectionModel()->selectedIndexes(),
+              QModelIndexList{client.entry(Pages::SubFunc_serverResourceInfo)});
+    EXPECT_EQ(client.navigation().model()->rowCount(), 2);
+    EXPECT_EQ(client.navigation().model()->rowCount(client.entry(Pages::SubFunc_serverResourceInfo).parent()), 1)
+        << "the page of before is listed twice by the manager";
+    client.click(Pages::SubFunc_LogAudit);
+    EXPECT_TRUE(client.waitForPage(Pages::SubFunc_LogAudit));
+}
+
+TEST(Navigation, StaysAsItIsWhenTheCatalogueReadAgainIsTheSame)
+{
+    TestWindow client;
+    client.navigation().collapse(client.navigation().model()->index(0, 0));
+    int resets = 0;
+    QObject::connect(client.navigation().model(), &QAbstractItemModel::modelReset, client.window.get(),
+                     [&resets] { ++resets; });
+    client.session.call("ITavFuncTypeMgr", "loadConfig", QJsonArray());
+    QTest::qWait(50);
+    EXPECT_EQ(resets, 0);
+    EXPECT_FALSE(client.navigation().isExpanded(client.navigation().model()->index(0, 0)));
+}
+
+TEST(Navigation, ShowsTheAmpersandOfATitle)
+{
+    const TavSubFuncTypeData_ page;
+    TavSubFuncTypeData_ way;
+    way.subFuncTitle = "Users & Roles";
+    way.subFuncType = Pages::SubFunc_PrincipalAdd;
+    const PageFrame frame(page, new QWidget, {way});
+    EXPECT_EQ(frame.findChild<QPushButton *>()->text().toStdString(), "Open Users && Roles");
 }
 
 TEST(Navigation, SaysOfAPageThatTheCatalogueDoesNotHave)

@@ -4,6 +4,7 @@
 #include "ITavNetControlMgr.h"
 #include "ScenarioPlay.h"
 
+#include <QComboBox>
 #include <QDockWidget>
 #include <QDropEvent>
 #include <QLineEdit>
@@ -12,6 +13,7 @@
 #include <QRegularExpression>
 #include <QSlider>
 #include <QStatusBar>
+#include <QThread>
 
 namespace
 {
@@ -304,4 +306,27 @@ TEST(Play, IsReadyAgainAtOnceWhenNobodyWaitsForItsLastCalls)
     test.play().play();
     EXPECT_TRUE(waitUntil([&] { return test.heldState() == 3; }));
     EXPECT_TRUE(test.waitForState(State::Ready));
+}
+
+TEST(Play, IsEmptyWhenItIsStoppedAsTheReadingEnds)
+{
+    const TestWindow client;
+    const ScenarioFile file(threeStates);
+    client.window->play().open(file.path(), ScenarioPlay::Opened::Play);
+    QThread::msleep(300); // it has been read, and this thread is not told yet
+    client.action("Stop")->trigger();
+    ASSERT_TRUE(waitUntil([&] { return client.window->play().state() != State::Opening; }));
+    EXPECT_EQ(client.window->play().state(), State::Empty);
+    EXPECT_FALSE(client.window->findChild<QMessageBox *>());
+}
+
+TEST(Play, ShowsTheSpeedThatAnybodyHasSet)
+{
+    const TestWindow client;
+    const auto *const speed = client.named<QComboBox>("Speed");
+    EXPECT_EQ(speed->currentText(), QString::fromUtf8("1×"));
+    client.window->play().setSpeed(TavPlayOptions::fastest);
+    EXPECT_EQ(speed->currentText(), "fastest");
+    client.window->play().setSpeed(10);
+    EXPECT_EQ(speed->currentText(), QString::fromUtf8("10×"));
 }

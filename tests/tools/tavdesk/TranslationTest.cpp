@@ -287,6 +287,28 @@ TEST(Translation, KnowsEveryFieldAndCodeThatPagesShow)
     expectTranslated(meanings, "CodeMeanings");
 }
 
+TEST(Translation, IsChineseInEveryCountry)
+{
+    const auto translators = [] {
+        const auto all = qApp->findChildren<QTranslator *>();
+        return QSet<QTranslator *>(all.begin(), all.end());
+    };
+    for (const QString &name : {QStringLiteral("zh"), QStringLiteral("zh_CN"), QStringLiteral("zh_SG"),
+                                QStringLiteral("zh_HK"), QStringLiteral("zh_TW")}) {
+        const QSet<QTranslator *> before = translators();
+        setInterfaceLanguage(QLocale(name));
+        QString own;
+        QString ofQt;
+        for (QTranslator *const added : translators() - before) {
+            own += added->translate("MainWindow", "Security Client for Development");
+            ofQt += added->translate("QPlatformTheme", "Cancel");
+            delete added;
+        }
+        EXPECT_EQ(own, QStringLiteral("开发用安全客户端")) << name.toStdString();
+        EXPECT_EQ(ofQt, QStringLiteral("取消")) << name.toStdString();
+    }
+}
+
 TEST(Translation, KnowsEveryUnit)
 {
     setInterfaceLanguage(QLocale(QLocale::Chinese, QLocale::China));

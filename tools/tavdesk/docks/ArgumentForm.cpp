@@ -1,12 +1,13 @@
 #include "ArgumentForm.h"
 
+#include "QuietLabel.h"
 #include "RecordEdit.h"
 #include "ValueText.h"
+#include "WithoutScopes.h"
 
 #include <QFormLayout>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QRegularExpression>
 
 namespace
 {
@@ -25,11 +26,6 @@ QString beginningOf(const TavCall::Argument &argument)
     const bool isText = argument.type == QLatin1String("QString") || argument.type == QLatin1String("QByteArray");
     return isText ? QStringLiteral("\"\"") : QStringLiteral("0");
 }
-
-QString withoutScopes(QString type)
-{
-    return type.remove(QRegularExpression(QStringLiteral("\\w+::")));
-}
 }
 
 ArgumentForm::ArgumentForm(QWidget *parent) : QWidget(parent), m_layout(new QFormLayout(this))
@@ -45,6 +41,9 @@ void ArgumentForm::setArguments(const QVector<TavCall::Argument> &arguments)
     m_fields.clear();
     while (m_layout->rowCount() > 0) {
         m_layout->removeRow(0);
+    }
+    if (arguments.isEmpty()) {
+        m_layout->addRow(new QuietLabel(tr("no arguments")));
     }
     for (const TavCall::Argument &argument : arguments) {
         const Field field = newField(argument);

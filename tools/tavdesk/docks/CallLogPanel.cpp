@@ -4,11 +4,11 @@
 #include "CallScenario.h"
 #include "CellText.h"
 #include "LogTexts.h"
+#include "ScenarioDialog.h"
 #include "ShortJson.h"
 #include "SymbolIcon.h"
 
 #include <QAction>
-#include <QFileDialog>
 
 namespace
 {
@@ -17,23 +17,18 @@ LogModel<LoggedCall> *newModel(CallLog &log)
     const auto manager = [](const LoggedCall &call) { return call.manager; };
     const auto operation = [](const LoggedCall &call) { return call.operation; };
     const auto result = [](const LoggedCall &call) { return call.error.isEmpty() ? call.returned : call.error; };
-    const auto matches = [](const LoggedCall &call, const QString &text) {
-        return call.operation.contains(text, Qt::CaseInsensitive) || call.manager.contains(text, Qt::CaseInsensitive)
-            || call.thread.contains(text, Qt::CaseInsensitive) || call.error.contains(text, Qt::CaseInsensitive);
-    };
     return new LogModel<LoggedCall>(
         log,
-        {{CallLogPanel::tr("Time"), [](const LoggedCall &call) { return LogTexts::time(call.time); }},
+        {{CallLogPanel::tr("Time"), [](const LoggedCall &call) { return LogTexts::time(call.time); }, LogCell::Time},
          {CallLogPanel::tr("Thread"), [](const LoggedCall &call) { return call.thread; }},
          {CallLogPanel::tr("Manager"), manager},
          {CallLogPanel::tr("Operation"), operation},
          {CallLogPanel::tr("Arguments"), [](const LoggedCall &call) { return shortJson(call.arguments); }},
          {CallLogPanel::tr("Result"), result},
          {CallLogPanel::tr("Size"),
-          [](const LoggedCall &call) { return CellText::ofKind(TavFields::Kind::Size, call.bytes); }, Qt::AlignRight},
+          [](const LoggedCall &call) { return CellText::ofKind(TavFields::Kind::Size, call.bytes); }, LogCell::Number},
          {CallLogPanel::tr("µs"), [](const LoggedCall &call) { return LogTexts::microseconds(call.nanoseconds); },
-          Qt::AlignRight}},
-        matches, nullptr);
+          LogCell::Number}});
 }
 }
 
@@ -51,12 +46,9 @@ CallLogPanel::CallLogPanel(LogModel<LoggedCall> *model, QWidget *parent)
     saveSelection->setEnabled(false);
     addButton(saveSelection);
     connect(this, &LogPanel::selectionChanged, saveSelection,
-            [this, saveSelection] { saveSelection->setEnabled(!selectedRows().isEmpty()); });
+            [this, saveSelection] { saveSelection->setEnabled(hasSelection()); });
     connect(saveSelection, &QAction::triggered, this, [this] {
-        auto *const dialog = new QFileDialog(this, tr("Save Calls as a Scenario"), {}, tr("Scenarios (*.jsonl)"));
-        dialog->setAttribute(Qt::WA_DeleteOnClose);
-        dialog->setAcceptMode(QFileDialog::AcceptSave);
-        dialog->setDefaultSuffix(QStringLiteral("jsonl"));
+        auto *const dialog = newScenarioDialog(this, tr("Save Calls as a Scenario"), QFileDialog::AcceptSave);
         // Those selected now: the log goes on under the dialog, and forgets its oldest calls.
         connect(dialog, &QFileDialog::fileSelected, this,
                 [this, calls = selectedCalls()](const QString &file) { save(file, calls); });

@@ -6,6 +6,7 @@
 #include "ITavPicResourceMgr.h"
 #include "ValueText.h"
 #include "WaitCursor.h"
+#include "WithoutScopes.h"
 
 #include <QAction>
 #include <QComboBox>
@@ -188,16 +189,16 @@ void CallPanel::showOperations()
     m_operations = TavCall::operationsOf(m_managers->currentText());
     m_list->clear();
     for (const TavCall::Operation &operation : qAsConst(m_operations)) {
-        auto *const item = new QListWidgetItem(operation.signature(), m_list);
+        auto *const item = new QListWidgetItem(withoutScopes(operation.signature()), m_list);
         item->setToolTip(tr("%1 returns %2").arg(operation.signature(), operation.result).toHtmlEscaped());
     }
-    m_list->setCurrentRow(0);
+    // Each manager's first one returns the manager itself, which is of no use to a person.
+    m_list->setCurrentRow(m_operations.size() > 1 && m_operations[0].name == QLatin1String("getObject") ? 1 : 0);
 }
 
 void CallPanel::showArguments()
 {
     const int row = m_list->currentRow();
-    m_call->setEnabled(row >= 0);
     if (row < 0) {
         return;
     }
@@ -227,9 +228,6 @@ void CallPanel::fillInHeld()
 
 void CallPanel::makeCall()
 {
-    if (m_list->currentRow() < 0 || !m_call->isEnabled()) {
-        return;
-    }
     try {
         const QString operation = m_operations[m_list->currentRow()].name;
         call(operation, m_form->values(),
@@ -247,7 +245,7 @@ void CallPanel::call(const QString &operation, const std::function<QJsonArray()>
         if (number != m_begun) {
             return; // nobody waits for it any more
         }
-        m_call->setEnabled(true);
+        setCalling(false);
         emit ended();
         if (outcome.problem.isEmpty()) {
             done(outcome);
@@ -263,7 +261,7 @@ void CallPanel::call(const QString &operation, const std::function<QJsonArray()>
         finish(make()); // this manager alone belongs to the GUI thread
         return;
     }
-    m_call->setEnabled(false);
+    setCalling(true);
     emit begun(tr("Calling %1").arg(operation));
     m_caller.post(make, finish);
 }
@@ -271,10 +269,17 @@ void CallPanel::call(const QString &operation, const std::function<QJsonArray()>
 void CallPanel::stop()
 {
     ++m_begun;
-    m_call->setEnabled(true);
+    setCalling(false);
     m_outcome->setText(tr("The call goes on, and the next one begins behind it. What it returns is not shown."));
     m_result->clear();
     emit ended();
+}
+
+// One call at a time: a second one would take the result of the first from whoever waits for it.
+void CallPanel::setCalling(bool isCalling)
+{
+    m_call->setDisabled(isCalling);
+    m_held->setDisabled(isCalling);
 }
 
 void CallPanel::showResult(const QString &operation, const Outcome &outcome)

@@ -50,6 +50,7 @@ private:
     /// @p done what came of it, or shows why nothing did.
     void call(const QString &operation, const std::function<QJsonArray()> &arguments,
               std::function<void(const Outcome &)> done);
+    void setCalling(bool isCalling);
     void showResult(const QString &operation, const Outcome &outcome);
     void showProblem(const QString &problem);
 

@@ -5,6 +5,7 @@
 #include "ValueText.h"
 
 #include <QCheckBox>
+#include <QEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QVBoxLayout>
@@ -41,6 +42,7 @@ FieldEdit::FieldEdit(const QString &name, const RecordField &field, QWidget *par
     m_problem->setTextFormat(Qt::PlainText);
     m_problem->setWordWrap(true);
     m_problem->hide();
+    takeProblemColor();
     layout->addWidget(focusProxy());
     layout->addWidget(m_problem);
     setValue(field.initial);
@@ -75,11 +77,23 @@ QJsonValue FieldEdit::value() const
     return isNumber && isNumberWanted ? QJsonValue(number) : QJsonValue(m_text->text());
 }
 
-void FieldEdit::setProblem(const QString &problem)
+void FieldEdit::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) {
+        takeProblemColor();
+    }
+}
+
+void FieldEdit::takeProblemColor()
 {
     QPalette colours = palette();
     colours.setColor(QPalette::WindowText, problemColor(colours));
     m_problem->setPalette(colours);
+}
+
+void FieldEdit::setProblem(const QString &problem)
+{
     m_problem->setText(problem);
     m_problem->setVisible(!problem.isEmpty());
     focusProxy()->setAccessibleDescription(problem);

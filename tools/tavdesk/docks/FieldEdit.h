@@ -36,7 +36,12 @@ signals:
     /// The person has changed it, and is done with it.
     void edited();
 
+protected:
+    void changeEvent(QEvent *event) override;
+
 private:
+    void takeProblemColor();
+
     const RecordField &m_field;
     QCheckBox *m_check = nullptr; ///< for a flag
     QLineEdit *m_text = nullptr; ///< for all else

@@ -22,18 +22,13 @@ QString levelText(QtMsgType type)
 
 LogTable *newModel(BoundedLog<LogLine> &log)
 {
-    const auto matches = [](const LogLine &line, const QString &text) {
-        return line.text.contains(text, Qt::CaseInsensitive) || line.source.contains(text, Qt::CaseInsensitive)
-            || line.thread.contains(text, Qt::CaseInsensitive);
-    };
     return new LogModel<LogLine>(
         log,
-        {{LinePanel::tr("Time"), [](const LogLine &line) { return LogTexts::time(line.time); }},
+        {{LinePanel::tr("Time"), [](const LogLine &line) { return LogTexts::time(line.time); }, LogCell::Time},
          {LinePanel::tr("Level"), [](const LogLine &line) { return levelText(line.type); }},
          {LinePanel::tr("Source"), [](const LogLine &line) { return line.source; }},
          {LinePanel::tr("Thread"), [](const LogLine &line) { return line.thread; }},
-         {LinePanel::tr("Text"), [](const LogLine &line) { return line.text; }}},
-        matches, nullptr);
+         {LinePanel::tr("Text"), [](const LogLine &line) { return line.text; }}});
 }
 }
 

@@ -5,18 +5,27 @@
 
 #include <QThreadPool>
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <iterator>
 #include <memory>
 #include <utility>
 
+/// What the cells of a column hold; a filter looks at words alone.
+enum class LogCell { Words, Time, Number };
+
 /// @brief A column of a log: its text for an entry.
 template<class Entry>
 struct LogColumn {
     QString title;
     std::function<QString(const Entry &)> text;
-    Qt::Alignment alignment = Qt::AlignLeft;
+    LogCell cell = LogCell::Words;
+
+    Qt::Alignment alignment() const
+    {
+        return Qt::AlignVCenter | (cell == LogCell::Number ? Qt::AlignRight : Qt::AlignLeft);
+    }
 };
 
 /// @brief The entries of a BoundedLog as rows. GUI thread.
@@ -24,11 +33,8 @@ template<class Entry>
 class LogModel : public LogTable
 {
 public:
-    using Matches = std::function<bool(const Entry &, const QString &text)>;
-
-    /// @p log outlives the model; @p matches tells whether an entry contains a text, whatever its case.
-    LogModel(BoundedLog<Entry> &log, QVector<LogColumn<Entry>> columns, Matches matches, QObject *parent)
-        : LogTable(parent), m_log(log), m_columns(std::move(columns)), m_matches(std::move(matches))
+    /// @p log outlives the model.
+    LogModel(BoundedLog<Entry> &log, QVector<LogColumn<Entry>> columns) : m_log(log), m_columns(std::move(columns))
     {
     }
 
@@ -93,7 +99,7 @@ public:
         if (role == Qt::DisplayRole || role == Qt::ToolTipRole) {
             return column.text(entry(index.row()));
         }
-        return role == Qt::TextAlignmentRole ? QVariant(int(column.alignment | Qt::AlignVCenter)) : QVariant();
+        return role == Qt::TextAlignmentRole ? QVariant(int(column.alignment())) : QVariant();
     }
 
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override
@@ -104,8 +110,7 @@ public:
         if (role == Qt::DisplayRole) {
             return m_columns[section].title;
         }
-        return role == Qt::TextAlignmentRole ? QVariant(int(m_columns[section].alignment | Qt::AlignVCenter))
-                                             : QVariant();
+        return role == Qt::TextAlignmentRole ? QVariant(int(m_columns[section].alignment())) : QVariant();
     }
 
 private:
@@ -114,6 +119,14 @@ private:
         Entry entry;
     };
 
+    bool isWanted(const Entry &entry) const
+    {
+        return m_filter.isEmpty()
+            || std::any_of(m_columns.cbegin(), m_columns.cend(), [&](const LogColumn<Entry> &column) {
+                   return column.cell == LogCell::Words && column.text(entry).contains(m_filter, Qt::CaseInsensitive);
+               });
+    }
+
     /// The entries of @p part that are to be shown; those behind it come next.
     std::deque<Shown> matchingOf(const typename BoundedLog<Entry>::Part &part)
     {
@@ -121,7 +134,7 @@ private:
         m_next = part.first + part.entries.size();
         std::deque<Shown> matching;
         for (int i = 0; i < part.entries.size(); ++i) {
-            if (m_filter.isEmpty() || m_matches(part.entries[i], m_filter)) {
+            if (isWanted(part.entries[i])) {
                 matching.push_back({part.first + i, part.entries[i]});
             }
         }
@@ -152,7 +165,6 @@ private:
 
     BoundedLog<Entry> &m_log;
     const QVector<LogColumn<Entry>> m_columns;
-    const Matches m_matches;
     QString m_filter;
     qint64 m_oldest = 0; ///< number of the oldest entry that the log held when it was looked at last
     qint64 m_next = 0; ///< number of the first entry that has not been looked at

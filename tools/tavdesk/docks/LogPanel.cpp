@@ -2,6 +2,7 @@
 
 #include "FilterBar.h"
 #include "LogTable.h"
+#include "RowCopy.h"
 #include "SymbolIcon.h"
 #include "TableLook.h"
 
@@ -19,6 +20,7 @@
 namespace
 {
 constexpr int lookEvery = 150; // milliseconds
+constexpr int typingEnds = 150; // after the last key: to filter a full log at each would hold up the next
 }
 
 LogPanel::LogPanel(LogTable *model, const QString &name, int widest, const QVector<int> &widths, QWidget *parent)
@@ -36,6 +38,7 @@ LogPanel::LogPanel(LogTable *model, const QString &name, int widest, const QVect
     m_view->setModel(m_model);
     m_view->setAccessibleName(name);
     setTableLook(*m_view);
+    addRowCopy(*m_view);
     setColumnWidths(*m_view, widest, widths);
 
     auto *const layout = new QVBoxLayout(this);
@@ -44,13 +47,19 @@ LogPanel::LogPanel(LogTable *model, const QString &name, int widest, const QVect
     layout->addWidget(m_view);
     addButton(clear);
 
-    connect(m_filter, &FilterBar::textChanged, this, &LogPanel::setFilter);
+    m_typing.setSingleShot(true);
+    m_typing.setInterval(typingEnds);
+    connect(m_filter, &FilterBar::textChanged, this, [this](const QString &text) {
+        m_typed = text;
+        m_typing.start();
+    });
+    connect(&m_typing, &QTimer::timeout, this, [this] { setFilter(m_typed); });
     connect(clear, &QAction::triggered, this, [this] {
         m_model->clearLog();
         showCount();
     });
     connect(m_view->selectionModel(), &QItemSelectionModel::selectionChanged, this, &LogPanel::selectionChanged);
-    connect(&m_timer, &QTimer::timeout, this, &LogPanel::update);
+    connect(&m_timer, &QTimer::timeout, this, &LogPanel::takeOver);
     showCount();
 }
 
@@ -61,6 +70,11 @@ void LogPanel::addButton(QAction *action)
     button->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     button->setFocusPolicy(Qt::TabFocus);
     m_line->addWidget(button);
+}
+
+bool LogPanel::hasSelection() const
+{
+    return m_view->selectionModel()->hasSelection();
 }
 
 QVector<int> LogPanel::selectedRows() const
@@ -74,7 +88,7 @@ QVector<int> LogPanel::selectedRows() const
     return rows;
 }
 
-void LogPanel::update()
+void LogPanel::takeOver()
 {
     QScrollBar &bar = *m_view->verticalScrollBar();
     const bool isAtEnd = bar.value() == bar.maximum();
@@ -97,7 +111,7 @@ void LogPanel::focusInEvent(QFocusEvent *event)
 void LogPanel::showEvent(QShowEvent *event)
 {
     QWidget::showEvent(event);
-    update();
+    takeOver();
     m_timer.start(lookEvery);
 }
 

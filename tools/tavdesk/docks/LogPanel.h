@@ -25,11 +25,13 @@ public:
     /// Puts a button into the line above the table.
     void addButton(QAction *action);
 
+    bool hasSelection() const;
+
     /// The selected rows, in their order.
     QVector<int> selectedRows() const;
 
     /// Takes over what has happened; otherwise that is done some times a second.
-    void update();
+    void takeOver();
 
 signals:
     void selectionChanged();
@@ -49,4 +51,6 @@ private:
     FilterBar *m_filter = nullptr;
     QTableView *m_view = nullptr;
     QTimer m_timer;
+    QString m_typed; ///< into the filter
+    QTimer m_typing; ///< runs until that has an effect
 };

@@ -12,7 +12,7 @@ public:
     /// Takes over what has happened in the log since the last time.
     virtual void update() = 0;
 
-    /// Shows only the entries that contain @p text, whatever its case; all for an empty one.
+    /// Shows only the entries with @p text in a column of words, whatever its case; all for an empty one.
     virtual void setFilter(const QString &text) = 0;
 
     /// Has the log forget its entries.

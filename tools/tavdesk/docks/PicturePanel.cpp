@@ -3,6 +3,7 @@
 #include "ClientSession.h"
 #include "ITavPicResourceMgr.h"
 #include "PictureModel.h"
+#include "RowCopy.h"
 #include "SymbolIcon.h"
 #include "TableLook.h"
 #include "WaitCursor.h"
@@ -28,6 +29,7 @@ PicturePanel::PicturePanel(ClientSession &session, const QStringList &directorie
     view->setTextElideMode(Qt::ElideMiddle);
     view->setIconSize({PictureModel::largestThumbnail, PictureModel::largestThumbnail});
     setTableLook(*view);
+    addRowCopy(*view);
     setColumnWidths(*view, PictureModel::File, {44, 12, 40});
     view->verticalHeader()->setDefaultSectionSize(PictureModel::largestThumbnail + 4);
 

@@ -1,6 +1,7 @@
 #include "RegistryPanel.h"
 
 #include "RegistryModel.h"
+#include "RowCopy.h"
 #include "TableLook.h"
 
 #include <QTableView>
@@ -15,6 +16,7 @@ RegistryPanel::RegistryPanel(ITavObjectMgr &registry, QWidget *parent) : QWidget
     view->setAccessibleName(tr("Registered objects"));
     setFocusProxy(view);
     setTableLook(*view);
+    addRowCopy(*view);
     setColumnWidths(*view, RegistryModel::Key, {34, 30, 30, 12, 14});
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QCursor>
 #include <QGuiApplication>
 
 /// @brief Shows that the program is busy, as long as it exists: with what only the GUI thread may do.

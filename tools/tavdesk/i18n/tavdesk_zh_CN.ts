@@ -44,10 +44,6 @@
         <translation>录制调用</translation>
     </message>
     <message>
-        <source>Scenarios (*.jsonl)</source>
-        <translation>场景 (*.jsonl)</translation>
-    </message>
-    <message>
         <source>Stop &amp;Recording</source>
         <translation>停止录制(&amp;R)</translation>
     </message>
@@ -57,6 +53,10 @@
     <message>
         <source>%1 (%2)</source>
         <translation>%1（%2）</translation>
+    </message>
+    <message>
+        <source>no arguments</source>
+        <translation>没有参数</translation>
     </message>
 </context>
 <context>
@@ -115,10 +115,6 @@
     <message>
         <source>Save Calls as a Scenario</source>
         <translation>把调用保存为场景</translation>
-    </message>
-    <message>
-        <source>Scenarios (*.jsonl)</source>
-        <translation>场景 (*.jsonl)</translation>
     </message>
     <message>
         <source>Calls</source>
@@ -1089,10 +1085,6 @@
         <translation>打开场景</translation>
     </message>
     <message>
-        <source>Scenarios (*.jsonl);;All files (*)</source>
-        <translation>场景 (*.jsonl);;所有文件 (*)</translation>
-    </message>
-    <message>
         <source>&amp;Pause</source>
         <translation>暂停(&amp;P)</translation>
     </message>
@@ -1156,6 +1148,17 @@
     <message>
         <source>Registered objects</source>
         <translation>已注册对象</translation>
+    </message>
+</context>
+<context>
+    <name>ScenarioDialog</name>
+    <message>
+        <source>Scenarios (*.jsonl)</source>
+        <translation>场景 (*.jsonl)</translation>
+    </message>
+    <message>
+        <source>All files (*)</source>
+        <translation>所有文件 (*)</translation>
     </message>
 </context>
 <context>
