@@ -184,7 +184,8 @@ QVector<int> filtered(const ShownRows &before, const ValueTable &table, const QS
     return rows;
 }
 
-/// @brief What a row is sorted by: nothing before anything, numbers by their value, all else by its text.
+/// @brief What a row is sorted by: nothing before anything, numbers by their value, all else by its text, which is as
+/// good as an empty one when it is null.
 struct SortKey {
     bool isValid;
     quint64 number;
@@ -226,7 +227,7 @@ void sort(QVector<int> &rows, const ValueTable &table, const Arrangement &arrang
         if (a.number != b.number) {
             return a.number < b.number;
         }
-        const int text = a.text.isNull() ? 0 : QString::compare(a.text, b.text, Qt::CaseInsensitive);
+        const int text = QString::compare(a.text, b.text, Qt::CaseInsensitive);
         return text != 0 ? text < 0 : left.row < right.row;
     });
     std::transform(keys.begin(), keys.end(), rows.begin(), [](const SortKey &key) { return key.row; });

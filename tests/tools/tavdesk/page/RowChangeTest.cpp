@@ -6,6 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+
 namespace
 {
 ShownRows shown(const ValueTablePointer &table, const Arrangement &arrangement = {})
@@ -94,6 +97,31 @@ TEST(RowChange, SortsTextsWhateverTheirCaseAndEqualOnesAsTheyStand)
     const ValueTablePointer table = stateLines({{"b", ""}, {"C", ""}, {"a", "second"}, {"A", "first"}});
     EXPECT_EQ(shownItems(shown(table, sortedBy(0))), QStringList({"a", "A", "b", "C"}));
     EXPECT_EQ(shownItems(shown(table, sortedBy(0, Qt::DescendingOrder))), QStringList({"C", "b", "a", "A"}));
+}
+
+TEST(RowChange, SortsTextsThatAreNullAsEmptyOnes)
+{
+    QVector<STStateInfo> lines;
+    for (int i = 0; i < 40; ++i) {
+        const QString item = QString::number(i);
+        lines.append({item, i % 3 != 0 ? QString() : i % 2 != 0 ? QString("") : QString("text %1").arg(100 + i)});
+    }
+    std::mt19937 random(20261122); // the same orders each time
+    for (int round = 0; round < 20; ++round) {
+        std::shuffle(lines.begin(), lines.end(), random);
+        QVector<STStateInfo> ascending = lines;
+        std::stable_sort(ascending.begin(), ascending.end(), [](const STStateInfo &left, const STStateInfo &right) {
+            return left.stateText.compare(right.stateText) < 0;
+        });
+        QVector<STStateInfo> descending = lines;
+        std::stable_sort(descending.begin(), descending.end(), [](const STStateInfo &left, const STStateInfo &right) {
+            return left.stateText.compare(right.stateText) > 0;
+        });
+        const ValueTablePointer table = stateLines(lines);
+        EXPECT_EQ(shownItems(shown(table, sortedBy(1))), shownItems(shown(stateLines(ascending)))) << round;
+        EXPECT_EQ(shownItems(shown(table, sortedBy(1, Qt::DescendingOrder))), shownItems(shown(stateLines(descending))))
+            << round;
+    }
 }
 
 TEST(RowChange, FiltersByWhatACellShows)
