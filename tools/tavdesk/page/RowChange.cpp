@@ -205,6 +205,9 @@ SortKey keyOf(const QVariant &value, int row)
     case QMetaType::Int:
     case QMetaType::LongLong:
         return {true, quint64(value.toLongLong()) ^ quint64(1) << 63, {}, row}; // negative ones come first
+    case QMetaType::QStringList:
+    case QMetaType::QVariantList: // has no text as a whole
+        return {true, 0, value.toStringList().join(QStringLiteral(", ")), row};
     default:
         return {true, 0, value.toString(), row};
     }

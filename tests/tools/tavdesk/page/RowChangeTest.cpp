@@ -1,8 +1,11 @@
 #include "RowChange.h"
 
+#include "MessageTable.h"
 #include "PrintQString.h"
 #include "StateLines.h"
 #include "STStateAsr.h"
+
+#include "NetControl.pb.h"
 
 #include <gtest/gtest.h>
 
@@ -122,6 +125,24 @@ TEST(RowChange, SortsTextsThatAreNullAsEmptyOnes)
         EXPECT_EQ(shownItems(shown(table, sortedBy(1, Qt::DescendingOrder))), shownItems(shown(stateLines(descending))))
             << round;
     }
+}
+
+TEST(RowChange, SortsListsByTheirTexts)
+{
+    QVector<STAccessSetUIData> levels(3);
+    levels[0].labels = {"b", "a"};
+    levels[1].labels = {"C"};
+    levels[2].labels = {"b"};
+    const auto records = std::make_shared<RecordTable<STAccessSetUIData>>(levels);
+    EXPECT_EQ(shown(records, sortedBy(records->column("labels"))).order, QVector<int>({2, 0, 1}));
+
+    Tav::NetControl::NetDeviceInfos devices;
+    for (const char *const address : {"10.0.0.3", "10.0.0.1", "10.0.0.2"}) {
+        devices.add_devices()->add_addresses(address);
+    }
+    const auto message = std::make_shared<const Tav::NetControl::NetDeviceInfos>(devices);
+    const auto messages = std::make_shared<MessageTable>(message, MessageTable::listsIn(*message).front());
+    EXPECT_EQ(shown(messages, sortedBy(messages->column("addresses"))).order, QVector<int>({1, 2, 0}));
 }
 
 TEST(RowChange, FiltersByWhatACellShows)
