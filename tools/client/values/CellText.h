@@ -14,6 +14,7 @@ QString of(const ValueColumn &column, const QVariant &value);
 /// The unit of a field's raw values; empty for one without.
 QString unitOf(TavFields::Kind kind);
 
-/// A time as the user's clock shows it; "-" for 0, which records use for "not known" or "not running".
+/// A time as the user's clock shows it; "-" for 0, which records use for "not known" or "not running"; its number for
+/// one beyond the calendar.
 QString timeText(qint64 secondsSinceEpoch);
 }
