@@ -49,6 +49,26 @@ TEST(CellText, ShowsAValueByWhatItMeans)
     }
 }
 
+TEST(CellText, GivesInFullWhatACellShortens)
+{
+    const struct {
+        Kind kind;
+        QVariant value;
+        QString text;
+    } rows[] = {
+        {Kind::Digest, QString(64, 'f'), QString(64, 'f')},
+        {Kind::Size, Q_UINT64_C(1536), "1536 bytes"},
+        {Kind::Size, QVariant(), ""},
+        {Kind::Bytes, QByteArray("\0\xff", 2), "AP8="},
+        {Kind::Permille, 505, "50.5 %"},
+        {Kind::Text, "审计", "审计"},
+    };
+    for (const auto &row : rows) {
+        EXPECT_EQ(CellText::inFull({"field", row.kind}, row.value), row.text);
+    }
+    EXPECT_EQ(CellText::inFull({"field", Kind::Number, {{1, "online"}}}, 1), "1 (online)");
+}
+
 TEST(CellText, ShowsWhatACodeMeans)
 {
     const ValueColumn state = ValueColumn::of("Tav.SystemConfig.CommdOnlineState", "state", Kind::Number);

@@ -101,6 +101,24 @@ QString CellText::of(const ValueColumn &column, const QVariant &value)
         : QString("%1 (%2)").arg(text, QCoreApplication::translate("CodeMeanings", meaning.toUtf8().constData()));
 }
 
+QString CellText::inFull(const ValueColumn &column, const QVariant &value)
+{
+    using TavFields::Kind;
+    if (!value.isValid()) {
+        return {};
+    }
+    switch (column.kind) {
+    case Kind::Size:
+        return bytes(value.toULongLong());
+    case Kind::Digest:
+        return value.toString();
+    case Kind::Bytes:
+        return QString::fromLatin1(value.toByteArray().toBase64());
+    default:
+        return of(column, value);
+    }
+}
+
 QString CellText::unitOf(TavFields::Kind kind)
 {
     // Named here for the translation.

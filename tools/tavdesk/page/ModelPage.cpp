@@ -95,7 +95,7 @@ QString textOf(const ValueTable &table, const QVector<int> &rows)
     for (const int row : rows) {
         QStringList cells;
         for (int column = 0; column < table.columns().size(); ++column) {
-            cells.append(ValueModel::textOf(table.columns()[column], table.cell(row, column)));
+            cells.append(ValueModel::fullText(table.columns()[column], table.cell(row, column)));
         }
         lines.append(cells.join(QLatin1Char('\t')));
     }

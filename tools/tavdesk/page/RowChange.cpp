@@ -149,10 +149,16 @@ private:
     QVector<quint64> m_changed;
 };
 
+/// What a cell shows; of a digest all digits, so that who searches for one from elsewhere finds it.
+QString searchedText(const ValueColumn &column, const QVariant &value)
+{
+    return column.kind == TavFields::Kind::Digest ? value.toString() : CellText::of(column, value);
+}
+
 bool isShown(const ValueTable &table, int row, const QString &filter)
 {
     for (int column = 0; column < table.columns().size(); ++column) {
-        if (CellText::of(table.columns()[column], table.cell(row, column)).contains(filter, Qt::CaseInsensitive)) {
+        if (searchedText(table.columns()[column], table.cell(row, column)).contains(filter, Qt::CaseInsensitive)) {
             return true;
         }
     }

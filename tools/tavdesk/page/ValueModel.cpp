@@ -122,11 +122,11 @@ QVariant ValueModel::data(const QModelIndex &index, int role) const
     const bool isCheckMark = column.kind == Kind::CheckMark;
     switch (role) {
     case Qt::DisplayRole:
-        return isCheckMark ? QVariant() : textOf(column, value);
+        return isCheckMark ? QVariant() : CellText::of(column, value);
     case Qt::CheckStateRole:
         return isCheckMark ? QVariant(value.toBool() ? Qt::Checked : Qt::Unchecked) : QVariant();
     case Qt::AccessibleTextRole:
-        return isCheckMark ? textOf(column, value) : QVariant();
+        return isCheckMark ? fullText(column, value) : QVariant();
     case Qt::TextAlignmentRole:
         return int(Qt::AlignVCenter | (column.isNumber() ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::BackgroundRole:
@@ -188,10 +188,10 @@ QVariant ValueModel::background(int row, int column) const
     return markColor(double(left) / CellMarks::duration);
 }
 
-QString ValueModel::textOf(const ValueColumn &column, const QVariant &value)
+QString ValueModel::fullText(const ValueColumn &column, const QVariant &value)
 {
     if (column.kind != Kind::CheckMark) {
-        return CellText::of(column, value);
+        return CellText::inFull(column, value);
     }
     return value.toBool() ? tr("checked") : tr("not checked");
 }

@@ -3,6 +3,7 @@
 #include "FactsForm.h"
 #include "ITavAccessControlMgr.h"
 #include "ITavAuthInfoMgr.h"
+#include "ITavCompleteProtectMgr.h"
 #include "ITavHostInfoMgr.h"
 #include "ITavNetControlMgr.h"
 #include "ITavOneReinforceMgr.h"
@@ -262,8 +263,15 @@ TEST_F(ModelPageWindow, LetsAFactBeSelectedUnderTheMouse)
     EXPECT_EQ(value->selectedText(), "0");
 }
 
-TEST_F(ModelPageWindow, CopiesARecordWithTheKeyboard)
+TEST_F(ModelPageWindow, CopiesARecordInFullWithTheKeyboard)
 {
+    STResourceInfoAsr info{};
+    info.memoryTotal = 1537;
+    info.cpuCores = 4;
+    manager<ITavHostInfoMgr>().setResourceInfo(info);
+    Tav::SystemConfig::SystemServerInfo server;
+    server.set_address(std::string(5000, 'w'));
+    manager<ITavSystemConfigMgr>().setServerInfo(server);
     open(Types::SubFunc_serverResourceInfo);
     QWidget *const form = fact("memory total")->parentWidget();
     ASSERT_TRUE(QTest::qWaitFor([form] { return form->isVisible(); }));
@@ -274,8 +282,11 @@ TEST_F(ModelPageWindow, CopiesARecordWithTheKeyboard)
     ASSERT_TRUE(form->hasFocus());
     QApplication::clipboard()->clear();
     QTest::keySequence(form, QKeySequence::Copy);
-    EXPECT_TRUE(QApplication::clipboard()->text().startsWith("memory total\t0 bytes\n"))
-        << QApplication::clipboard()->text().toStdString();
+    const QStringList lines = QApplication::clipboard()->text().split('\n');
+    EXPECT_EQ(lines.first(), "memory total\t1537 bytes");
+    EXPECT_TRUE(lines.contains("host name\t-")) << lines.join('|').toStdString();
+    QTest::keySequence(fact("address")->parentWidget(), QKeySequence::Copy);
+    EXPECT_TRUE(QApplication::clipboard()->text().contains(QString(5000, 'w')));
 }
 
 TEST_F(ModelPageWindow, MakesAListWhenItsTabComesToTheFront)
@@ -615,6 +626,21 @@ TEST_F(ModelPageWindow, CopiesTheSelectedRows)
     const QStringList lines = QApplication::clipboard()->text().split('\n');
     ASSERT_EQ(lines.size(), 2) << lines.join("|").toStdString();
     EXPECT_TRUE(lines[1].startsWith("checked\ttwo\t")) << lines[1].toStdString();
+}
+
+TEST_F(ModelPageWindow, CopiesADigestWithAllItsDigits)
+{
+    STImaContentAsr measured{};
+    qstrncpy(measured.fileDigest, QByteArray(60, 'a') + "beef", sizeof measured.fileDigest);
+    manager<ITavCompleteProtectMgr>().setImaList({measured});
+    open(Types::SubFunc_StaticMeasurements);
+    QTableView *const rows = table("Measurements");
+    rows->selectAll();
+    QApplication::clipboard()->clear();
+    QTest::keySequence(rows, QKeySequence::Copy);
+    ASSERT_TRUE(QTest::qWaitFor([] { return !QApplication::clipboard()->text().isEmpty(); }));
+    EXPECT_TRUE(QApplication::clipboard()->text().split('\t').contains(QString(60, 'a') + "beef"))
+        << QApplication::clipboard()->text().toStdString();
 }
 
 TEST_F(ModelPageWindow, RestsWhileItIsHidden)

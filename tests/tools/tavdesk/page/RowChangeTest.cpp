@@ -151,6 +151,14 @@ TEST(RowChange, FiltersByWhatACellShows)
     EXPECT_EQ(shownItems(shown(table, {"lpha", -1, {}})), QStringList({"alpha", "beta"}));
 }
 
+TEST(RowChange, FiltersByAllDigitsOfADigest)
+{
+    STImaContentAsr measured{};
+    qstrncpy(measured.fileDigest, QByteArray(32, 'a') + "beef", sizeof measured.fileDigest);
+    const auto table = std::make_shared<RecordTable<STImaContentAsr>>(QVector<STImaContentAsr>{{}, measured});
+    EXPECT_EQ(shown(table, {"BEEF", -1, {}}).order, QVector<int>{1});
+}
+
 TEST(RowChange, AsksTheFilterAgainForChangedRows)
 {
     const Arrangement filter{"1", -1, {}};
