@@ -4,6 +4,7 @@
 #include "ClientSession.h"
 #include "FocusScrollArea.h"
 #include "ITavPicResourceMgr.h"
+#include "PlainToolTip.h"
 #include "ValueText.h"
 #include "WaitCursor.h"
 
@@ -189,7 +190,7 @@ void CallPanel::showOperations()
     m_list->clear();
     for (const TavCall::Operation &operation : qAsConst(m_operations)) {
         auto *const item = new QListWidgetItem(operation.signature(), m_list);
-        item->setToolTip(tr("%1 returns %2").arg(operation.signature(), operation.result).toHtmlEscaped());
+        item->setToolTip(plainToolTip(tr("%1 returns %2").arg(operation.signature(), operation.result)));
     }
     m_list->setCurrentRow(0);
 }

@@ -2,6 +2,7 @@
 
 #include "CellText.h"
 #include "MarkColor.h"
+#include "PlainToolTip.h"
 
 #include <chrono>
 
@@ -205,5 +206,5 @@ QString ValueModel::toolTip(const ValueColumn &column, const QVariant &value)
     const QString raw = column.kind == Kind::Bytes ? QString::fromLatin1(value.toByteArray().left(64).toHex(' '))
         : column.kind == Kind::Texts               ? value.toStringList().join(QLatin1Char('\n'))
                                                    : value.toString();
-    return (column.name + QStringLiteral(": ") + raw + QLatin1Char(' ') + unit).trimmed().toHtmlEscaped();
+    return plainToolTip((column.name + QStringLiteral(": ") + raw + QLatin1Char(' ') + unit).trimmed());
 }

@@ -52,7 +52,7 @@ public:
     /// What a cell holds, in full and in words where it is a check mark, for the clipboard. Any thread.
     static QString fullText(const ValueColumn &column, const QVariant &value);
 
-    /// The value as its manager gave it, with its field and unit.
+    /// The value as its manager gave it, with its field and unit, as a tool tip.
     static QString toolTip(const ValueColumn &column, const QVariant &value);
 
 signals:

@@ -12,6 +12,7 @@
 #include "KnownKeys.h"
 #include "PrintQString.h"
 #include "SelectableLabel.h"
+#include "ShownToolTip.h"
 #include "TavCall.h"
 #include "TavPluginHost.h"
 #include "ValueModel.h"
@@ -179,7 +180,7 @@ TEST_F(ModelPageWindow, ShowsARecordAsAForm)
     info.memoryTotal = 1 << 20;
     manager<ITavHostInfoMgr>().setResourceInfo(info);
     EXPECT_TRUE(QTest::qWaitFor([&] { return fact("memory total")->text() == "1.00 MiB"; }));
-    EXPECT_EQ(fact("memory total")->toolTip(), "memoryTotal: 1048576 bytes");
+    EXPECT_EQ(shownToolTip(fact("memory total")->toolTip()), "memoryTotal: 1048576 bytes");
     EXPECT_EQ(fact("secure boot")->text(), "-") << "an absent field of a message";
 }
 
