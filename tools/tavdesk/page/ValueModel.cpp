@@ -3,6 +3,7 @@
 #include "CellText.h"
 #include "MarkColor.h"
 #include "PlainToolTip.h"
+#include "ShortText.h"
 
 #include <chrono>
 
@@ -11,6 +12,7 @@ namespace
 using TavFields::Kind;
 
 constexpr int repaintInterval = 250; // milliseconds between two shades of a mark that fades
+constexpr int mostLetters = 1000; // that a cell shows: views lay out all that they are given
 }
 
 ValueModel::ValueModel(bool isEditable, QObject *parent) : QAbstractTableModel(parent), m_isEditable(isEditable)
@@ -123,7 +125,7 @@ QVariant ValueModel::data(const QModelIndex &index, int role) const
     const bool isCheckMark = column.kind == Kind::CheckMark;
     switch (role) {
     case Qt::DisplayRole:
-        return isCheckMark ? QVariant() : CellText::of(column, value);
+        return isCheckMark ? QVariant() : shortText(CellText::of(column, value), mostLetters);
     case Qt::CheckStateRole:
         return isCheckMark ? QVariant(value.toBool() ? Qt::Checked : Qt::Unchecked) : QVariant();
     case Qt::AccessibleTextRole:

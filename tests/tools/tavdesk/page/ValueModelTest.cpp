@@ -160,6 +160,23 @@ TEST_F(ValueModelChecks, TellsARawTextAsItIs)
     }
 }
 
+TEST_F(ValueModelChecks, ShowsTheBeginningOfALongTextAndFindsItByItsEnd)
+{
+    const QString smiley = QString::fromUtf8("\xf0\x9f\x99\x82");
+    const QString text = 'x' + smiley.repeated(3000) + "the end";
+    show(stateLines({{text, "1"}, {"short", "2"}}));
+    const QString shown = model.index(0, 0).data().toString();
+    EXPECT_LE(shown.size(), 1001);
+    EXPECT_EQ(shown, 'x' + smiley.repeated(shown.size() / 2 - 1) + QChar(u'\u2026')) << "no character is cut in two";
+    const QString toolTip = shownToolTip(model.index(0, 0).data(Qt::ToolTipRole).toString());
+    EXPECT_GT(toolTip.size(), shown.size());
+    EXPECT_LE(toolTip.size(), 4001);
+    EXPECT_TRUE(toolTip.endsWith(smiley + QChar(u'\u2026')));
+    model.setFilter("the end");
+    show(stateLines({{text, "1"}, {"short", "2"}}));
+    EXPECT_EQ(model.rowCount(), 1);
+}
+
 TEST_F(ValueModelChecks, TellsWhatACodeMeansAndFindsItByThat)
 {
     STSystemScanStateAsr running{};
