@@ -1,6 +1,7 @@
 #include "ValueList.h"
 
 #include "FilterBar.h"
+#include "LetterWidth.h"
 #include "TableLook.h"
 #include "TableStyle.h"
 #include "ValueModel.h"
@@ -149,7 +150,7 @@ void ValueList::setColumnWidths()
         for (int row = 0; row < std::min(looked, m_model.rowCount()); ++row) {
             width = std::max(width, metrics.horizontalAdvance(m_model.index(row, column).data().toString()) + 20);
         }
-        m_view->setColumnWidth(column, std::min(width, metrics.averageCharWidth() * widestColumn));
+        m_view->setColumnWidth(column, std::min(width, letterWidth(metrics) * widestColumn));
     }
 }
 
