@@ -644,6 +644,50 @@ TEST_F(ModelPageWindow, CopiesADigestWithAllItsDigits)
         << QApplication::clipboard()->text().toStdString();
 }
 
+TEST_F(ModelPageWindow, SaysWhatAReadingHasThrownUntilOneSucceeds)
+{
+    std::atomic<bool> throws{true};
+    page = std::make_unique<ModelPage>(Types::SubFunc_PrincipalSettings, host.registry(), ModelPage::Call(),
+                                       [&throws](const QString &, const QString &) {
+                                           if (throws) {
+                                               throw std::runtime_error("out of keys");
+                                           }
+                                           return QVector<QJsonArray>();
+                                       });
+    page->show();
+    const QString problem = "ITavAccessControlMgr: out of keys";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hasLabel(problem); }));
+    throws = false;
+    ASSERT_TRUE(QTest::qWaitFor([this] { return page->findChild<QTableView *>() != nullptr; }));
+    EXPECT_FALSE(hasLabel(problem));
+    throws = true;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hasLabel(problem); }));
+    EXPECT_TRUE(page->findChild<QTableView *>()->isVisible()) << "what was read before stays";
+    throws = false;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !hasLabel(problem); }));
+}
+
+TEST_F(ModelPageWindow, SaysWhatAnEditHasThrownUntilTheNextEdit)
+{
+    std::atomic<bool> throws{true};
+    manager<ITavProtectMgr>().setProtectUIData({protection("one")});
+    open(Types::SubFunc_SelfProtect, [&throws] {
+        if (throws) {
+            throw std::runtime_error("no memory");
+        }
+    });
+    QTableView *const rows = table("Protections");
+    QTest::keyClick(rows, Qt::Key_Space);
+    const QString problem = "ITavProtectMgr: no memory";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hasLabel(problem); }));
+    QTest::qWait(500); // it is read again
+    EXPECT_TRUE(hasLabel(problem));
+    throws = false;
+    QTest::keyClick(rows, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return manager<ITavProtectMgr>().getProtectUIData()[0].isChecked; }));
+    EXPECT_FALSE(hasLabel(problem));
+}
+
 TEST_F(ModelPageWindow, RestsWhileItIsHidden)
 {
     manager<ITavOneReinforceMgr>().setStateInfo({{"first", "1"}});
