@@ -46,8 +46,8 @@ FactsForm::FactsForm(const QString &title, const ValueModel &model, QWidget *par
         layout->addRow(name, value);
         m_values.append(value);
     }
-    update();
-    connect(&model, &ValueModel::dataChanged, this, &FactsForm::update);
+    showValues();
+    connect(&model, &ValueModel::dataChanged, this, &FactsForm::showValues);
 }
 
 void FactsForm::keyPressEvent(QKeyEvent *event)
@@ -83,7 +83,7 @@ void FactsForm::resizeEvent(QResizeEvent *event)
     layout()->activate();
 }
 
-void FactsForm::update()
+void FactsForm::showValues()
 {
     for (int column = 0; column < m_values.size(); ++column) {
         QLabel &value = *m_values[column];
