@@ -2,6 +2,7 @@
 
 #include "FilterBar.h"
 #include "LetterWidth.h"
+#include "RoomyButton.h"
 #include "TableLook.h"
 #include "TableStyle.h"
 #include "ValueModel.h"
@@ -10,7 +11,6 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QPushButton>
 #include <QSignalBlocker>
 #include <QTableView>
 
@@ -115,7 +115,7 @@ void ValueList::setKeys(const QVector<QJsonArray> &keys)
 void ValueList::addEdits(QBoxLayout &bar, const QString &part)
 {
     const auto addButton = [this, &bar](const QString &text, const QString &operation, auto clicked) {
-        auto *const button = new QPushButton(text);
+        auto *const button = new RoomyButton(text);
         button->setToolTip(m_value.manager + QStringLiteral("::") + operation);
         connect(button, &QPushButton::clicked, this, clicked);
         bar.addWidget(button);

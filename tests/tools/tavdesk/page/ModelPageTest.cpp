@@ -460,6 +460,15 @@ TEST_F(ModelPageWindow, TogglesDevices)
     EXPECT_EQ(net.getDeviceInfo().devices(1).state(), 0);
 }
 
+TEST_F(ModelPageWindow, KeepsTheTextsOfButtonsAwayFromTheirFrames)
+{
+    open(Types::SubFunc_serverResourceInfo);
+    const auto *const toggle = in<QPushButton>(table("Network: devices"), "Toggle selected");
+    const int text = toggle->fontMetrics().horizontalAdvance(toggle->text());
+    ASSERT_GT(text, 80) << "shorter ones have the width that the style gives all buttons";
+    EXPECT_GE(toggle->width(), text + 16);
+}
+
 TEST_F(ModelPageWindow, DoesNotEditARowThatHasBecomeAnother)
 {
     auto &net = manager<ITavNetControlMgr>();
