@@ -10,6 +10,7 @@
 
 #include <QAction>
 #include <QFileDialog>
+#include <QFileInfo>
 
 #include <iostream>
 

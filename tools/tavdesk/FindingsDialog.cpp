@@ -1,5 +1,7 @@
 #include "FindingsDialog.h"
 
+#include "PlainToolTip.h"
+
 #include <QDialogButtonBox>
 #include <QHeaderView>
 #include <QLabel>
@@ -53,7 +55,7 @@ FindingsDialog::FindingsDialog(const QString &heading, const Findings &findings,
             = new QTreeWidgetItem(table, {placeText(finding), finding.problem, finding.effect, finding.advice});
         for (int column = 0; column < item->columnCount(); ++column) {
             item->setTextAlignment(column, Qt::AlignLeft | Qt::AlignTop);
-            item->setToolTip(column, QStringLiteral("<p>%1</p>").arg(item->text(column).toHtmlEscaped())); // in lines
+            item->setToolTip(column, plainToolTip(item->text(column)));
         }
     }
     table->header()->setSectionResizeMode(QHeaderView::Stretch);

@@ -1,6 +1,7 @@
 #include "NavigationModel.h"
 
 #include "ITavPicResourceMgr.h"
+#include "PlainToolTip.h"
 
 #include <QDir>
 #include <QIcon>
@@ -130,7 +131,7 @@ void NavigationModel::addFunction(QStandardItem &parent, const NavigationNode &n
         if (page.subFuncHasParent) {
             auto *const entry = new QStandardItem(page.subFuncTitle);
             entry->setEditable(false);
-            entry->setToolTip(page.subFuncHelp.isEmpty() ? pageKey(page.subFuncType) : page.subFuncHelp);
+            entry->setToolTip(plainToolTip(page.subFuncHelp.isEmpty() ? pageKey(page.subFuncType) : page.subFuncHelp));
             entry->setData(m_pages.size(), pagePlace);
             m_pages.append(page);
             m_entries.insert(page.subFuncType, entry);

@@ -2,10 +2,10 @@
 
 #include "NavigationTree.h"
 #include "QuietLabel.h"
+#include "RoomyButton.h"
 
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QPushButton>
 
 PageFrame::PageFrame(const TavSubFuncTypeData_ &page, QWidget *content, const QVector<TavSubFuncTypeData_> &ways,
                      QWidget *parent)
@@ -28,7 +28,7 @@ PageFrame::PageFrame(const TavSubFuncTypeData_ &page, QWidget *content, const QV
     for (const TavSubFuncTypeData_ &way : ways) {
         const bool isBack = way.subFuncType == page.realParentType && !page.subFuncHasParent;
         const QString title = QString(way.subFuncTitle).replace(QLatin1Char('&'), QLatin1String("&&")); // no mnemonic
-        auto *const button = new QPushButton(isBack ? tr("Back to %1").arg(title) : tr("Open %1").arg(title));
+        auto *const button = new RoomyButton(isBack ? tr("Back to %1").arg(title) : tr("Open %1").arg(title));
         connect(button, &QPushButton::clicked, this, [this, way] { emit pageChosen(way); });
         line->addWidget(button);
     }

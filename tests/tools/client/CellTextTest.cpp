@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 using TavFields::Kind;
 
 TEST(CellText, ShowsAValueByWhatItMeans)
@@ -18,8 +20,14 @@ TEST(CellText, ShowsAValueByWhatItMeans)
         {Kind::Permille, 505, "50.5 %"},
         {Kind::Hundredths, 105, "1.05"},
         {Kind::Size, Q_UINT64_C(1536), "1.50 KiB"},
+        {Kind::Size, std::numeric_limits<qint64>::max(), "8.00 EiB"},
+        {Kind::Size, std::numeric_limits<quint64>::max(), "18446744073709551615 bytes"},
         {Kind::Duration, 90061, "1 d 01:01:01"},
         {Kind::Time, 0, "-"},
+        {Kind::Time, Q_INT64_C(-62135596801), "-62135596801"}, // before the year 1
+        {Kind::Time, Q_INT64_C(253402300800), "253402300800"}, // of the year 10000
+        {Kind::Time, std::numeric_limits<qint64>::min(), "-9223372036854775808"},
+        {Kind::Time, std::numeric_limits<qint64>::max(), "9223372036854775807"},
         {Kind::Permissions, 5, "r-x"},
         {Kind::FileMode, 04640U, "4640"},
         {Kind::Flag, true, "yes"},
@@ -39,6 +47,26 @@ TEST(CellText, ShowsAValueByWhatItMeans)
     for (const auto &row : rows) {
         EXPECT_EQ(CellText::ofKind(row.kind, row.value), row.text);
     }
+}
+
+TEST(CellText, GivesInFullWhatACellShortens)
+{
+    const struct {
+        Kind kind;
+        QVariant value;
+        QString text;
+    } rows[] = {
+        {Kind::Digest, QString(64, 'f'), QString(64, 'f')},
+        {Kind::Size, Q_UINT64_C(1536), "1536 bytes"},
+        {Kind::Size, QVariant(), ""},
+        {Kind::Bytes, QByteArray("\0\xff", 2), "AP8="},
+        {Kind::Permille, 505, "50.5 %"},
+        {Kind::Text, "审计", "审计"},
+    };
+    for (const auto &row : rows) {
+        EXPECT_EQ(CellText::inFull({"field", row.kind}, row.value), row.text);
+    }
+    EXPECT_EQ(CellText::inFull({"field", Kind::Number, {{1, "online"}}}, 1), "1 (online)");
 }
 
 TEST(CellText, ShowsWhatACodeMeans)

@@ -187,6 +187,20 @@ TEST_F(PageValues, HaveNoCheckItemsBeforeTheManagerHasReadThem)
     EXPECT_FALSE(items.cell(0, items.column("name")).toString().isEmpty());
 }
 
+TEST_F(PageValues, TellThatNoLevelIsChecked)
+{
+    const struct {
+        CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ page;
+        QString getter;
+    } levels[]{{CTavSubFuncTypeHeader::SubFunc_PrincipalSettings, "getCheckPriLevel"},
+               {CTavSubFuncTypeHeader::SubFunc_ObjectSetting, "getCheckObjectLevel"}};
+    for (const auto &level : levels) {
+        const ValueTable &table = tableOf(valuesOf(level.page), level.getter);
+        EXPECT_EQ(CellText::of(table.columns().first(), table.cell(0, 0)), "-1 (none)");
+        EXPECT_EQ(CellText::of(table.columns().first(), 3), "3");
+    }
+}
+
 TEST_F(PageValues, ShowTheListsOfAMessageAsTablesOfTheirOwn)
 {
     Tav::HostInfo::SystemFileStateAsr state;

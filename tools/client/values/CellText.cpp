@@ -1,8 +1,12 @@
 #include "CellText.h"
 
+#include "Calendar.h"
+
 #include <QCoreApplication>
 #include <QDateTime>
 #include <QLocale>
+
+#include <limits>
 
 namespace
 {
@@ -21,10 +25,15 @@ QString permissions(int bits)
     return QString(bits & 4 ? "r" : "-") + (bits & 2 ? "w" : "-") + (bits & 1 ? "x" : "-");
 }
 
-QString size(qint64 bytes)
+QString bytes(quint64 count)
 {
-    return qAbs(bytes) < 1024 ? text(QT_TRANSLATE_NOOP("CellText", "%1 bytes")).arg(bytes)
-                              : QLocale::c().formattedDataSize(bytes);
+    return text(QT_TRANSLATE_NOOP("CellText", "%1 bytes")).arg(count);
+}
+
+QString size(quint64 count)
+{
+    const bool hasLargerUnit = count >= 1024 && count <= quint64(std::numeric_limits<qint64>::max()); // as Qt counts
+    return hasLargerUnit ? QLocale::c().formattedDataSize(qint64(count)) : bytes(count);
 }
 
 QString duration(qint64 seconds)
@@ -51,7 +60,7 @@ QString CellText::ofKind(TavFields::Kind kind, const QVariant &value)
     case Kind::Hundredths:
         return QString::number(value.toInt() / 100.0, 'f', 2);
     case Kind::Size:
-        return size(static_cast<qint64>(value.toULongLong()));
+        return size(value.toULongLong());
     case Kind::Duration:
         return duration(value.toLongLong());
     case Kind::Time:
@@ -92,6 +101,24 @@ QString CellText::of(const ValueColumn &column, const QVariant &value)
         : QString("%1 (%2)").arg(text, QCoreApplication::translate("CodeMeanings", meaning.toUtf8().constData()));
 }
 
+QString CellText::inFull(const ValueColumn &column, const QVariant &value)
+{
+    using TavFields::Kind;
+    if (!value.isValid()) {
+        return {};
+    }
+    switch (column.kind) {
+    case Kind::Size:
+        return bytes(value.toULongLong());
+    case Kind::Digest:
+        return value.toString();
+    case Kind::Bytes:
+        return QString::fromLatin1(value.toByteArray().toBase64());
+    default:
+        return of(column, value);
+    }
+}
+
 QString CellText::unitOf(TavFields::Kind kind)
 {
     // Named here for the translation.
@@ -106,6 +133,10 @@ QString CellText::unitOf(TavFields::Kind kind)
 
 QString CellText::timeText(qint64 secondsSinceEpoch)
 {
-    return secondsSinceEpoch == 0 ? "-"
-                                  : QDateTime::fromSecsSinceEpoch(secondsSinceEpoch).toString("yyyy-MM-dd HH:mm:ss");
+    if (secondsSinceEpoch == 0) {
+        return "-";
+    }
+    return isInCalendar(secondsSinceEpoch)
+        ? QDateTime::fromSecsSinceEpoch(secondsSinceEpoch).toString("yyyy-MM-dd HH:mm:ss")
+        : QString::number(secondsSinceEpoch);
 }

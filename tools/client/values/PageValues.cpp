@@ -1,17 +1,13 @@
 #include "PageValues.h"
 
 #include "BaselineList.h"
+#include "CheckedLevel.h"
 #include "MessageTable.h"
 #include "RecordTable.h"
 #include "TavOperations.h"
 
 #include <QCoreApplication>
 #include <QHash>
-
-/// @brief What the levels' check marks come to, which is a plain number.
-struct CheckedLevel {
-    int level; ///< -1 for none
-};
 
 /// @brief How many objects a manager counts under a key, which is not part of what its getter returns.
 struct ObjectCount {

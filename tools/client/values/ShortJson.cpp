@@ -1,5 +1,7 @@
 #include "ShortJson.h"
 
+#include "ShortText.h"
+
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QJsonObject>
@@ -37,5 +39,5 @@ QString shortJson(const QJsonValue &value)
     }
     const QJsonArray list{QJsonValue(beginningOf(value))};
     const QString text = QString::fromUtf8(QJsonDocument(list).toJson(QJsonDocument::Compact).mid(1).chopped(1));
-    return text.size() > mostLetters ? text.left(mostLetters) + QChar(u'\u2026') : text;
+    return shortText(text, mostLetters);
 }

@@ -1,5 +1,7 @@
 #include "ValueJson.h"
 
+#include "Calendar.h"
+
 #include <QDateTime>
 
 namespace
@@ -20,14 +22,12 @@ QJsonValue number(const QVariant &value)
 
 QJsonValue time(const QVariant &value)
 {
-    constexpr auto yearOne = Q_INT64_C(-62135596800);
-    constexpr auto yearTenThousand = Q_INT64_C(253402300800);
     const qint64 seconds = value.toLongLong();
     if (seconds == 0) {
         return QJsonValue::Null;
     }
-    if (seconds < yearOne || seconds >= yearTenThousand) {
-        return number(value); // ISO 8601 has years of four digits
+    if (!isInCalendar(seconds)) {
+        return number(value);
     }
     const QDateTime moment = QDateTime::fromSecsSinceEpoch(seconds);
     return moment.toOffsetFromUtc(moment.offsetFromUtc()).toString(Qt::ISODate);

@@ -1,5 +1,6 @@
 #include "ArgumentForm.h"
 
+#include "PlainToolTip.h"
 #include "QuietLabel.h"
 #include "RecordEdit.h"
 #include "ValueText.h"
@@ -50,7 +51,7 @@ void ArgumentForm::setArguments(const QVector<TavCall::Argument> &arguments)
         QWidget *const widget = field.record ? static_cast<QWidget *>(field.record) : field.json;
         auto *const label = new QLabel(tr("%1 (%2)").arg(argument.name, withoutScopes(argument.type)));
         label->setTextFormat(Qt::PlainText);
-        label->setToolTip(argument.type.toHtmlEscaped());
+        label->setToolTip(plainToolTip(argument.type));
         m_layout->addRow(label, widget);
         m_fields.append(field);
         if (m_fields.size() == 1) {

@@ -4,6 +4,7 @@
 #include "ClientSession.h"
 #include "FocusScrollArea.h"
 #include "ITavPicResourceMgr.h"
+#include "PlainToolTip.h"
 #include "ValueText.h"
 #include "WaitCursor.h"
 #include "WithoutScopes.h"
@@ -190,7 +191,7 @@ void CallPanel::showOperations()
     m_list->clear();
     for (const TavCall::Operation &operation : qAsConst(m_operations)) {
         auto *const item = new QListWidgetItem(withoutScopes(operation.signature()), m_list);
-        item->setToolTip(tr("%1 returns %2").arg(operation.signature(), operation.result).toHtmlEscaped());
+        item->setToolTip(plainToolTip(tr("%1 returns %2").arg(operation.signature(), operation.result)));
     }
     // Each manager's first one returns the manager itself, which is of no use to a person.
     m_list->setCurrentRow(m_operations.size() > 1 && m_operations[0].name == QLatin1String("getObject") ? 1 : 0);

@@ -2,6 +2,7 @@
 
 #include "BoundedLog.h"
 #include "LogTable.h"
+#include "PlainToolTip.h"
 
 #include <QThreadPool>
 
@@ -96,8 +97,11 @@ public:
             return {};
         }
         const LogColumn<Entry> &column = m_columns[index.column()];
-        if (role == Qt::DisplayRole || role == Qt::ToolTipRole) {
+        if (role == Qt::DisplayRole) {
             return column.text(entry(index.row()));
+        }
+        if (role == Qt::ToolTipRole) {
+            return plainToolTip(column.text(entry(index.row())));
         }
         return role == Qt::TextAlignmentRole ? QVariant(int(column.alignment())) : QVariant();
     }

@@ -86,7 +86,7 @@ void PicturePanel::update()
     m_directories->clear();
     const QStringList directories = m_session.calls().pictureDirectories().all();
     for (const QString &directory : directories) {
-        (new QListWidgetItem(directory, m_directories))->setToolTip(directory);
+        (new QListWidgetItem(directory, m_directories))->setToolTip(plainToolTip(directory));
     }
 }
 

@@ -12,6 +12,14 @@
 #include <QStyleOptionFocusRect>
 #include <QStylePainter>
 
+namespace
+{
+QString orDash(const QString &text)
+{
+    return text.isEmpty() ? QStringLiteral("-") : text;
+}
+}
+
 FactsForm::FactsForm(const QString &title, const ValueModel &model, QWidget *parent) : QWidget(parent), m_model(model)
 {
     setAccessibleName(title);
@@ -38,8 +46,8 @@ FactsForm::FactsForm(const QString &title, const ValueModel &model, QWidget *par
         layout->addRow(name, value);
         m_values.append(value);
     }
-    update();
-    connect(&model, &ValueModel::dataChanged, this, &FactsForm::update);
+    showValues();
+    connect(&model, &ValueModel::dataChanged, this, &FactsForm::showValues);
 }
 
 void FactsForm::keyPressEvent(QKeyEvent *event)
@@ -49,8 +57,10 @@ void FactsForm::keyPressEvent(QKeyEvent *event)
         return;
     }
     QStringList lines;
-    for (const QLabel *const value : qAsConst(m_values)) {
-        lines.append(value->accessibleName() + QLatin1Char('\t') + value->text());
+    const ValueTable &table = *m_model.rows().table; // of which the labels show some shortened
+    for (int column = 0; column < m_values.size(); ++column) {
+        const QString text = ValueModel::fullText(table.columns()[column], table.cell(0, column));
+        lines.append(m_values[column]->accessibleName() + QLatin1Char('\t') + orDash(text));
     }
     QApplication::clipboard()->setText(lines.join(QLatin1Char('\n')));
 }
@@ -73,13 +83,13 @@ void FactsForm::resizeEvent(QResizeEvent *event)
     layout()->activate();
 }
 
-void FactsForm::update()
+void FactsForm::showValues()
 {
     for (int column = 0; column < m_values.size(); ++column) {
         QLabel &value = *m_values[column];
         const QModelIndex index = m_model.index(0, column);
         const QString text = index.data().toString();
-        value.setText(text.isEmpty() ? QStringLiteral("-") : text);
+        value.setText(orDash(text));
         value.setEnabled(!text.isEmpty());
         value.setToolTip(index.data(Qt::ToolTipRole).toString());
         const QVariant mark = index.data(Qt::BackgroundRole);

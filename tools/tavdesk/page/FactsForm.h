@@ -28,7 +28,7 @@ protected:
     void resizeEvent(QResizeEvent *event) override;
 
 private:
-    void update();
+    void showValues();
 
     const ValueModel &m_model;
     QVector<QLabel *> m_values;

@@ -1,6 +1,7 @@
 #include "FactsPanel.h"
 
 #include "FactsForm.h"
+#include "LetterWidth.h"
 
 #include <QHBoxLayout>
 #include <QResizeEvent>
@@ -38,7 +39,7 @@ void FactsPanel::resizeEvent(QResizeEvent *event)
 
 void FactsPanel::arrange(int width)
 {
-    const int letters = width / fontMetrics().averageCharWidth();
+    const int letters = width / letterWidth(fontMetrics());
     const int columns = std::clamp(letters / columnWidth, 1, std::max(1, m_forms.size()));
     if (columns == m_columns) {
         return;

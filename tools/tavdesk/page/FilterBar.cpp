@@ -1,5 +1,7 @@
 #include "FilterBar.h"
 
+#include "LetterWidth.h"
+
 #include <QAction>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -15,7 +17,7 @@ FilterBar::FilterBar(const QString &table, QWidget *panel) : QWidget(panel), m_t
     m_text->setPlaceholderText(tr("Filter"));
     m_text->setAccessibleName(tr("Filter of %1").arg(table));
     m_text->setClearButtonEnabled(true);
-    m_text->setMaximumWidth(fontMetrics().averageCharWidth() * widestFilter);
+    m_text->setMaximumWidth(letterWidth(fontMetrics()) * widestFilter);
     auto *const layout = new QHBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(m_text, 1);

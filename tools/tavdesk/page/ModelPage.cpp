@@ -4,7 +4,6 @@
 #include "FactsPanel.h"
 #include "FocusScrollArea.h"
 #include "QuietLabel.h"
-#include "TavCallError.h"
 #include "ValueList.h"
 #include "ValueModel.h"
 
@@ -17,6 +16,8 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <exception>
+#include <utility>
 
 /// @brief A table of the page as it was read.
 struct PartReading {
@@ -29,8 +30,9 @@ struct PartReading {
 /// @brief What a reading of the page has found.
 struct PageReading {
     QVector<PartReading> parts;
-    bool isWhole = true; ///< it was not stopped
-    QStringList problems; ///< of the edits made before
+    bool isWhole = true; ///< it was not stopped, and nothing was thrown
+    QStringList editProblems; ///< of the edits made before
+    QString problem; ///< what was thrown
     int milliseconds = 0;
 };
 
@@ -48,6 +50,27 @@ struct View {
 using IsStopped = std::atomic<bool>;
 using Edit = std::function<QString(const IsStopped &)>;
 
+QString problemOf(const PageValue &value, const std::exception &error)
+{
+    return ModelPage::tr("%1: %2").arg(value.manager, QString::fromUtf8(error.what()));
+}
+
+/// Appends what @p value has become, beside what @p views show.
+void readValue(const PageValue &value, ITavObjectMgr &registry, const QVector<View> &views,
+               const ModelPage::Keys &keysOf, QVector<PartReading> &parts)
+{
+    const QVector<QJsonArray> keys = value.readKeyFrom ? keysOf(value.manager, value.getter) : QVector<QJsonArray>();
+    const QJsonArray key = views.value(parts.size()).arrangement.key;
+    const QVector<PartTable> tables = value.readKeysFrom
+        ? value.readKeysFrom(registry, keysOf(value.manager, value.getter))
+        : keys.contains(key) ? value.readKeyFrom(registry, key)
+                             : value.readFrom(registry);
+    for (const PartTable &table : tables) {
+        const View view = views.value(parts.size());
+        parts.append({&value, table.part, changeOf(view.rows, table.table, view.arrangement, ValueModel::now()), keys});
+    }
+}
+
 /// Makes the edits, reads the page, and finds out what is new. On the worker.
 PageReading readPage(ModelPage::Page page, ITavObjectMgr &registry, const QVector<View> &views,
                      const QVector<Edit> &edits, const ModelPage::Keys &keysOf, const IsStopped &isStopped)
@@ -57,7 +80,7 @@ PageReading readPage(ModelPage::Page page, ITavObjectMgr &registry, const QVecto
     PageReading reading;
     for (const Edit &edit : edits) {
         if (const QString problem = edit(isStopped); !problem.isEmpty()) {
-            reading.problems.append(problem);
+            reading.editProblems.append(problem);
         }
     }
     for (const PageValue &value : valuesOf(page)) {
@@ -65,17 +88,12 @@ PageReading readPage(ModelPage::Page page, ITavObjectMgr &registry, const QVecto
             reading.isWhole = false;
             break;
         }
-        const QVector<QJsonArray> keys
-            = value.readKeyFrom ? keysOf(value.manager, value.getter) : QVector<QJsonArray>();
-        const QJsonArray key = views.value(reading.parts.size()).arrangement.key;
-        const QVector<PartTable> tables = value.readKeysFrom
-            ? value.readKeysFrom(registry, keysOf(value.manager, value.getter))
-            : keys.contains(key) ? value.readKeyFrom(registry, key)
-                                 : value.readFrom(registry);
-        for (const PartTable &table : tables) {
-            const View view = views.value(reading.parts.size());
-            reading.parts.append(
-                {&value, table.part, changeOf(view.rows, table.table, view.arrangement, ValueModel::now()), keys});
+        try {
+            readValue(value, registry, views, keysOf, reading.parts);
+        } catch (const std::exception &error) { // of a manager, or memory was short: the page is read again
+            reading.isWhole = false;
+            reading.problem = problemOf(value, error);
+            break;
         }
     }
     reading.milliseconds = static_cast<int>(timer.elapsed());
@@ -95,7 +113,7 @@ QString textOf(const ValueTable &table, const QVector<int> &rows)
     for (const int row : rows) {
         QStringList cells;
         for (int column = 0; column < table.columns().size(); ++column) {
-            cells.append(ValueModel::textOf(table.columns()[column], table.cell(row, column)));
+            cells.append(ValueModel::fullText(table.columns()[column], table.cell(row, column)));
         }
         lines.append(cells.join(QLatin1Char('\t')));
     }
@@ -189,9 +207,10 @@ void ModelPage::take(const PageReading &reading)
         takeKeys(reading.parts);
         m_worker.post([gone = std::move(gone)] {}); // long lists die there
     }
-    if (!reading.problems.isEmpty()) {
-        showProblem(reading.problems.join(QLatin1Char('\n')));
+    if (!reading.editProblems.isEmpty()) {
+        m_editProblem = reading.editProblems.join(QLatin1Char('\n'));
     }
+    showProblem(reading.problem.isEmpty() ? m_editProblem : reading.problem);
     if (m_isReadingWanted || !m_edits.isEmpty()) {
         read();
     } else if (isVisible()) {
@@ -206,6 +225,7 @@ void ModelPage::make(const QVector<PartReading> &parts)
         showNothing();
         return;
     }
+    delete std::exchange(m_hint, nullptr);
     m_facts = new FactsPanel(this); // not visible before it has its place
     m_lists = new QTabWidget(this);
     m_lists->setDocumentMode(true);
@@ -239,8 +259,6 @@ void ModelPage::make(const QVector<PartReading> &parts)
 
 void ModelPage::arrange()
 {
-    auto *const layout = new QVBoxLayout(this);
-    layout->setContentsMargins(0, 0, 0, 0);
     auto *const scroll = new FocusScrollArea(m_facts);
     auto *const splitter = new QSplitter(Qt::Vertical);
     splitter->addWidget(scroll);
@@ -251,22 +269,17 @@ void ModelPage::arrange()
     splitter->setSizes({factsHeight, height() - factsHeight});
     scroll->setVisible(!m_facts->isEmpty()); // now that it has a parent: it would be a window without one
     m_lists->setVisible(m_lists->count() > 0);
-    m_problem = new QLabel;
-    m_problem->setTextFormat(Qt::PlainText);
-    m_problem->setWordWrap(true);
-    m_problem->hide();
-    layout->addWidget(splitter, 1);
-    layout->addWidget(m_problem);
+    column().insertWidget(0, splitter, 1);
     QMetaObject::invokeMethod(
         this, [this] { makeList(m_lists->currentIndex()); }, Qt::QueuedConnection);
 }
 
 void ModelPage::showNothing()
 {
-    if (!layout()) {
-        auto *const hint = new QuietLabel(tr("No manager holds anything for this page."));
-        hint->setAlignment(Qt::AlignCenter);
-        (new QVBoxLayout(this))->addWidget(hint);
+    if (!m_hint) {
+        m_hint = new QuietLabel(tr("No manager holds anything for this page."));
+        m_hint->setAlignment(Qt::AlignCenter);
+        column().insertWidget(0, m_hint, 1);
     }
 }
 
@@ -325,16 +338,17 @@ void ModelPage::takeKeys(const QVector<PartReading> &parts)
 
 void ModelPage::edit(const Part &part, const QVector<int> &rows, const ValueList::Edit &edit)
 {
-    m_problem->hide();
+    m_editProblem.clear();
+    showProblem({});
     m_edits.append([&value = *part.value, name = part.name, seen = part.model->rows().table, rows, edit, call = m_call,
                     &registry = m_registry](const IsStopped &isStopped) -> QString {
-        const ValueTablePointer now = tableOf(value, registry, name);
-        const bool isThere
-            = now && std::all_of(rows.begin(), rows.end(), [&](int row) { return isSameRow(*seen, row, *now, row); });
-        if (!isThere) {
-            return tr("The list has changed meanwhile; nothing was edited.");
-        }
         try {
+            const ValueTablePointer now = tableOf(value, registry, name);
+            const bool isThere = now
+                && std::all_of(rows.begin(), rows.end(), [&](int row) { return isSameRow(*seen, row, *now, row); });
+            if (!isThere) {
+                return tr("The list has changed meanwhile; nothing was edited.");
+            }
             const QVector<ValueEdit> calls = edit(*now);
             for (int made = 0; made < calls.size(); ++made) {
                 if (isStopped) {
@@ -342,8 +356,8 @@ void ModelPage::edit(const Part &part, const QVector<int> &rows, const ValueList
                 }
                 call(value.manager, calls[made].operation, calls[made].arguments);
             }
-        } catch (const TavCallError &error) {
-            return tr("%1: %2").arg(value.manager, QString::fromUtf8(error.what()));
+        } catch (const std::exception &error) { // a call that is refused among them
+            return problemOf(value, error);
         }
         return {};
     });
@@ -356,8 +370,25 @@ void ModelPage::copy(const ValueTablePointer &table, const QVector<int> &rows)
                   [](const QString &text) { QApplication::clipboard()->setText(text); });
 }
 
+QVBoxLayout &ModelPage::column()
+{
+    if (!layout()) {
+        (new QVBoxLayout(this))->setContentsMargins(0, 0, 0, 0);
+    }
+    return static_cast<QVBoxLayout &>(*layout());
+}
+
 void ModelPage::showProblem(const QString &problem)
 {
+    if (!m_problem) {
+        if (problem.isEmpty()) {
+            return;
+        }
+        m_problem = new QLabel;
+        m_problem->setTextFormat(Qt::PlainText);
+        m_problem->setWordWrap(true);
+        column().addWidget(m_problem);
+    }
     m_problem->setText(problem);
-    m_problem->show();
+    m_problem->setVisible(!problem.isEmpty());
 }

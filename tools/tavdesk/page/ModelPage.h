@@ -14,6 +14,7 @@
 class FactsPanel;
 class QLabel;
 class QTabWidget;
+class QVBoxLayout;
 class ValueModel;
 struct PageReading;
 struct PartReading;
@@ -31,10 +32,11 @@ class ModelPage : public QWidget
 public:
     using Page = CTavSubFuncTypeHeader::TavSubFuncTypeHeader_;
 
-    /// Makes a call on a manager; throws TavCallError when it is refused. Called on the page's thread.
+    /// Makes a call on a manager; throws a std::exception, which the page shows, when it is refused. Called on the
+    /// page's thread.
     using Call = std::function<void(const QString &manager, const QString &operation, const QJsonArray &arguments)>;
 
-    /// The keys under which a manager holds what this getter returns. Called on the page's thread.
+    /// The keys under which a manager holds what this getter returns; may throw the same. Called on the page's thread.
     using Keys = std::function<QVector<QJsonArray>(const QString &manager, const QString &getter)>;
 
     /// The managers are those of @p registry; it, and what @p call and @p keys need, outlive the page.
@@ -77,7 +79,8 @@ private:
     void takeKeys(const QVector<PartReading> &parts);
     void edit(const Part &part, const QVector<int> &rows, const ValueList::Edit &edit);
     void copy(const ValueTablePointer &table, const QVector<int> &rows);
-    void showProblem(const QString &problem);
+    QVBoxLayout &column(); ///< what the page shows, with what went wrong below
+    void showProblem(const QString &problem); ///< none: shows that there is none
 
     const Page m_page;
     ITavObjectMgr &m_registry;
@@ -87,7 +90,9 @@ private:
     FactsPanel *m_facts = nullptr;
     QTabWidget *m_lists = nullptr;
     bool m_isListChosen = false; ///< by a person, or since it was the first to hold anything
-    QLabel *m_problem = nullptr;
+    QLabel *m_hint = nullptr; ///< that there is nothing to show
+    QLabel *m_problem = nullptr; ///< null before the first one
+    QString m_editProblem; ///< what went wrong with the last edit
     QTimer m_next; ///< until the next reading
     bool m_isReading = false;
     bool m_isReadingWanted = false; ///< at once, when the one under way has ended

@@ -149,10 +149,16 @@ private:
     QVector<quint64> m_changed;
 };
 
+/// What a cell shows; of a digest all digits, so that who searches for one from elsewhere finds it.
+QString searchedText(const ValueColumn &column, const QVariant &value)
+{
+    return column.kind == TavFields::Kind::Digest ? value.toString() : CellText::of(column, value);
+}
+
 bool isShown(const ValueTable &table, int row, const QString &filter)
 {
     for (int column = 0; column < table.columns().size(); ++column) {
-        if (CellText::of(table.columns()[column], table.cell(row, column)).contains(filter, Qt::CaseInsensitive)) {
+        if (searchedText(table.columns()[column], table.cell(row, column)).contains(filter, Qt::CaseInsensitive)) {
             return true;
         }
     }
@@ -184,7 +190,8 @@ QVector<int> filtered(const ShownRows &before, const ValueTable &table, const QS
     return rows;
 }
 
-/// @brief What a row is sorted by: nothing before anything, numbers by their value, all else by its text.
+/// @brief What a row is sorted by: nothing before anything, numbers by their value, all else by its text, which is as
+/// good as an empty one when it is null.
 struct SortKey {
     bool isValid;
     quint64 number;
@@ -204,6 +211,9 @@ SortKey keyOf(const QVariant &value, int row)
     case QMetaType::Int:
     case QMetaType::LongLong:
         return {true, quint64(value.toLongLong()) ^ quint64(1) << 63, {}, row}; // negative ones come first
+    case QMetaType::QStringList:
+    case QMetaType::QVariantList: // has no text as a whole
+        return {true, 0, value.toStringList().join(QStringLiteral(", ")), row};
     default:
         return {true, 0, value.toString(), row};
     }
@@ -226,7 +236,7 @@ void sort(QVector<int> &rows, const ValueTable &table, const Arrangement &arrang
         if (a.number != b.number) {
             return a.number < b.number;
         }
-        const int text = a.text.isNull() ? 0 : QString::compare(a.text, b.text, Qt::CaseInsensitive);
+        const int text = QString::compare(a.text, b.text, Qt::CaseInsensitive);
         return text != 0 ? text < 0 : left.row < right.row;
     });
     std::transform(keys.begin(), keys.end(), rows.begin(), [](const SortKey &key) { return key.row; });

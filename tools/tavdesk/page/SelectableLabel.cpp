@@ -1,5 +1,7 @@
 #include "SelectableLabel.h"
 
+#include "LetterWidth.h"
+
 #include <QStylePainter>
 
 SelectableLabel::SelectableLabel(QWidget *parent) : QLabel(parent)
@@ -15,7 +17,7 @@ QSize SelectableLabel::sizeHint() const
 QSize SelectableLabel::minimumSizeHint() const
 {
     constexpr int letters = 10;
-    return QLabel::minimumSizeHint().boundedTo({fontMetrics().averageCharWidth() * letters, QWIDGETSIZE_MAX});
+    return QLabel::minimumSizeHint().boundedTo({letterWidth(fontMetrics()) * letters, QWIDGETSIZE_MAX});
 }
 
 void SelectableLabel::paintEvent(QPaintEvent *event)

@@ -1,5 +1,7 @@
 #include "TableLook.h"
 
+#include "LetterWidth.h"
+
 #include <QHeaderView>
 #include <QTableView>
 
@@ -24,7 +26,7 @@ void setTableLook(QTableView &view)
 void setColumnWidths(QTableView &view, int widest, const QVector<int> &widths)
 {
     for (int column = 0; column < widths.size(); ++column) {
-        view.setColumnWidth(column, view.fontMetrics().averageCharWidth() * widths[column] + 12);
+        view.setColumnWidth(column, letterWidth(view.fontMetrics()) * widths[column] + 12);
     }
     view.horizontalHeader()->setSectionResizeMode(widest, QHeaderView::Stretch);
 }

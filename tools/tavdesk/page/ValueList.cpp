@@ -1,6 +1,8 @@
 #include "ValueList.h"
 
 #include "FilterBar.h"
+#include "LetterWidth.h"
+#include "RoomyButton.h"
 #include "TableLook.h"
 #include "TableStyle.h"
 #include "ValueModel.h"
@@ -9,7 +11,6 @@
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
-#include <QPushButton>
 #include <QSignalBlocker>
 #include <QTableView>
 
@@ -114,7 +115,7 @@ void ValueList::setKeys(const QVector<QJsonArray> &keys)
 void ValueList::addEdits(QBoxLayout &bar, const QString &part)
 {
     const auto addButton = [this, &bar](const QString &text, const QString &operation, auto clicked) {
-        auto *const button = new QPushButton(text);
+        auto *const button = new RoomyButton(text);
         button->setToolTip(m_value.manager + QStringLiteral("::") + operation);
         connect(button, &QPushButton::clicked, this, clicked);
         bar.addWidget(button);
@@ -149,7 +150,7 @@ void ValueList::setColumnWidths()
         for (int row = 0; row < std::min(looked, m_model.rowCount()); ++row) {
             width = std::max(width, metrics.horizontalAdvance(m_model.index(row, column).data().toString()) + 20);
         }
-        m_view->setColumnWidth(column, std::min(width, metrics.averageCharWidth() * widestColumn));
+        m_view->setColumnWidth(column, std::min(width, letterWidth(metrics) * widestColumn));
     }
 }
 

@@ -2,6 +2,8 @@
 
 #include "CellText.h"
 #include "MarkColor.h"
+#include "PlainToolTip.h"
+#include "ShortText.h"
 
 #include <chrono>
 
@@ -10,6 +12,7 @@ namespace
 using TavFields::Kind;
 
 constexpr int repaintInterval = 250; // milliseconds between two shades of a mark that fades
+constexpr int mostLetters = 1000; // that a cell shows: views lay out all that they are given
 }
 
 ValueModel::ValueModel(bool isEditable, QObject *parent) : QAbstractTableModel(parent), m_isEditable(isEditable)
@@ -122,11 +125,11 @@ QVariant ValueModel::data(const QModelIndex &index, int role) const
     const bool isCheckMark = column.kind == Kind::CheckMark;
     switch (role) {
     case Qt::DisplayRole:
-        return isCheckMark ? QVariant() : textOf(column, value);
+        return isCheckMark ? QVariant() : shortText(CellText::of(column, value), mostLetters);
     case Qt::CheckStateRole:
         return isCheckMark ? QVariant(value.toBool() ? Qt::Checked : Qt::Unchecked) : QVariant();
     case Qt::AccessibleTextRole:
-        return isCheckMark ? textOf(column, value) : QVariant();
+        return isCheckMark ? fullText(column, value) : QVariant();
     case Qt::TextAlignmentRole:
         return int(Qt::AlignVCenter | (column.isNumber() ? Qt::AlignRight : Qt::AlignLeft));
     case Qt::BackgroundRole:
@@ -188,10 +191,10 @@ QVariant ValueModel::background(int row, int column) const
     return markColor(double(left) / CellMarks::duration);
 }
 
-QString ValueModel::textOf(const ValueColumn &column, const QVariant &value)
+QString ValueModel::fullText(const ValueColumn &column, const QVariant &value)
 {
     if (column.kind != Kind::CheckMark) {
-        return CellText::of(column, value);
+        return CellText::inFull(column, value);
     }
     return value.toBool() ? tr("checked") : tr("not checked");
 }
@@ -205,5 +208,5 @@ QString ValueModel::toolTip(const ValueColumn &column, const QVariant &value)
     const QString raw = column.kind == Kind::Bytes ? QString::fromLatin1(value.toByteArray().left(64).toHex(' '))
         : column.kind == Kind::Texts               ? value.toStringList().join(QLatin1Char('\n'))
                                                    : value.toString();
-    return (column.name + QStringLiteral(": ") + raw + QLatin1Char(' ') + unit).trimmed().toHtmlEscaped();
+    return plainToolTip((column.name + QStringLiteral(": ") + raw + QLatin1Char(' ') + unit).trimmed());
 }

@@ -49,10 +49,10 @@ public:
     /// Milliseconds of the clock that the marks of changed cells go by; on any thread.
     static qint64 now();
 
-    /// What a cell shows, in words where it is a check mark. Any thread.
-    static QString textOf(const ValueColumn &column, const QVariant &value);
+    /// What a cell holds, in full and in words where it is a check mark, for the clipboard. Any thread.
+    static QString fullText(const ValueColumn &column, const QVariant &value);
 
-    /// The value as its manager gave it, with its field and unit.
+    /// The value as its manager gave it, with its field and unit, as a tool tip.
     static QString toolTip(const ValueColumn &column, const QVariant &value);
 
 signals:

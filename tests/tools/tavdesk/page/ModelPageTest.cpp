@@ -3,6 +3,7 @@
 #include "FactsForm.h"
 #include "ITavAccessControlMgr.h"
 #include "ITavAuthInfoMgr.h"
+#include "ITavCompleteProtectMgr.h"
 #include "ITavHostInfoMgr.h"
 #include "ITavNetControlMgr.h"
 #include "ITavOneReinforceMgr.h"
@@ -11,6 +12,7 @@
 #include "KnownKeys.h"
 #include "PrintQString.h"
 #include "SelectableLabel.h"
+#include "ShownToolTip.h"
 #include "TavCall.h"
 #include "TavPluginHost.h"
 #include "ValueModel.h"
@@ -178,7 +180,7 @@ TEST_F(ModelPageWindow, ShowsARecordAsAForm)
     info.memoryTotal = 1 << 20;
     manager<ITavHostInfoMgr>().setResourceInfo(info);
     EXPECT_TRUE(QTest::qWaitFor([&] { return fact("memory total")->text() == "1.00 MiB"; }));
-    EXPECT_EQ(fact("memory total")->toolTip(), "memoryTotal: 1048576 bytes");
+    EXPECT_EQ(shownToolTip(fact("memory total")->toolTip()), "memoryTotal: 1048576 bytes");
     EXPECT_EQ(fact("secure boot")->text(), "-") << "an absent field of a message";
 }
 
@@ -262,8 +264,15 @@ TEST_F(ModelPageWindow, LetsAFactBeSelectedUnderTheMouse)
     EXPECT_EQ(value->selectedText(), "0");
 }
 
-TEST_F(ModelPageWindow, CopiesARecordWithTheKeyboard)
+TEST_F(ModelPageWindow, CopiesARecordInFullWithTheKeyboard)
 {
+    STResourceInfoAsr info{};
+    info.memoryTotal = 1537;
+    info.cpuCores = 4;
+    manager<ITavHostInfoMgr>().setResourceInfo(info);
+    Tav::SystemConfig::SystemServerInfo server;
+    server.set_address(std::string(5000, 'w'));
+    manager<ITavSystemConfigMgr>().setServerInfo(server);
     open(Types::SubFunc_serverResourceInfo);
     QWidget *const form = fact("memory total")->parentWidget();
     ASSERT_TRUE(QTest::qWaitFor([form] { return form->isVisible(); }));
@@ -274,8 +283,11 @@ TEST_F(ModelPageWindow, CopiesARecordWithTheKeyboard)
     ASSERT_TRUE(form->hasFocus());
     QApplication::clipboard()->clear();
     QTest::keySequence(form, QKeySequence::Copy);
-    EXPECT_TRUE(QApplication::clipboard()->text().startsWith("memory total\t0 bytes\n"))
-        << QApplication::clipboard()->text().toStdString();
+    const QStringList lines = QApplication::clipboard()->text().split('\n');
+    EXPECT_EQ(lines.first(), "memory total\t1537 bytes");
+    EXPECT_TRUE(lines.contains("host name\t-")) << lines.join('|').toStdString();
+    QTest::keySequence(fact("address")->parentWidget(), QKeySequence::Copy);
+    EXPECT_TRUE(QApplication::clipboard()->text().contains(QString(5000, 'w')));
 }
 
 TEST_F(ModelPageWindow, MakesAListWhenItsTabComesToTheFront)
@@ -448,6 +460,15 @@ TEST_F(ModelPageWindow, TogglesDevices)
     EXPECT_EQ(net.getDeviceInfo().devices(1).state(), 0);
 }
 
+TEST_F(ModelPageWindow, KeepsTheTextsOfButtonsAwayFromTheirFrames)
+{
+    open(Types::SubFunc_serverResourceInfo);
+    const auto *const toggle = in<QPushButton>(table("Network: devices"), "Toggle selected");
+    const int text = toggle->fontMetrics().horizontalAdvance(toggle->text());
+    ASSERT_GT(text, 80) << "shorter ones have the width that the style gives all buttons";
+    EXPECT_GE(toggle->width(), text + 16);
+}
+
 TEST_F(ModelPageWindow, DoesNotEditARowThatHasBecomeAnother)
 {
     auto &net = manager<ITavNetControlMgr>();
@@ -615,6 +636,65 @@ TEST_F(ModelPageWindow, CopiesTheSelectedRows)
     const QStringList lines = QApplication::clipboard()->text().split('\n');
     ASSERT_EQ(lines.size(), 2) << lines.join("|").toStdString();
     EXPECT_TRUE(lines[1].startsWith("checked\ttwo\t")) << lines[1].toStdString();
+}
+
+TEST_F(ModelPageWindow, CopiesADigestWithAllItsDigits)
+{
+    STImaContentAsr measured{};
+    qstrncpy(measured.fileDigest, QByteArray(60, 'a') + "beef", sizeof measured.fileDigest);
+    manager<ITavCompleteProtectMgr>().setImaList({measured});
+    open(Types::SubFunc_StaticMeasurements);
+    QTableView *const rows = table("Measurements");
+    rows->selectAll();
+    QApplication::clipboard()->clear();
+    QTest::keySequence(rows, QKeySequence::Copy);
+    ASSERT_TRUE(QTest::qWaitFor([] { return !QApplication::clipboard()->text().isEmpty(); }));
+    EXPECT_TRUE(QApplication::clipboard()->text().split('\t').contains(QString(60, 'a') + "beef"))
+        << QApplication::clipboard()->text().toStdString();
+}
+
+TEST_F(ModelPageWindow, SaysWhatAReadingHasThrownUntilOneSucceeds)
+{
+    std::atomic<bool> throws{true};
+    page = std::make_unique<ModelPage>(Types::SubFunc_PrincipalSettings, host.registry(), ModelPage::Call(),
+                                       [&throws](const QString &, const QString &) {
+                                           if (throws) {
+                                               throw std::runtime_error("out of keys");
+                                           }
+                                           return QVector<QJsonArray>();
+                                       });
+    page->show();
+    const QString problem = "ITavAccessControlMgr: out of keys";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hasLabel(problem); }));
+    throws = false;
+    ASSERT_TRUE(QTest::qWaitFor([this] { return page->findChild<QTableView *>() != nullptr; }));
+    EXPECT_FALSE(hasLabel(problem));
+    throws = true;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hasLabel(problem); }));
+    EXPECT_TRUE(page->findChild<QTableView *>()->isVisible()) << "what was read before stays";
+    throws = false;
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !hasLabel(problem); }));
+}
+
+TEST_F(ModelPageWindow, SaysWhatAnEditHasThrownUntilTheNextEdit)
+{
+    std::atomic<bool> throws{true};
+    manager<ITavProtectMgr>().setProtectUIData({protection("one")});
+    open(Types::SubFunc_SelfProtect, [&throws] {
+        if (throws) {
+            throw std::runtime_error("no memory");
+        }
+    });
+    QTableView *const rows = table("Protections");
+    QTest::keyClick(rows, Qt::Key_Space);
+    const QString problem = "ITavProtectMgr: no memory";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return hasLabel(problem); }));
+    QTest::qWait(500); // it is read again
+    EXPECT_TRUE(hasLabel(problem));
+    throws = false;
+    QTest::keyClick(rows, Qt::Key_Space);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return manager<ITavProtectMgr>().getProtectUIData()[0].isChecked; }));
+    EXPECT_FALSE(hasLabel(problem));
 }
 
 TEST_F(ModelPageWindow, RestsWhileItIsHidden)

@@ -1,10 +1,16 @@
 #include "RowChange.h"
 
+#include "MessageTable.h"
 #include "PrintQString.h"
 #include "StateLines.h"
 #include "STStateAsr.h"
 
+#include "NetControl.pb.h"
+
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <random>
 
 namespace
 {
@@ -96,10 +102,61 @@ TEST(RowChange, SortsTextsWhateverTheirCaseAndEqualOnesAsTheyStand)
     EXPECT_EQ(shownItems(shown(table, sortedBy(0, Qt::DescendingOrder))), QStringList({"C", "b", "a", "A"}));
 }
 
+TEST(RowChange, SortsTextsThatAreNullAsEmptyOnes)
+{
+    QVector<STStateInfo> lines;
+    for (int i = 0; i < 40; ++i) {
+        const QString item = QString::number(i);
+        lines.append({item, i % 3 != 0 ? QString() : i % 2 != 0 ? QString("") : QString("text %1").arg(100 + i)});
+    }
+    std::mt19937 random(20261122); // the same orders each time
+    for (int round = 0; round < 20; ++round) {
+        std::shuffle(lines.begin(), lines.end(), random);
+        QVector<STStateInfo> ascending = lines;
+        std::stable_sort(ascending.begin(), ascending.end(), [](const STStateInfo &left, const STStateInfo &right) {
+            return left.stateText.compare(right.stateText) < 0;
+        });
+        QVector<STStateInfo> descending = lines;
+        std::stable_sort(descending.begin(), descending.end(), [](const STStateInfo &left, const STStateInfo &right) {
+            return left.stateText.compare(right.stateText) > 0;
+        });
+        const ValueTablePointer table = stateLines(lines);
+        EXPECT_EQ(shownItems(shown(table, sortedBy(1))), shownItems(shown(stateLines(ascending)))) << round;
+        EXPECT_EQ(shownItems(shown(table, sortedBy(1, Qt::DescendingOrder))), shownItems(shown(stateLines(descending))))
+            << round;
+    }
+}
+
+TEST(RowChange, SortsListsByTheirTexts)
+{
+    QVector<STAccessSetUIData> levels(3);
+    levels[0].labels = {"b", "a"};
+    levels[1].labels = {"C"};
+    levels[2].labels = {"b"};
+    const auto records = std::make_shared<RecordTable<STAccessSetUIData>>(levels);
+    EXPECT_EQ(shown(records, sortedBy(records->column("labels"))).order, QVector<int>({2, 0, 1}));
+
+    Tav::NetControl::NetDeviceInfos devices;
+    for (const char *const address : {"10.0.0.3", "10.0.0.1", "10.0.0.2"}) {
+        devices.add_devices()->add_addresses(address);
+    }
+    const auto message = std::make_shared<const Tav::NetControl::NetDeviceInfos>(devices);
+    const auto messages = std::make_shared<MessageTable>(message, MessageTable::listsIn(*message).front());
+    EXPECT_EQ(shown(messages, sortedBy(messages->column("addresses"))).order, QVector<int>({1, 2, 0}));
+}
+
 TEST(RowChange, FiltersByWhatACellShows)
 {
     const ValueTablePointer table = stateLines({{"alpha", "x"}, {"beta", "ALPHABET"}, {"gamma", ""}});
     EXPECT_EQ(shownItems(shown(table, {"lpha", -1, {}})), QStringList({"alpha", "beta"}));
+}
+
+TEST(RowChange, FiltersByAllDigitsOfADigest)
+{
+    STImaContentAsr measured{};
+    qstrncpy(measured.fileDigest, QByteArray(32, 'a') + "beef", sizeof measured.fileDigest);
+    const auto table = std::make_shared<RecordTable<STImaContentAsr>>(QVector<STImaContentAsr>{{}, measured});
+    EXPECT_EQ(shown(table, {"BEEF", -1, {}}).order, QVector<int>{1});
 }
 
 TEST(RowChange, AsksTheFilterAgainForChangedRows)

@@ -1,6 +1,7 @@
 #include "ValueModel.h"
 
 #include "PrintQString.h"
+#include "ShownToolTip.h"
 #include "StateLines.h"
 #include "STFileProtectContentAsr.h"
 #include "STSystemScanStateAsr.h"
@@ -145,9 +146,35 @@ TEST_F(ValueModelChecks, TellsTheRawValueAndItsUnit)
     show(table);
     const QModelIndex size = model.index(0, table->column("size"));
     EXPECT_EQ(text(size), "1.50 KiB");
-    EXPECT_EQ(size.data(Qt::ToolTipRole), "size: 1536 bytes");
+    EXPECT_EQ(shownToolTip(size.data(Qt::ToolTipRole).toString()), "size: 1536 bytes");
     EXPECT_EQ(size.data(Qt::TextAlignmentRole).toInt() & Qt::AlignRight, Qt::AlignRight);
     EXPECT_EQ(model.headerData(table->column("modifyTime"), Qt::Horizontal), "modify time");
+}
+
+TEST_F(ValueModelChecks, TellsARawTextAsItIs)
+{
+    const QString hostile[]{"<b>not bold</b> &amp; so on", "one & \"two\",\n  indented"};
+    show(stateLines({{hostile[0], "1"}, {hostile[1], "2"}}));
+    for (int row = 0; row < 2; ++row) {
+        EXPECT_EQ(shownToolTip(model.index(row, 0).data(Qt::ToolTipRole).toString()), "itemText: " + hostile[row]);
+    }
+}
+
+TEST_F(ValueModelChecks, ShowsTheBeginningOfALongTextAndFindsItByItsEnd)
+{
+    const QString smiley = QString::fromUtf8("\xf0\x9f\x99\x82");
+    const QString text = 'x' + smiley.repeated(3000) + "the end";
+    show(stateLines({{text, "1"}, {"short", "2"}}));
+    const QString shown = model.index(0, 0).data().toString();
+    EXPECT_LE(shown.size(), 1001);
+    EXPECT_EQ(shown, 'x' + smiley.repeated(shown.size() / 2 - 1) + QChar(u'\u2026')) << "no character is cut in two";
+    const QString toolTip = shownToolTip(model.index(0, 0).data(Qt::ToolTipRole).toString());
+    EXPECT_GT(toolTip.size(), shown.size());
+    EXPECT_LE(toolTip.size(), 4001);
+    EXPECT_TRUE(toolTip.endsWith(smiley + QChar(u'\u2026')));
+    model.setFilter("the end");
+    show(stateLines({{text, "1"}, {"short", "2"}}));
+    EXPECT_EQ(model.rowCount(), 1);
 }
 
 TEST_F(ValueModelChecks, TellsWhatACodeMeansAndFindsItByThat)
@@ -160,7 +187,7 @@ TEST_F(ValueModelChecks, TellsWhatACodeMeansAndFindsItByThat)
     const int state = table->column("state");
     show(table);
     EXPECT_EQ(text(model.index(0, state)), "1 (running)");
-    EXPECT_EQ(model.index(0, state).data(Qt::ToolTipRole), "state: 1");
+    EXPECT_EQ(shownToolTip(model.index(0, state).data(Qt::ToolTipRole).toString()), "state: 1");
     model.setFilter("Finished");
     show(table);
     ASSERT_EQ(model.rowCount(), 1);
