@@ -1,18 +1,21 @@
-// How long the GUI thread is busy at a time while a page shows lists of 100,000 rows and a scenario changes them with
-// 1,000 calls a second, beside an idle window.
+// How long the GUI thread is busy at a time while the window shows a page with lists of 100,000 rows, and the log of
+// calls, and plays a scenario that changes them with 1,000 calls a second; beside an idle window.
 
+#include "ClientSession.h"
 #include "Heartbeat.h"
 #include "ITavNetControlMgr.h"
+#include "MainWindow.h"
 #include "ModelPage.h"
-#include "TavPluginHost.h"
-#include "TavScenarioPlayer.h"
+#include "PageArea.h"
+#include "ScenarioPlay.h"
+#include "TavSubFuncTypeData_.h"
 
 #include <QApplication>
-#include <QBuffer>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QTableView>
 #include <QTabWidget>
+#include <QTemporaryFile>
 #include <QTimer>
 
 #include <cstdio>
@@ -111,8 +114,6 @@ int main(int argc, char **argv)
 {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     QApplication application(argc, argv);
-    TavPluginHost host(TAV_PLUGIN_FILE);
-    determineHeldValues();
     std::printf("%-36s %7s %17s %17s %17s\n", "ms of own time (and of waiting)", "beats", "median", "p99", "longest");
 
     QWidget empty;
@@ -122,40 +123,47 @@ int main(int argc, char **argv)
         runLoop(seconds * 1000);
         report("idle, an empty window", heartbeat);
     }
-    fill(*host.manager<ITavNetControlMgr>());
-    ModelPage page(
-        CTavSubFuncTypeHeader::SubFunc_serverResourceInfo, host.registry(),
-        [](const QString &, const QString &, const QJsonArray &) {},
-        [](const QString &, const QString &) { return QVector<QJsonArray>(); });
-    page.resize(1000, 700);
+    ClientSession session(TAV_PLUGIN_FILE, TAV_SOURCE_DIR "/share/demo");
+    fill(*session.host().manager<ITavNetControlMgr>());
+    MainWindow window(session);
+    window.show();
+    runLoop(1000);
     {
         const Heartbeat heartbeat;
-        page.show();
+        TavSubFuncTypeData_ page;
+        page.subFuncType = CTavSubFuncTypeHeader::SubFunc_serverResourceInfo;
+        session.select(page);
         runLoop(seconds * 1000);
         report("a page opens, nothing changes", heartbeat);
     }
-    QTableView &view = networkRows(page);
+    QTableView &view = networkRows(*window.pages().findChild<ModelPage *>());
     QLineEdit &filter = *view.parentWidget()->findChild<QLineEdit *>();
+    QTemporaryFile file;
+    file.open();
+    file.write(scenario());
+    file.flush();
+    ScenarioPlay &play = window.play();
+    QEventLoop loop;
+    QObject::connect(&play, &ScenarioPlay::failed, &loop, [] { qFatal("the scenario was not played to its end"); });
+    QObject::connect(&play, &ScenarioPlay::ended, &loop, &QEventLoop::quit);
+    play.open(file.fileName());
+    while (play.state() != ScenarioPlay::State::Ready) {
+        runLoop(100);
+    }
     for (const bool isUsed : {false, true}) {
-        QByteArray lines = scenario();
-        QBuffer buffer(&lines);
-        buffer.open(QIODevice::ReadOnly);
         int step = 0;
         QTimer person;
-        QObject::connect(&person, &QTimer::timeout, &page, [&] { use(view, filter, step++); });
+        QObject::connect(&person, &QTimer::timeout, &view, [&] { use(view, filter, step++); });
         if (isUsed) {
             person.start(250);
         }
         const Heartbeat heartbeat;
-        TavScenarioPlayer player(host, buffer);
         QElapsedTimer timer;
         timer.start();
-        const TavPlayReport played = player.wait();
-        const QByteArray rate = QByteArray::number(1000 * played.lines / timer.elapsed()) + " calls/s";
+        play.play();
+        loop.exec();
+        const QByteArray rate = QByteArray::number(1000LL * seconds * callsInSecond / timer.elapsed()) + " calls/s";
         report(isUsed ? rate + ", sorted and filtered" : rate, heartbeat);
-        if (played.error || played.lines != seconds * callsInSecond) {
-            qFatal("the scenario was not played to its end");
-        }
     }
     return 0;
 }

@@ -3,6 +3,7 @@
 #include "ClientSession.h"
 #include "ITavPicResourceMgr.h"
 #include "PictureModel.h"
+#include "PlainToolTip.h"
 #include "RowCopy.h"
 #include "SymbolIcon.h"
 #include "TableLook.h"
