@@ -109,7 +109,14 @@ TEST(Monkey, DoesNoHarmWhileAScenarioPlays)
             play.play();
             QTest::qWait(3); // plays, however fast the events are
         }
+        if (i % 1000 == 0) {
+            const int before = turns;
+            const auto hasTurned = [&] {
+                play.play(); // which does nothing while it is stopping
+                return turns > before;
+            };
+            ASSERT_TRUE(waitUntil(hasTurned)) << "the scenario opens a page at each turn";
+        }
     }
     EXPECT_TRUE(client.window->isVisible());
-    EXPECT_GT(turns, eventCount() / 2000) << "the scenario, which opens a page at each turn, has played all the time";
 }
