@@ -37,7 +37,7 @@ CallLogPanel::CallLogPanel(CallLog &log, QWidget *parent) : CallLogPanel(newMode
 }
 
 CallLogPanel::CallLogPanel(LogModel<LoggedCall> *model, QWidget *parent)
-    : LogPanel(model, tr("Calls"), 4, {14, 9, 21, 24, 30, 14, 11, 9}, parent)
+    : LogPanel(model, tr("Calls"), 4, {12, 8, 17, 21, 30, 12, 9, 7}, parent)
     , m_model(model)
     , m_writer(QStringLiteral("call-writer"), TavWorker::AtEnd::Finish)
 {

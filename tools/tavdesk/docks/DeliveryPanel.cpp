@@ -30,6 +30,6 @@ LogTable *newModel(BoundedLog<LoggedDelivery> &log)
 }
 
 DeliveryPanel::DeliveryPanel(BoundedLog<LoggedDelivery> &log, QWidget *parent)
-    : LogPanel(newModel(log), tr("Page changes"), 1, {14, 30, 20, 12, 16}, parent)
+    : LogPanel(newModel(log), tr("Page changes"), 1, {12, 30, 16, 10, 13}, parent)
 {
 }

@@ -33,6 +33,6 @@ LogTable *newModel(BoundedLog<LogLine> &log)
 }
 
 LinePanel::LinePanel(BoundedLog<LogLine> &log, QWidget *parent)
-    : LogPanel(newModel(log), tr("Log"), 4, {14, 12, 20, 12, 40}, parent)
+    : LogPanel(newModel(log), tr("Log"), 4, {12, 10, 16, 10, 40}, parent)
 {
 }

@@ -31,7 +31,7 @@ PicturePanel::PicturePanel(ClientSession &session, const QStringList &directorie
     view->setIconSize({PictureModel::largestThumbnail, PictureModel::largestThumbnail});
     setTableLook(*view);
     addRowCopy(*view);
-    setColumnWidths(*view, PictureModel::File, {44, 12, 40});
+    setColumnWidths(*view, PictureModel::File, {36, 9, 40});
     view->verticalHeader()->setDefaultSectionSize(PictureModel::largestThumbnail + 4);
 
     auto *const side = new QWidget;

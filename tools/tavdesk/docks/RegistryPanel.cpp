@@ -17,7 +17,7 @@ RegistryPanel::RegistryPanel(ITavObjectMgr &registry, QWidget *parent) : QWidget
     setFocusProxy(view);
     setTableLook(*view);
     addRowCopy(*view);
-    setColumnWidths(*view, RegistryModel::Key, {34, 30, 30, 12, 14});
+    setColumnWidths(*view, RegistryModel::Key, {34, 24, 24, 10, 12});
     auto *const layout = new QVBoxLayout(this);
     layout->setContentsMargins(6, 6, 6, 6);
     layout->addWidget(view);
