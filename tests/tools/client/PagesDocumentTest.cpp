@@ -33,6 +33,13 @@ const TavCall::Operation &operationOf(const QString &manager, const QString &nam
     return *found;
 }
 
+QString textOf(const char *path)
+{
+    QFile file(path);
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << path;
+    return QString::fromUtf8(file.readAll());
+}
+
 /// The fields by which a row edit finds its row.
 QString foundBy(const QString &manager, const QString &getter)
 {
@@ -120,10 +127,16 @@ TEST(PagesDocument, SaysWhatTheTablesSay)
     TavGlobalInfoMgr::getInstance()->setSystemRoot(TAV_SOURCE_DIR "/share/demo");
     const TavPluginHost host(TAV_PLUGIN_FILE);
     tavObject<ITavFuncTypeMgr>()->loadConfig();
-    QFile file(TAV_SOURCE_DIR "/docs/pages.md");
-    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-    const QString document = QString::fromUtf8(file.readAll());
+    const QString document = textOf(TAV_SOURCE_DIR "/docs/pages.md");
     const QString expected = tables();
     ASSERT_GT(expected.count("\n### "), 10);
     EXPECT_TRUE(document.contains(expected)) << "docs/pages.md should hold:\n" << qPrintable(expected);
+}
+
+TEST(PagesDocument, SaysOfTheLevelsWhatTheirHeaderSays)
+{
+    const QStringList table = textOf(TAV_SOURCE_DIR "/kit/TavAccessLevel.h").split('\n').filter(" * |");
+    ASSERT_EQ(table.size(), 6);
+    const QString expected = '\n' + table.join('\n').remove(" * ") + '\n';
+    EXPECT_TRUE(textOf(TAV_SOURCE_DIR "/docs/pages.md").contains(expected)) << qPrintable(expected);
 }
