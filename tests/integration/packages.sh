@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # usage: packages.sh PACKAGES_DIR ARCHITECTURE [ROOT]      as root
 #
-# Tries the packages of PACKAGES_DIR on a bare system: installs them with apt, runs tavctl, copies the example page
-# plugin from the installed documentation, builds it as its author would and runs its test. Another ARCHITECTURE than
+# Tries the packages of PACKAGES_DIR on a bare system: installs them with apt, runs tavctl, and what the guide for page
+# authors prints, from its text; takes a new page to a picture of it, and removes all again. Another ARCHITECTURE than
 # this machine's is emulated. ROOT is a bare Debian to do it in: a tarball, which is unpacked and thrown away again, or a
 # directory, which is used and left as it is then. Without ROOT one is made with mmdebstrap from this machine's own apt
 # sources.
