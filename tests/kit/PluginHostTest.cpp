@@ -105,7 +105,9 @@ constexpr int byteOrderAt = 5;
 constexpr int typeAt = 16;
 constexpr int machineAt = 18;
 constexpr int x86 = 3;
+constexpr int arm = 40;
 constexpr int aarch64 = 183;
+constexpr int riscv = 243;
 
 #ifdef __aarch64__
 constexpr int otherMachine = 62;
@@ -311,6 +313,8 @@ TEST_F(PluginHost, NamesTheMachineThatALibraryWasBuiltFor)
     } rows[] = {
         {patched({{machineAt, otherMachine}}), otherName},
         {patched({{classAt, 1}, {machineAt, x86}}), "x86"},
+        {patched({{classAt, 1}, {machineAt, arm}}), "ARM"},
+        {patched({{machineAt, riscv}}), "RISC-V"},
         {patched({{byteOrderAt, 2}, {machineAt, 0}, {machineAt + 1, aarch64}}), "big-endian AArch64"},
         {patched({{machineAt, 22}}), "machine 22"},
     };

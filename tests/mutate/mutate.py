@@ -40,7 +40,9 @@ def tests_of(build):
         properties = {item["name"]: item["value"] for item in entry["properties"]}
         folder = pathlib.Path(properties["WORKING_DIRECTORY"])
         is_near = any(folder.is_relative_to(build / name) for name in TESTED)
-        if not is_near or "prove" in properties.get("LABELS", []):
+        labels = properties.get("LABELS", [])
+        # A lock that is missing is seen by the race checkers; the rest of what takes minutes sees nothing more.
+        if not is_near or ("prove" in labels and "stress" not in labels) or entry["name"].startswith("PlantedRace"):
             continue
         if "command" not in entry:
             sys.exit(f"mutate: {entry['name']} is not built")

@@ -49,9 +49,10 @@ class Test:
         return run(self.command, seconds, cwd=self.folder, env={**os.environ, **self.environment}) == 0
 
     def distance(self, path):
-        """Sorts the tests of the file's class before those of its folder, and these before all others."""
+        """Sorts the tests of the file's class before those of its folder, and these before all others; what takes long
+        comes last."""
         subject = path.stem.removeprefix("Tav")
-        return (subject not in self.name, f"/{path.parent.name}" not in self.folder, self.seconds)
+        return (self.seconds > 30, subject not in self.name, f"/{path.parent.name}" not in self.folder, self.seconds)
 
 
 def outcome_in(build, tests):

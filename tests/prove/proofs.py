@@ -47,9 +47,6 @@ class Proof:
     figures: dict[str, Callable[[str], str | None]]  # by the name that the page has; what the log says
 
 
-HELGRIND = (
-    "QT_NO_GLIB=1 valgrind --tool=helgrind --fair-sched=yes --error-exitcode=9 --suppressions=tests/stress/helgrind.supp"
-)
 WINDOW = (
     "cmake --preset release -B build/window -DTAV_BUILD_BENCHMARKS=ON -DBUILD_TESTING=OFF &&"
     " cmake --build build/window --target PageBusyTime && build/window/bin/PageBusyTime"
@@ -77,10 +74,6 @@ PROOFS = {
     "findings": Proof(
         "./dev build && TAV_PROVE=1 build/dev/bin/FindingCountTest",
         {"costs": found(r"^([\d.]+ s and \d+ MiB), ([\d.]+ s and \d+ MiB), ", "20,000: {0}; 200,000: {1}")},
-    ),
-    "player": Proof(
-        f"./dev build && {HELGRIND} build/dev/bin/ScenarioPlayerTest",
-        {"tests": found(r"PASSED  \] (\d+) tests"), "errors": found(r"ERROR SUMMARY: (\d+) errors")},
     ),
     "lint": Proof("./dev lint", {"checks": each("^lint: (.*): clean$")}),
     "docs": Proof("./dev docs", {"warnings": says("no warning")}),
