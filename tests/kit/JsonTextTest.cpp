@@ -13,7 +13,7 @@ QString errorIn(const QByteArray &text)
 {
     const TavJsonText json(text);
     EXPECT_TRUE(json.document().isNull());
-    return QString("%1:%2 (%3) %4").arg(json.errorPlace().line).arg(json.errorPlace().column).arg(json.errorOffset())
+    return QString("%1:%2 (%3) ").arg(json.errorPlace().line).arg(json.errorPlace().column).arg(json.errorOffset())
         + json.error();
 }
 
@@ -36,7 +36,7 @@ QString valueAt(const QString &path, const QByteArray &text)
 TEST(JsonText, SaysWhyItIsNoJsonAndWhere)
 {
     EXPECT_EQ(errorIn(""), "1:1 (0) the text is empty");
-    EXPECT_EQ(errorIn(" \n"), "2:1 (2) the text is empty");
+    EXPECT_EQ(errorIn(" \n"), "1:2 (1) the text is empty");
     EXPECT_EQ(errorIn("[1] // no"), "1:5 (4) JSON has no comments");
     EXPECT_EQ(errorIn("[1] /* no */"), "1:5 (4) JSON has no comments");
     EXPECT_EQ(errorIn("[1,\n\xc2\xa0"
@@ -52,7 +52,7 @@ TEST(JsonText, SaysWhyItIsNoJsonAndWhere)
     EXPECT_EQ(errorIn("\xef\xbb\xbf 1"), "1:2 (4) the text must begin with [ or {");
     EXPECT_EQ(errorIn("[\"a"), "1:4 (3) the text ends too early");
     EXPECT_EQ(errorIn("[1] 2"), "1:5 (4) the text goes on behind its end");
-    EXPECT_EQ(errorIn("[1, -01]"), "1:5 (4) this is no number, nor another value");
+    EXPECT_EQ(errorIn("[1, 1e]"), "1:5 (4) this is no number, nor another value");
     EXPECT_EQ(errorIn("[\"ab\xff\"]"), "1:5 (4) this is not UTF-8");
     EXPECT_EQ(errorIn(QByteArray(1025, '[')), "1:1025 (1024) nested deeper than the reader's 1024 levels");
 }
@@ -64,8 +64,6 @@ TEST(JsonText, SaysThatItIsUtf16)
     EXPECT_EQ(errorIn(QByteArray("\xfe\xff\0[\0]", 6)), error);
     EXPECT_EQ(errorIn(QByteArray("[\0]\0", 4)), error);
     EXPECT_EQ(errorIn(QByteArray("\0[\0]", 4)), error);
-    EXPECT_EQ(errorIn(QByteArray("\0", 1)),
-              "1:1 (0) a control character (U+0000) stands here, which JSON has only in strings");
     EXPECT_FALSE(isUtf16("[]"));
     EXPECT_FALSE(isUtf16(QByteArray("\0\0[]", 4)));
     EXPECT_FALSE(isUtf16("["));
@@ -73,7 +71,7 @@ TEST(JsonText, SaysThatItIsUtf16)
 
 TEST(JsonText, CountsLinesAndCharacters)
 {
-    const QByteArray text = "\xef\xbb\xbf""a\xe4\xb8\xbb\n""bc\n";
+    const QByteArray text = "\xef\xbb\xbfi\xe4\xb8\xbb\nij\n";
     const struct {
         int offset, line, column;
     } rows[] = {{0, 1, 1}, {3, 1, 1}, {4, 1, 2}, {7, 1, 3}, {8, 2, 1}, {9, 2, 2}, {10, 2, 3}, {11, 3, 1}, {99, 3, 1}};
