@@ -301,7 +301,7 @@ TEST(Signal, ACallbackWhoseCopyThrowsLeavesNothingBehind)
     for (int i = 0; i < 100; ++i) {
         EXPECT_THROW(signal.Emit(1), std::runtime_error);
     }
-    EXPECT_EQ(objectsOnHeap, before);
+    EXPECT_LE(objectsOnHeap, before); // a thread that has just ended may still free what was its own
     EXPECT_EQ(pendingEvents(), 0);
     throws = false;
 }
