@@ -186,6 +186,11 @@ TEST(Json, NamesThePlaceOfWhatItCannotRead)
 TEST(Json, RefusesWhatIsNotOfTheType)
 {
     EXPECT_EQ(problem<bool>("1"), "expected true or false, not the number 1");
+    const QByteArray letters(40, 'x');
+    EXPECT_EQ(problem<bool>(QByteArray('"' + letters + '"').constData()),
+              "expected true or false, not the text \"" + letters.toStdString() + '"');
+    EXPECT_EQ(problem<bool>(QByteArray('"' + letters + "x\"").constData()),
+              "expected true or false, not the text \"" + letters.toStdString() + "…\"");
     EXPECT_EQ(problem<int>("2147483648"),
               "expected a whole number from -2147483648 to 2147483647, not the number 2147483648");
     EXPECT_EQ(problem<int>("\"7\""), "expected a whole number from -2147483648 to 2147483647, not the text \"7\"");

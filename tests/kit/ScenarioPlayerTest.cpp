@@ -14,6 +14,8 @@
 #include <QBuffer>
 #include <QElapsedTimer>
 #include <QJsonDocument>
+#include <QScopeGuard>
+#include <QSemaphore>
 #include <qtestsupport_core.h>
 #include <QThread>
 #include <QTimer>
@@ -21,6 +23,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <atomic>
 #include <optional>
 #include <vector>
 
@@ -117,6 +120,23 @@ private:
 
 public:
     std::optional<TavScenarioPlayer> player; ///< last, since its threads use the others
+};
+
+/// Counts what is read of it.
+class CountedBuffer : public QBuffer
+{
+public:
+    using QBuffer::QBuffer;
+
+    std::atomic<qint64> bytesRead = 0;
+
+protected:
+    qint64 readData(char *data, qint64 size) override
+    {
+        const qint64 count = QBuffer::readData(data, size);
+        bytesRead += std::max<qint64>(count, 0);
+        return count;
+    }
 };
 
 TavPlayOptions paused(double speed)
@@ -320,6 +340,31 @@ TEST_F(ScenarioPlayer, CanBeEndedInTheMiddle)
         }
     }
     EXPECT_EQ(state(), 1);
+}
+
+TEST_F(ScenarioPlayer, ReadsAhead1024LinesOrEightMebibytes)
+{
+    const struct {
+        int letters, lines, linesAhead;
+    } rows[] = {{1'000, 4'000, 1'024}, {100'000, 200, 83}};
+    for (const auto &row : rows) {
+        const QByteArray line
+            = R"({"manager": "ITavNetControlMgr", "operation": "setState", "arguments": [{"message": ")"
+            + QByteArray(row.letters, 'x') + "\"}]}";
+        QByteArray text = scenarioOf(QVector<QByteArray>(row.lines, line).toList());
+        CountedBuffer buffer(&text);
+        buffer.open(QIODevice::ReadOnly);
+        QSemaphore turns;
+        TavPlayOptions options = atSpeed(TavPlayOptions::fastest);
+        options.announcer = [&turns](const TavScenario::Line &) { turns.acquire(); }; // keeps the first call waiting
+        const TavScenarioPlayer player(host, buffer, options);
+        const auto letAllCallsGo = qScopeGuard([&] { turns.release(row.lines); });
+        const qint64 ahead = qint64(row.linesAhead) * line.size();
+        ASSERT_TRUE(QTest::qWaitFor([&] { return buffer.bytesRead > ahead; })) << buffer.bytesRead << " of " << ahead;
+        QTest::qWait(200);
+        EXPECT_LE(buffer.bytesRead, ahead + 2 * line.size() + (1 << 15))
+            << "the next line, and the device's own buffer";
+    }
 }
 
 TEST_F(ScenarioPlayer, PlaysOneLineAStepWhileItIsPaused)

@@ -209,6 +209,24 @@ TEST(Scenario, QuotesOnlyTheBeginningOfAVeryLongName)
     }
 }
 
+TEST(Scenario, QuotesNoMoreThanAScreenful)
+{
+    const QString longest(2000, 'x');
+    const TavScenarioError whole(7, longest, longest, TavScenarioError::Kind::Line);
+    EXPECT_EQ(whole.what(), "line 7: " + longest.toStdString() + ": " + longest.toStdString());
+    EXPECT_EQ(whole.path(), longest);
+    EXPECT_EQ(whole.problem(), longest);
+    const TavScenarioError cut(7, longest + 'y', longest + 'y', TavScenarioError::Kind::Line);
+    EXPECT_EQ(cut.path(), longest + "…");
+    EXPECT_EQ(cut.problem(), longest + "…");
+
+    TavScenario::Difference difference;
+    const QString inQuotes(198, 'x');
+    EXPECT_FALSE(TavScenario::isAsExpected(inQuotes, inQuotes + 'y', difference));
+    EXPECT_EQ(difference.expected, '"' + inQuotes + '"');
+    EXPECT_EQ(difference.actual, '"' + inQuotes + "y…");
+}
+
 TEST(Scenario, SaysWhereTheCutLineIsAndReadsWhatIsBeforeItWhenTold)
 {
     const QByteArray whole = scenarioOf({with("\"at\": 1"), with("\"at\": 2")});
