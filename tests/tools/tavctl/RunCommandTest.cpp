@@ -267,6 +267,9 @@ TEST_F(RunCommand, ShowsWhatItCanWithoutTheFilesOfProcessesAndSaysSo)
     if (Program(withoutProcessFiles + QStringList{"true"}).exitCode != 0) {
         GTEST_SKIP() << "only the administrator can take them away";
     }
+#ifdef __SANITIZE_ADDRESS__
+    GTEST_SKIP() << "the sanitizer needs them itself";
+#endif
     const QString line
         = "tavctl: /proc is not mounted; nothing is known of processes, memory and devices, which is not "
           "to say that there are none; mount it with \"mount -t proc proc /proc\"\n";
