@@ -72,7 +72,7 @@ def main():
     tests = [Test(**test) for test in job["tests"]]
     for test in tests:
         start = time.monotonic()
-        if not test.passes(test.seconds):
+        if not test.passes(test.seconds) and not test.passes(test.seconds):
             sys.exit(f"mutate: {test.name} fails before anything is changed")
         test.seconds = time.monotonic() - start
     catches = collections.defaultdict(collections.Counter)
