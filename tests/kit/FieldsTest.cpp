@@ -50,7 +50,12 @@ TEST(Fields, AreReadFromARecord)
 
 TEST(Fields, HaveAUnitWhereTheirKindIsAMeasure)
 {
-    EXPECT_STREQ(TavFields::unitOf(TavFields::Kind::Time), "seconds since the epoch");
-    EXPECT_STREQ(TavFields::unitOf(TavFields::Kind::Size), "bytes");
-    EXPECT_STREQ(TavFields::unitOf(TavFields::Kind::Number), "");
+    using TavFields::Kind;
+    EXPECT_STREQ(TavFields::unitOf(Kind::Percent), "percent");
+    EXPECT_STREQ(TavFields::unitOf(Kind::Permille), "permille");
+    EXPECT_STREQ(TavFields::unitOf(Kind::Hundredths), "hundredths");
+    EXPECT_STREQ(TavFields::unitOf(Kind::Size), "bytes");
+    EXPECT_STREQ(TavFields::unitOf(Kind::Duration), "seconds");
+    EXPECT_STREQ(TavFields::unitOf(Kind::Time), "seconds since the epoch");
+    EXPECT_STREQ(TavFields::unitOf(Kind::Number), "");
 }
