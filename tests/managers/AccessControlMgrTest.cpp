@@ -492,7 +492,7 @@ TEST_F(AccessControlMgr, CollectingPrincipalDetailsLeavesThoseOfEachKey)
 {
     setUserDetail(1, {detailOf("anna")});
     setUserDetail(2, {detailOf("bert")});
-    mgr->getUserDetail();
+    static_cast<void>(mgr->getUserDetail());
     EXPECT_EQ(content(mgr->getUserDetail(1)), content(UserDetails{detailOf("anna")}));
 }
 
@@ -502,7 +502,7 @@ TEST_F(AccessControlMgr, LookingForAUsersDetailDoesNotLockItselfOut)
     setUserDetail(1, {detailOf("anna")});
     const auto lookUp = [this] {
         alarm(10);
-        mgr->hasUserDetail(QStringLiteral("anna"));
+        static_cast<void>(mgr->hasUserDetail(QStringLiteral("anna")));
         _exit(0);
     };
     EXPECT_EXIT(lookUp(), testing::ExitedWithCode(0), "");
@@ -710,12 +710,13 @@ protected:
     ITavAccessControlMgr *const mgr = host.manager<ITavAccessControlMgr>();
 };
 
-INSTANTIATE_TEST_SUITE_P(Reads, AccessControlMgrKeys,
-                         testing::Values([](ITavAccessControlMgr *mgr, int key) { mgr->getUserDetail(key); },
-                                         [](ITavAccessControlMgr *mgr, int key) { mgr->getObjectDetail(key, true); },
-                                         [](ITavAccessControlMgr *mgr, int key) { mgr->getObjectDetail(key, false); },
-                                         [](ITavAccessControlMgr *mgr, int key) { mgr->getObjectCount(true, key); },
-                                         [](ITavAccessControlMgr *mgr, int key) { mgr->getObjectCount(false, key); }));
+INSTANTIATE_TEST_SUITE_P(
+    Reads, AccessControlMgrKeys,
+    testing::Values([](ITavAccessControlMgr *mgr, int key) { static_cast<void>(mgr->getUserDetail(key)); },
+                    [](ITavAccessControlMgr *mgr, int key) { static_cast<void>(mgr->getObjectDetail(key, true)); },
+                    [](ITavAccessControlMgr *mgr, int key) { static_cast<void>(mgr->getObjectDetail(key, false)); },
+                    [](ITavAccessControlMgr *mgr, int key) { static_cast<void>(mgr->getObjectCount(true, key)); },
+                    [](ITavAccessControlMgr *mgr, int key) { static_cast<void>(mgr->getObjectCount(false, key)); }));
 
 TEST_P(AccessControlMgrKeys, AnUnknownKeyIsInsertedWhenItIsReadFirst)
 {

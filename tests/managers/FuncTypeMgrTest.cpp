@@ -179,12 +179,12 @@ protected:
     /// Each query of the catalogue.
     std::vector<std::function<void()>> queries()
     {
-        return {[this] { mgr->getFuncInfoData(Func::Func_HostInfo); },
-                [this] { mgr->getFuncInfos(); },
-                [this] { mgr->getSubFuncInfo(Func::Func_HostInfo); },
-                [this] { mgr->getSubFuncInfo(SubFunc::SubFunc_LogAudit); },
-                [this] { mgr->getSubFuncInfo(); },
-                [this] { mgr->getFirstSubFuncType(Func::Func_HostInfo); }};
+        return {[this] { static_cast<void>(mgr->getFuncInfoData(Func::Func_HostInfo)); },
+                [this] { static_cast<void>(mgr->getFuncInfos()); },
+                [this] { static_cast<void>(mgr->getSubFuncInfo(Func::Func_HostInfo)); },
+                [this] { static_cast<void>(mgr->getSubFuncInfo(SubFunc::SubFunc_LogAudit)); },
+                [this] { static_cast<void>(mgr->getSubFuncInfo()); },
+                [this] { static_cast<void>(mgr->getFirstSubFuncType(Func::Func_HostInfo)); }};
     }
 
     GlobalStateGuard guard;
@@ -692,10 +692,10 @@ TEST_F(FuncTypeMgr, AnswersWithDefaultsForWhatItDoesNotHold)
 TEST_F(FuncTypeMgr, LookUpsAddNothing)
 {
     load(validCatalogue);
-    mgr->getFuncInfoData(Func::Func_SystemProtect);
-    mgr->getSubFuncInfo(Func::Func_SystemProtect);
-    mgr->getSubFuncInfo(SubFunc::SubFunc_ObjectAdd);
-    mgr->getFirstSubFuncType(Func::Func_SystemProtect);
+    static_cast<void>(mgr->getFuncInfoData(Func::Func_SystemProtect));
+    static_cast<void>(mgr->getSubFuncInfo(Func::Func_SystemProtect));
+    static_cast<void>(mgr->getSubFuncInfo(SubFunc::SubFunc_ObjectAdd));
+    static_cast<void>(mgr->getFirstSubFuncType(Func::Func_SystemProtect));
     EXPECT_EQ(mgr->getFuncInfos().size(), 2);
     EXPECT_EQ(mgr->getSubFuncInfo().size(), 2);
 }
@@ -806,7 +806,8 @@ TEST_F(FuncTypeMgr, OperationsWithoutALockDoNotWaitWhileTheFileIsRead)
     std::thread loading([this] { mgr->loadConfig(); });
     EXPECT_TRUE(reading.awaitReader());
     {
-        const BackgroundCalls calls({[this] { mgr->loadIniConfig(); }, [this] { mgr->getObject(); }});
+        const BackgroundCalls calls(
+            {[this] { mgr->loadIniConfig(); }, [this] { static_cast<void>(mgr->getObject()); }});
         EXPECT_TRUE(calls.allReturn());
         reading.release();
     }

@@ -449,16 +449,16 @@ TEST_F(LineScanMgr, EveryOperationWaitsWhileTheFileIsRead)
     {
         const BackgroundCalls calls({
             [this] { mgr->setLineScanContent({}); },
-            [this] { mgr->getLineScanContent(); },
+            [this] { static_cast<void>(mgr->getLineScanContent()); },
             [this] { mgr->setLineCount({}); },
-            [this] { mgr->getLineCount(); },
+            [this] { static_cast<void>(mgr->getLineCount()); },
             [this] { mgr->setscanState({}); },
-            [this] { mgr->getscanState(); },
+            [this] { static_cast<void>(mgr->getscanState()); },
             [this] { mgr->setScanItemConfigErr({}); },
-            [this] { mgr->getScanItemConfigErr(); },
+            [this] { static_cast<void>(mgr->getScanItemConfigErr()); },
             [this] { mgr->setLineLevel({}); },
-            [this] { mgr->getLineLevel(); },
-            [this] { mgr->getItemConfig(1); },
+            [this] { static_cast<void>(mgr->getLineLevel()); },
+            [this] { static_cast<void>(mgr->getItemConfig(1)); },
         });
         EXPECT_THAT(calls.returned(), IsEmpty());
         reading.release();

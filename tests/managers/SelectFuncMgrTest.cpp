@@ -283,9 +283,9 @@ TEST_F(SelectFuncMgr, HoldsItsLockWhileItAnnounces)
     whenCopied = [&] {
         calls = std::make_unique<BackgroundCalls>(std::vector<std::function<void()>>{
             [this] { mgr->setCurSelFuncType(Func::Func_HostInfo); },
-            [this] { mgr->getCurSelFuncType(); },
+            [this] { static_cast<void>(mgr->getCurSelFuncType()); },
             [this] { mgr->setCurSelSubFuncType(SubFunc::SubFunc_SelfProtect); },
-            [this] { mgr->getCurSelSubFuncType(); },
+            [this] { static_cast<void>(mgr->getCurSelSubFuncType()); },
             [this] { mgr->setCurSelType(Func::Func_HostInfo, SubFunc::SubFunc_SelfProtect); },
         });
         returned = calls->returned();
