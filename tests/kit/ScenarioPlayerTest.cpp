@@ -360,7 +360,8 @@ TEST_F(ScenarioPlayer, ReadsAhead1024LinesOrEightMebibytes)
         const TavScenarioPlayer player(host, buffer, options);
         const auto letAllCallsGo = qScopeGuard([&] { turns.release(row.lines); });
         const qint64 ahead = qint64(row.linesAhead) * line.size();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return buffer.bytesRead > ahead; })) << buffer.bytesRead << " of " << ahead;
+        ASSERT_TRUE(QTest::qWaitFor([&] { return buffer.bytesRead > ahead; }, 30'000))
+            << buffer.bytesRead << " of " << ahead;
         QTest::qWait(200);
         EXPECT_LE(buffer.bytesRead, ahead + 2 * line.size() + (1 << 15))
             << "the next line, and the device's own buffer";
