@@ -186,7 +186,6 @@ TavEventNotifyMgr::Mailbox *TavEventNotifyMgr::mailboxOf(QThread *thread)
         return nullptr;
     }
     if (!m_mailboxes.contains(thread)) {
-        m_mailboxes.insert(thread, nullptr);
         const auto close = [this, thread] { closeMailbox(thread); };
         const auto forget = [this, thread] {
             closeMailbox(thread);

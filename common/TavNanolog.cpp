@@ -25,14 +25,13 @@ const QLoggingCategory &categoryOf(const QByteArray &source)
 
 QtMsgType messageType(int level)
 {
-    switch (level) {
-    case 3:
-        return QtWarningMsg;
-    case 4:
-        return QtInfoMsg;
-    default:
-        return level < 3 ? QtCriticalMsg : QtDebugMsg;
+    if (level < 3) {
+        return QtCriticalMsg;
     }
+    if (level == 3) {
+        return QtWarningMsg;
+    }
+    return level == 4 ? QtInfoMsg : QtDebugMsg;
 }
 }
 

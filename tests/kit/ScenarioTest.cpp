@@ -329,6 +329,19 @@ TEST(ScenarioReturns, AreComparedAsValuesWhateverTheirForm)
                              QJsonArray{QJsonObject{{"userName", "abc"}}}));
 }
 
+TEST(ScenarioReturns, NameWhatIsComparedOfAPicture)
+{
+    const QByteArray get = R"({"thread": "gui", "manager": "ITavPicResourceMgr", "operation": "getImageRef", )"
+                           R"("arguments": ["a", "b"], "returns": )";
+    const QJsonObject small{{"width", 3}, {"height", 2}, {"format", "Format_ARGB32"}};
+    for (const char *const same : {R"({"width": 3}})", R"({"height": 2}})", R"({"format": "Format_ARGB32"}})"}) {
+        EXPECT_TRUE(isAsExpected(get + same, small)) << same;
+    }
+    for (const char *const other : {R"({"width": 2}})", R"({"height": 3}})", R"({"format": "Format_RGB32"}})"}) {
+        EXPECT_FALSE(isAsExpected(get + other, small)) << other;
+    }
+}
+
 TEST(ScenarioReturns, AreReadAsStrictlyAsArguments)
 {
     EXPECT_EQ(mistakeInLine(R"({"manager": "ITavNetControlMgr", "operation": "getDeviceInfo", "arguments": [], )"

@@ -157,6 +157,8 @@ def _operators(source):
 
 def _constants(source):
     for token in source.tokens:
+        if token.opener > 0 and source.tokens[token.opener - 1].text == "static_assert":
+            continue  # the compiler's
         if token.kind == "number":
             yield token.start, token.end, f"({token.text} + 1)"
         elif token.text in ("true", "false"):

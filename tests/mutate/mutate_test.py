@@ -45,6 +45,7 @@ class Changes(unittest.TestCase):
         self.assertEqual(after("return true;"), ["return false;"])
         self.assertIn('g("");', after('g("text");'))
         self.assertIn("g('?');", after("g('/');"))
+        self.assertEqual(len(changes_of('static_assert(size == 7, "text");\n')), 1, "the constants are the compiler's")
 
     def test_statements_are_removed_but_not_what_is_used_later(self):
         self.assertEqual(after("m_a = a;"), [";"])
