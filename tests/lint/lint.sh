@@ -54,4 +54,5 @@ check clazy clazy
 check "verdicts of Qt Test" qt_test_verdicts
 check codespell codespell --ignore-words-list chage,nam --skip 'build,.git,*.png,*.xz,corpus,*.json' .
 check shellcheck shellcheck "${scripts[@]}"
+check "mistakes of pages" ctest --test-dir "$build" --quiet --output-on-failure -L '^lint$'
 exit "$findings"
