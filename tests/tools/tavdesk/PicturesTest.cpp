@@ -5,7 +5,6 @@
 
 #include <QDir>
 #include <QImage>
-#include <QSet>
 #include <QStandardPaths>
 #include <QTemporaryDir>
 
@@ -23,16 +22,14 @@ Program runDesk(const QStringList &arguments, const QStringList &runner = {})
     return Program(runner + emulator + QStringList{TAV_TAVDESK_FILE} + arguments);
 }
 
-/// How many colours there are in the middle of a picture, where it would be empty if nothing had been drawn.
-int coloursInside(const QImage &picture)
+/// Whether there are two colours in the middle of a picture, where it would be empty if nothing had been drawn.
+bool isDrawnOn(const QImage &picture)
 {
-    QSet<QRgb> colours;
-    for (int y = picture.height() / 4; y < picture.height() * 3 / 4; ++y) {
-        for (int x = picture.width() / 4; x < picture.width() * 3 / 4; ++x) {
-            colours.insert(picture.pixel(x, y));
-        }
-    }
-    return colours.size();
+    const QImage middle
+        = picture.copy(picture.width() / 4, picture.height() / 4, picture.width() / 2, picture.height() / 2);
+    QImage empty = middle;
+    empty.fill(middle.pixelColor(0, 0));
+    return middle != empty;
 }
 
 const QStringList onDemo{"--root", TAV_SOURCE_DIR "/share/demo"};
@@ -96,8 +93,7 @@ struct Tours {
     const QString settings = withSettings(config);
     const QStringList sharing{"env", "XDG_CONFIG_HOME=" + config.path()};
     const ScenarioFile broken{"{\"at\": -1}\n"};
-    const Tour plain{{}};
-    const Tour onDisplay{played, ::onDisplay};
+    const Tour onDisplay{{}, ::onDisplay};
     const Tour first{played, sharing};
     const Tour second{played, sharing};
     const Tour unwritable{{}, {}, "/proc/no/such"};
@@ -133,14 +129,14 @@ protected:
 
 TEST_F(Pictures, AreSavedOfEachPageEachDockAndTheWindow)
 {
-    const Tour &tour = tours->plain;
+    const Tour &tour = tours->first;
     EXPECT_EQ(tour.ended().exitCode, 0) << tour.ended().errors.toStdString();
     const QStringList files = tour.files();
     EXPECT_EQ(files.filter("page-").size(), 14) << files.join(' ').toStdString();
     EXPECT_EQ(files.filter("dock-").size(), 7) << files.join(' ').toStdString();
     EXPECT_EQ(QImage(tour.directory().filePath("window.png")).size(), QSize(1280, 860));
     for (const QString &file : files) {
-        EXPECT_GT(coloursInside(QImage(tour.directory().filePath(file))), 1) << file.toStdString();
+        EXPECT_TRUE(isDrawnOn(QImage(tour.directory().filePath(file)))) << file.toStdString();
     }
 }
 
