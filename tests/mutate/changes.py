@@ -124,6 +124,11 @@ class _Source:
             token.kind == "name" and token.text not in ("delete", "throw") and (following.kind == "name" or is_pointer)
         )
 
+    def is_asserted(self, start):
+        """Whether the text at start is for the compiler to judge: an operand of static_assert."""
+        operands = (self.tokens[i + 1] for i, token in enumerate(self.tokens) if token.text == "static_assert")
+        return any(bracket.start < start < self.tokens[bracket.partner].start for bracket in operands)
+
     def slice(self, first, last):
         """The text of the tokens from first up to last, which is left out."""
         return self.text[self.tokens[first].start : self.tokens[last - 1].end]
@@ -157,8 +162,6 @@ def _operators(source):
 
 def _constants(source):
     for token in source.tokens:
-        if token.opener > 0 and source.tokens[token.opener - 1].text == "static_assert":
-            continue  # the compiler's
         if token.kind == "number":
             yield token.start, token.end, f"({token.text} + 1)"
         elif token.text in ("true", "false"):
@@ -270,4 +273,4 @@ def changes_of(text):
     source = _Source(text)
     kinds = (_operators, _constants, _conditions, _statements, _results, _arguments)
     found = {edit for kind in kinds for edit in kind(source)}
-    return [source.change(*edit) for edit in sorted(found)]
+    return [source.change(*edit) for edit in sorted(found) if not source.is_asserted(edit[0])]
