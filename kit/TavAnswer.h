@@ -30,11 +30,10 @@ template<class Record>
 [[nodiscard]] std::optional<Record> tavRecord(const QByteArray &bytes)
 {
     static_assert(std::is_trivially_copyable_v<Record>, "only records of plain bytes are sent as they lie in memory");
-    if (bytes.size() != int(sizeof(Record))) {
-        return std::nullopt;
+    std::optional<Record> record;
+    if (bytes.size() == int(sizeof(Record))) {
+        std::memcpy(&record.emplace(), bytes.constData(), sizeof(Record));
     }
-    Record record;
-    std::memcpy(&record, bytes.constData(), sizeof record);
     return record;
 }
 
@@ -44,11 +43,11 @@ template<class Record>
 [[nodiscard]] std::optional<QVector<Record>> tavRecords(const QByteArray &bytes)
 {
     static_assert(std::is_trivially_copyable_v<Record>, "only records of plain bytes are sent as they lie in memory");
-    if (bytes.size() % int(sizeof(Record)) != 0) {
-        return std::nullopt;
+    std::optional<QVector<Record>> records;
+    if (bytes.size() % int(sizeof(Record)) == 0) {
+        records.emplace(bytes.size() / int(sizeof(Record)));
+        std::copy_n(bytes.constData(), bytes.size(), reinterpret_cast<char *>(records->data()));
     }
-    QVector<Record> records(bytes.size() / int(sizeof(Record)));
-    std::copy_n(bytes.constData(), bytes.size(), reinterpret_cast<char *>(records.data()));
     return records;
 }
 
@@ -65,8 +64,8 @@ void tavSetText(char (&buffer)[size], const QString &text)
 {
     const QByteArray bytes = text.toUtf8();
     int length = std::min(bytes.size(), size - 1);
-    // Not within a character: its further bytes begin with the bits 10.
-    while (length > 0 && length < bytes.size() && (bytes[length] & '\xC0') == '\x80') {
+    // Not within a character: its further bytes begin with the bits 10, unlike the NUL behind the text.
+    while ((bytes.constData()[length] & '\xC0') == '\x80') {
         --length;
     }
     std::fill(std::copy_n(bytes.constData(), length, buffer), buffer + size, '\0');

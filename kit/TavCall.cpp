@@ -48,7 +48,7 @@ TavCall::Call prepare(const QJsonArray &arguments, const QStringList &paths)
             [&](auto &...passed) -> QJsonValue {
                 if constexpr (std::is_void_v<typename Operation::Result>) {
                     (manager->*Operation::member)(passed...);
-                    return QJsonValue::Null;
+                    return QJsonValue();
                 } else {
                     return TavJson::toJson((manager->*Operation::member)(passed...));
                 }
@@ -70,7 +70,7 @@ QJsonValue namedPart(const QJsonValue &whole, const QJsonValue &named)
         }
         return part;
     }
-    if (whole.isArray() && named.isArray()) {
+    if (whole.isArray()) {
         QJsonArray part;
         const QJsonArray all = whole.toArray();
         for (int i = 0; i < all.size(); ++i) {
@@ -104,7 +104,7 @@ QJsonValue expected(const QJsonValue &json, const QString &path)
         if (!json.isNull()) {
             throw TavCallError(path, "the operation returns nothing, which is null");
         }
-        return json;
+        return QJsonValue();
     } else if constexpr (std::is_pointer_v<Result>) {
         if (!json.isString() && !json.isNull()) {
             throw TavCallError(path, "expected the name of a class or null, not " + TavJson::described(json));
@@ -297,7 +297,7 @@ TavCall::Prepared TavCall::preparedCall(const QString &manager, const QString &o
     QStringList names; // of the manager's operations
     QVector<Prepared> fitting;
     QStringList problems; // why the others do not fit
-    TavCallError last({}, QString());
+    TavCallError last({}, {});
     for (int place = 0; place < operations().size(); ++place) {
         const Operation &candidate = operations()[place];
         if (candidate.manager != manager) {
@@ -318,7 +318,7 @@ TavCall::Prepared TavCall::preparedCall(const QString &manager, const QString &o
     if (fitting.size() == 1) {
         return fitting.first();
     }
-    if (fitting.size() > 1) {
+    if (!fitting.isEmpty()) {
         throw TavCallError(path,
                            QString("%1 and %2 both fit: give the arguments as an object by their names")
                                .arg(fitting[0].operation->signature(), fitting[1].operation->signature()));
@@ -326,7 +326,7 @@ TavCall::Prepared TavCall::preparedCall(const QString &manager, const QString &o
     if (problems.size() == 1) {
         throw last;
     }
-    if (problems.size() > 1) {
+    if (!problems.isEmpty()) {
         throw TavCallError(path, "none of the operations fits: " + problems.join("; "));
     }
     static_cast<void>(operationsOf(manager)); // throws when there is no such manager

@@ -4,6 +4,23 @@
 
 namespace
 {
+QString kindOf(QChar::Category category)
+{
+    switch (category) {
+    case QChar::Other_Control:
+        return "a control character";
+    case QChar::Other_Format:
+        return "a character without a width";
+    case QChar::Other_Surrogate:
+        return "half a character";
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return "a line separator";
+    default:
+        return {};
+    }
+}
+
 QString kindOf(uint character)
 {
     switch (character) {
@@ -37,20 +54,7 @@ QString kindOf(uint character)
     case 0xfffd:
         return "a replaced character";
     default:
-        break;
-    }
-    switch (QChar::category(character)) {
-    case QChar::Other_Control:
-        return "a control character";
-    case QChar::Other_Format:
-        return "a character without a width";
-    case QChar::Other_Surrogate:
-        return "half a character";
-    case QChar::Separator_Line:
-    case QChar::Separator_Paragraph:
-        return "a line separator";
-    default:
-        return {};
+        return kindOf(QChar::category(character));
     }
 }
 
@@ -61,7 +65,9 @@ QVector<uint> codePoints(const QString &text)
     for (int i = 0; i < text.size(); ++i) {
         const bool isPair = text[i].isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate();
         points.append(isPair ? QChar::surrogateToUcs4(text[i], text[i + 1]) : text[i].unicode());
-        i += isPair ? 1 : 0;
+        if (isPair) {
+            ++i;
+        }
     }
     return points;
 }

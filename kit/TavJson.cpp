@@ -5,7 +5,7 @@
 
 #include <QJsonDocument>
 
-#include <cmath>
+#include <optional>
 
 namespace
 {
@@ -20,27 +20,28 @@ constexpr qint64 exactInDouble = Q_INT64_C(1) << 53; ///< every whole number up 
     throw TavCallError({}, QString("expected %1, not %2").arg(expected, TavJson::described(json)));
 }
 
-/// Whether @p json is a whole number of 64 bits, which then is in @p number, exact beyond 2^53, too.
-bool isWhole(const QJsonValue &json, qint64 &number)
+/// The whole number of 64 bits that @p json is, exact beyond 2^53, too.
+std::optional<qint64> wholeOf(const QJsonValue &json)
 {
     const QVariant value = json.toVariant();
-    number = value.toLongLong();
-    return json.isDouble() && value.userType() == QMetaType::LongLong;
+    return value.userType() == QMetaType::LongLong ? std::optional<qint64>(value.toLongLong()) : std::nullopt;
 }
 
-/// Whether @p json is a number of 64 bits in one of its two forms.
+/// The number of 64 bits that @p json is in one of its two forms; refused as not @p expected otherwise.
 template<class Number>
-bool isLong(const QJsonValue &json, Number (QString::*fromText)(bool *, int) const, Number &number)
+Number longOf(const QJsonValue &json, Number (QString::*fromText)(bool *, int) const, const char *expected)
 {
     if (json.isString()) {
-        bool isNumber = false;
-        number = (json.toString().*fromText)(&isNumber, 10);
-        return isNumber && QString::number(number) == json.toString(); // no sign, zero or space too many
+        const Number number = (json.toString().*fromText)(nullptr, 10);
+        if (QString::number(number) == json.toString()) { // no sign, zero or space too many
+            return number;
+        }
     }
-    qint64 whole = 0;
-    const bool is = isWhole(json, whole) && whole <= exactInDouble && whole >= -exactInDouble;
-    number = static_cast<Number>(whole);
-    return is && (whole >= 0 || std::is_signed_v<Number>);
+    const std::optional<qint64> whole = wholeOf(json);
+    if (whole && *whole <= exactInDouble && *whole >= -exactInDouble && (*whole >= 0 || std::is_signed_v<Number>)) {
+        return static_cast<Number>(*whole);
+    }
+    refuse(expected, json);
 }
 
 QString nameOf(const FieldDescriptor *field)
@@ -168,29 +169,22 @@ bool TavJson::flag(const QJsonValue &json)
 
 qint64 TavJson::wholeNumber(const QJsonValue &json, qint64 least, qint64 most)
 {
-    qint64 number = 0;
-    if (!isWhole(json, number) || number < least || number > most) {
+    const std::optional<qint64> number = wholeOf(json);
+    if (!number || *number < least || *number > most) {
         refuse(qPrintable(QString("a whole number from %1 to %2").arg(least).arg(most)), json);
     }
-    return number;
+    return *number;
 }
 
 qint64 TavJson::signedNumber(const QJsonValue &json)
 {
-    qint64 number = 0;
-    if (!isLong<qlonglong>(json, &QString::toLongLong, number)) {
-        refuse("a whole number of 64 bits, as text beyond 2^53", json);
-    }
-    return number;
+    return longOf<qlonglong>(json, &QString::toLongLong, "a whole number of 64 bits, as text beyond 2^53");
 }
 
 quint64 TavJson::unsignedNumber(const QJsonValue &json)
 {
-    quint64 number = 0;
-    if (!isLong<qulonglong>(json, &QString::toULongLong, number)) {
-        refuse("a whole number of 64 bits that is not negative, as text beyond 2^53", json);
-    }
-    return number;
+    return longOf<qulonglong>(json, &QString::toULongLong,
+                              "a whole number of 64 bits that is not negative, as text beyond 2^53");
 }
 
 QJsonValue TavJson::textToJson(const QByteArray &bytes)
@@ -286,11 +280,11 @@ QJsonValue TavJson::enumToJson(const QMetaEnum &keys, int value)
 int TavJson::enumFromJson(const QMetaEnum &keys, const QJsonValue &json)
 {
     if (!json.isString()) {
-        qint64 number = 0;
-        if (!isWhole(json, number) || number != static_cast<int>(number)) {
+        const std::optional<qint64> number = wholeOf(json);
+        if (!number || *number != static_cast<int>(*number)) {
             refuse(qPrintable(QString("a key of %1 or its number").arg(keys.name())), json);
         }
-        return static_cast<int>(number);
+        return static_cast<int>(*number);
     }
     QStringList known;
     for (int i = 0; i < keys.keyCount(); ++i) {
@@ -368,9 +362,11 @@ QJsonValue TavJson::pictureToJson(const std::shared_ptr<QImage> &picture)
     if (!picture) {
         return QJsonValue::Null;
     }
-    return QJsonObject{{"width", picture->width()},
-                       {"height", picture->height()},
-                       {"format", enumToJson(QMetaEnum::fromType<QImage::Format>(), picture->format())}};
+    QJsonObject json;
+    json.insert("width", picture->width());
+    json.insert("height", picture->height());
+    json.insert("format", enumToJson(QMetaEnum::fromType<QImage::Format>(), picture->format()));
+    return json;
 }
 
 QJsonValue TavJson::objectToJson(const QObject *object)

@@ -103,7 +103,7 @@ template<class Record>
     TavFields::forEachField<Record>([&](const auto &field) {
         using Field = std::decay_t<decltype(field)>;
         const QString name = QString::fromUtf8(field.name.data(), int(field.name.size()));
-        if constexpr (Field::bufferSize > 0) {
+        if constexpr (Field::bufferSize != 0) {
             json.insert(name, bufferToJson(record.*Field::member, Field::bufferSize));
         } else {
             const typename Field::Type value = record.*Field::member; // a copy: packed records misalign their fields
@@ -213,7 +213,7 @@ template<class Record>
         }
         ++found;
         at(name, [&] {
-            if constexpr (Field::bufferSize > 0) {
+            if constexpr (Field::bufferSize != 0) {
                 bufferFromJson(*member, record.*Field::member, Field::bufferSize);
             } else {
                 record.*Field::member = valueFromJson<typename Field::Type>(*member);
@@ -252,7 +252,6 @@ template<class Type>
     } else if constexpr (isList<Type>) {
         const QJsonArray elements = array(json);
         Type list;
-        list.reserve(elements.size());
         for (const QJsonValue &element : elements) {
             list.append(at(list.size(), [&] { return valueFromJson<typename Type::value_type>(element); }));
         }

@@ -23,15 +23,15 @@ int startOf(const QByteArray &text)
 int offsetOf(const QJsonParseError &error, const QByteArray &text)
 {
     if (error.error == QJsonParseError::IllegalNumber) {
-        int offset = qMin(error.offset, text.size()); // behind those characters that a number may have
-        while (offset > 0 && std::strchr("+-.eE0123456789", text[offset - 1])) {
+        int offset = error.offset; // behind those characters that a number may have, before which a bracket stands
+        while (std::strchr("+-.eE0123456789", text[offset - 1])) {
             --offset;
         }
         return offset;
     }
-    const bool isAhead
-        = error.error == QJsonParseError::GarbageAtEnd || error.error == QJsonParseError::IllegalUTF8String;
-    return qBound(0, isAhead ? error.offset : error.offset - 1, text.size());
+    const bool isAhead = error.offset == 0 || error.error == QJsonParseError::GarbageAtEnd
+        || error.error == QJsonParseError::IllegalUTF8String;
+    return isAhead ? error.offset : error.offset - 1;
 }
 
 /// Why the text ceases to be JSON at @p offset, more exactly than Qt says it.
@@ -85,7 +85,7 @@ QString reasonOf(const QJsonParseError &error, const QByteArray &text, int offse
 /// Whether JSON allows what stands between the quotes: Qt's reader takes more.
 bool isStrict(const QByteArray &quoted)
 {
-    for (int i = 1; i + 1 < quoted.size(); ++i) {
+    for (int i = 1; i < quoted.size(); ++i) {
         if (uchar(quoted[i]) < 0x20 || (quoted[i] == '\\' && !std::strchr("\"\\/bfnrtu", quoted[++i]))) {
             return false;
         }
@@ -93,9 +93,9 @@ bool isStrict(const QByteArray &quoted)
     return true;
 }
 
-bool isDigitAt(const QByteArray &text, int offset)
+bool isDigit(char character)
 {
-    return offset >= 0 && offset < text.size() && text[offset] >= '0' && text[offset] <= '9';
+    return character >= '0' && character <= '9';
 }
 }
 
@@ -135,9 +135,8 @@ class TextWalk
 public:
     /// Notes the values at @p wanted.
     explicit TextWalk(const QByteArray &text, const QSet<QString> &wanted = {})
-        : m_text(text), m_wanted(wanted), m_counter(text)
+        : m_text(text), m_wanted(wanted), m_counter(text), m_position(startOf(text))
     {
-        m_position = startOf(text);
         readValue(QString());
     }
 
@@ -147,13 +146,18 @@ public:
     QSet<QString> lenientNumbers;
 
 private:
+    bool isAtEnd() const
+    {
+        return m_position >= m_text.size();
+    }
+
     /// Whether the next character that is no space is @p character.
     bool isAt(char character)
     {
-        while (m_position < m_text.size() && std::strchr(" \t\r\n", m_text[m_position])) {
+        while (!isAtEnd() && std::strchr(" \t\r\n", m_text[m_position])) {
             ++m_position;
         }
-        return m_position >= m_text.size() || m_text[m_position] == character;
+        return isAtEnd() || m_text[m_position] == character;
     }
 
     void readValue(const QString &path, const TextRange &key = {})
@@ -171,9 +175,9 @@ private:
             if (isAt('"') && !isStrict(readString())) {
                 lenientStrings.insert(path);
             }
-            while (m_position < m_text.size() && !std::strchr(",]} \t\r\n", m_text[m_position])) {
+            while (!isAtEnd() && !std::strchr(",]} \t\r\n", m_text[m_position])) {
                 if (m_text[m_position] == '.'
-                    && !(isDigitAt(m_text, m_position - 1) && isDigitAt(m_text, m_position + 1))) {
+                    && !(isDigit(m_text[m_position - 1]) && isDigit(m_text[m_position + 1]))) {
                     lenientNumbers.insert(path);
                 }
                 ++m_position;
@@ -228,7 +232,7 @@ private:
     QByteArray readString()
     {
         const int start = m_position++;
-        while (m_position < m_text.size() && m_text[m_position] != '"') {
+        while (!isAtEnd() && m_text[m_position] != '"') {
             m_position += m_text[m_position] == '\\' ? 2 : 1;
         }
         return m_text.mid(start, ++m_position - start);
@@ -237,7 +241,7 @@ private:
     const QByteArray m_text;
     const QSet<QString> m_wanted;
     PlaceCounter m_counter;
-    int m_position = 0;
+    int m_position;
 };
 }
 

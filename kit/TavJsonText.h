@@ -29,7 +29,7 @@ public:
 
 private:
     QByteArray m_text;
-    int m_offset = 0;
+    int m_offset;
     TextPlace m_place{1, 1};
 };
 

@@ -3,6 +3,7 @@
 #include <QVector>
 
 #include <algorithm>
+#include <limits>
 #include <numeric>
 
 namespace
@@ -28,25 +29,26 @@ int distance(const QString &from, const QString &to)
 QString nearestText(const QString &text, const QStringList &known)
 {
     QString nearest;
-    int smallest = 0;
+    int fewest = std::numeric_limits<int>::max();
     QStringList related; // one of the two texts begins with the other
     for (const QString &candidate : known) {
         if (text.compare(candidate, Qt::CaseInsensitive) == 0) {
             return candidate;
         }
-        constexpr int fewestLetters = 4;
-        if (std::min(text.size(), candidate.size()) >= fewestLetters
+        const auto [shorter, longer] = std::minmax({text.size(), candidate.size()});
+        constexpr int fewestRelated = 4;
+        if (shorter >= fewestRelated
             && (text.startsWith(candidate, Qt::CaseInsensitive) || candidate.startsWith(text, Qt::CaseInsensitive))) {
             related.append(candidate);
         }
-        const int mostLetters = std::max(text.size(), candidate.size()) / 3;
-        if (std::abs(text.size() - candidate.size()) > mostLetters) {
-            continue; // at least so many differ, and counting them for a text of some MiB takes minutes
-        }
-        const int letters = distance(text, candidate);
-        if (letters <= mostLetters && (nearest.isEmpty() || letters < smallest)) {
-            nearest = candidate;
-            smallest = letters;
+        const int mostLetters = longer / 3;
+        // At least so many differ, and counting them for a text of some MiB takes minutes.
+        if (longer - shorter <= mostLetters) {
+            const int letters = distance(text, candidate);
+            if (letters <= mostLetters && letters < fewest) {
+                nearest = candidate;
+                fewest = letters;
+            }
         }
     }
     return nearest.isEmpty() && related.size() == 1 ? related.first() : nearest;

@@ -482,11 +482,12 @@ template<auto Member>
 constexpr int getterOf(const Operation<Member> &setter)
 {
     const std::string_view held = valueSetBy(setter.name);
-    const auto &getters = gettersValues<typename Operation<Member>::Interface>;
-    for (std::size_t place = 0; place < getters.size() && !held.empty(); ++place) {
-        if (getters[place] == held) {
-            return static_cast<int>(place);
+    int place = 0;
+    for (const std::string_view value : gettersValues<typename Operation<Member>::Interface>) {
+        if (!held.empty() && value == held) {
+            return place;
         }
+        ++place;
     }
     return -1;
 }
@@ -498,7 +499,7 @@ constexpr void visitPair(Visitor &visit)
     constexpr auto &list = Table<Interface>::list;
     using Setter = std::tuple_element_t<place, std::decay_t<decltype(list)>>;
     if constexpr (isSetter<typename Setter::Function>) {
-        if constexpr (constexpr int getter = getterOf(std::get<place>(list)); getter >= 0) {
+        if constexpr (constexpr int getter = getterOf(std::get<place>(list)); getter != -1) {
             using Getter = std::tuple_element_t<getter, std::decay_t<decltype(list)>>;
             // Of two setters with one name, the other edits a single row of the list.
             if constexpr (std::is_same_v<typename Setter::Values, std::tuple<typename Getter::Result>>) {

@@ -18,33 +18,27 @@ struct Setter {
     int value; ///< place of the argument that remains
 };
 
-/// Place of @p wanted among the arguments of @p operation; -1 when it is not there.
-int placeOf(const TavCall::Argument &wanted, const TavCall::Operation &operation)
-{
-    for (int i = 0; i < operation.arguments.size(); ++i) {
-        if (operation.arguments[i].name == wanted.name && operation.arguments[i].type == wanted.type) {
-            return i;
-        }
-    }
-    return -1;
-}
-
 /// @p setter as the one of @p getter: it takes the getter's arguments and, beside them, what that returns.
 std::optional<Setter> setterOf(const TavCall::Operation &getter, const TavCall::Operation &setter)
 {
     if (setter.manager != getter.manager || setter.arguments.size() != getter.arguments.size() + 1) {
-        return std::nullopt;
+        return {};
     }
-    Setter found{&setter, &getter, {}, -1};
+    Setter found{&setter, &getter, {}, {}};
     for (const TavCall::Argument &key : getter.arguments) {
-        found.keys.append(placeOf(key, setter));
+        for (int place = 0; place < setter.arguments.size(); ++place) {
+            if (setter.arguments[place].name == key.name && setter.arguments[place].type == key.type) {
+                found.keys.append(place);
+            }
+        }
     }
     for (int place = 0; place < setter.arguments.size(); ++place) {
         if (!found.keys.contains(place)) {
             found.value = place;
         }
     }
-    const bool isSetter = !found.keys.contains(-1) && setter.arguments[found.value].type == getter.result;
+    const bool isSetter
+        = found.keys.size() == getter.arguments.size() && setter.arguments[found.value].type == getter.result;
     return isSetter ? std::optional(found) : std::nullopt;
 }
 

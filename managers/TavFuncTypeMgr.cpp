@@ -118,7 +118,7 @@ SubFuncType TavFuncTypeMgr::getFirstSubFuncType(const FuncType &funcType)
 /// get no verdict.
 bool TavFuncTypeMgr::parseConfig(const QJsonArray &list, FuncType parentType)
 {
-    QMutexLocker lock(&mutex);
+    QMutexLocker lock(&mutex); // which loadConfig holds already
     for (const QJsonValue &element : list) {
         const QJsonObject object = element.toObject();
         if (!object.contains(QLatin1String("funcType"))) {
@@ -145,7 +145,7 @@ bool TavFuncTypeMgr::parseConfig(const QJsonArray &list, FuncType parentType)
 /// Appends the sub-functions of @p list that are not disabled. Always false, as parseConfig.
 bool TavFuncTypeMgr::parseSubFuncConfig(const FuncType &funcType, const QJsonArray &list)
 {
-    QMutexLocker lock(&mutex);
+    QMutexLocker lock(&mutex); // which loadConfig holds already
     for (const QJsonValue &element : list) {
         const QJsonObject object = element.toObject();
         if (object.value(QLatin1String("disable")).toBool()) {

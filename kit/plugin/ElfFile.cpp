@@ -2,6 +2,8 @@
 
 #include <QHash>
 
+#include <array>
+#include <climits>
 #include <cstring>
 
 /// The header of the program or library that this is linked into; the linker puts the symbol there.
@@ -10,7 +12,7 @@ extern "C" const ElfW(Ehdr) __ehdr_start __attribute__((visibility("hidden"))); 
 namespace
 {
 /// Up to and with the machine, all headers are alike but for the byte order.
-constexpr int machineEnd = EI_NIDENT + 4;
+constexpr quint64 machineEnd = EI_NIDENT + 4;
 
 ElfFile::Machine machineIn(const unsigned char *header)
 {
@@ -42,7 +44,7 @@ bool ElfFile::hasMark() const
 
 bool ElfFile::isCutOff() const
 {
-    if (!isWithin(0, machineEnd)) {
+    if (m_size < machineEnd) {
         return true;
     }
     const Machine file = machine();
@@ -51,7 +53,7 @@ bool ElfFile::isCutOff() const
         return false;
     }
     const auto header = at<ElfW(Ehdr)>(0);
-    if (!isWithin(0, sizeof header) || !isWithin(header.e_phoff, quint64(header.e_phnum) * sizeof(ElfW(Phdr)))
+    if (m_size < sizeof header || !isWithin(header.e_phoff, quint64(header.e_phnum) * sizeof(ElfW(Phdr)))
         || !isWithin(header.e_shoff, quint64(header.e_shnum) * sizeof(ElfW(Shdr)))) {
         return true;
     }
@@ -83,7 +85,7 @@ ElfFile::Machine ElfFile::ownMachine()
 QStringList ElfFile::dynamicTexts(qint64 tag) const
 {
     QVector<quint64> places;
-    quint64 table = 0;
+    quint64 table = m_size; // nowhere
     const QVector<ElfW(Phdr)> all = segments();
     for (const ElfW(Phdr) & segment : all) {
         if (segment.p_type != PT_DYNAMIC) {
@@ -102,9 +104,8 @@ QStringList ElfFile::dynamicTexts(qint64 tag) const
     QStringList texts;
     for (const quint64 place : places) {
         // Up to its NUL, or to as much of it as a name can be long.
-        const QByteArray text
-            = isWithin(table + place, 1) && m_file.seek(qint64(table + place)) ? m_file.read(4096) : QByteArray();
-        texts.append(QFile::decodeName(QByteArray(text.constData())));
+        const auto text = at<std::array<char, PATH_MAX>>(table + place);
+        texts.append(QFile::decodeName(QByteArray(text.data(), int(qstrnlen(text.data(), PATH_MAX)))));
     }
     return texts;
 }
@@ -113,7 +114,7 @@ template<class Record>
 Record ElfFile::at(quint64 offset) const
 {
     Record record = {};
-    if (isWithin(offset, 1) && m_file.seek(qint64(offset))) {
+    if (m_file.seek(qint64(offset))) {
         const QByteArray bytes = m_file.read(sizeof record);
         std::memcpy(&record, bytes.constData(), size_t(bytes.size()));
     }

@@ -65,5 +65,5 @@ private:
     quint64 offsetOf(quint64 address) const;
 
     mutable QFile m_file; // reading moves its position
-    quint64 m_size = 0;
+    quint64 m_size{}; // when it was opened
 };

@@ -19,6 +19,7 @@
 #include <cxxabi.h>
 #include <dlfcn.h>
 #include <iterator>
+#include <memory>
 #include <sys/stat.h>
 
 using Kind = TavPluginError::Kind;
@@ -99,10 +100,9 @@ QString demangled(const QString &symbol)
     if (!symbol.startsWith("_Z")) {
         return symbol; // one of C; the demangler would take "f" for "float"
     }
-    char *const text = abi::__cxa_demangle(symbol.toUtf8().constData(), nullptr, nullptr, nullptr);
-    QString found = text ? QString::fromUtf8(text) : symbol;
-    std::free(text);
-    return found;
+    const std::unique_ptr<char, decltype(&std::free)> text(
+        abi::__cxa_demangle(symbol.toUtf8().constData(), nullptr, nullptr, nullptr), &std::free);
+    return text ? QString::fromUtf8(text.get()) : symbol;
 }
 
 /// Loads the library into the process, for good. By the linker itself, whose reason Qt would wrap into a sentence of

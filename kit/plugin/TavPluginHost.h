@@ -91,5 +91,5 @@ private:
     QString m_file;
     TavObjectMgr m_registry;
     QVector<TavRegistration> m_registrations;
-    qint64 m_loadNanoseconds = 0;
+    qint64 m_loadNanoseconds{};
 };

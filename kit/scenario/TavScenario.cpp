@@ -10,11 +10,12 @@
 #include "TavSetValue.h"
 
 #include <QJsonDocument>
+#include <QtNumeric>
 
-#include <array>
 #include <cctype>
 #include <cmath>
 #include <cstring>
+#include <optional>
 
 namespace
 {
@@ -22,45 +23,43 @@ namespace
 /// What QJsonDocument takes although it is no JSON, or would lose: control characters and unknown escapes in a text,
 /// anything but ASCII outside of one. Also counts the members as they are written.
 struct TextScan {
+    struct Mistake {
+        int offset;
+        const char *reason;
+    };
+
     int members = 0;
-    int mistakeAt = -1; ///< offset; -1: there is none
-    const char *mistake = nullptr;
-    int openTextAt = -1; ///< offset of the text that has begun and not ended; -1: there is none
+    std::optional<Mistake> mistake;
+    std::optional<int> openTextAt; ///< offset of the text that has begun and not ended
 
     explicit TextScan(const QByteArray &text)
     {
         for (int i = 0; i < text.size() && !mistake; ++i) {
             const auto byte = static_cast<unsigned char>(text[i]);
-            const bool isInText = openTextAt >= 0;
+            const bool isInText = openTextAt.has_value();
             if (byte == '"') {
-                openTextAt = isInText ? -1 : i;
+                openTextAt = isInText ? std::nullopt : std::optional(i);
             } else if (isInText && byte == '\\') {
                 ++i;
                 if (i < text.size() && !std::strchr("\"\\/bfnrtu", text[i])) {
-                    refuse(i, "there is no such escape in JSON");
+                    mistake = {i, "there is no such escape in JSON"};
                 }
             } else if (isInText && byte < ' ') {
-                refuse(i, "a control character must be written as an escape, such as \\u0000");
+                mistake = {i, "a control character must be written as an escape, such as \\u0000"};
             } else if (!isInText && (byte >= 0x80 || byte == 0)) {
-                refuse(i, byte == 0 ? "a NUL byte stands here" : "only ASCII may stand outside of texts");
+                mistake = {i, byte == 0 ? "a NUL byte stands here" : "only ASCII may stand outside of texts"};
             } else if (!isInText && byte == ':') {
                 ++members;
             }
         }
     }
-
-    void refuse(int offset, const char *reason)
-    {
-        mistakeAt = offset;
-        mistake = reason;
-    }
 };
 
 /// Whether an object can begin with @p text, which may end within a word, a number or the text at @p openTextAt.
-bool isBeginning(QByteArray text, int openTextAt)
+bool isBeginning(QByteArray text, std::optional<int> openTextAt)
 {
-    if (openTextAt >= 0) {
-        text.truncate(openTextAt);
+    if (openTextAt) {
+        text.truncate(*openTextAt);
         text += R"("")";
     } else {
         const int whole = text.size();
@@ -137,9 +136,6 @@ QString textOf(const QJsonObject &object, const QString &key)
 
 int threadOf(const QJsonObject &object)
 {
-    if (!object.contains("thread")) {
-        return TavScenario::agent;
-    }
     const QString name = textOf(object, "thread");
     const int place = TavScenario::threads().indexOf(name);
     if (place < 0) {
@@ -168,7 +164,7 @@ std::function<QJsonValue(const TavScenario::Managers &)> selectionOf(const QJson
         }
         selection->setCurSelType(catalogue ? catalogue->getSubFuncInfo(page).funcType : CTavFuncTypeHeader::Func_None,
                                  page);
-        return QJsonValue::Null;
+        return {}; // null
     };
 }
 
@@ -317,19 +313,17 @@ void TavScenarioReader::refuseCharacter(const QString &problem, int column) cons
     throw TavScenarioError(m_number, {}, problem, TavScenarioError::Kind::Line, column);
 }
 
-/// The next line with its end; of one that is too long the beginning, which is still too long, and its end.
+/// The next line with its end; of one that is too long the beginning, which is still too long.
 QByteArray TavScenarioReader::readLine()
 {
     QByteArray text;
-    std::array<char, 1 << 14> part; // the device would fill a buffer of the longest line's size
-    qint64 size = 0;
+    QByteArray part;
     do {
-        size = m_device.readLine(part.data(), part.size());
-        if (text.size() > longestLine) {
-            text.truncate(longestLine + 1);
+        part = m_device.readLine(1 << 14); // the device would fill a buffer of the longest line's size
+        if (text.size() <= longestLine) {
+            text += part;
         }
-        text.append(part.data(), int(std::max(size, qint64(0))));
-    } while (size > 0 && part[std::size_t(size - 1)] != '\n');
+    } while (!part.isEmpty() && !part.endsWith('\n'));
     return text;
 }
 
@@ -367,7 +361,7 @@ bool TavScenarioReader::readObject(QJsonObject &object)
         return false;
     }
     if (scan.mistake) {
-        refuseCharacter(scan.mistake, placeAt(m_text, scan.mistakeAt).column);
+        refuseCharacter(scan.mistake->reason, placeAt(m_text, scan.mistake->offset).column);
     }
     if (parsing.error != QJsonParseError::NoError) {
         const TavJsonText mistaken(m_text);
@@ -396,7 +390,7 @@ TavScenario::Line TavScenarioReader::lineOf(const QJsonObject &object)
     line.number = m_number;
     line.bytes = m_text.size();
     if (object.contains("at")) {
-        const double seconds = object["at"].toDouble(-1);
+        const double seconds = object["at"].toDouble(qQNaN());
         if (!(seconds >= 0) || seconds > latestTime) {
             throw TavCallError(
                 "/at",
@@ -412,7 +406,9 @@ TavScenario::Line TavScenarioReader::lineOf(const QJsonObject &object)
         m_at = at;
     }
     line.at = m_at;
-    line.thread = threadOf(object);
+    if (object.contains("thread")) {
+        line.thread = threadOf(object);
+    }
     if (isPage) {
         line.page = textOf(object, "page");
         line.call = selectionOf(object["page"]);

@@ -69,7 +69,9 @@ struct TavScenarioPlayer::State {
     void step()
     {
         const QMutexLocker lock(&m_mutex);
-        m_steps += m_clock.isPaused() ? 1 : 0;
+        if (m_clock.isPaused()) {
+            ++m_steps;
+        }
         wakeAll();
     }
 
@@ -96,16 +98,15 @@ struct TavScenarioPlayer::State {
     void wakeAll()
     {
         m_changed.wakeOne();
-        for (int thread = 0; thread < threadCount; ++thread) {
-            wake(thread);
+        for (Performer &performer : m_performers) {
+            wake(performer);
         }
     }
 
     /// The mutex is held.
-    void wake(int thread)
+    void wake(Performer &performer)
     {
-        Performer &performer = m_performers[thread];
-        if (thread != TavScenario::gui) {
+        if (&performer != &m_performers[TavScenario::gui]) {
             performer.mayHaveTo.wakeOne();
         } else if (!m_isGuiCalled && mayBegin(performer)) {
             m_isGuiCalled = true;
@@ -161,7 +162,7 @@ struct TavScenarioPlayer::State {
     void conduct()
     {
         try {
-            while (conductRound() && m_isLooped && rewind()) { }
+            while (conductRound() && m_isLooped && m_device.seek(0)) { }
         } catch (const TavScenarioError &error) {
             waitUntilAllEnded(); // one of the lines before it may fail
             const QMutexLocker lock(&m_mutex);
@@ -177,7 +178,7 @@ struct TavScenarioPlayer::State {
             &m_gui, [] {}, Qt::QueuedConnection); // wakes wait()
     }
 
-    /// Plays the file once; whether there was a line to play.
+    /// Plays the file once; whether there was a line to play, and the play does not end.
     bool conductRound()
     {
         TavScenarioReader reader(m_device, m_options.cutLine);
@@ -197,12 +198,6 @@ struct TavScenarioPlayer::State {
         return hasLines;
     }
 
-    bool rewind()
-    {
-        const QMutexLocker lock(&m_mutex);
-        return !m_isEnding && m_device.seek(0);
-    }
-
     void waitUntilAllEnded()
     {
         const QMutexLocker lock(&m_mutex);
@@ -218,13 +213,11 @@ struct TavScenarioPlayer::State {
             || (m_waitingLines > 0 && m_waitingBytes + line.bytes > mostWaitingBytes)) {
             return false;
         }
-        for (int thread = 0; thread < threadCount; ++thread) {
-            const auto &waiting = m_performers[thread].waiting;
-            if (thread != line.thread && !waiting.empty() && (m_options.isChecked || waiting.front().at < line.at)) {
-                return false;
-            }
-        }
-        return true;
+        const Performer &own = m_performers[line.thread];
+        return std::none_of(m_performers.begin(), m_performers.end(), [&](const Performer &other) {
+            return &other != &own && !other.waiting.empty()
+                && (m_options.isChecked || other.waiting.front().at < line.at);
+        });
     }
 
     /// Waits until @p line may begin, and gives it to its thread; false when the play ends.
@@ -249,7 +242,7 @@ struct TavScenarioPlayer::State {
         m_linesToStep += isBeforeBeginning(line) ? 0 : 1;
         performer.waiting.push_back(std::move(line));
         if (performer.thread || thread == TavScenario::gui) {
-            wake(thread);
+            wake(performer);
         } else {
             performer.thread.reset(QThread::create([this, &performer] { perform(performer); }));
             performer.thread->setObjectName(TavScenario::threads()[thread]);
@@ -292,7 +285,7 @@ struct TavScenarioPlayer::State {
         m_isGuiCalled = false;
         if (mayBegin(m_performers[TavScenario::gui])) {
             playOne(m_performers[TavScenario::gui]);
-            wake(TavScenario::gui);
+            wake(m_performers[TavScenario::gui]);
         }
     }
 
@@ -302,7 +295,9 @@ struct TavScenarioPlayer::State {
         performer.isPlaying = true;
         if (!isBeforeBeginning(performer.waiting.front())) {
             --m_linesToStep;
-            m_steps -= m_clock.isPaused() ? 1 : 0;
+            if (m_clock.isPaused()) {
+                --m_steps;
+            }
         }
         if (m_steps > 0) {
             wakeAll(); // the next one may now begin
@@ -318,7 +313,9 @@ struct TavScenarioPlayer::State {
         }
         m_mutex.lock();
         ++m_report.lines;
-        m_report.checked += m_options.isChecked && played.line.isCompared() ? 1 : 0;
+        if (m_options.isChecked && played.line.isCompared()) {
+            ++m_report.checked;
+        }
         m_report.at = played.line.at;
         --m_waitingLines;
         m_waitingBytes -= played.line.bytes;
@@ -385,7 +382,6 @@ TavPlayReport TavScenarioPlayer::wait()
     while (!isAtEnd()) { // not exec(), which returns at once when the application has been told to quit
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     }
-    m_state->m_conductor->wait();
     return progress();
 }
 

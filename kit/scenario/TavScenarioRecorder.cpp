@@ -5,7 +5,6 @@
 
 #include <QCoreApplication>
 #include <QCryptographicHash>
-#include <QElapsedTimer>
 #include <QFile>
 #include <QHash>
 #include <QJsonDocument>
@@ -15,6 +14,7 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -50,7 +50,7 @@ struct TavScenarioRecorder::State {
     State(const QString &file, const QJsonObject &header, Calls calls, qint64 memory) : m_calls(calls), m_memory(memory)
     {
         m_descriptor = open(QFile::encodeName(file).constData(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
-        if (m_descriptor < 0) {
+        if (m_descriptor == -1) {
             throw std::runtime_error((file + ": cannot be written: " + qt_error_string(errno)).toStdString());
         }
         QJsonObject first = header;
@@ -62,7 +62,6 @@ struct TavScenarioRecorder::State {
             throw std::runtime_error((file + ": cannot be written: " + error).toStdString());
         }
         m_progress.bytes = line.size();
-        m_clock.start();
         m_writer.reset(QThread::create([this] { write(); }));
         m_writer->setObjectName("recorder");
         m_writer->start();
@@ -70,11 +69,10 @@ struct TavScenarioRecorder::State {
 
     ~State()
     {
-        {
-            const QMutexLocker lock(&m_mutex);
-            m_isEnding = true;
-            m_arrived.wakeOne();
-        }
+        QMutexLocker lock(&m_mutex);
+        m_isEnding = true;
+        m_arrived.wakeOne();
+        lock.unlock();
         m_writer->wait();
         close(m_descriptor);
     }
@@ -108,9 +106,9 @@ struct TavScenarioRecorder::State {
             last.clear();
         }
         last.remove(held); // should the line be lost, the next call is recorded, whatever its value
-        const qint64 at = m_clock.nsecsElapsed() / 1000;
-        const QByteArray line = R"({"at":)" + QByteArray::number(double(at) / TavScenario::microsecondsInSecond, 'f', 6)
-            + ',' + threadKey() + call + "}\n";
+        const QByteArray line = R"({"at":)"
+            + QByteArray::number(double(microseconds()) / TavScenario::microsecondsInSecond, 'f', 6) + ',' + threadKey()
+            + call + "}\n";
         if (!isTold || !m_progress.error.isEmpty() || m_waiting.size() + m_writing + line.size() > m_memory) {
             ++m_progress.lost;
             return;
@@ -121,6 +119,13 @@ struct TavScenarioRecorder::State {
         ++m_progress.lines;
         m_waiting += line;
         m_arrived.wakeOne();
+    }
+
+    /// Since the recorder was made.
+    qint64 microseconds() const
+    {
+        return std::chrono::duration_cast<std::chrono::microseconds>(std::chrono::steady_clock::now() - m_start)
+            .count();
     }
 
     /// The member "thread" of a line that this thread tells; none for the thread that is meant without it. The mutex
@@ -193,10 +198,10 @@ struct TavScenarioRecorder::State {
         for (qint64 written = 0; written < lines.size();) {
             const ssize_t count
                 = ::write(m_descriptor, lines.constData() + written, std::size_t(lines.size() - written));
-            if (count < 0 && errno == EINTR) {
+            if (count == -1 && errno == EINTR) {
                 continue;
             }
-            if (count < 0) {
+            if (count == -1) {
                 const QString error = qt_error_string(errno);
                 const bool isWhole = written == 0 || ftruncate(m_descriptor, size) == 0;
                 return isWhole ? error : error + "; its last line is cut";
@@ -208,12 +213,12 @@ struct TavScenarioRecorder::State {
 
     const Calls m_calls;
     const qint64 m_memory;
-    int m_descriptor = -1;
+    const std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+    int m_descriptor{};
 
     mutable QMutex m_mutex; ///< for what follows
     QWaitCondition m_arrived;
     QWaitCondition m_written;
-    QElapsedTimer m_clock;
     QHash<QString, QHash<QByteArray, QByteArray>> m_last; ///< by manager and set value, digests of the calls' arguments
     QVector<Qt::HANDLE> m_threads = QVector<Qt::HANDLE>(TavScenario::gui); ///< by place; null where it is free
     QByteArray m_waiting; ///< whole lines
@@ -253,7 +258,7 @@ void TavScenarioRecorder::record(const QString &manager, const QString &operatio
 void TavScenarioRecorder::finish()
 {
     const QMutexLocker lock(&m_state->m_mutex);
-    while (!m_state->m_waiting.isEmpty() || m_state->m_writing > 0) {
+    while (!m_state->m_waiting.isEmpty() || m_state->m_writing != 0) {
         m_state->m_written.wait(&m_state->m_mutex);
     }
 }
@@ -262,6 +267,6 @@ TavRecordProgress TavScenarioRecorder::progress() const
 {
     const QMutexLocker lock(&m_state->m_mutex);
     TavRecordProgress progress = m_state->m_progress;
-    progress.microseconds = m_state->m_clock.nsecsElapsed() / 1000;
+    progress.microseconds = m_state->microseconds();
     return progress;
 }
