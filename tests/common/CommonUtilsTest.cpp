@@ -10,7 +10,9 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 namespace
 {
@@ -101,6 +103,18 @@ TEST_F(CommonUtils, APipeIsEmptyAndNotWaitedFor)
     EXPECT_EQ(TavCommonUtils::readJsonFromFile(path("pipe")), QJsonObject());
 }
 
+TEST_F(CommonUtils, WhatWaitsInAPipeIsLeftThere)
+{
+    const QByteArray pipe = QFile::encodeName(path("pipe"));
+    ASSERT_EQ(mkfifo(pipe.constData(), 0600), 0);
+    const int descriptor = open(pipe.constData(), O_RDWR | O_NONBLOCK);
+    char waiting[] = "text";
+    ASSERT_EQ(write(descriptor, waiting, 4), 4);
+    EXPECT_EQ(TavCommonUtils::readAll(path("pipe")), QString());
+    EXPECT_EQ(read(descriptor, waiting, 4), 4);
+    close(descriptor);
+}
+
 TEST_F(CommonUtils, ADeviceIsEmptyAndNotWaitedFor)
 {
     const QString terminal = QStringLiteral("/dev/ptmx");
@@ -135,6 +149,16 @@ TEST_F(CommonUtils, LeavesNoFileOpen)
         static_cast<void>(TavCommonUtils::readJsonFromFile(path));
         EXPECT_EQ(openFiles(), before) << qPrintable(path);
     }
+}
+
+TEST_F(CommonUtils, LeavesNoFileOpenInPlaceOfTheStandardInput)
+{
+    const auto read = [name = file("f", "text")] {
+        close(STDIN_FILENO);
+        EXPECT_EQ(TavCommonUtils::readAll(name), QStringLiteral("text"));
+        EXPECT_EQ(fcntl(STDIN_FILENO, F_GETFD), -1);
+    };
+    EXPECT_TRUE(runInChild(read).passed);
 }
 
 TEST_F(CommonUtils, ReadsAJsonObject)

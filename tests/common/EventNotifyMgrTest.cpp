@@ -1,6 +1,7 @@
 #include "TavEventNotifyMgr.h"
 
 #include "AtOnce.h"
+#include "GlobalStateGuard.h"
 #include "LogCapture.h"
 #include "LoopThread.h"
 #include "TavBaseEvent.h"
@@ -373,6 +374,8 @@ TEST_F(EventNotifyMgr, AnEventForAStdThreadThatEndsFirstIsFreedUnrun)
 
 TEST_P(EventNotifyMgrFaults, LeaveTheLoopAliveAndAreLogged)
 {
+    const GlobalStateGuard guard;
+    TavNanolog::setLevel(1);
     const LogCapture log;
     LoopThread loop;
     const Probe later;
@@ -425,6 +428,38 @@ TEST_F(EventNotifyMgr, EventsOfOneThreadRunInTheOrderOfAdding)
     }
     loop.finish();
     EXPECT_EQ(ran, expected);
+}
+
+TEST_F(EventNotifyMgr, ManyWaitingEventsTakeTheLoopFewCalls)
+{
+    struct Calls : QObject {
+        bool eventFilter(QObject *, QEvent *event) override
+        {
+            count += event->type() == QEvent::User;
+            return false;
+        }
+
+        int count = 0;
+    };
+    Calls calls;
+    QCoreApplication::instance()->installEventFilter(&calls);
+    const Probe probe;
+    for (int i = 0; i < 1000; ++i) {
+        add(QThread::currentThread(), probe.function());
+    }
+    QCoreApplication::processEvents();
+    EXPECT_EQ(probe.runs(), 1000);
+    EXPECT_LE(calls.count, 2); // for the first, which might start a loop, and for the rest
+}
+
+TEST_F(EventNotifyMgr, AnEventWhoseCallWasRemovedRunsWithTheNext)
+{
+    const Probe probe;
+    add(QThread::currentThread(), probe.function());
+    QCoreApplication::removePostedEvents(nullptr, QEvent::User);
+    add(QThread::currentThread(), probe.function());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(probe.runs(), 2);
 }
 
 TEST_F(EventNotifyMgr, AFunctionMayAddAnEventForItsOwnThread)

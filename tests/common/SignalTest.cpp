@@ -360,6 +360,37 @@ TEST(Signal, WhatACallbackOwnsOutlivesTheEmissionsThatWalkIt)
     EXPECT_TRUE(watch.expired());
 }
 
+TEST(Signal, NoCopyOfACallbackThatIsUnsubscribedMeanwhileDiesInsideAnEmission)
+{
+    Signal signal;
+    int id = 0;
+    bool ends = false;
+    bool isEmitting = false;
+    int deaths = 0;
+    struct Counted {
+        const bool &isEmitting;
+        int &deaths;
+        ~Counted()
+        {
+            deaths += isEmitting;
+        }
+    };
+    const auto endOnce = [&] {
+        if (std::exchange(ends, false)) {
+            signal.unsubscribe(id);
+        }
+    };
+    signal.subscribe(CopiedCallback(endOnce), QThread::currentThread());
+    id = signal.subscribe([dying = Counted{isEmitting, deaths}](int) {}, QThread::currentThread());
+    ends = true;
+    isEmitting = true;
+    signal.Emit(1);
+    isEmitting = false;
+    EXPECT_FALSE(ends);
+    EXPECT_EQ(deaths, 0);
+    QCoreApplication::processEvents();
+}
+
 TEST(Signal, WhatDiesWithAListMayUseTheSignal)
 {
     const Deadline deadline;

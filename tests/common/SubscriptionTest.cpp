@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 namespace
 {
 /// A page that counts what it is told, and takes its subscription with it when it dies.
@@ -93,6 +95,27 @@ TEST(Subscription, ThatIsMovedGoesOn)
     signal.Emit(7);
     QCoreApplication::processEvents();
     EXPECT_EQ(received, QVector<int>{7});
+}
+
+TEST(Subscription, ThatCannotBeMadeEndsNoOther)
+{
+    struct CannotBeCopied {
+        CannotBeCopied() = default;
+        CannotBeCopied(CannotBeCopied &&) = default;
+        CannotBeCopied(const CannotBeCopied &)
+        {
+            throw std::runtime_error("not copied");
+        }
+
+        void operator()(int) const
+        {
+        }
+    };
+    TavSignal<int> signal;
+    QObject receiver;
+    const TavSubscription subscription(signal, &receiver, [](int) {});
+    EXPECT_THROW(const TavSubscription failed(signal, &receiver, CannotBeCopied()), std::runtime_error);
+    EXPECT_EQ(signal.subscriberCount(), 1);
 }
 
 TEST(Subscription, RunsInTheReceiversThread)

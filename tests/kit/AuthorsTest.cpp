@@ -142,8 +142,12 @@ TEST(PictureDirectory, FindsItsPicturesByTheirNames)
 TEST(PackedField, IsCopiedAndSetWithoutAReference)
 {
     STPriAddUIData row;
-    tavSetField(row, &STPriAddUIData::userName, QStringLiteral("daemon"));
-    tavSetField(row, &STPriAddUIData::userName, QStringLiteral("root"));
+    const QString before("daemon");
+    const QString name("root");
+    tavSetField(row, &STPriAddUIData::userName, before);
+    tavSetField(row, &STPriAddUIData::userName, name);
+    EXPECT_TRUE(before.isDetached()) << "the row has let go of it";
+    EXPECT_FALSE(name.isDetached()) << "the row holds it";
     tavSetField(row, &STPriAddUIData::userNumber, 7);
     const QVector<STPriAddUIData> rows(2, row);
     EXPECT_EQ(tavField(rows.at(1), &STPriAddUIData::userName).toStdString(), "root");

@@ -1,4 +1,5 @@
 #include "ExtremeValue.h"
+#include "PrintQString.h"
 #include "TavCall.h"
 #include "TavGlobalInfoMgr.h"
 #include "TavOperations.h"
@@ -7,6 +8,8 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <google/protobuf/stubs/logging.h>
 
 #include <thread>
 
@@ -25,6 +28,16 @@ protected:
         try {
             call(manager, operation, arguments);
             return {};
+        } catch (const TavCallError &error) {
+            return error.what();
+        }
+    }
+
+    /// What stands for @p json among the results of an operation without arguments, or why it cannot.
+    static QJsonValue expected(const char *manager, const char *operation, const QJsonValue &json)
+    {
+        try {
+            return TavCall::preparedCall(manager, operation, QJsonArray(), {}).expected(json, "/returns");
         } catch (const TavCallError &error) {
             return error.what();
         }
@@ -64,6 +77,23 @@ TEST_F(Call, ListsOperationsWithTheirSignatures)
                      "CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ subFuncType)"}));
     EXPECT_TRUE(signatures("ITavPicResourceMgr")
                     .contains("std::shared_ptr<QImage> getImageRef(QString dirName, QString imageName)"));
+}
+
+TEST_F(Call, TakesRecordsAndMessagesAsObjects)
+{
+    QStringList objects;
+    QStringList others;
+    for (const char *const manager : {"ITavAuthInfoMgr", "ITavPicResourceMgr", "ITavProExceptionMgr"}) {
+        for (const TavCall::Operation &operation : TavCall::operationsOf(manager)) {
+            for (const TavCall::Argument &argument : operation.arguments) {
+                (argument.isObject ? objects : others).append(argument.type);
+            }
+        }
+    }
+    EXPECT_EQ(objects,
+              QStringList({"Tav::SystemConfig::LoginCheckAsr", "Tav::SystemConfig::PasswdChangeAsr",
+                           "Tav::Base::PriExceptionAsr", "STProtoDataContainer"}));
+    EXPECT_EQ(others, QStringList({"QString", "QString", "QString", "QVector<STProtoDataContainer>"}));
 }
 
 TEST_F(Call, OfAGetterReturnsWhatItsSettersCallHasSet)
@@ -131,11 +161,16 @@ TEST_F(Call, TellsOverloadsByTheKeysOfEnumerationsOrByTheNameOfTheArgument)
     EXPECT_TRUE(call("ITavFuncTypeMgr", "getSubFuncInfo", QJsonArray{"Func_HostInfo"}).isArray());
     EXPECT_TRUE(call("ITavFuncTypeMgr", "getSubFuncInfo", QJsonArray{"SubFunc_LogAudit"}).isObject());
     EXPECT_TRUE(call("ITavFuncTypeMgr", "getSubFuncInfo", QJsonObject{{"subFuncType", -1}}).isObject());
-    EXPECT_THAT(problem("ITavFuncTypeMgr", "getSubFuncInfo", QJsonArray{-1}),
-                testing::EndsWith("both fit: give the arguments as an object by their names"));
+    EXPECT_EQ(problem("ITavFuncTypeMgr", "getSubFuncInfo", QJsonArray{-1}),
+              "getSubFuncInfo(CTavFuncTypeHeader::TavFuncTypeHeader_ funcType) and "
+              "getSubFuncInfo(CTavSubFuncTypeHeader::TavSubFuncTypeHeader_ subFuncType) both fit: "
+              "give the arguments as an object by their names");
     EXPECT_THAT(problem("ITavFuncTypeMgr", "getSubFuncInfo", QJsonArray{"Func_HostInf"}),
                 testing::AllOf(testing::StartsWith("none of the operations fits: "),
                                testing::HasSubstr("nearest: Func_HostInfo")));
+    EXPECT_EQ(problem("ITavProExceptionMgr", "setUIData", QJsonArray{7}),
+              "none of the operations fits: setUIData(QVector<STProtoDataContainer> rows): /0: expected an array, not "
+              "the number 7; setUIData(STProtoDataContainer item): /0: expected an object, not the number 7");
 }
 
 TEST_F(Call, NamesWhatIsNearestToAnUnknownName)
@@ -157,12 +192,33 @@ TEST_F(Call, OfAPositionThatAListDoesNotHaveIsAnErrorAndLeavesTheManagerInOrder)
     EXPECT_EQ(call("ITavNetControlMgr", "getDeviceInfo")["devices"][0]["state"], QJsonValue(1));
 }
 
+TEST_F(Call, ThatTheMessageLibraryRefusesIsNotPrinted)
+{
+    const auto printedBy = [](const auto &refused) {
+        testing::internal::CaptureStderr();
+        refused();
+        return testing::internal::GetCapturedStderr();
+    };
+    const auto elsewhere = [] { EXPECT_THROW(GOOGLE_LOG(FATAL) << "refused", google::protobuf::FatalException); };
+    EXPECT_THAT(printedBy(elsewhere), testing::HasSubstr("refused"));
+    EXPECT_EQ(printedBy([this] { problem("ITavNetControlMgr", "reverseDeviceState", QJsonArray{99}); }), "");
+    EXPECT_THAT(printedBy(elsewhere), testing::HasSubstr("refused"));
+}
+
 TEST_F(Call, IsForTheManagerItIsMadeFor)
 {
     const TavCall::Call getState = TavCall::prepared("ITavNetControlMgr", "getState", QJsonArray());
     EXPECT_EQ(getState(host.managerObject("ITavNetControlMgr")), QJsonValue(QJsonObject{{"state", 0}}));
-    EXPECT_THROW(getState(host.managerObject("ITavAuditMgr")), TavCallError);
-    EXPECT_THROW(getState(nullptr), TavCallError);
+    const auto problemWith = [&getState](QObject *object) -> std::string {
+        try {
+            getState(object);
+            return {};
+        } catch (const TavCallError &error) {
+            return error.what();
+        }
+    };
+    EXPECT_EQ(problemWith(host.managerObject("ITavAuditMgr")), "TavAuditMgr is not the manager ITavNetControlMgr");
+    EXPECT_EQ(problemWith(nullptr), "no object is not the manager ITavNetControlMgr");
 }
 
 TEST_F(Call, MayBeMadeOnAnyThread)
@@ -184,10 +240,27 @@ TEST_F(Call, MayBeMadeOnAnyThread)
 TEST_F(Call, OfGetObjectGivesTheNameOfTheClass)
 {
     EXPECT_EQ(call("ITavAuditMgr", "getObject"), QJsonValue("TavAuditMgr"));
+    EXPECT_EQ(expected("ITavAuditMgr", "getObject", "TavAuditMgr"), QJsonValue("TavAuditMgr"));
+    EXPECT_EQ(expected("ITavAuditMgr", "getObject", QJsonValue::Null), QJsonValue(QJsonValue::Null));
+}
+
+TEST_F(Call, OfGetImageRefIsComparedBySizeAndFormatOnly)
+{
+    const auto problemOf = [](const QJsonObject &picture) {
+        try {
+            TavCall::preparedCall("ITavPicResourceMgr", "getImageRef", QJsonArray{"a", "b"}, {}).expected(picture, {});
+            return std::string();
+        } catch (const TavCallError &error) {
+            return std::string(error.what());
+        }
+    };
+    EXPECT_EQ(problemOf({{"depth", 32}}), "/depth: unknown key (there are: width, height, format)");
+    EXPECT_THAT(problemOf({{"width", true}, {"height", true}}), testing::StartsWith("/width: "));
 }
 
 TEST(SetValue, IsTheGetterOfEachHeldValue)
 {
+    ASSERT_FALSE(TavCall::heldValues().isEmpty());
     for (const TavCall::HeldValue &value : TavCall::heldValues()) {
         const auto &operations = TavCall::operations();
         const auto getter = std::find_if(operations.begin(), operations.end(), [&](const TavCall::Operation &other) {

@@ -46,6 +46,10 @@ TEST(Fields, AreReadFromARecord)
     EXPECT_EQ(values, QVariantList({7, QStringList{"a", "b"}, false, true}));
     const STProtoDataContainer row{true, 1, std::string("\0\xff", 2)};
     EXPECT_EQ(TavFields::fieldsOf<STProtoDataContainer>().last().value(row), QVariant(QByteArray("\0\xff", 2)));
+    TavFuncTypeData_ function;
+    function.funcType = CTavFuncTypeHeader::Func_HostInfo;
+    EXPECT_EQ(TavFields::valueOf(TavFields::fieldOf<&TavFuncTypeData_::funcType>(), function),
+              QVariant(int(CTavFuncTypeHeader::Func_HostInfo)));
 }
 
 TEST(Fields, HaveAUnitWhereTheirKindIsAMeasure)

@@ -15,6 +15,7 @@
 #include <QJsonDocument>
 
 #include <google/protobuf/util/json_util.h>
+#include <google/protobuf/wrappers.pb.h>
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -44,18 +45,25 @@ void expectRoundTrip(const char *what)
     }
 }
 
-/// What reading @p text as the type says is wrong; empty when it reads it.
+/// What @p convert says is wrong; empty when nothing is.
+template<class Convert>
+std::string problemOf(const Convert &convert)
+{
+    try {
+        static_cast<void>(convert());
+        return {};
+    } catch (const TavCallError &error) {
+        return error.what();
+    }
+}
+
+/// The same of reading @p text as the type.
 template<class Type>
 std::string problem(const char *text)
 {
     const QJsonDocument document = QJsonDocument::fromJson('[' + QByteArray(text) + ']');
     EXPECT_EQ(document.array().size(), 1) << text;
-    try {
-        static_cast<void>(TavJson::fromJson<Type>(document.array().first()));
-        return {};
-    } catch (const TavCallError &error) {
-        return error.what();
-    }
+    return problemOf([&] { return TavJson::fromJson<Type>(document.array().first()); });
 }
 
 std::vector<const google::protobuf::Descriptor *> allMessages()
@@ -132,6 +140,10 @@ TEST(Json, OfAnEnumerationIsItsKey)
     EXPECT_EQ(TavJson::fromJson<Page>(14), CTavSubFuncTypeHeader::SubFunc_LogAudit);
     EXPECT_EQ(problem<Page>("\"SubFunc_logAudit\""),
               "TavSubFuncTypeHeader_ has no key \"SubFunc_logAudit\" (nearest: SubFunc_LogAudit)");
+    EXPECT_NE(problem<Page>("\"\""), "");
+    const std::string expected = "expected a key of TavSubFuncTypeHeader_ or its number, not ";
+    EXPECT_EQ(problem<Page>("null"), expected + "null");
+    EXPECT_EQ(problem<Page>("2147483648"), expected + "the number 2147483648");
 }
 
 TEST(Json, TellsTextThatIsNotUtf8ByItsBytes)
@@ -141,6 +153,21 @@ TEST(Json, TellsTextThatIsNotUtf8ByItsBytes)
     const QJsonObject bytes{{"bytes", "/w=="}};
     EXPECT_EQ(TavJson::toJson(message), QJsonValue(QJsonObject{{"message", bytes}}));
     EXPECT_EQ(TavJson::fromJson<Tav::Base::CommandStateAsr>(QJsonObject{{"message", bytes}}).message(), "\xff");
+}
+
+TEST(Json, OfCharactersThatNoBytesTellIsRefused)
+{
+    EXPECT_EQ(problemOf([] { return TavJson::toJson(QString(QChar(0xfeff)) + QChar(0xd83d)); }),
+              "a text begins with a byte order mark and holds half a character: no JSON tells it");
+    EXPECT_EQ(problem<QString>(R"({"bytes": "/w=="})"),
+              "/bytes: the bytes are not UTF-8, and this text is made of characters");
+}
+
+TEST(Json, FillsABufferToItsEnd)
+{
+    char buffer[] = {'x', 'x', 'x', 'x'};
+    TavJson::bufferFromJson("a", buffer, sizeof(buffer));
+    EXPECT_EQ(std::string(buffer, sizeof(buffer)), std::string("a\0\0\0", 4));
 }
 
 TEST(Json, OfAFullBufferWithoutNulIsItsBytes)
@@ -159,6 +186,8 @@ TEST(Json, ReadsNumbersOf64BitsAsTextOrWithinWhatADoubleHolds)
     EXPECT_EQ(TavJson::fromJson<qint64>(5), 5);
     const std::string expected = "expected a whole number of 64 bits, as text beyond 2^53, not ";
     EXPECT_EQ(problem<qint64>("9007199254740992"), "");
+    EXPECT_EQ(problem<qint64>("-9007199254740992"), "");
+    EXPECT_EQ(problem<quint64>("0"), "");
     EXPECT_EQ(problem<qint64>("9007199254740993"), expected + "the number 9007199254740993");
     EXPECT_EQ(problem<qint64>("1.5"), expected + "the number 1.5");
     EXPECT_EQ(problem<qint64>("\"9223372036854775808\""), expected + "the text \"9223372036854775808\"");
@@ -166,7 +195,8 @@ TEST(Json, ReadsNumbersOf64BitsAsTextOrWithinWhatADoubleHolds)
         EXPECT_NE(problem<qint64>(text), "") << text;
         EXPECT_NE(problem<quint64>(text), "") << text;
     }
-    EXPECT_NE(problem<quint64>("-1"), "");
+    EXPECT_EQ(problem<quint64>("-1"),
+              "expected a whole number of 64 bits that is not negative, as text beyond 2^53, not the number -1");
     EXPECT_NE(problem<quint64>("\"-1\""), "");
 }
 
@@ -194,6 +224,8 @@ TEST(Json, RefusesWhatIsNotOfTheType)
     EXPECT_EQ(problem<int>("2147483648"),
               "expected a whole number from -2147483648 to 2147483647, not the number 2147483648");
     EXPECT_EQ(problem<int>("\"7\""), "expected a whole number from -2147483648 to 2147483647, not the text \"7\"");
+    EXPECT_EQ(problem<int>("true"), "expected a whole number from -2147483648 to 2147483647, not true");
+    EXPECT_EQ(problem<int>("false"), "expected a whole number from -2147483648 to 2147483647, not false");
     EXPECT_EQ(problem<quint32>("-1"), "expected a whole number from 0 to 4294967295, not the number -1");
     EXPECT_EQ(problem<QVector<STStateInfo>>("{}"), "expected an array, not an object");
     EXPECT_EQ(problem<STStateInfo>("[]"), "expected an object, not an array");
@@ -226,7 +258,48 @@ TEST(Json, DoesNotDropFieldsThatADefinitionDoesNotKnow)
 {
     Tav::Base::CommandStateAsr message;
     ASSERT_TRUE(message.ParseFromString(std::string("\x98\x06\x01", 3))); // field 99
-    EXPECT_THROW(static_cast<void>(TavJson::toJson(message)), TavCallError);
+    EXPECT_EQ(problemOf([&] { return TavJson::toJson(message); }),
+              "the message Tav.Base.CommandStateAsr holds field 99, which its definition here does not know");
+}
+
+TEST(Json, OfAMessageHasItsFieldsOnly)
+{
+    EXPECT_EQ(problem<Tav::Base::CommandStateAsr>(R"({"xyz": 1})"),
+              "/xyz: unknown key (there are: command, state, message)");
+    QStringList names;
+    for (const auto *const type : allMessages()) {
+        for (int i = 0; i < type->field_count(); ++i) {
+            names.append(QString::fromStdString(type->field(i)->name()));
+        }
+    }
+    names.removeDuplicates();
+    for (const auto *const type : allMessages()) {
+        const std::unique_ptr<Message> message = newMessage(type);
+        for (const QString &name : names) {
+            const std::string refusal = problemOf([&] {
+                TavJson::messageFromJson(QJsonObject{{name, QJsonArray{1.5}}}, *message);
+            });
+            EXPECT_EQ(refusal.find(": unknown key (") == std::string::npos,
+                      type->FindFieldByName(name.toStdString()) != nullptr)
+                << type->full_name() << ": " << refusal;
+        }
+    }
+}
+
+TEST(Json, OfAMessageHasNoFieldsOfOtherKinds)
+{
+    google::protobuf::DoubleValue message;
+    message.set_value(1);
+    const std::string problem = "google.protobuf.DoubleValue.value: no JSON is known for fields of type double";
+    EXPECT_EQ(problemOf([&] { return TavJson::messageToJson(message); }), problem);
+    EXPECT_EQ(problemOf([&] { TavJson::messageFromJson(QJsonObject{{"value", 1}}, message); }), "/value: " + problem);
+}
+
+TEST(Json, OfAnObjectIsTheNameOfItsClass)
+{
+    const QObject object;
+    EXPECT_EQ(TavJson::objectToJson(&object), QJsonValue("QObject"));
+    EXPECT_EQ(TavJson::objectToJson(nullptr), QJsonValue(QJsonValue::Null));
 }
 
 TEST(Json, OfAPictureIsItsSizeAndFormat)

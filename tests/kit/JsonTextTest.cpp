@@ -48,6 +48,8 @@ TEST(JsonText, SaysWhyItIsNoJsonAndWhere)
     EXPECT_EQ(errorIn("{\"a\": 1 \"b\": 2}"), "1:9 (8) a name, \",\" or \"}\" is expected here");
     EXPECT_EQ(errorIn("{\"a\": 1,}"), "1:9 (8) nothing stands behind the last comma: remove it");
     EXPECT_EQ(errorIn("[,1]"), "1:2 (1) a value is expected here");
+    EXPECT_EQ(errorIn("{\"a\": }"), "1:7 (6) a value is expected here");
+    EXPECT_EQ(errorIn("[\"\\u12\"]"), "1:6 (5) invalid escape sequence");
     EXPECT_EQ(errorIn("x"), "1:1 (0) the text must begin with [ or {");
     EXPECT_EQ(errorIn("\xef\xbb\xbf 1"), "1:2 (4) the text must begin with [ or {");
     EXPECT_EQ(errorIn("[\"a"), "1:4 (3) the text ends too early");
@@ -64,6 +66,7 @@ TEST(JsonText, SaysThatItIsUtf16)
     EXPECT_EQ(errorIn(QByteArray("\xfe\xff\0[\0]", 6)), error);
     EXPECT_EQ(errorIn(QByteArray("[\0]\0", 4)), error);
     EXPECT_EQ(errorIn(QByteArray("\0[\0]", 4)), error);
+    EXPECT_TRUE(isUtf16(QByteArray("[\0", 2)));
     EXPECT_FALSE(isUtf16("[]"));
     EXPECT_FALSE(isUtf16(QByteArray("\0\0[]", 4)));
     EXPECT_FALSE(isUtf16("["));
@@ -88,7 +91,7 @@ TEST(JsonText, FindsItsValues)
 {
     const QByteArray text = R"( {"a": [1, {"b" :"x,\"}]"} , 2.5 ],
  "c\u0064":{} ,"e":
-true, "f/g": null})";
+true, "f/g": null, "~": 0})";
     EXPECT_EQ(valueAt("", text), QString::fromUtf8(text.mid(1)) + " 1:2");
     EXPECT_EQ(valueAt("/a", text), R"("a"=[1, {"b" :"x,\"}]"} , 2.5 ] 1:8)");
     EXPECT_EQ(valueAt("/a/0", text), "1 1:9");
@@ -99,12 +102,22 @@ true, "f/g": null})";
     EXPECT_EQ(valueAt("/cd", text), R"("c\u0064"={} 2:12)");
     EXPECT_EQ(valueAt("/e", text), R"("e"=true 3:1)");
     EXPECT_EQ(valueAt("/f~1g", text), R"("f/g"=null 3:14)");
+    EXPECT_EQ(valueAt("/~0", text), R"("~"=0 3:25)");
     EXPECT_EQ(valueAt("/e", "\xef\xbb\xbf{\"e\":\t1}"), "\"e\"=1 1:7");
 
     const QHash<QString, TavJsonText::Value> values = TavJsonText(text).valuesAt({"/e", "/a/0", "/none"});
     EXPECT_EQ(Texts(values.keyBegin(), values.keyEnd()), Texts({"/e", "/a/0"}));
     EXPECT_TRUE(TavJsonText(text).valuesAt({}).isEmpty());
     EXPECT_TRUE(TavJsonText("[1").valuesAt({""}).isEmpty());
+}
+
+TEST(JsonText, PlacesNothingThatThereIsNot)
+{
+    const TavJsonText::Value none;
+    EXPECT_EQ(none.place.line, 0);
+    EXPECT_EQ(none.place.column, 0);
+    EXPECT_EQ(none.range.offset, -1);
+    EXPECT_EQ(none.range.length, 0);
 }
 
 TEST(JsonText, HoldsAnArrayOrAnObject)

@@ -26,6 +26,8 @@ TEST(NearestText, DiffersInAThirdOfItsLettersAtMost)
     EXPECT_EQ(nearestText("ab", {"ax"}), "");
     EXPECT_EQ(nearestText("abcd", {"xxabcd"}), "xxabcd") << "a third of the longer one";
     EXPECT_EQ(nearestText("xxabcd", {"abcd"}), "abcd");
+    EXPECT_EQ(nearestText("abxxcd", {"abcd"}), "abcd");
+    EXPECT_EQ(nearestText("state", {"taste"}), "") << "one taken out and one put in, of five";
     EXPECT_EQ(nearestText("abcd", {"xxxabcd"}), "");
     EXPECT_EQ(nearestText("xxxabcd", {"abcd"}), "");
 }

@@ -84,20 +84,47 @@ TEST(Operations, ArePairedWhenTheirNamesAreUnlessTheyTakeAKey)
     EXPECT_EQ(paired, expected);
 }
 
+TEST(Operations, ThatShareTheirNameSaySo)
+{
+    std::multiset<std::string> names;
+    TavOperations::forEachOperation([&names](const auto &operation) { names.insert(described(operation)); });
+    TavOperations::forEachOperation([&names](const auto &operation) {
+        EXPECT_EQ(TavOperations::sharesItsName(operation), names.count(described(operation)) > 1)
+            << described(operation);
+    });
+}
+
+TEST(Operations, AreSettersWhenTheyTakeOneValueByReferenceAndReturnNothing)
+{
+    EXPECT_TRUE(TavOperations::isSetter<void(const int &)>);
+    EXPECT_FALSE(TavOperations::isSetter<void(int)>);
+    EXPECT_FALSE(TavOperations::isSetter<int(const int &)>);
+}
+
+TEST(Operations, HaveNoGetterUnlessTheySetSomething)
+{
+    const auto &audit = TavOperations::Table<ITavAuditMgr>::list;
+    EXPECT_EQ(TavOperations::getterOf(std::get<0>(audit)), -1);
+    EXPECT_EQ(TavOperations::getterOf(std::get<1>(audit)), 2);
+}
+
 TEST(Operations, ThatOverwriteARowNameTheListThatHoldsIt)
 {
     TavOperations::Interfaces::forEach([](auto tag) {
         using Interface = typename decltype(tag)::type;
         TavOperations::forEachOperation<Interface>([](const auto &edit) {
             using Edit = std::decay_t<decltype(edit)>;
-            bool isOfItsList = edit.editedList.empty();
+            bool isEdit = false;
+            bool namesItsList = false;
             TavOperations::forEachOperation<Interface>([&](const auto &getter) {
                 using List = typename std::decay_t<decltype(getter)>::Result;
                 if constexpr (std::is_same_v<typename Edit::Values, std::tuple<typename RowOf<List>::type>>) {
-                    isOfItsList = isOfItsList || (edit.editedList == getter.name && !edit.foundBy.empty());
+                    isEdit = true;
+                    namesItsList = namesItsList || (edit.editedList == getter.name && !edit.foundBy.empty());
                 }
             });
-            EXPECT_TRUE(isOfItsList) << described(edit);
+            EXPECT_EQ(namesItsList, isEdit) << described(edit);
+            EXPECT_EQ(edit.editedList.empty(), !isEdit) << described(edit);
         });
     });
 }

@@ -10,9 +10,11 @@
 #include <QDir>
 #include <QPointer>
 #include <QTemporaryDir>
+#include <QVariant>
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <iterator>
 #include <optional>
 #include <unistd.h>
@@ -105,15 +107,18 @@ constexpr int byteOrderAt = 5;
 constexpr int typeAt = 16;
 constexpr int machineAt = 18;
 constexpr int x86 = 3;
+constexpr int x86_64 = 62;
 constexpr int arm = 40;
 constexpr int aarch64 = 183;
 constexpr int riscv = 243;
 
 #ifdef __aarch64__
-constexpr int otherMachine = 62;
+constexpr int ownMachine = aarch64;
+constexpr int otherMachine = x86_64;
 const QString ownName("AArch64");
 const QString otherName("x86-64");
 #else
+constexpr int ownMachine = x86_64;
 constexpr int otherMachine = aarch64;
 const QString ownName("x86-64");
 const QString otherName("AArch64");
@@ -188,6 +193,9 @@ TEST_F(PluginHost, TellsWhatThePluginRegisteredAndInWhichOrder)
     EXPECT_EQ(host.file(), pluginFile);
     EXPECT_GT(host.loadNanoseconds(), 0);
     ASSERT_EQ(host.registrations().size(), int(TavOperations::interfaceNames().size()));
+    EXPECT_FALSE(std::is_sorted(host.registrations().begin(), host.registrations().end(),
+                                [](const auto &a, const auto &b) { return a.nanoseconds < b.nanoseconds; }))
+        << "each time is from the registration before";
     const std::vector<const char *> names = TavOperations::interfaceNames();
     for (int i = 0; i < host.registrations().size(); ++i) {
         const TavRegistration &registration = host.registrations()[i];
@@ -298,7 +306,7 @@ TEST_F(PluginHost, NamesWhatIsNoSharedLibrary)
 TEST_F(PluginHost, NamesALibraryThatIsCutOff)
 {
     const QByteArray whole = contentOf(pluginFile);
-    for (const int size : {4, 19, 20, 63, 64, 200, 4096, whole.size() / 2, whole.size() - 4096, whole.size() - 1}) {
+    for (const int size : {4, 18, 19, 20, 63, 64, 200, 4096, whole.size() / 2, whole.size() - 4096, whole.size() - 1}) {
         SCOPED_TRACE(size);
         expectRefused(copy(whole.left(size)), Kind::CutOff, "cut off: it ends before what its headers announce",
                       "install the plugin again");
@@ -316,7 +324,10 @@ TEST_F(PluginHost, NamesTheMachineThatALibraryWasBuiltFor)
         {patched({{classAt, 1}, {machineAt, arm}}), "ARM"},
         {patched({{machineAt, riscv}}), "RISC-V"},
         {patched({{byteOrderAt, 2}, {machineAt, 0}, {machineAt + 1, aarch64}}), "big-endian AArch64"},
-        {patched({{machineAt, 22}}), "machine 22"},
+        {patched({{byteOrderAt, 2}, {machineAt, 0}, {machineAt + 1, ownMachine}}), "big-endian " + ownName},
+        {patched({{machineAt, 2}, {machineAt + 1, 1}}), "machine 258"},
+        {patched({{byteOrderAt, 2}, {machineAt, 1}, {machineAt + 1, 2}}), "big-endian machine 258"},
+        {copy(contentOf(patched({{machineAt, otherMachine}})).left(20)), otherName},
     };
     for (const auto &row : rows) {
         expectRefused(row.file, Kind::OtherMachine,
@@ -330,6 +341,7 @@ TEST_F(PluginHost, NamesTheWordSizeThatALibraryWasBuiltFor)
 {
     expectRefused(patched({{classAt, 1}}), Kind::OtherWordSize, "built for words of 32 bits, but this program for 64",
                   "install the plugin for " + ownName);
+    EXPECT_EQ(int(errorOf(copy(contentOf(patched({{classAt, 1}})).left(20))).kind()), int(Kind::OtherWordSize));
 }
 
 TEST_F(PluginHost, NamesALibraryThatIsNoPlugin)
@@ -385,6 +397,19 @@ TEST_F(PluginHost, NamesTheSymbolThatIsUndefined)
                   "install the libraries that it was built with");
 }
 
+TEST_F(PluginHost, NamesASymbolOfCAsItIs)
+{
+    const QString file = copy(
+        contentOf(fixture("UndefinedSymbolPlugin")).replace("_Z10tavNowherei", QByteArray("f\0Z10tavNowherei", 15)));
+    EXPECT_EQ(errorOf(file).problem(), "cannot be loaded: it lacks the symbol f");
+}
+
+TEST_F(PluginHost, NamesASymbolOfALibraryThatTellsVersionsApart)
+{
+    const QString file = copy(contentOf(pluginFile).replace("_ZN7QObject10childEventE", "_ZN7QObject10childEvenzE"));
+    EXPECT_EQ(errorOf(file).problem(), "cannot be loaded: it lacks the symbol QObject::childEvenz(QChildEvent*)");
+}
+
 TEST_F(PluginHost, PassesOnAnyOtherReasonOfTheLoader)
 {
     const QString file = copy(contentOf(pluginFile).replace(QByteArray("\0Qt_5\0", 6), QByteArray("\0Qt_9\0", 6)));
@@ -398,6 +423,13 @@ TEST_F(PluginHost, NamesARootObjectWithoutTheInterface)
 {
     expectRefused(fixture("NoInterfacePlugin"), Kind::NoInterface,
                   "its root object, a NoInterfacePlugin, has no interface ITavDataPlugin", nameIt);
+}
+
+TEST_F(PluginHost, NamesAPluginWithoutARootObject)
+{
+    const QString file
+        = copy(contentOf(fixture("NoInterfacePlugin")).replace("qt_plugin_instance", "qt_plugin_instancf"));
+    expectRefused(file, Kind::NoInterface, "it has no root object", nameIt);
 }
 
 TEST_F(PluginHost, NamesAPluginThatRegistersNothing)
@@ -434,6 +466,9 @@ TEST_F(PluginHost, HasAPagePluginRegisterItsControllersWithWhichTheyEnd)
         EXPECT_EQ(controller, host.managerObject("ITavHostInfoController"));
         EXPECT_NE(qobject_cast<ITavPage *>(controller), nullptr);
         EXPECT_EQ(qobject_cast<ITavPage *>(pages[1].object), nullptr);
+        // What it has looked up while it registered them: all managers and the controller before.
+        EXPECT_EQ(pages[1].object->property("manager").value<QObject *>(), host.managerObject("ITavAuditMgr"));
+        EXPECT_EQ(pages[1].object->property("keys").toInt(), 15 + 1);
         EXPECT_EQ(host.registrations().size(), 15);
     }
     EXPECT_TRUE(controller.isNull());
@@ -484,6 +519,31 @@ TEST_F(PluginHost, NamesWhatIsWrongWithAPagePlugin)
         EXPECT_EQ(TavGlobalInfoMgr::getObjectMgr()->getObject(tavManagerKey("ITavAuditMgr")),
                   host.managerObject("ITavAuditMgr"));
     }
+}
+
+TEST(PluginError, TellsWhatItMeansForAClientAndWhetherToNameAnotherFile)
+{
+    const QString noManagers("the client has none of the managers");
+    const QString otherMachine("no client for " + ownName + " can load it");
+    const struct {
+        Kind kind;
+        QString effect;
+        bool wantsAnotherFile;
+    } rows[] = {
+        {Kind::NoSuchFile, noManagers, true},       {Kind::NotAFile, noManagers, true},
+        {Kind::NotReadable, noManagers, false},     {Kind::NotALibrary, noManagers, true},
+        {Kind::CutOff, noManagers, false},          {Kind::OtherMachine, otherMachine, false},
+        {Kind::OtherWordSize, otherMachine, false}, {Kind::NotAPlugin, noManagers, true},
+        {Kind::OtherPlugin, noManagers, true},      {Kind::MissingLibrary, noManagers, false},
+        {Kind::NoInterface, noManagers, true},      {Kind::WrongManagers, "pages do not find what they look up", false},
+    };
+    for (const auto &row : rows) {
+        const TavPluginError error(row.kind, "plugin.so", "a problem");
+        EXPECT_EQ(error.effect(), row.effect) << error.what();
+        EXPECT_EQ(error.wantsAnotherFile(), row.wantsAnotherFile) << error.what();
+    }
+    EXPECT_TRUE(
+        TavPluginError(Kind::NoPages, "page.so", "a problem", TavPluginError::Role::PagePlugin).wantsAnotherFile());
 }
 
 /// Without an application object, which the host is to do without.

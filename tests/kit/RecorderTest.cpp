@@ -3,17 +3,24 @@
 #include "PrintQString.h"
 #include "TavPluginHost.h"
 #include "TavScenarioPlayer.h"
+#include "TextFile.h"
 
+#include <QBuffer>
+#include <QDir>
 #include <QFile>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QThread>
 
 #include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/ioctl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/syscall.h>
 #include <thread>
+#include <unistd.h>
 
 namespace
 {
@@ -65,6 +72,82 @@ public:
 private:
     rlimit m_before{};
 };
+
+/// A disk that does not answer: a pipe that nobody reads.
+class StuckDisk
+{
+public:
+    explicit StuckDisk(const QString &path)
+    {
+        std::signal(SIGPIPE, SIG_IGN);
+        EXPECT_EQ(mkfifo(QFile::encodeName(path).constData(), 0600), 0);
+        m_reader = open(QFile::encodeName(path).constData(), O_RDONLY | O_NONBLOCK);
+        EXPECT_GE(m_reader, 0);
+    }
+
+    ~StuckDisk()
+    {
+        breakDown();
+    }
+
+    Q_DISABLE_COPY(StuckDisk)
+
+    /// Until somebody stands and waits for it.
+    void waitUntilFull() const
+    {
+        int bytes = 0;
+        while (bytes < 60'000 && ioctl(m_reader, FIONREAD, &bytes) == 0) {
+            std::this_thread::yield();
+        }
+    }
+
+    /// All that is written until the other end is closed.
+    QByteArray readAll() const
+    {
+        fcntl(m_reader, F_SETFL, 0);
+        QFile file;
+        return file.open(m_reader, QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+    }
+
+    void breakDown()
+    {
+        if (m_reader >= 0) {
+            close(m_reader);
+        }
+        m_reader = -1;
+    }
+
+private:
+    int m_reader = -1;
+};
+
+/// What is longer than a pipe is.
+Tav::NetControl::NetDeviceInfos longValue()
+{
+    Tav::NetControl::NetDeviceInfos value;
+    value.add_devices()->set_name(std::string(200'000, 'x'));
+    return value;
+}
+
+/// The number that the file opened next will have.
+int nextDescriptor()
+{
+    const int next = dup(STDERR_FILENO);
+    close(next);
+    return next;
+}
+
+/// The system's number of this process's thread with the name; 0 when there is none.
+int threadWithName(const QByteArray &name)
+{
+    for (const QString &number : QDir("/proc/self/task").entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        QFile file("/proc/self/task/" + number + "/comm");
+        if (file.open(QIODevice::ReadOnly) && file.readAll() == name + '\n') { // or it has ended meanwhile
+            return number.toInt();
+        }
+    }
+    return 0;
+}
 }
 
 TEST_F(Recorder, WritesAScenarioThatPlaysWhatItWasTold)
@@ -83,7 +166,62 @@ TEST_F(Recorder, WritesAScenarioThatPlaysWhatItWasTold)
     const TavPlayReport report = TavScenarioPlayer(host, file, options).wait();
     EXPECT_FALSE(report.error) << report.error->what();
     EXPECT_EQ(report.lines, 2);
+    EXPECT_TRUE(lines()[0].returns.isUndefined());
+    EXPECT_EQ(lines()[1].returns, QJsonValue(QJsonObject{{"state", 7}}));
     EXPECT_EQ(host.manager<ITavNetControlMgr>()->getState().state(), 7);
+}
+
+TEST_F(Recorder, TellsWhatHasBeenWrittenWhenItHasFinished)
+{
+    EXPECT_EQ(TavRecordProgress().bytes + TavRecordProgress().microseconds, 0);
+    TavScenarioRecorder recorder(path);
+    recorder.finish(); // there is nothing to wait for
+    for (int i = 1; i <= 20; ++i) {
+        recorder.record<&ITavNetControlMgr::setState>(state(i));
+        recorder.finish();
+        const TavRecordProgress progress = recorder.progress();
+        EXPECT_EQ(progress.lines, i);
+        EXPECT_EQ(progress.lost + progress.unchanged, 0);
+        EXPECT_EQ(progress.bytes, QFile(path).size());
+        EXPECT_EQ(lines().size(), i);
+    }
+}
+
+TEST_F(Recorder, TellsTimesInMicroseconds)
+{
+    const auto start = std::chrono::steady_clock::now();
+    TavScenarioRecorder recorder(path);
+    std::this_thread::sleep_for(std::chrono::microseconds(1));
+    recorder.record<&ITavNetControlMgr::setState>(state(1));
+    recorder.finish();
+    const qint64 microseconds = recorder.progress().microseconds;
+    EXPECT_LE(std::chrono::microseconds(microseconds), std::chrono::steady_clock::now() - start);
+    ASSERT_EQ(lines().size(), 1);
+    EXPECT_GT(lines().first().at, 0);
+    EXPECT_LE(lines().first().at, microseconds);
+    const QString line = contentOf(path).split('\n')[1];
+    EXPECT_TRUE(line.contains(QRegularExpression(R"(^{"at":\d+\.\d{6},)"))) << qPrintable(line);
+}
+
+TEST_F(Recorder, TakesThePlaceOfALongerFileThatNobodyElseMayRun)
+{
+    writeFile(path, QByteArray(1000, 'x'));
+    {
+        const TavScenarioRecorder recorder(path);
+        const TavScenarioRecorder other(directory.filePath("other.jsonl"));
+    }
+    EXPECT_EQ(contentOf(path), "{\"tavScenario\":1}\n");
+    EXPECT_FALSE(QFile::permissions(directory.filePath("other.jsonl")) & QFile::ExeOther);
+}
+
+TEST_F(Recorder, ClosesItsFile)
+{
+    const int before = nextDescriptor();
+    {
+        const TavScenarioRecorder recorder(path);
+        EXPECT_NE(nextDescriptor(), before);
+    }
+    EXPECT_EQ(nextDescriptor(), before);
 }
 
 TEST_F(Recorder, LeavesOutASetterWithTheValueItHadLast)
@@ -166,7 +304,8 @@ TEST_F(Recorder, KeepsTheNameOfAThreadThatHasOneOfTheScenarios)
         };
         // All live at once: the system gives a thread that has ended and its successor one number.
         const auto nobody = [] {};
-        const auto unnamed = [&] { tellOn("", nobody); };
+        const auto gui = [&] { tellOn("gui", nobody); }; // the application's alone
+        const auto unnamed = [&] { tellOn("", gui); };
         const auto reader = [&] { tellOn("reader", unnamed); };
         const auto agent = [&] { tellOn("agent", reader); };
         const auto agent3 = [&] { tellOn("agent3", agent); };
@@ -176,7 +315,7 @@ TEST_F(Recorder, KeepsTheNameOfAThreadThatHasOneOfTheScenarios)
     for (const TavScenario::Line &line : lines()) {
         threads.append(TavScenario::threads()[line.thread]);
     }
-    EXPECT_EQ(threads, (QStringList{"agent", "agent3", "agent", "agent2", "agent4"}));
+    EXPECT_EQ(threads, (QStringList{"agent", "agent3", "agent", "agent2", "agent4", "agent5"}));
 }
 
 TEST_F(Recorder, NamesTheThreadThatMadeTheCall)
@@ -199,6 +338,34 @@ TEST_F(Recorder, NamesTheThreadThatMadeTheCall)
         threads.append(TavScenario::threads()[line.thread]);
     }
     EXPECT_EQ(threads, (QStringList{"gui", "agent", "agent2", "agent2"}));
+}
+
+TEST_F(Recorder, SharesTheEighthNameAmongAllThreadsBeyond)
+{
+    {
+        TavScenarioRecorder recorder(path);
+        int number = 0;
+        const auto tell = [&] { recorder.record<&ITavNetControlMgr::setState>(state(++number)); };
+        const std::function<void(int)> tellOn = [&](int threads) {
+            std::thread([&, threads] {
+                tell();
+                if (threads > 1) {
+                    tellOn(threads - 1);
+                }
+                tell();
+            }).join();
+        };
+        tellOn(9);
+    }
+    QStringList threads;
+    for (const TavScenario::Line &line : lines()) {
+        threads.append(TavScenario::threads()[line.thread]);
+    }
+    QStringList expected = TavScenario::threads().mid(0, 8) + QStringList("agent8");
+    for (int i = expected.size(); i > 0; --i) {
+        expected.append(expected[i - 1]);
+    }
+    EXPECT_EQ(threads, expected);
 }
 
 TEST_F(Recorder, WritesEveryCallWhenToldTo)
@@ -270,6 +437,97 @@ TEST_F(Recorder, NeverWaitsForTheDiskAndCountsWhatFindsNoRoom)
     }
 }
 
+TEST_F(Recorder, TakesNoMoreMemoryThanItMay)
+{
+    EXPECT_EQ(TavScenarioRecorder::defaultMemory, 67'108'864);
+    qint64 size = 0;
+    {
+        TavScenarioRecorder recorder(path);
+        size = recorder.progress().bytes;
+        recorder.record<&ITavNetControlMgr::setDeviceInfo>(longValue());
+        recorder.finish();
+        size = recorder.progress().bytes - size;
+    }
+    ASSERT_TRUE(QFile::remove(path));
+    StuckDisk disk(path);
+    TavScenarioRecorder recorder(path, {}, TavScenarioRecorder::Calls::All, 2 * size);
+    recorder.record<&ITavNetControlMgr::setDeviceInfo>(longValue());
+    disk.waitUntilFull();
+    recorder.record<&ITavNetControlMgr::setDeviceInfo>(longValue());
+    EXPECT_EQ(recorder.progress().lost, 0);
+    recorder.record<&ITavNetControlMgr::setDeviceInfo>(longValue());
+    EXPECT_EQ(recorder.progress().lost, 1);
+    EXPECT_EQ(recorder.progress().lines, 2);
+    disk.breakDown();
+}
+
+TEST_F(Recorder, CountsAllThatADiskTakesDownWithItAsLost)
+{
+    StuckDisk disk(path);
+    TavScenarioRecorder recorder(path, {}, TavScenarioRecorder::Calls::All);
+    recorder.record<&ITavNetControlMgr::setState>(state(0));
+    recorder.finish();
+    recorder.record<&ITavNetControlMgr::setDeviceInfo>(longValue());
+    disk.waitUntilFull();
+    for (int i = 1; i <= 3; ++i) {
+        recorder.record<&ITavNetControlMgr::setState>(state(i));
+    }
+    disk.breakDown();
+    while (recorder.progress().error.isEmpty()) {
+        std::this_thread::yield();
+    }
+    recorder.finish();
+    // A pipe takes nothing back.
+    EXPECT_EQ(recorder.progress().error, "Broken pipe; its last line is cut");
+    EXPECT_EQ(recorder.progress().lost, 1 + 3);
+    EXPECT_EQ(recorder.progress().lines, 1);
+    recorder.record<&ITavNetControlMgr::setState>(state(4));
+    EXPECT_EQ(recorder.progress().lost, 1 + 3 + 1);
+}
+
+TEST_F(Recorder, CutsNoLineOfWhichNothingIsWritten)
+{
+    StuckDisk disk(path);
+    TavScenarioRecorder recorder(path);
+    disk.breakDown();
+    recorder.record<&ITavNetControlMgr::setState>(state(1));
+    while (recorder.progress().error.isEmpty()) {
+        std::this_thread::yield();
+    }
+    EXPECT_EQ(recorder.progress().error, "Broken pipe");
+}
+
+TEST_F(Recorder, GoesOnWhereASignalInterruptsIt)
+{
+    struct sigaction action = {};
+    action.sa_handler = [](int) {};
+    ASSERT_EQ(sigaction(SIGUSR1, &action, nullptr), 0);
+    const StuckDisk disk(path);
+    QByteArray content;
+    std::thread reader;
+    {
+        TavScenarioRecorder recorder(path);
+        recorder.record<&ITavNetControlMgr::setDeviceInfo>(longValue());
+        disk.waitUntilFull();
+        const int writer = threadWithName("recorder");
+        EXPECT_GT(writer, 0);
+        // The first finds a part written, all others nothing.
+        for (int i = 0; i < 20; ++i) {
+            EXPECT_EQ(syscall(SYS_tgkill, getpid(), writer, SIGUSR1), 0);
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+        reader = std::thread([&] { content = disk.readAll(); });
+    }
+    reader.join();
+    QBuffer buffer(&content);
+    ASSERT_TRUE(buffer.open(QIODevice::ReadOnly));
+    TavScenarioReader scenario(buffer);
+    TavScenario::Line line;
+    ASSERT_TRUE(scenario.next(line));
+    EXPECT_EQ(line.arguments, QJsonValue(QJsonArray{TavJson::toJson(longValue())}));
+    EXPECT_FALSE(scenario.next(line));
+}
+
 TEST_F(Recorder, WritesTheNextValueWhereOneWasLost)
 {
     {
@@ -317,8 +575,29 @@ TEST_F(Recorder, CountsWhatJsonCannotTellAsLost)
         TavScenarioRecorder recorder(path);
         recorder.record("ITavPicResourceMgr", "appendPicResourcePath", {QString(QChar(0xd800))});
         EXPECT_EQ(recorder.progress().lost, 1);
+        recorder.record("ITavNetControlMgr", "setState", {QJsonObject{{"state", QString(QChar(0xd800))}}});
+        EXPECT_EQ(recorder.progress().lost, 2);
     }
     EXPECT_EQ(lines().size(), 0);
+}
+
+TEST_F(Recorder, CountsArgumentsThatCannotBeMadeAsLostOnEveryThread)
+{
+    TavScenarioRecorder recorder(path);
+    std::vector<std::thread> threads;
+    for (int thread = 0; thread < 4; ++thread) {
+        threads.emplace_back([&recorder] {
+            for (int i = 0; i < 5000; ++i) {
+                recorder.record("ITavNetControlMgr", "setState",
+                                []() -> QJsonValue { throw std::runtime_error("no JSON"); });
+            }
+        });
+    }
+    for (std::thread &thread : threads) {
+        thread.join();
+    }
+    EXPECT_EQ(recorder.progress().lost, 20'000);
+    EXPECT_EQ(recorder.progress().lines, 0);
 }
 
 TEST_F(Recorder, CannotBeginWithoutAFile)
@@ -329,4 +608,18 @@ TEST_F(Recorder, CannotBeginWithoutAFile)
     } catch (const std::runtime_error &error) {
         EXPECT_TRUE(QString(error.what()).endsWith("day.jsonl: cannot be written: No such file or directory"));
     }
+}
+
+TEST_F(Recorder, LeavesNothingOnADiskWithoutRoomForTheFirstLine)
+{
+    const int before = nextDescriptor();
+    try {
+        const FullDisk disk(5);
+        const TavScenarioRecorder recorder(path);
+        FAIL();
+    } catch (const std::runtime_error &error) {
+        EXPECT_TRUE(QString(error.what()).endsWith("day.jsonl: cannot be written: File too large")) << error.what();
+    }
+    EXPECT_EQ(QFile(path).size(), 0);
+    EXPECT_EQ(nextDescriptor(), before);
 }

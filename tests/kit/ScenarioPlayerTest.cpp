@@ -24,7 +24,9 @@
 
 #include <algorithm>
 #include <atomic>
+#include <ctime>
 #include <optional>
+#include <stdexcept>
 #include <vector>
 
 namespace
@@ -122,20 +124,45 @@ public:
     std::optional<TavScenarioPlayer> player; ///< last, since its threads use the others
 };
 
-/// Counts what is read of it.
+/// Counts what is read of it, and knows the name of the thread that reads.
 class CountedBuffer : public QBuffer
 {
 public:
     using QBuffer::QBuffer;
 
     std::atomic<qint64> bytesRead = 0;
+    QString reader; ///< known at the end
 
 protected:
     qint64 readData(char *data, qint64 size) override
     {
+        if (reader.isEmpty()) {
+            reader = QThread::currentThread()->objectName();
+        }
         const qint64 count = QBuffer::readData(data, size);
         bytesRead += std::max<qint64>(count, 0);
         return count;
+    }
+
+    /// Not letter by letter, as where there is no buffer.
+    qint64 readLineData(char *data, qint64 size) override
+    {
+        const char *const begin = buffer().constData() + pos();
+        const char *const end = std::find(begin, begin + std::min(size, this->size() - pos()), '\n');
+        return readData(data, std::min(size, qint64(end - begin) + 1));
+    }
+};
+
+/// Has no memory to be read into.
+class ScarceBuffer : public QBuffer
+{
+public:
+    using QBuffer::QBuffer;
+
+protected:
+    qint64 readData(char *, qint64) override
+    {
+        throw std::runtime_error("no memory");
     }
 };
 
@@ -145,6 +172,28 @@ TavPlayOptions paused(double speed)
     options.isPaused = true;
     return options;
 }
+}
+
+TEST_F(ScenarioPlayer, PlaysUncheckedOnceFromTheBeginningAtOrdinarySpeedUnlessToldOtherwise)
+{
+    const TavPlayOptions options;
+    EXPECT_EQ(options.speed, 1);
+    EXPECT_EQ(options.from, 0);
+    EXPECT_FALSE(options.isLooped);
+    EXPECT_FALSE(options.isChecked);
+    EXPECT_FALSE(options.isPaused);
+}
+
+TEST_F(ScenarioPlayer, HasPlayedNothingAtFirst)
+{
+    const TavPlayReport report;
+    EXPECT_EQ(report.lines, 0);
+    EXPECT_EQ(report.checked, 0);
+    EXPECT_EQ(report.at, 0);
+    EXPECT_EQ(report.cutLine, 0);
+    EXPECT_FALSE(report.isStopped);
+    const TavScenario::Line line;
+    EXPECT_EQ(TavPlayedCall{line}.nanoseconds, 0);
 }
 
 TEST_F(ScenarioPlayer, MakesTheCallsInTheirOrder)
@@ -195,14 +244,41 @@ TEST_F(ScenarioPlayer, PlaysWhatStandsBeforeAMistakenLine)
     EXPECT_EQ(state(), 5);
 }
 
+TEST_F(ScenarioPlayer, TellsOfACutLineThatItLeavesOut)
+{
+    QByteArray text = scenarioOf({setState(5), setState(6)}).chopped(7);
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    TavPlayOptions options;
+    options.cutLine = TavScenarioReader::CutLine::LeaveOut;
+    const TavPlayReport report = TavScenarioPlayer(host, buffer, options).wait();
+    EXPECT_EQ(report.lines, 1);
+    EXPECT_EQ(report.cutLine, 3);
+}
+
+TEST_F(ScenarioPlayer, EndsWhereThereIsNoMemory)
+{
+    ScarceBuffer buffer;
+    buffer.open(QIODevice::ReadOnly);
+    const TavPlayReport report = TavScenarioPlayer(host, buffer).wait();
+    ASSERT_TRUE(report.error);
+    EXPECT_EQ(report.error->line(), 0);
+    EXPECT_EQ(report.error->path(), "");
+    EXPECT_EQ(report.error->problem(), "no memory");
+}
+
 TEST_F(ScenarioPlayer, NamesACallThatTheMessageLibraryRefusesAndStopsThere)
 {
-    const QString error = mistake(
+    const TavPlayReport report = play(
         {setState(1), R"({"manager": "ITavNetControlMgr", "operation": "reverseDeviceState", "arguments": [99]})",
          setState(2)},
         atSpeed(TavPlayOptions::fastest));
-    EXPECT_TRUE(error.startsWith("line 3: ITavNetControlMgr reverseDeviceState: ")) << error.toStdString();
-    EXPECT_TRUE(error.contains("a position must be one of the list's")) << error.toStdString();
+    ASSERT_TRUE(report.error);
+    EXPECT_EQ(report.error->line(), 3);
+    EXPECT_EQ(report.error->path(), "");
+    const QString problem = report.error->problem();
+    EXPECT_TRUE(problem.startsWith("ITavNetControlMgr reverseDeviceState: ")) << problem.toStdString();
+    EXPECT_TRUE(problem.contains("a position must be one of the list's")) << problem.toStdString();
     EXPECT_EQ(state(), 1);
 }
 
@@ -229,6 +305,22 @@ TEST_F(ScenarioPlayer, KeepsTheOrderOfTheTimesAcrossThreadsWithoutChecks)
     EXPECT_EQ(play.player->wait().lines, 2000);
     const std::vector<int> numbers = play.numbers();
     EXPECT_TRUE(std::is_sorted(numbers.begin(), numbers.end()));
+}
+
+TEST_F(ScenarioPlayer, MakesTheCallsOfOneTimeAtOnceWithoutChecks)
+{
+    QByteArray text = scenarioOf({setState(1), setState(2, "\"thread\": \"agent2\", ")});
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    QSemaphore begun[2];
+    std::atomic<int> together = 0;
+    TavPlayOptions options;
+    options.announcer = [&](const TavScenario::Line &line) {
+        begun[line.thread].release();
+        together += begun[1 - line.thread].tryAcquire(1, 5000) ? 1 : 0;
+    };
+    static_cast<void>(TavScenarioPlayer(host, buffer, options).wait());
+    EXPECT_EQ(together, 2);
 }
 
 TEST_F(ScenarioPlayer, MakesEachCallOnTheThreadOfItsNameWhileTheEventLoopRuns)
@@ -281,16 +373,28 @@ TEST_F(ScenarioPlayer, WaitsForEachLinesTime)
 {
     QElapsedTimer timer;
     timer.start();
-    play({setState(1), setState(2, "\"at\": 0.6, ")}, atSpeed(2));
+    EXPECT_EQ(play({setState(1), setState(2, "\"at\": 0.6, ")}, atSpeed(2)).at, 600'000);
     EXPECT_GE(timer.elapsed(), 300);
     EXPECT_LT(timer.elapsed(), 5000);
+}
+
+TEST_F(ScenarioPlayer, TakesNoProcessorTimeWhileItWaits)
+{
+    for (const bool isPaused : {false, true}) {
+        TavPlayOptions options;
+        options.isPaused = isPaused;
+        const WatchedPlay play(host, {setState(1, "\"at\": 3600, ")}, options);
+        const std::clock_t before = std::clock();
+        QThread::msleep(400);
+        EXPECT_LT(double(std::clock() - before) / CLOCKS_PER_SEC, 0.2) << isPaused;
+    }
 }
 
 TEST_F(ScenarioPlayer, PlaysWhatIsBeforeTheBeginningAtOnceAndNothingBehindTheEnd)
 {
     TavPlayOptions options;
     options.from = 1000 * qint64(1e6);
-    options.until = options.from + 1;
+    options.until = options.from;
     const TavPlayReport report
         = play({setState(1, "\"at\": 999, "), setState(2, "\"at\": 1000, "), setState(3, "\"at\": 1001, ")}, options);
     EXPECT_EQ(report.lines, 2);
@@ -315,6 +419,19 @@ TEST_F(ScenarioPlayer, BeginsAgainUntilItIsStopped)
     const TavPlayReport report = player.wait();
     EXPECT_TRUE(report.isStopped);
     EXPECT_GE(report.lines, 10);
+}
+
+TEST_F(ScenarioPlayer, BeginsAgainUntilItIsToldNotTo)
+{
+    const Deadline deadline;
+    TavPlayOptions options;
+    options.isLooped = true;
+    WatchedPlay play(host, {setState(1), setState(2, "\"at\": 0.001, ")}, options);
+    EXPECT_TRUE(QTest::qWaitFor([&play] { return play.numbers().size() >= 4; }));
+    play.player->setLooped(false);
+    const TavPlayReport report = play.player->wait();
+    EXPECT_FALSE(report.isStopped);
+    EXPECT_EQ(report.lines % 2, 0);
 }
 
 TEST_F(ScenarioPlayer, EndsARoundWithoutLinesAlsoWhenItIsToBeginAgain)
@@ -342,30 +459,40 @@ TEST_F(ScenarioPlayer, CanBeEndedInTheMiddle)
     EXPECT_EQ(state(), 1);
 }
 
-TEST_F(ScenarioPlayer, ReadsAhead1024LinesOrEightMebibytes)
+TEST_F(ScenarioPlayer, ReadsAhead1024LinesOrEightMebibytesOrOneLine)
 {
     const struct {
-        int letters, lines, linesAhead;
-    } rows[] = {{100, 4'000, 1'024}, {100'000, 200, 83}};
+        int bytes, lines, linesAhead;
+    } rows[] = {{100, 2'000, 1'024}, {1 << 17, 100, 64}, {(8 << 20) + 1, 3, 1}};
     for (const auto &row : rows) {
-        const QByteArray line
-            = R"({"manager": "ITavNetControlMgr", "operation": "setState", "arguments": [{"message": ")"
-            + QByteArray(row.letters, 'x') + "\"}]}";
+        const QByteArray page = R"({"page": "SubFunc_LogAudit"})";
+        const QByteArray line = page + QByteArray(row.bytes - page.size(), ' ');
         QByteArray text = scenarioOf(QVector<QByteArray>(row.lines, line).toList());
         CountedBuffer buffer(&text);
-        buffer.open(QIODevice::ReadOnly);
+        buffer.open(QIODevice::ReadOnly | QIODevice::Unbuffered);
         QSemaphore turns;
         TavPlayOptions options = atSpeed(TavPlayOptions::fastest);
         options.announcer = [&turns](const TavScenario::Line &) { turns.acquire(); }; // keeps the first call waiting
         const TavScenarioPlayer player(host, buffer, options);
         const auto letAllCallsGo = qScopeGuard([&] { turns.release(row.lines); });
-        const qint64 ahead = qint64(row.linesAhead) * line.size();
-        ASSERT_TRUE(QTest::qWaitFor([&] { return buffer.bytesRead > ahead; }, 30'000))
-            << buffer.bytesRead << " of " << ahead;
-        QTest::qWait(200);
-        EXPECT_LE(buffer.bytesRead, ahead + 2 * line.size() + (1 << 15))
-            << "the next line, and the device's own buffer";
+        for (const int played : {0, 1}) {
+            turns.release(played);
+            const qint64 lines = played + row.linesAhead + 1; // and the next one, which waits to be handed out
+            const qint64 ahead = text.indexOf('\n') + 1 + lines * (line.size() + 1);
+            EXPECT_TRUE(QTest::qWaitFor([&] { return buffer.bytesRead >= ahead; }, 30'000)) << row.bytes;
+            QTest::qWait(100);
+            EXPECT_EQ(buffer.bytesRead, ahead) << row.bytes;
+        }
     }
+}
+
+TEST_F(ScenarioPlayer, ReadsOnAThreadOfItsOwn)
+{
+    QByteArray text = scenarioOf({setState(1)});
+    CountedBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    static_cast<void>(TavScenarioPlayer(host, buffer).wait());
+    EXPECT_EQ(buffer.reader, "scenario");
 }
 
 TEST_F(ScenarioPlayer, PlaysOneLineAStepWhileItIsPaused)
@@ -431,6 +558,46 @@ TEST_F(ScenarioPlayer, StepsInTheOrderOfTheFileAlsoWhereAThreadIsLate)
     QThread::msleep(50); // the event loop does not run, and so the first line does not begin
     EXPECT_TRUE(play.numbers().empty());
     EXPECT_EQ(play.player->wait().lines, 2);
+}
+
+TEST_F(ScenarioPlayer, DropsStepsThatHaveNotBegunWhenItIsPausedAgain)
+{
+    WatchedPlay play(host, {setState(1, "\"thread\": \"gui\", "), setState(2)}, paused(TavPlayOptions::fastest));
+    play.player->step();
+    play.player->step();
+    QThread::msleep(50); // the event loop does not run
+    play.player->pause();
+    EXPECT_TRUE(play.standsAt(0));
+}
+
+TEST_F(ScenarioPlayer, BeginsNoLineOfTheEventLoopWhenItHasBeenStopped)
+{
+    WatchedPlay play(host, {setState(1, "\"thread\": \"gui\", ")}, atSpeed(TavPlayOptions::fastest));
+    QThread::msleep(50); // the line waits for the event loop
+    play.player->stop();
+    EXPECT_EQ(play.player->wait().lines, 0);
+    EXPECT_TRUE(play.standsAt(0));
+}
+
+TEST_F(ScenarioPlayer, IsAtItsEndOnlyWhenTheCallUnderWayHasReturned)
+{
+    QByteArray text = scenarioOf({setState(1)});
+    QBuffer buffer(&text);
+    buffer.open(QIODevice::ReadOnly);
+    QSemaphore begun;
+    QSemaphore mayGoOn;
+    TavPlayOptions options;
+    options.announcer = [&](const TavScenario::Line &) {
+        begun.release();
+        mayGoOn.acquire();
+    };
+    TavScenarioPlayer player(host, buffer, options);
+    begun.acquire();
+    player.stop();
+    QTest::qWait(50);
+    EXPECT_FALSE(player.isAtEnd());
+    mayGoOn.release();
+    EXPECT_EQ(player.wait().lines, 1);
 }
 
 TEST_F(ScenarioPlayer, BeginsNoLineWhileItIsPausedHoweverManyWait)

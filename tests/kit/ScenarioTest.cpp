@@ -59,6 +59,18 @@ QString mistakeInFile(const QByteArray &text)
     }
 }
 
+/// The same with its kind, and its character where that is known.
+TavScenarioError errorIn(const QByteArray &text)
+{
+    try {
+        linesOf(text);
+    } catch (const TavScenarioError &error) {
+        return error;
+    }
+    ADD_FAILURE() << "no mistake: " << text.left(200).constData();
+    return {0, {}, {}};
+}
+
 QString mistakeInLine(const QByteArray &line)
 {
     return mistakeIn(scenarioOf({line}));
@@ -113,6 +125,28 @@ TEST(Scenario, TellsWhenWhereAndWhatALineCalls)
     EXPECT_EQ(TavScenario::threads()[lines[1].thread], "agent");
     EXPECT_EQ(lines[2].thread, TavScenario::gui);
     EXPECT_EQ(lines[2].subject(), "page SubFunc_LogAudit");
+    EXPECT_EQ(lines[2].manager, "ITavSelectFuncMgr");
+}
+
+TEST(Scenario, HasNothingInALineThatHasNotBeenRead)
+{
+    const TavScenario::Line line;
+    EXPECT_EQ(line.number, 0);
+    EXPECT_EQ(line.at, 0);
+    EXPECT_EQ(line.thread, TavScenario::agent);
+    EXPECT_EQ(line.bytes, 0);
+}
+
+TEST(Scenario, SelectsNoPageWithoutAManagerForThat)
+{
+    const QVector<TavScenario::Line> lines = linesOf(scenarioOf({R"({"page": "SubFunc_LogAudit"})"}));
+    try {
+        lines.first().call({});
+        FAIL();
+    } catch (const TavCallError &error) {
+        EXPECT_EQ(error.path(), "");
+        EXPECT_EQ(error.problem(), "there is no selection manager");
+    }
 }
 
 TEST(Scenario, NamesLineAndPlaceOfAMistake)
@@ -145,6 +179,9 @@ TEST(Scenario, NamesLineAndPlaceOfAMistake)
         {with(R"("at": "1")"), "line 2: /at: expected seconds from 0 to 1000000000, not the text \"1\""},
         {with(R"("at": 1e300)"), "line 2: /at: expected seconds from 0 to 1000000000, not the number 1e+300"},
         {with(R"("thread": "agent9")"), "line 2: /thread: there is no thread \"agent9\" (nearest: agent)"},
+        {with(R"("thread": "main")"),
+         "line 2: /thread: there is no thread \"main\" (there are: agent, agent2, agent3, agent4, agent5, agent6, "
+         "agent7, agent8, gui)"},
         {R"({"page": "SubFunc_LogAduit"})",
          "line 2: /page: TavSubFuncTypeHeader_ has no key \"SubFunc_LogAduit\" (nearest: SubFunc_LogAudit)"},
         {R"({"page": 1})", "line 2: /page: expected a text, not the number 1"},
@@ -158,6 +195,81 @@ TEST(Scenario, NamesLineAndPlaceOfAMistake)
     };
     for (const auto &[line, mistake] : mistakes) {
         EXPECT_EQ(mistakeInLine(line), mistake) << line.constData();
+    }
+}
+
+TEST(Scenario, TellsTheKindAndTheCharacterOfAMistake)
+{
+    using Kind = TavScenarioError::Kind;
+    const QByteArray head = "{\"tavScenario\": 1}\n";
+    const struct {
+        QByteArray text;
+        Kind kind;
+        int column;
+    } rows[] = {
+        {"", Kind::Header, 0},
+        {count + '\n', Kind::Header, 0},
+        {"{\"tavScenario\": 2}\n", Kind::Header, 17},
+        {head + "[]", Kind::Line, 0},
+        {head + R"({"at": 1,})", Kind::Line, 10},
+        {head + R"({"at": 1)", Kind::Cut, 0},
+        {head + R"({"at": 1, "at": 1})", Kind::Key, 17},
+        {head + R"({"time": 1})", Kind::Key, 10},
+        {head + R"({"at": 1})", Kind::Key, 0},
+        {head + R"({"manager": "M", "operation": "o", "arguments": []})", Kind::Call, 13},
+        {head + R"({"manager": "ITavNetControlMgr", "operation": "o", "arguments": []})", Kind::Call, 47},
+        {head + R"({"page": 1})", Kind::Call, 10},
+        {head + R"({"manager": "ITavNetControlMgr", "operation": "setNetCount", "arguments": [7]})", Kind::Arguments,
+         76},
+        {head + R"({"at": -1})", Kind::Time, 8},
+        {head + R"({"thread": 1})", Kind::Thread, 12},
+        {head + with(R"("returns": 1)"), Kind::Returns, 13},
+        {head + R"({"manager": "ITavHostInfoMgr", "operation": "getResourceInfo", "arguments": []})",
+         Kind::Indeterminate, 0},
+    };
+    for (const auto &[text, kind, column] : rows) {
+        const TavScenarioError error = errorIn(text);
+        EXPECT_EQ(int(error.kind()), int(kind)) << error.what();
+        EXPECT_EQ(error.column(), column) << error.what();
+    }
+}
+
+TEST(Scenario, TellsTheCharacterInLinesOfNoMoreThanOneMebibyte)
+{
+    const QByteArray line = R"({"at": -1})";
+    const QByteArray padded = line.chopped(1) + QByteArray((1 << 20) - line.size(), ' ') + '}';
+    EXPECT_EQ(errorIn(scenarioOf({padded})).column(), 8);
+    EXPECT_EQ(errorIn(scenarioOf({padded + ' '})).column(), 0);
+}
+
+TEST(Scenario, NamesNoLineInAMistakeOfTheWholeFile)
+{
+    EXPECT_STREQ(TavScenarioError(0, {}, "no memory").what(), "no memory");
+}
+
+TEST(Scenario, CallsAGetterOfIndeterminateValuesBehindItsSetter)
+{
+    const QByteArray set = R"({"manager": "ITavHostInfoMgr", "operation": "setResourceInfo", "arguments": [{}]})";
+    const QByteArray get = R"({"manager": "ITavHostInfoMgr", "operation": "getResourceInfo", "arguments": []})";
+    EXPECT_EQ(mistakeIn(scenarioOf({set, get})), "");
+}
+
+TEST(Scenario, GoesOnForThirtyYears)
+{
+    EXPECT_EQ(mistakeInLine(with(R"("at": 1000000000)")), "");
+    EXPECT_NE(mistakeInLine(with(R"("at": 1000000000.1)")), "");
+}
+
+TEST(Scenario, NamesAFileThatCannotBeRead)
+{
+    QFile file("/proc/self/mem"); // has nothing at its beginning
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    try {
+        const TavScenarioReader reader(file);
+        FAIL();
+    } catch (const TavScenarioError &error) {
+        EXPECT_EQ(error.what(), "line 1: cannot be read: " + file.errorString().toStdString());
+        EXPECT_EQ(int(error.kind()), int(TavScenarioError::Kind::Line));
     }
 }
 
@@ -183,7 +295,8 @@ TEST(Scenario, RefusesWhatIsNoJsonAlthoughQtReadsIt)
     EXPECT_EQ(mistakeInLine(with(R"("thread": "\q")")), "line 2: there is no such escape in JSON (character 14)");
     EXPECT_EQ(mistakeIn("\xef\xbb\xbf" + scenarioOf({})),
               "line 1: only ASCII may stand outside of texts (character 1)");
-    EXPECT_NE(mistakeInLine(with(QByteArray("\0\"at\": 1", 8))), "");
+    EXPECT_EQ(mistakeIn("\x80" + scenarioOf({})), "line 1: only ASCII may stand outside of texts (character 1)");
+    EXPECT_EQ(mistakeInLine(with(QByteArray("\0\"at\": 1", 8))), "line 2: a NUL byte stands here (character 2)");
     EXPECT_NE(mistakeInLine(with("\"thread\": \"\xff\"")), "");
 }
 
@@ -194,6 +307,10 @@ TEST(Scenario, RefusesDepthAndLengthWithoutHarm)
               "line 2: nested deeper than the reader's 1024 levels (character 1072)");
     EXPECT_EQ(mistakeInFile(scenarioOf({with(R"("thread": ")" + QByteArray(100 << 20, 'x') + '"')})),
               "line 2: longer than 32 MiB");
+    const QByteArray page = R"({"page": "SubFunc_LogAudit"})";
+    const QByteArray longest = page + QByteArray(int(TavScenarioReader::longestLine) - page.size(), ' ');
+    EXPECT_EQ(mistakeInFile(scenarioOf({longest})), "");
+    EXPECT_EQ(mistakeInFile(scenarioOf({longest + ' '})), "line 2: longer than 32 MiB");
 }
 
 TEST(Scenario, QuotesOnlyTheBeginningOfAVeryLongName)
@@ -263,6 +380,14 @@ TEST(Scenario, IsReadUpToWhereverItWasCut)
     }
 }
 
+TEST(Scenario, IsCutWithinAWordOrANumberWhateverThatBeginsWith)
+{
+    for (const char *const cut : {R"({"at":1)", R"({"at": nul)", R"({"at": xyz)", R"({"at": +-.5)"}) {
+        EXPECT_EQ(int(errorIn(QByteArray("{\"tavScenario\": 1}\n") + cut).kind()), int(TavScenarioError::Kind::Cut))
+            << cut;
+    }
+}
+
 TEST(Scenario, IsNotCutWhereItsLastLineIsMistakenAndLacksItsEnd)
 {
     const struct {
@@ -273,6 +398,9 @@ TEST(Scenario, IsNotCutWhereItsLastLineIsMistakenAndLacksItsEnd)
         {R"({"at": 1])", "a name, \",\" or \"}\" is expected here (character 9)"},
         {R"({"at" 1)", "\":\" is expected here (character 7)"},
         {R"({"at": 1 "thread": "gu)", "a name, \",\" or \"}\" is expected here (character 10)"},
+        {R"({"at": 1 tru)", "a name, \",\" or \"}\" is expected here (character 10)"},
+        {R"({"at": 1 "thr)", "a name, \",\" or \"}\" is expected here (character 10)"},
+        {R"({"at" "x)", "\":\" is expected here (character 7)"},
         {R"({"at": tru})", "a value is expected here (character 8)"},
         {R"({"at": 1} "page)", "the text goes on behind its end (character 11)"},
         {R"({"thread": "\q)", "there is no such escape in JSON (character 14)"},

@@ -96,6 +96,13 @@ TEST(TestClient, PlaysAFile)
     EXPECT_EQ(client.manager<ITavNetControlMgr>()->getState().state(), 6);
 }
 
+TEST(TestClient, PlaysWithoutWaitingAndComparesUnlessToldOtherwise)
+{
+    const TavPlayOptions options = TavTestClient::checkedAtOnce();
+    EXPECT_EQ(options.speed, TavPlayOptions::fastest);
+    EXPECT_TRUE(options.isChecked);
+}
+
 TEST(TestClient, PlaysNothingBehindItsEnd)
 {
     TavTestClient client(pluginFile);
@@ -154,7 +161,25 @@ TEST(TestClient, DoesNotNameAPageThatIsToEndLater)
 {
     TavTestClient client(pluginFile, pages);
     client.createPage("ITavHostInfoController").release()->deleteLater();
+    QMetaObject::invokeMethod(client.createPage("ITavHostInfoController").release(), &QObject::deleteLater,
+                              Qt::QueuedConnection);
     EXPECT_EQ(client.end(), "");
+}
+
+TEST(TestClient, EndsWhatIsToEndLaterAlsoUnasked)
+{
+    QPointer<QWidget> page;
+    {
+        TavTestClient client(pluginFile, pages);
+        page = client.createPage("ITavHostInfoController").release();
+        page->deleteLater();
+    }
+    EXPECT_FALSE(page);
+}
+
+TEST(TestClient, KnowsAPageByTheNameOfItsInterface)
+{
+    EXPECT_STREQ(qobject_interface_iid<ITavPage *>(), "ITavPage");
 }
 
 //! A controller is registered and not handed over | `TavTestClient::end` | `registerObject(…, true)`

@@ -4,6 +4,7 @@
 
 #include "GlobalStateGuard.h"
 #include "LogCapture.h"
+#include "TavCommonUtils.h"
 #include "TavEvents.h"
 #include "TavObjectMgr.h"
 
@@ -15,6 +16,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <thread>
 
 using testing::IsEmpty;
 
@@ -52,6 +54,35 @@ TEST(CommonStress, TheRegistryAnswersWhileObjectsAreRegistered)
                              {"getObjectKeys", list}}},
                            turnsOfEachCall()),
                 IsEmpty());
+}
+
+TEST(CommonStress, TheRegistryAnswersUntilTheLastOfItsObjectsHasEnded)
+{
+    struct Asker : QObject {
+        ~Asker() override
+        {
+            thread.join();
+        }
+
+        std::thread thread;
+    };
+    std::array<int, threadCount> wrongAnswers = {};
+    {
+        TavObjectMgr registry;
+        std::array<Asker *, threadCount> askers;
+        for (Asker *&asker : askers) {
+            asker = new Asker;
+            registry.registerObject({1, "asker"}, asker, true);
+        }
+        for (int number = 0; number < threadCount; ++number) {
+            askers[number]->thread = std::thread([&registry, &wrong = wrongAnswers[number]] {
+                for (int turn = 0; turn < turnsOfEachCall(); ++turn) {
+                    wrong += registry.getObject({1, "nobody"}) != nullptr;
+                }
+            });
+        }
+    }
+    EXPECT_THAT(wrongAnswers, testing::Each(0));
 }
 
 TEST(CommonStress, TheRegistryInUseIsOneOfThoseSet)
@@ -102,6 +133,24 @@ TEST(CommonStress, PathsAreNeverReadHalfCopied)
                              {"systemRoot", [&](int) { return info->systemRoot().startsWith(path(0).chopped(1)); }}}},
                            turnsOfEachCall()),
                 IsEmpty());
+}
+
+TEST(CommonStress, WhatIsGivenInPlaceOfAFileIsReadWhole)
+{
+    const QString path = QStringLiteral("/given");
+    const auto text = [](int seed) { return QStringLiteral("the content that was given as %1").arg(seed % 10); };
+    const auto give = [&](int seed) {
+        TavCommonUtils::setContent(path, text(seed).toUtf8());
+        return true;
+    };
+    const auto read = [&](int) {
+        const QString content = TavCommonUtils::readAll(path);
+        return content.chopped(1) == text(0).chopped(1) && content.back().isDigit();
+    };
+    give(0);
+    EXPECT_THAT(runContest({"TavCommonUtils", {{"setContent", give}, {"readAll", read}}}, turnsOfEachCall()),
+                IsEmpty());
+    TavCommonUtils::setContent(path, {});
 }
 
 TEST(CommonStress, TheLogTakesLinesOfAllThreads)
@@ -213,6 +262,24 @@ TEST(CommonStress, TheBusTakesEventsOfAllThreads)
         EXPECT_THAT(runContest({"TavEventNotifyMgr", operations}, turnsOfEachCall()), IsEmpty());
         EXPECT_EQ(pendingEvents(), threadCount * turnsOfEachCall());
     }
+    EXPECT_EQ(token.use_count(), 1);
+    EXPECT_EQ(pendingEvents(), 0);
+}
+
+TEST(CommonStress, TheBusMeetsThreadsWhileItForgetsOthers)
+{
+    ASSERT_EQ(pendingEvents(), 0);
+    const auto token = std::make_shared<char>();
+    const auto comeAndGo = [&token](int) {
+        QThread unstarted;
+        auto *const event = new TavBaseEvent(nullptr);
+        event->setFunc([token] {});
+        event->moveToThread(&unstarted);
+        TavEventNotifyMgr::getInstance()->addEventNotify(event);
+        return pendingEvents() > 0;
+    };
+    EXPECT_THAT(runContest({"TavEventNotifyMgr", {{"a thread that comes and goes", comeAndGo}}}, turnsOfEachCall()),
+                IsEmpty());
     EXPECT_EQ(token.use_count(), 1);
     EXPECT_EQ(pendingEvents(), 0);
 }
