@@ -48,7 +48,7 @@ TavCall::Call prepare(const QJsonArray &arguments, const QStringList &paths)
             [&](auto &...passed) -> QJsonValue {
                 if constexpr (std::is_void_v<typename Operation::Result>) {
                     (manager->*Operation::member)(passed...);
-                    return QJsonValue();
+                    return {}; // null
                 } else {
                     return TavJson::toJson((manager->*Operation::member)(passed...));
                 }
@@ -104,7 +104,7 @@ QJsonValue expected(const QJsonValue &json, const QString &path)
         if (!json.isNull()) {
             throw TavCallError(path, "the operation returns nothing, which is null");
         }
-        return QJsonValue();
+        return {};
     } else if constexpr (std::is_pointer_v<Result>) {
         if (!json.isString() && !json.isNull()) {
             throw TavCallError(path, "expected the name of a class or null, not " + TavJson::described(json));
