@@ -18,11 +18,11 @@
 
 const QString demoRoot = QStringLiteral(TAV_SOURCE_DIR "/share/demo");
 
-/// Runs the event loop until @p condition holds, for some seconds at most; whether it holds.
+/// Runs the event loop until @p condition holds, for a minute at most, as on a busy machine; whether it holds.
 template<class Condition>
 bool waitUntil(Condition condition)
 {
-    return QTest::qWaitFor(condition, 20'000);
+    return QTest::qWaitFor(condition, 60'000);
 }
 
 /// All texts that the labels of @p widget show.
