@@ -5,22 +5,27 @@
 #include <QByteArray>
 #include <QString>
 
+namespace
+{
+template<class Data>
+void share(Data *&held, Data *other)
+{
+    other->ref.ref();
+    if (!held->ref.deref()) {
+        Data::deallocate(held);
+    }
+    held = other;
+}
+}
+
 QString &QString::operator=(const QString &other) noexcept
 {
-    other.d->ref.ref();
-    if (!d->ref.deref()) {
-        Data::deallocate(d);
-    }
-    d = other.d;
+    share(d, other.d);
     return *this;
 }
 
 QByteArray &QByteArray::operator=(const QByteArray &other) noexcept
 {
-    other.d->ref.ref();
-    if (!d->ref.deref()) {
-        Data::deallocate(d);
-    }
-    d = other.d;
+    share(d, other.d);
     return *this;
 }
