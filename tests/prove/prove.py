@@ -3,12 +3,11 @@
 
     prove.py [NAME...]          all of them, or those named
 
-What has passed on this commit is not run again: after an interruption it goes on where it was. A proof that fails does
-not keep the others from running; its log stands, as those of the others, below build/prove. Exit: 0 when all that were
-asked for have passed.
+The page is the record: a figure that it has of this commit is not taken again, also on another machine, when the page
+was committed in between. A proof that fails does not keep the others from running; the logs stand below build/prove.
+Exit: 0 when all that were asked for have passed.
 """
 
-import datetime
 import pathlib
 import platform
 import re
@@ -21,7 +20,7 @@ from proofs import PROOFS
 PAGE = pathlib.Path("docs/quality.md")
 TEMPLATE = pathlib.Path("docs/quality.in.md")
 FAILED, NOT_TAKEN = "**FAILED**", "not taken"
-ENDED = re.compile(r"^prove: passed in (\d+) s on (\S+)$", re.MULTILINE)
+PLACE = re.compile(r"\{\{([\w.]+)\}\}")
 
 
 def output_of(*command):
@@ -37,33 +36,24 @@ def refuse_changes():
 
 
 def prove(name, log):
-    """Runs the proof, and says how that ended."""
+    """Runs the proof, and gives its figures by their names; those that it owes are FAILED."""
+    proof = PROOFS[name]
     log.parent.mkdir(parents=True, exist_ok=True)
-    print(f"prove: {name}: {PROOFS[name].command}", flush=True)
+    print(f"prove: {name}: {proof.command}", flush=True)
     start = time.monotonic()
     with log.open("w") as file:
-        code = subprocess.run(["bash", "-c", PROOFS[name].command], stdout=file, stderr=file, check=False).returncode
+        code = subprocess.run(["bash", "-c", proof.command], stdout=file, stderr=file, check=False).returncode
     seconds = round(time.monotonic() - start)
-    if code == 0:
-        with log.open("a") as file:
-            file.write(f"\nprove: passed in {seconds} s on {datetime.date.today()}\n")
     print(f"prove: {name}: {'passed' if code == 0 else f'FAILED with {code}'} in {seconds} s: {log}", flush=True)
-
-
-def figures_of(name, log):
-    """The proof's figures by their names, or why there are none; and whether it has passed."""
-    proof = PROOFS[name]
-    names = [*proof.figures, "seconds"]
-    if not log.exists():
-        return dict.fromkeys(names, NOT_TAKEN), False
     text = log.read_text(errors="replace")
-    ended = ENDED.search(text)
-    if not ended:
-        return dict.fromkeys(names, FAILED), False
-    figures = {figure: read(text) for figure, read in proof.figures.items()}
-    has_all = None not in figures.values()
-    figures = {figure: FAILED if value is None else value for figure, value in figures.items()}
-    return figures | {"seconds": ended[1]}, has_all
+    figures = {figure: read(text) if code == 0 else None for figure, read in proof.figures.items()}
+    figures["seconds"] = str(seconds) if code == 0 else None
+    return {f"{name}.{figure}": FAILED if value is None else value for figure, value in figures.items()}
+
+
+def has_passed(name, figures):
+    values = [figures.get(f"{name}.{figure}", NOT_TAKEN) for figure in (*PROOFS[name].figures, "seconds")]
+    return FAILED not in values and NOT_TAKEN not in values
 
 
 def machine():
@@ -77,7 +67,16 @@ def machine():
 
 def page(template, figures):
     """The template with every {{proof.figure}} filled in."""
-    return re.sub(r"\{\{([\w.]+)\}\}", lambda match: figures[match[1]], template)
+    return PLACE.sub(lambda match: figures.get(match[1], NOT_TAKEN), template)
+
+
+def figures_of(template, text):
+    """The figures by their names that a page was filled with; none when it is not one of this template."""
+    before, *rest = PLACE.split(template)
+    figures, left = {}, text.removeprefix(before)
+    for name, after in zip(rest[::2], rest[1::2]):
+        figures[name], _, left = left.partition(after)
+    return figures if page(template, figures) == text else {}
 
 
 def main(names):
@@ -85,18 +84,24 @@ def main(names):
     if unknown:
         sys.exit(f"prove: {' '.join(unknown)}: no such proof; there are {' '.join(PROOFS)}")
     refuse_changes()
-    commit = output_of("git", "rev-parse", "--short=12", "HEAD")
-    log = lambda name: pathlib.Path("build/prove") / commit / f"{name}.log"
-    wanted = names or list(PROOFS)
-    for name in PROOFS:
-        if name in wanted and not figures_of(name, log(name))[1]:
-            prove(name, log(name))
+    commit, date = output_of("git", "log", "-1", "--abbrev=12", "--format=%h %cs", "--", f":!{PAGE}").split()
+    template = TEMPLATE.read_text()
 
-    figures = {"commit": commit, "date": output_of("git", "log", "-1", "--format=%cs"), "machine": machine()}
-    for name in PROOFS:
-        figures |= {f"{name}.{figure}": value for figure, value in figures_of(name, log(name))[0].items()}
-    PAGE.write_text(page(TEMPLATE.read_text(), figures))
-    failed = [name for name in wanted if not figures_of(name, log(name))[1]]
+    def figures():
+        on_page = figures_of(template, PAGE.read_text()) if PAGE.exists() else {}
+        return on_page if on_page.get("commit") == commit else {"commit": commit, "date": date, "machine": machine()}
+
+    wanted = [name for name in PROOFS if name in names or not names]
+    for name in wanted:
+        if not has_passed(name, figures()):
+            taken = prove(name, pathlib.Path("build/prove") / commit / f"{name}.log")
+            # Read anew: others may have proved beside this one.
+            known = figures()
+            if machine() not in known["machine"]:
+                known["machine"] += f"; {machine()}"
+            PAGE.write_text(page(template, known | taken))
+
+    failed = [name for name in wanted if not has_passed(name, figures())]
     print(f"prove: written: {PAGE}" + (f"; FAILED: {' '.join(failed)}" if failed else ""))
     return 1 if failed else 0
 

@@ -2,6 +2,7 @@
 """The proving, tried on a repository with proofs of one line."""
 
 import pathlib
+import re
 import shutil
 import subprocess
 import sys
@@ -10,7 +11,7 @@ import unittest
 
 sys.dont_write_bytecode = True
 from proofs import PROOFS, each, found, lines, says, tests  # noqa: E402
-from prove import page  # noqa: E402
+from prove import PLACE, figures_of, page  # noqa: E402
 
 HERE = pathlib.Path(__file__).resolve().parent
 
@@ -60,10 +61,13 @@ class Page(unittest.TestCase):
     def test_names_a_figure_of_each_proof_and_no_other(self):
         known = {f"{name}.{figure}" for name, proof in PROOFS.items() for figure in (*proof.figures, "seconds")}
         template = (HERE.parents[1] / "docs/quality.in.md").read_text()
-        filled = page(template, dict.fromkeys(known | {"commit", "date", "machine"}, "figure"))
-        self.assertNotIn("{{", filled)
-        for name in known:
-            self.assertIn("{{" + name + "}}", template)
+        self.assertEqual(set(PLACE.findall(template)), known | {"commit", "date", "machine"})
+
+    def test_gives_back_what_it_was_filled_with(self):
+        template = "{{commit}}: a.b? | {{a.one}} | {{a.two}} |\n```\n{{a.table}}```\n"
+        figures = {"commit": "c", "a.one": "7 of 7, $1", "a.two": "", "a.table": "x | 1\ny | 2\n"}
+        self.assertEqual(figures_of(template, page(template, figures)), figures)
+        self.assertEqual(figures_of(template, "another page"), {})
 
 
 class Repository(unittest.TestCase):
@@ -75,7 +79,9 @@ PROOFS = {
     "silent": Proof(command="true", figures={"figure": lambda log: None}),
 }
 """
-    TEMPLATE = "{{commit}}: {{good.figure}}, {{bad.figure}}, {{silent.figure}}\n"
+    TEMPLATE = """{{commit}}: {{good.figure}}, {{bad.figure}}, {{silent.figure}}
+seconds: {{good.seconds}}, {{bad.seconds}}, {{silent.seconds}}; of {{date}}, on {{machine}}
+"""
 
     def setUp(self):
         directory = tempfile.TemporaryDirectory()
@@ -115,7 +121,8 @@ PROOFS = {
         proved = self.prove()
         self.assertEqual(proved.returncode, 1, proved.stdout)
         commit = self.git("rev-parse", "--short=12", "HEAD")
-        self.assertEqual(self.page(), f"{commit}: 7, **FAILED**, **FAILED**\n")
+        self.assertIn(f"{commit}: 7, **FAILED**, **FAILED**\n", self.page())
+        self.assertRegex(self.page(), r"seconds: \d, \*\*FAILED\*\*, \d; of \d{4}-\d\d-\d\d, on \d+ processors \(.*\n$")
         self.assertIn("FAILED: bad silent", proved.stdout)
 
     def test_takes_no_figure_twice_from_one_commit(self):
@@ -125,10 +132,25 @@ PROOFS = {
         self.assertEqual(self.prove("good", "bad").returncode, 0)
         self.assertIn(": 7, 8, not taken", self.page())
         self.assertEqual((self.tree / "build/times").read_text(), "x\n")
+
+    def test_goes_on_where_the_page_was_committed_and_nothing_else(self):
+        self.prove("good")
+        self.commit()
+        (self.tree / "build/mended").touch()
+        self.assertEqual(self.prove("good", "bad").returncode, 0)
+        self.assertIn(": 7, 8, not taken", self.page())
+        self.assertEqual((self.tree / "build/times").read_text(), "x\n")
         (self.tree / "another").touch()
         self.commit()
         self.prove("bad")
         self.assertIn(": not taken, 8, not taken", self.page())
+
+    def test_names_every_machine_that_figures_are_of(self):
+        self.prove("good")
+        page = self.tree / "docs/quality.md"
+        page.write_text(re.sub(r"on \d.*", "on another machine", self.page()))
+        self.prove("silent")
+        self.assertRegex(self.page(), r"on another machine; \d+ processors .*\n$")
 
     def test_refuses_a_tree_with_changes(self):
         (self.tree / "another").touch()
