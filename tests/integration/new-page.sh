@@ -20,6 +20,12 @@ grep -q 'cmake -S . -B build' steps.txt || fail "the next steps are not told"
 "$to_picture" Users SubFunc_PrincipalSettings "$demo" "$@" -DCMAKE_PREFIX_PATH="$prefix"
 "$to_picture" Files SubFunc_ObjectAdd "$demo" "$@" -DCMAKE_PREFIX_PATH="$prefix"
 
+# Its own rules for clang-tidy find nothing in it.
+for name in Devices Host; do
+    cmake -S "$name" -B "$name/build" -DCMAKE_EXPORT_COMPILE_COMMANDS=ON >/dev/null
+    (cd "$name" && clang-tidy --quiet --warnings-as-errors='*' -p build ./*.cpp) || fail "clang-tidy finds fault with $name"
+done
+
 # The package puts the page where the client looks for plugins. The library is not a package's here.
 (cd Devices/build && LD_LIBRARY_PATH=$prefix/$library_dir cpack >/dev/null)
 dpkg-deb -c Devices/build/tav-page-devices_*.deb | grep -q ' ./opt/tavsec/plugins/libDevicesPlugin.so$' ||
