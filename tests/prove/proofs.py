@@ -66,7 +66,9 @@ COUNTED = (
 PROOFS = {
     "test": Proof("./dev test --all", {"tests": tests}),
     "scenarios": Proof("./dev build && ctest --preset dev -R '^Scenario\\.'", {"tests": tests}),
-    "abi": Proof(f"./dev abi && {COUNTED}", {"counts": found("^counted: (.*)$")}),
+    "abi": Proof(
+        f"./dev abi && {COUNTED}", {"counts": found("^counted: (.*)$", "{0} as listed"), "baseline": says("equal")}
+    ),
     "memory": Proof(
         "./dev build && TAV_PROVE=1 build/dev/bin/HostileInputTest --gtest_filter='*Large*:*Smallest*' 2>/dev/null",
         {"peaks": each(r"^(.+): file ([\d.]+) MiB, peak (\d+) MiB", "{0} of {1} MiB: peak {2} MiB")},
@@ -75,7 +77,7 @@ PROOFS = {
         "./dev build && TAV_PROVE=1 build/dev/bin/FindingCountTest",
         {"costs": found(r"^([\d.]+ s and \d+ MiB), ([\d.]+ s and \d+ MiB), ", "20,000: {0}; 200,000: {1}")},
     ),
-    "lint": Proof("./dev lint", {"checks": each("^lint: (.*): clean$")}),
+    "lint": Proof("./dev lint", {"checks": each("^lint: (.*: clean)$")}),
     "docs": Proof("./dev docs", {"warnings": says("no warning")}),
     "races": Proof("./dev races", {"tests": tests}),
     "release": Proof("./dev test release", {"tests": tests}),
@@ -86,7 +88,7 @@ PROOFS = {
     "coverage": Proof("./dev coverage", {"table": lines(r"\w+ +(?:lines|branches) .*|    .*: (?:not reached|never).*")}),
     "bus": Proof(BUS, {"repetitions": found("^(2000 repetitions)$")}),
     "fuzz": Proof("./dev fuzz 60", {"table": lines(r"(?:target|\w+Fuzzer) +(?:executions|\d+) .*")}),
-    "cross": Proof("./dev cross", {"tests": tests}),
+    "cross": Proof("./dev cross", {"tests": tests, "baseline": says("equal")}),
     "package": Proof(
         "./dev package && ./dev package cross && ./dev package test",
         {
@@ -105,7 +107,7 @@ PROOFS = {
         "./dev mutate --sample 120",
         {
             "table": lines(r"(?:folder|common|kit|managers|plugin|together) .*"),
-            "survivors": found(r"^(\d+ changes that no test has seen:\n(?:\w+/.*\n    - .*\n    \+ .*\n)*)"),
+            "survivors": found(r"^(\d+ changes that no test has seen:(?:\n\w+/.*\n    - .*\n    \+ .*)*)"),
         },
     ),
 }

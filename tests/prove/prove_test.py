@@ -44,12 +44,12 @@ class Proofs(unittest.TestCase):
                 "3.6 s and 71 MiB, 45.9 s and 535 MiB, 1.0 KiB for each more\n",
                 "20,000: 3.6 s and 71 MiB; 200,000: 45.9 s and 535 MiB",
             ),
-            "lint.checks": ("lint: formatting: clean\nlint: shellcheck: clean\n", "formatting, shellcheck"),
+            "lint.checks": ("lint: formatting: clean\nlint: shellcheck: clean\n", "formatting: clean, shellcheck: clean"),
             "package.page": ("page-to-picture: Devices, from tavctl new-page to a.png: 42 s; of processors, user", "42 s"),
             "mutate.survivors": (
                 "kit/A.cpp:7: survived\n    - a\n    + b\n\n"
                 "1 changes that no test has seen:\nkit/A.cpp:7\n    - a\n    + b\n\nfolder",
-                "1 changes that no test has seen:\nkit/A.cpp:7\n    - a\n    + b\n",
+                "1 changes that no test has seen:\nkit/A.cpp:7\n    - a\n    + b",
             ),
         }
         for name, (log, figure) in printed.items():
