@@ -102,7 +102,7 @@ def main(names):
             PAGE.write_text(page(template, known | taken))
 
     failed = [name for name in wanted if not has_passed(name, figures())]
-    print(f"prove: written: {PAGE}" + (f"; FAILED: {' '.join(failed)}" if failed else ""))
+    print(f"prove: see {PAGE}" + (f"; FAILED: {' '.join(failed)}" if failed else ""))
     return 1 if failed else 0
 
 

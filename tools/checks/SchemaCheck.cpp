@@ -78,7 +78,9 @@ QString quoted(const QString &text)
 /// A list of texts, such as: "a", "b" or "c".
 QString anyOf(QStringList texts)
 {
-    texts.replaceInStrings(QRegularExpression("^|$"), "\"");
+    for (QString &text : texts) {
+        text = '"' + text + '"';
+    }
     const QString last = texts.takeLast();
     return texts.isEmpty() ? last : texts.join(", ") + " or " + last;
 }
