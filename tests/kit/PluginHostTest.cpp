@@ -282,8 +282,9 @@ TEST_F(PluginHost, NamesTheRightThatIsMissing)
     writeFile(inside, contentOf(pluginFile));
     ASSERT_TRUE(QFile::setPermissions(file, {}));
     ASSERT_TRUE(QFile::setPermissions(directory.filePath("locked"), {}));
+    // Nobody keeps its group, and is to come as far as the file.
     ASSERT_TRUE(QFile::setPermissions(
-        directory.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadOther | QFile::ExeOther));
+        directory.path(), QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner | QFile::ReadGroup | QFile::ExeGroup));
     {
         const RightsOfNobody rights;
         ASSERT_TRUE(rights.isNobody);
