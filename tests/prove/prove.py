@@ -4,7 +4,8 @@
     prove.py [NAME...]          all of them, or those named
 
 The page is the record: a figure that it has of this commit is not taken again, also on another machine, when the page
-was committed in between. A proof that fails does not keep the others from running; the logs stand below build/prove.
+was committed in between. So are reasons that are added beside the figures later, in the same words in the template and
+in the page. A proof that fails does not keep the others from running; the logs stand below build/prove.
 Exit: 0 when all that were asked for have passed.
 """
 
@@ -84,7 +85,8 @@ def main(names):
     if unknown:
         sys.exit(f"prove: {' '.join(unknown)}: no such proof; there are {' '.join(PROOFS)}")
     refuse_changes()
-    commit, date = output_of("git", "log", "-1", "--abbrev=12", "--format=%h %cs", "--", f":!{PAGE}").split()
+    proved = ("--", f":!{PAGE}", f":!{TEMPLATE}")
+    commit, date = output_of("git", "log", "-1", "--abbrev=12", "--format=%h %cs", *proved).split()
     template = TEMPLATE.read_text()
 
     def figures():

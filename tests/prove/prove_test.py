@@ -133,10 +133,17 @@ seconds: {{good.seconds}}, {{bad.seconds}}, {{silent.seconds}}; of {{date}}, on 
         self.assertIn(": 7, 8, not taken", self.page())
         self.assertEqual((self.tree / "build/times").read_text(), "x\n")
 
-    def test_goes_on_where_the_page_was_committed_and_nothing_else(self):
+    def test_goes_on_where_only_the_page_and_its_words_were_committed(self):
         self.prove("good")
         self.commit()
         (self.tree / "build/mended").touch()
+        self.assertEqual(self.prove("good", "bad").returncode, 0)
+        self.assertIn(": 7, 8, not taken", self.page())
+        self.assertEqual((self.tree / "build/times").read_text(), "x\n")
+        for text in ("quality.in.md", "quality.md"):
+            with (self.tree / "docs" / text).open("a") as file:
+                file.write("A reason.\n")
+        self.commit()
         self.assertEqual(self.prove("good", "bad").returncode, 0)
         self.assertIn(": 7, 8, not taken", self.page())
         self.assertEqual((self.tree / "build/times").read_text(), "x\n")
