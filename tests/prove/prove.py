@@ -4,8 +4,8 @@
     prove.py [NAME...]          all of them, or those named
 
 The page is the record: a figure that it has of this commit is not taken again, also on another machine, when the page
-was committed in between. So are reasons that are added beside the figures later, in the same words in the template and
-in the page. A proof that fails does not keep the others from running; the logs stand below build/prove.
+was committed in between. Reasons may be added beside the figures later, in the same words in the template and in the
+page. A proof that fails does not keep the others from running; the logs stand below build/prove.
 Exit: 0 when all that were asked for have passed.
 """
 
